@@ -1,0 +1,4 @@
+target_sources(velumora-core PRIVATE
+    dates/Clock.h
+    dates/Date.h
+)
