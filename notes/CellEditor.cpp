@@ -3,7 +3,7 @@
 
 #include "notes/FixedLineLayout.h"
 #include "notes/TableMetrics.h"
-#include "notes/TextLines.h"
+#include "notes/CellLines.h"
 #include "notes/XmlCharacters.h"
 
 #include <QContextMenuEvent>
@@ -26,7 +26,7 @@ constexpr int newlineProperty = QTextFormat::UserProperty;
 /// Also the two characters that a text document takes for its own frame marks.
 bool endsLine(char16_t c)
 {
-    return TextLines::isSeparator(c) || c == u'\uFDD0' || c == u'\uFDD1';
+    return CellLines::isSeparator(c) || c == u'\uFDD0' || c == u'\uFDD1';
 }
 
 QTextCharFormat newlineFormat(char16_t newline)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "notes/TableMetrics.h"
 
-#include "notes/TextLines.h"
+#include "notes/CellLines.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -27,12 +27,12 @@ QString plainToolTip(const QString& text)
     constexpr int maximumLines = 30;
     constexpr qsizetype maximumLength = 300;
     QString shown;
-    for (const QStringView line : TextLines::slice(text, 0, maximumLines)) {
+    for (const QStringView line : CellLines::slice(text, 0, maximumLines)) {
         shown += shown.isNull() ? QStringLiteral("") : QStringLiteral("\n");
-        const QStringView start = TextLines::cut(line, maximumLength);
+        const QStringView start = CellLines::cut(line, maximumLength);
         shown += start;
         shown += start.size() < line.size() ? QStringLiteral("…") : QString();
     }
-    shown += TextLines::slice(text, maximumLines, 1).empty() ? QString() : QStringLiteral("\n…");
+    shown += CellLines::slice(text, maximumLines, 1).empty() ? QString() : QStringLiteral("\n…");
     return Qt::convertFromPlainText(shown, Qt::WhiteSpaceNormal);
 }

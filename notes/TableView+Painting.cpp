@@ -4,7 +4,7 @@
 #include "notes/TableMetrics.h"
 #include "notes/TableView.h"
 #include "notes/TableViewDelegate.h"
-#include "notes/TextLines.h"
+#include "notes/CellLines.h"
 
 #include <QHelpEvent>
 #include <QPaintEvent>
@@ -21,7 +21,7 @@ namespace {
 /// is measured: no glyph that shows is narrower than a point.
 QString fitted(QStringView line, const QFontMetricsF& metrics, int room)
 {
-    const QStringView start = TextLines::cut(line, std::max(room, 0));
+    const QStringView start = CellLines::cut(line, std::max(room, 0));
     QString text = start.toString();
     text.replace(u'\t', u' ');
     if (start.size() < line.size()) {
@@ -93,7 +93,7 @@ void TableView::paintCell(QPainter& painter, int column, int row, const QRect& e
 
     painter.save();
     painter.setClipRect(shown);
-    for (const QStringView line : TextLines::slice(view.text, first, last - first + 1)) {
+    for (const QStringView line : CellLines::slice(view.text, first, last - first + 1)) {
         const QString text = fitted(line, metrics, room.width());
         const bool rightToLeft = text.isRightToLeft();
         painter.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
@@ -133,9 +133,9 @@ void TableView::showToolTip(QHelpEvent& event) const
     const QRect cell = rectOfCell(column, row);
     const int room = cell.width() - 2 * cellPadding;
     const int visible = static_cast<int>(viewport()->height() / m_lineHeight) + 1;
-    const auto lines = TextLines::slice(text, 0, visible);
+    const auto lines = CellLines::slice(text, 0, visible);
     const bool shortened = std::any_of(lines.begin(), lines.end(), [&](QStringView line) {
-        return metrics.horizontalAdvance(TextLines::cut(line, room + 1).toString()) > room;
+        return metrics.horizontalAdvance(CellLines::cut(line, room + 1).toString()) > room;
     });
     QToolTip::showText(event.globalPos(), shortened ? plainToolTip(text) : QString(), viewport(), cell);
 }

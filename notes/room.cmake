@@ -1,8 +1,8 @@
 target_sources(velumora-core PRIVATE
     notes/RowHeights.cpp
     notes/RowHeights.h
-    notes/TextLines.cpp
-    notes/TextLines.h
+    notes/CellLines.cpp
+    notes/CellLines.h
     notes/XmlCharacters.cpp
     notes/XmlCharacters.h
 )

@@ -7,7 +7,7 @@
 
 /// How a text falls into lines: at each newline character (LF, VT, FF, CR, U+0085, U+2028, U+2029). CR LF is two
 /// newline characters, with an empty line between them.
-namespace TextLines {
+namespace CellLines {
 
 constexpr bool isSeparator(char16_t c)
 {
@@ -24,4 +24,4 @@ std::vector<QStringView> slice(QStringView text, int first, int limit);
 /// The start of `line`, no more than `maximum` UTF-16 units of it, never half a surrogate pair.
 QStringView cut(QStringView line, qsizetype maximum);
 
-} // namespace TextLines
+} // namespace CellLines

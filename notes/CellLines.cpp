@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/TextLines.h"
+#include "notes/CellLines.h"
 
 #include <algorithm>
 
@@ -9,18 +9,18 @@ qsizetype lineEnd(QStringView text, qsizetype from)
 {
     const char16_t* const begin = text.utf16();
     const char16_t* const end = begin + text.size();
-    return std::find_if(begin + from, end, TextLines::isSeparator) - begin;
+    return std::find_if(begin + from, end, CellLines::isSeparator) - begin;
 }
 
 } // namespace
 
-int TextLines::count(QStringView text)
+int CellLines::count(QStringView text)
 {
     const char16_t* const begin = text.utf16();
     return 1 + static_cast<int>(std::count_if(begin, begin + text.size(), isSeparator));
 }
 
-std::vector<QStringView> TextLines::slice(QStringView text, int first, int limit)
+std::vector<QStringView> CellLines::slice(QStringView text, int first, int limit)
 {
     std::vector<QStringView> lines;
     qsizetype start = 0;
@@ -34,7 +34,7 @@ std::vector<QStringView> TextLines::slice(QStringView text, int first, int limit
     return lines;
 }
 
-QStringView TextLines::cut(QStringView line, qsizetype maximum)
+QStringView CellLines::cut(QStringView line, qsizetype maximum)
 {
     if (line.size() <= maximum) {
         return line;
