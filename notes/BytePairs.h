@@ -18,6 +18,6 @@ struct BytePair {
     bool fits(std::string_view text, std::size_t at) const;
 };
 
-/// The first position at or after `from` where one of `pairs` stands in `text`, `std::string_view::npos` when none does.
-/// Scans several gigabytes a second for each pair.
+/// The first position at or after `from` where one of `pairs` stands in `text`, `std::string_view::npos` when none
+/// does. Scans several gigabytes a second for each pair.
 std::size_t findBytePair(std::string_view text, std::size_t from, std::span<const BytePair> pairs);

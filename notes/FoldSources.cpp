@@ -49,8 +49,9 @@ void addSyllables(std::vector<Spelling>& spellings, std::u32string_view needle, 
         !isWithin(needle[index + 1], firstVowel, vowelCount)) {
         return;
     }
-    const char32_t open = firstSyllable + ((needle[index] - firstLeading) * vowelCount + needle[index + 1] - firstVowel) *
-                                              (trailingCount + 1);
+    const char32_t open =
+        firstSyllable +
+        ((needle[index] - firstLeading) * vowelCount + needle[index + 1] - firstVowel) * (trailingCount + 1);
     spellings.push_back({open, index});
     if (index + 2 < needle.size() && isWithin(needle[index + 2], firstTrailing, trailingCount)) {
         spellings.push_back({open + 1 + needle[index + 2] - firstTrailing, index});
@@ -88,8 +89,8 @@ FoldSources::FoldSources()
 void FoldSources::add(char32_t character)
 {
     UErrorCode error = U_ZERO_ERROR;
-    const std::u32string decomposed = utf32(icu::Normalizer2::getNFDInstance(error)->normalize(
-        icu::UnicodeString(static_cast<UChar32>(character)), error));
+    const std::u32string decomposed = utf32(
+        icu::Normalizer2::getNFDInstance(error)->normalize(icu::UnicodeString(static_cast<UChar32>(character)), error));
     const auto mark = std::ranges::find_if(decomposed, isMark);
     icu::UnicodeString prefix;
     std::for_each(decomposed.begin(), mark, [&prefix](char32_t each) { prefix.append(static_cast<UChar32>(each)); });
@@ -99,8 +100,7 @@ void FoldSources::add(char32_t character)
         std::ranges::remove_copy_if(folded, std::back_inserter(m_hidden), isMark);
     });
     if (!prefix.isEmpty()) {
-        m_sources.push_back(
-            {character, utf32(foldedText(prefix, Folding::GeneralFolding)), mark != decomposed.end()});
+        m_sources.push_back({character, utf32(foldedText(prefix, Folding::GeneralFolding)), mark != decomposed.end()});
     }
 }
 

@@ -20,13 +20,13 @@ public:
     /// Made at the first call, then shared; safe on any thread. Serves both foldings.
     static const FoldSources& instance();
 
-    /// Whether `spellings` knows every spelling of this character of a folded needle. It does not for combining marks, which
-    /// change places; for i and dotless i in Turkic folding, which depend on marks behind them; and for U+FFFD, which
-    /// stands for any malformed bytes.
+    /// Whether `spellings` knows every spelling of this character of a folded needle. It does not for combining marks,
+    /// which change places; for i and dotless i in Turkic folding, which depend on marks behind them; and for U+FFFD,
+    /// which stands for any malformed bytes.
     bool canAnchor(char32_t folded, Folding folding) const;
 
-    /// Every character that can stand in a text for character `index` of `foldedNeedle` where the whole needle matches, the
-    /// character itself first. Needs `canAnchor` of it.
+    /// Every character that can stand in a text for character `index` of `foldedNeedle` where the whole needle matches,
+    /// the character itself first. Needs `canAnchor` of it.
     std::vector<Spelling> spellings(std::u32string_view foldedNeedle, std::size_t index) const;
 
 private:

@@ -15,8 +15,8 @@ struct Range {
     char32_t last;
 };
 
-// Blocks that are looked through for plain characters: the European and Hebrew letters, their extensions, punctuation and
-// currency signs, kana. The unified ideographs fold to themselves and need no table.
+// Blocks that are looked through for plain characters: the European and Hebrew letters, their extensions, punctuation
+// and currency signs, kana. The unified ideographs fold to themselves and need no table.
 constexpr Range tabled[] = {{0x0000, 0x05FF}, {0x1E00, 0x20CF}, {0x3000, 0x30FF}};
 
 bool isContinuation(char byte)

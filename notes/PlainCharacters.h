@@ -18,8 +18,8 @@ struct FoldedCharacter {
     std::u32string_view view() const { return {characters.data(), length}; }
 };
 
-/// The characters of everyday writing that never join with a plain neighbour: between two of them a grapheme cluster ends,
-/// and each is folded by itself. Combining marks, joiners, Hangul and the carriage return are not among them.
+/// The characters of everyday writing that never join with a plain neighbour: between two of them a grapheme cluster
+/// ends, and each is folded by itself. Combining marks, joiners, Hangul and the carriage return are not among them.
 class PlainCharacters {
 public:
     /// Made at the first call, then shared; safe on any thread.
@@ -34,8 +34,8 @@ public:
         return isIdeograph(character) ? FoldedCharacter{{character}, 1} : FoldedCharacter();
     }
 
-    /// Whether a grapheme cluster surely ends in `utf8` at byte `position`: it is an end of the text, or stands between two
-    /// plain characters.
+    /// Whether a grapheme cluster surely ends in `utf8` at byte `position`: it is an end of the text, or stands between
+    /// two plain characters.
     bool isSureBoundary(std::string_view utf8, std::size_t position) const;
 
 private:

@@ -12,8 +12,8 @@ enum class Folding { GeneralFolding, TurkicFolding };
 /// `locale` is an ICU identifier, for example "tr_TR".
 Folding foldingForLocale(const std::string& locale);
 
-/// `text` without case and in one canonical form: two texts fold to the same exactly when they differ in nothing but case
-/// and in how characters with marks are composed. Full case folding, so ß gives ss.
+/// `text` without case and in one canonical form: two texts fold to the same exactly when they differ in nothing but
+/// case and in how characters with marks are composed. Full case folding, so ß gives ss.
 icu::UnicodeString foldedText(const icu::UnicodeString& text, Folding folding);
 
 /// Whether `text` contains what was folded to `foldedNeedle`, beginning and ending between two characters as a reader

@@ -33,8 +33,8 @@ bool isLetter(char32_t folded)
 // How often a folded character stands in a kilobyte of everyday European text, roughly.
 double frequency(char32_t folded)
 {
-    constexpr int ofLetters[] = {65, 16, 25, 40, 120, 18, 25, 45, 65, 2, 10, 38, 25,
-                                 80, 50, 18, 1,  60,  60, 70, 35, 8,  15, 2, 10, 8};
+    constexpr int ofLetters[] = {65, 16, 25, 40, 120, 18, 25, 45, 65, 2,  10, 38, 25,
+                                 80, 50, 18, 1,  60,  60, 70, 35, 8,  15, 2,  10, 8};
     constexpr double ofSpace = 150;
     constexpr double ofOthers = 6;
     if (isLetter(folded)) {
@@ -117,7 +117,8 @@ void TextSearch::chooseAnchor()
     std::ranges::transform(m_probes, std::back_inserter(m_pairs), &Probe::pair);
 }
 
-// Two ASCII characters side by side make a rare pair of bytes; what else can spell either of them is scanned for as well.
+// Two ASCII characters side by side make a rare pair of bytes; what else can spell either of them is scanned for as
+// well.
 TextSearch::Anchor TextSearch::anchorAt(std::size_t index) const
 {
     Anchor anchor;
@@ -154,8 +155,8 @@ void TextSearch::addForeignSpellings(Anchor& anchor, std::size_t index) const
     }
 }
 
-// How many bytes a match can lie to each side of a place in it: a character of the needle comes from at most four bytes,
-// in Turkic folding a dotted i from three.
+// How many bytes a match can lie to each side of a place in it: a character of the needle comes from at most four
+// bytes, in Turkic folding a dotted i from three.
 std::size_t TextSearch::reach() const
 {
     return 4 * m_folded.size();

@@ -13,13 +13,13 @@
 
 class PlainCharacters;
 
-/// Looks for one text in many, as a person would: case does not count, by the rules of the locale; precomposed and decomposed
-/// characters are the same; marks count; and a character with its marks is found whole or not at all. The answers are those
-/// of `containsFolded`.
+/// Looks for one text in many, as a person would: case does not count, by the rules of the locale; precomposed and
+/// decomposed characters are the same; marks count; and a character with its marks is found whole or not at all. The
+/// answers are those of `containsFolded`.
 ///
-/// Nearly every text is decided on its bytes: a scan for the rarest place of the needle in every way it can be spelled, then a
-/// comparison around each find. Where a find has neighbours that a comparison one by one cannot judge (combining marks,
-/// joiners, Hangul), `containsFolded` decides on the surroundings.
+/// Nearly every text is decided on its bytes: a scan for the rarest place of the needle in every way it can be spelled,
+/// then a comparison around each find. Where a find has neighbours that a comparison one by one cannot judge (combining
+/// marks, joiners, Hangul), `containsFolded` decides on the surroundings.
 class TextSearch {
 public:
     /// `needle` is UTF-8, malformed bytes count as U+FFFD; `locale` an ICU identifier.

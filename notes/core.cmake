@@ -3,6 +3,9 @@ target_sources(velumora-core PRIVATE
     notes/BytePairs.h
     notes/FoldSources.cpp
     notes/FoldSources.h
+    notes/NoteQueries.cpp
+    notes/NoteQueries.h
+    notes/NoteSorting.cpp
     notes/PlainCharacters.cpp
     notes/PlainCharacters.h
     notes/TextFolding.cpp

@@ -32,9 +32,9 @@ TEST(TextLines, splitsAtEveryNewlineCharacterAndAtNothingElse)
         {"a\xE2\x80\xA8"
          "b\xE2\x80\xA9",
          3},
-        {"\xE2\x80\xA7 \xE2\x80\xAA", 1},                   // the neighbours of the separators
+        {"\xE2\x80\xA7 \xE2\x80\xAA", 1},                        // the neighbours of the separators
         {"\xC2\x84\xC2\x86\xC3\x85\xE3\x80\xA8\xE2\x81\xA8", 1}, // one byte different
-        {"\xC2", 1},                                        // cut short
+        {"\xC2", 1},                                             // cut short
         {"\xE2\x80", 1},
     };
     for (const Row& row : rows) {

@@ -4,7 +4,6 @@
 #include "notes/TextSearch.h"
 
 #include <gtest/gtest.h>
-
 #include <unicode/unistr.h>
 
 #include <random>
@@ -179,8 +178,9 @@ TEST(TextSearch, takesMalformedBytesForReplacementCharacters)
         {"\xFF", "a\xEF\xBF\xBD", true},
         {"\xEF\xBF\xBD", "a\xFF", true},
         {"ab\xC3", "ab\xC3", true},
-        {"ab", "\xC3"
-               "ab\xE6\x97",
+        {"ab",
+         "\xC3"
+         "ab\xE6\x97",
          true},
         {"\xE6\x97\xA5", "\xE6\xE6\x97\xA5", true},
         {"\xA5", "\xE6\x97\xA5", false},
@@ -205,14 +205,15 @@ TEST(TextSearch, readsNothingBehindTheText)
 }
 
 // Characters that fold, compose, join or stand beside those that do.
-const std::u32string alphabet = U"aAeEiIkKsStTfFlLnNjJ xyz.\n\r;`019"
-                                U"\u0131\u0130\u017F\u212A\u212B\u00DF\u1E9E\uFB00\uFB01\uFB02\uFB03\uFB04\uFB05\uFB06"
-                                U"\u0149\u01F0\u1E96\u1E97\u1E98\u1E99\u1E9A\u02BC\u02BE\u00E4\u00C4\u00E9\u00C9\u00EC\u00CC"
-                                U"\u0300\u0301\u0307\u0308\u030C\u0323\u0345\u0338\u200D\u200C\uFE0F\u0600\u00AD\u037E\u1FEF"
-                                U"\u03B1\u0391\u03B9\u0399\u1FB3\u1FB4\u1FBE\u1F80\u03C3\u03C2\u03A3\u0390\u00B5\u03BC\u2126"
-                                U"\u0438\u0439\u0418\u0419\u1C80\u0432\u0412\u65E5\u672C\u8C48\uF900\u304B\u304C\u3099"
-                                U"\uD558\uD55C\u1112\u1161\u11AB\u0915\u093F\u094D\u09CB\u09C7\u09BE\u0344\u0F73\u0F71"
-                                U"\U0001F468\U0001F469\U0001F3FD\U0001F1E9\U0001F1EA\U0001D15E\U00010400\U00010428\uFFFD";
+const std::u32string alphabet =
+    U"aAeEiIkKsStTfFlLnNjJ xyz.\n\r;`019"
+    U"\u0131\u0130\u017F\u212A\u212B\u00DF\u1E9E\uFB00\uFB01\uFB02\uFB03\uFB04\uFB05\uFB06"
+    U"\u0149\u01F0\u1E96\u1E97\u1E98\u1E99\u1E9A\u02BC\u02BE\u00E4\u00C4\u00E9\u00C9\u00EC\u00CC"
+    U"\u0300\u0301\u0307\u0308\u030C\u0323\u0345\u0338\u200D\u200C\uFE0F\u0600\u00AD\u037E\u1FEF"
+    U"\u03B1\u0391\u03B9\u0399\u1FB3\u1FB4\u1FBE\u1F80\u03C3\u03C2\u03A3\u0390\u00B5\u03BC\u2126"
+    U"\u0438\u0439\u0418\u0419\u1C80\u0432\u0412\u65E5\u672C\u8C48\uF900\u304B\u304C\u3099"
+    U"\uD558\uD55C\u1112\u1161\u11AB\u0915\u093F\u094D\u09CB\u09C7\u09BE\u0344\u0F73\u0F71"
+    U"\U0001F468\U0001F469\U0001F3FD\U0001F1E9\U0001F1EA\U0001D15E\U00010400\U00010428\uFFFD";
 
 class RandomText {
 public:
