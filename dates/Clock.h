@@ -43,7 +43,11 @@ void setLocalePair(LocalePair pair);
 const LocalePair& localePair();
 
 /// Makes the IANA zone `identifier` (for example "Europe/Berlin") the process's time zone, for ICU and the C library.
-/// An empty identifier means the zone that the system is set to. An unknown one counts as UTC.
+/// An empty identifier means the zone that the system is set to: the one in the process's starting `TZ`, else the
+/// machine's, read anew. An unknown one counts as UTC.
 void setTimeZone(const std::string& identifier);
+
+/// What `setTimeZone` was last given, so that a guard can put it back; empty at the start.
+const std::string& timeZone();
 
 } // namespace DateEnvironment

@@ -1,4 +1,14 @@
 target_sources(velumora-core PRIVATE
+    dates/Clock.cpp
     dates/Clock.h
     dates/Date.h
+    dates/DateFormatter.cpp
+    dates/DateFormatter.h
+    dates/DateUtilities.cpp
+    dates/DateUtilities.h
+    dates/ElapsedDate.cpp
+    dates/ElapsedDate.h
+    dates/IcuTypes.h
+    dates/IntegerValue.cpp
+    dates/IntegerValue.h
 )

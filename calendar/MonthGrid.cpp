@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "calendar/MonthGrid.h"
+
+#include "dates/DateUtilities.h"
+#include "dates/IntegerValue.h"
+
+namespace {
+
+Date firstDayOf(MonthGrid::YearMonth month)
+{
+    return DateUtilities::dateFromYear(month.year, month.month, 1);
+}
+
+} // namespace
+
+int MonthGrid::dayOfWeekForDate(Date date)
+{
+    return static_cast<int>(DateUtilities::dayNumberFromName(DateUtilities::dayNameFromDate(date)));
+}
+
+int MonthGrid::firstDayofMonth(int month, int year)
+{
+    return dayOfWeekForDate(firstDayOf({year, month}));
+}
+
+Date MonthGrid::calcNewMonthYear(bool forward, int month, int year)
+{
+    return firstDayOf(steppedMonth(forward, {year, month}));
+}
+
+Date MonthGrid::calcNewYear(bool forward, int month, int year)
+{
+    return firstDayOf(steppedYear(forward, {year, month}));
+}
+
+MonthGrid::YearMonth MonthGrid::yearMonthFromTexts(const QString& yearText, const QString& monthName)
+{
+    if (yearText.isEmpty() || monthName.isEmpty()) {
+        return {};
+    }
+    const std::int64_t month = DateUtilities::monthNumberFromName(monthName);
+    return {integerValue(yearText), month > 0 ? static_cast<int>(month) : 0};
+}
+
+QStringList MonthGrid::weekdayHeaders(bool startOnSunday)
+{
+    const QStringList symbols = DateUtilities::copyFormatterForLocaleDevice().shortStandaloneWeekdaySymbols();
+    QStringList headers;
+    for (int column = 0; column < DaysPerWeek; ++column) {
+        headers.append(symbols.value(weekdayOfColumn(column, startOnSunday)));
+    }
+    return headers;
+}

@@ -1,0 +1,4 @@
+target_sources(velumora-core PRIVATE
+    calendar/MonthGrid.cpp
+    calendar/MonthGrid.h
+)

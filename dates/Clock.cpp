@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "dates/Clock.h"
+
+#include <unicode/timezone.h>
+
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include <time.h>
+
+namespace {
+
+class SystemClock final : public Clock {
+public:
+    Date now() const override { return std::chrono::system_clock::now(); }
+};
+
+std::optional<std::string> zoneVariable()
+{
+    const char* value = std::getenv("TZ");
+    return value ? std::optional<std::string>(value) : std::nullopt;
+}
+
+struct Environment {
+    const Clock* clock = &DateEnvironment::systemClock();
+    LocalePair localePair;
+    std::string timeZone;
+    std::optional<std::string> startingZoneVariable = zoneVariable();
+};
+
+Environment& environment()
+{
+    static Environment theEnvironment;
+    return theEnvironment;
+}
+
+void setZoneVariable(const std::optional<std::string>& value)
+{
+    if (value) {
+        setenv("TZ", value->c_str(), 1);
+    } else {
+        unsetenv("TZ");
+    }
+    tzset();
+}
+
+} // namespace
+
+const Clock& DateEnvironment::systemClock()
+{
+    static const SystemClock theClock;
+    return theClock;
+}
+
+void DateEnvironment::setClock(const Clock& clock)
+{
+    environment().clock = &clock;
+}
+
+const Clock& DateEnvironment::clock()
+{
+    return *environment().clock;
+}
+
+Date DateEnvironment::now()
+{
+    return clock().now();
+}
+
+void DateEnvironment::setLocalePair(LocalePair pair)
+{
+    environment().localePair = std::move(pair);
+}
+
+const LocalePair& DateEnvironment::localePair()
+{
+    return environment().localePair;
+}
+
+void DateEnvironment::setTimeZone(const std::string& identifier)
+{
+    environment().timeZone = identifier;
+    if (identifier.empty()) {
+        setZoneVariable(environment().startingZoneVariable);
+        icu::TimeZone::adoptDefault(icu::TimeZone::detectHostTimeZone());
+        return;
+    }
+    std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(identifier)));
+    const bool known = *zone != icu::TimeZone::getUnknown();
+    setZoneVariable(known ? identifier : "UTC");
+    icu::TimeZone::adoptDefault(known ? zone.release() : icu::TimeZone::createTimeZone("UTC"));
+}
+
+const std::string& DateEnvironment::timeZone()
+{
+    return environment().timeZone;
+}

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "dates/IntegerValue.h"
+
+#include <unicode/uchar.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+namespace {
+
+/// The code point at the front of `text`, which becomes shorter by it; `text` is not empty.
+char32_t takeCodePoint(QStringView& text)
+{
+    const bool pair = text.size() > 1 && text[0].isHighSurrogate() && text[1].isLowSurrogate();
+    const char32_t codePoint = pair ? QChar::surrogateToUcs4(text[0], text[1]) : text[0].unicode();
+    text = text.sliced(pair ? 2 : 1);
+    return codePoint;
+}
+
+bool isSign(QChar character)
+{
+    return character == u'-' || character == u'+';
+}
+
+/// Locales written from right to left may put a direction mark before a sign or a number.
+bool isBlank(QChar character)
+{
+    return character.isSpace() || character.category() == QChar::Other_Format;
+}
+
+} // namespace
+
+int integerValue(QStringView text)
+{
+    constexpr std::int64_t outOfRange = std::int64_t{std::numeric_limits<int>::max()} + 1;
+    while (!text.isEmpty() && isBlank(text.front())) {
+        text = text.sliced(1);
+    }
+    const bool negative = text.startsWith(u'-');
+    if (!text.isEmpty() && isSign(text.front())) {
+        text = text.sliced(1);
+    }
+    std::int64_t magnitude = 0;
+    while (!text.isEmpty()) {
+        const int digit = u_charDigitValue(static_cast<UChar32>(takeCodePoint(text)));
+        if (digit < 0) {
+            break;
+        }
+        magnitude = std::min(magnitude * 10 + digit, outOfRange);
+    }
+    const std::int64_t value = negative ? -magnitude : magnitude;
+    return static_cast<int>(std::min<std::int64_t>(value, std::numeric_limits<int>::max()));
+}

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "notes/TextFolding.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The ways in which a text can spell one place of a folded needle.
+struct Spelling {
+    char32_t character = 0; ///< as it stands in the text
+    std::size_t start = 0;  ///< index in the needle of the first character that it folds to
+};
+
+/// Folding turned round: which characters fold to a given one.
+class FoldSources {
+public:
+    /// Made at the first call, then shared; safe on any thread. Serves both foldings.
+    static const FoldSources& instance();
+
+    /// Whether `spellings` knows every spelling of this character of a folded needle. It does not for combining marks,
+    /// which change places; for i and dotless i in Turkic folding, which depend on marks behind them; and for U+FFFD,
+    /// which stands for any malformed bytes.
+    bool canAnchor(char32_t folded, Folding folding) const;
+
+    /// Every character that can stand in a text for character `index` of `foldedNeedle` where the whole needle matches,
+    /// the character itself first. Needs `canAnchor` of it.
+    std::vector<Spelling> spellings(std::u32string_view foldedNeedle, std::size_t index) const;
+
+private:
+    struct Source {
+        char32_t character;
+        std::u32string prefix; // what it folds to, up to the first combining mark
+        bool marked;           // a mark follows the prefix
+    };
+
+    FoldSources();
+    void add(char32_t character);
+    bool fits(const Source& source, std::u32string_view foldedNeedle, std::size_t start) const;
+    bool canFollowAsMark(char32_t folded) const;
+
+    std::vector<Source> m_sources;
+    std::u32string m_hidden; // characters that a mark, or what follows a mark, folds to; sorted
+};

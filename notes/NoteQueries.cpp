@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "notes/NoteQueries.h"
+
+#include "dates/DateUtilities.h"
+#include "notes/TextSearch.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::string_view NoteDateKey = "NoteDateKey";
+constexpr std::string_view NoteDataKey = "NoteDataKey";
+
+const Date* dateOf(const Value& element)
+{
+    const Value* date = NoteQueries::valueOf(element, NoteDateKey);
+    return date ? date->date() : nullptr;
+}
+
+template <typename Predicate> Table elementsWhere(const Table& table, Predicate predicate)
+{
+    Table result;
+    std::ranges::copy_if(table, std::back_inserter(result), predicate);
+    return result;
+}
+
+Value noteOf(const Value* date, const Value& text)
+{
+    Dictionary note;
+    note.reserve(2);
+    if (date) {
+        note.set(NoteDateKey, *date);
+    }
+    note.set(NoteDataKey, text);
+    return Value(std::move(note));
+}
+
+} // namespace
+
+const Value* NoteQueries::recordOf(const Value& element)
+{
+    if (element.dictionary()) {
+        return &element;
+    }
+    if (const Array* list = element.array()) {
+        for (const Value& inside : *list) {
+            if (const Value* record = recordOf(inside)) {
+                return record;
+            }
+        }
+    }
+    return nullptr;
+}
+
+const Value* NoteQueries::valueOf(const Value& element, std::string_view key)
+{
+    const Value* record = recordOf(element);
+    return record ? record->dictionary()->find(key) : nullptr;
+}
+
+std::int64_t NoteQueries::doesTVDataHaveDate(const Table& table, Date date)
+{
+    const auto found = std::ranges::find_if(table, [date](const Value& element) {
+        const Date* itsDate = dateOf(element);
+        return itsDate && *itsDate == date;
+    });
+    return found == table.end() ? DateUtilities::NotFound : found - table.begin();
+}
+
+Table NoteQueries::copySpecificNoteFromArray(const Table& table, Date forDate)
+{
+    return notesBetween(table, forDate, forDate);
+}
+
+Table NoteQueries::notesBetween(const Table& table, Date first, Date last)
+{
+    return elementsWhere(table, [first, last](const Value& element) {
+        const Date* date = dateOf(element);
+        return date && *date >= first && *date <= last;
+    });
+}
+
+Table NoteQueries::copyArrayOfDatesHavingNotes(const Table& table, Date forDate)
+{
+    const auto [year, month, day] = DateUtilities::yearMonthDayFromDate(forDate);
+    return notesBetween(table, DateUtilities::dateFromYear(year, month, 1),
+                        DateUtilities::dateFromYear(year, month, DateUtilities::daysInMonth(forDate)));
+}
+
+Table NoteQueries::copyCurrentYearNotes(const Table& table, int currentYear)
+{
+    return notesBetween(table, DateUtilities::dateFromYear(currentYear, 1, 1),
+                        DateUtilities::dateFromYear(currentYear, 12, 31));
+}
+
+IndexSet NoteQueries::copyIdxSetOfNotes(const Table& records, const Table& fromTableViewArray)
+{
+    IndexSet indexes;
+    for (const Value& record : records) {
+        if (const auto index = fromTableViewArray.indexOf(record); index >= 0) {
+            indexes.insert(index);
+        }
+    }
+    return indexes;
+}
+
+IndexSet NoteQueries::copyComplementOfSet(const IndexSet& indexes, std::int64_t count)
+{
+    IndexSet complement;
+    for (std::int64_t index = 0; index < count; ++index) {
+        if (!indexes.contains(index)) {
+            complement.insert(complement.end(), index);
+        }
+    }
+    return complement;
+}
+
+Table NoteQueries::filterNotes(const Table& table, const TextSearch& search)
+{
+    Table matches;
+    for (const Value& element : table) {
+        const Value* text = valueOf(element, NoteDataKey);
+        if (text && text->text() && search.isContainedIn(*text->text())) {
+            matches.append(noteOf(valueOf(element, NoteDateKey), *text));
+        }
+    }
+    return matches;
+}
+
+void NoteQueries::removeEqual(Table& table, const Value& element)
+{
+    // Copies, for what the references point at can be an element of the table.
+    const Value removed = element;
+    const Value* record = recordOf(removed);
+    table.removeIf([&](const Value& other) {
+        const Value* otherRecord = recordOf(other);
+        return other == removed || (record && otherRecord && *otherRecord == *record);
+    });
+}

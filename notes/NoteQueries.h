@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "dates/Date.h"
+#include "store/Value.h"
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <vector>
+
+class TextSearch;
+
+/// Indexes into a table.
+using IndexSet = std::set<std::int64_t>;
+
+enum class SortOrder { Ascending, Descending };
+
+/// One key to sort records by. Values compare by kind: a record without the key comes first, then dates by instant,
+/// then texts by their UTF-16 code units; values of other kinds come last and are equal to each other.
+struct SortDescriptor {
+    std::string key;
+    SortOrder order = SortOrder::Ascending;
+};
+
+/// Questions to a table of records. An element that is a list (a clicked reminder leaves the notes of its day as one
+/// element) is seen through to the note inside it. Results share the elements that they are made of.
+namespace NoteQueries {
+
+/// `element` itself when it is a record, the first record in it when it is a list, else null.
+const Value* recordOf(const Value& element);
+
+/// The value that the record of `element` has under `key`, null when there is none.
+const Value* valueOf(const Value& element, std::string_view key);
+
+/// The index of the first note whose date equals `date`, `DateUtilities::NotFound` when there is none.
+std::int64_t doesTVDataHaveDate(const Table& table, Date date);
+
+/// The notes whose date equals `forDate`.
+Table copySpecificNoteFromArray(const Table& table, Date forDate);
+
+/// The notes dated from `first` to `last`, both inclusive, in table order.
+Table notesBetween(const Table& table, Date first, Date last);
+
+/// The notes from midnight of day 1 to midnight of the last day of the month of `forDate`, in table order.
+Table copyArrayOfDatesHavingNotes(const Table& table, Date forDate);
+
+/// The notes from midnight of 1 January to midnight of 31 December of `currentYear`, in table order.
+Table copyCurrentYearNotes(const Table& table, int currentYear);
+
+/// The indexes in `table` of elements equal to `records`: of each the first one, of those not found none.
+IndexSet copyIdxSetOfNotes(const Table& records, const Table& fromTableViewArray);
+
+/// Every index from 0 to `count` - 1 that `indexes` does not hold.
+IndexSet copyComplementOfSet(const IndexSet& indexes, std::int64_t count);
+
+/// The notes whose text contains what is searched for, in table order: fresh records of date and text alone.
+Table filterNotes(const Table& table, const TextSearch& search);
+
+/// Removes every element that is equal to `element` or whose record equals its record.
+void removeEqual(Table& table, const Value& element);
+
+/// Sorts by `key`, ascending. Elements that compare equal keep their order.
+void sortArrayAscending(Table& table, const std::string& key);
+
+/// Sorts by the first of `descriptors`, what is equal by it by the second, and so on. Elements that compare equal by
+/// all keep their order.
+void sortArray(Table& table, const std::vector<SortDescriptor>& descriptors);
+
+} // namespace NoteQueries

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "notes/TextFolding.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+/// What one character folds to.
+struct FoldedCharacter {
+    std::array<char32_t, 3> characters{};
+    std::uint32_t length = 0; ///< 0 for a character that is not plain
+
+    explicit operator bool() const { return length != 0; }
+    std::u32string_view view() const { return {characters.data(), length}; }
+};
+
+/// The characters of everyday writing that never join with a plain neighbour: between two of them a grapheme cluster
+/// ends, and each is folded by itself. Combining marks, joiners, Hangul and the carriage return are not among them.
+class PlainCharacters {
+public:
+    /// Made at the first call, then shared; safe on any thread.
+    static const PlainCharacters& forFolding(Folding folding);
+
+    /// False when `character` is not plain.
+    FoldedCharacter folded(char32_t character) const
+    {
+        if (character < m_table.size()) {
+            return m_table[character];
+        }
+        return isIdeograph(character) ? FoldedCharacter{{character}, 1} : FoldedCharacter();
+    }
+
+    /// Whether a grapheme cluster surely ends in `utf8` at byte `position`: it is an end of the text, or stands between
+    /// two plain characters.
+    bool isSureBoundary(std::string_view utf8, std::size_t position) const;
+
+private:
+    explicit PlainCharacters(Folding folding);
+
+    static bool isIdeograph(char32_t character) { return character >= 0x3400 && character <= 0x9FFF; }
+
+    std::vector<FoldedCharacter> m_table; // by code point
+};
+
+/// A character of a UTF-8 text and where it stands, in bytes. What is not UTF-8 gives U+FFFD.
+struct DecodedCharacter {
+    char32_t character = 0;
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+/// `position` is less than the size of `utf8`.
+DecodedCharacter characterAt(std::string_view utf8, std::size_t position);
+
+/// `position` is more than 0.
+DecodedCharacter characterBefore(std::string_view utf8, std::size_t position);

@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+#include "notes/TextSearch.h"
+
+#include "notes/FoldSources.h"
+#include "notes/PlainCharacters.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr char32_t replacement = U'\uFFFD';
+
+// Long needles have a rare place among their first characters.
+constexpr std::size_t mostAnchors = 32;
+
+// Nanoseconds for each kilobyte of text.
+constexpr double costOfProbe = 150;
+constexpr double costOfFind = 20;
+
+constexpr std::uint8_t caseBit = 0x20;
+
+bool isAscii(char32_t character)
+{
+    return character < 0x80;
+}
+
+bool isLetter(char32_t folded)
+{
+    return folded >= U'a' && folded <= U'z';
+}
+
+// How often a folded character stands in a kilobyte of everyday European text, roughly.
+double frequency(char32_t folded)
+{
+    constexpr int ofLetters[] = {65, 16, 25, 40, 120, 18, 25, 45, 65, 2,  10, 38, 25,
+                                 80, 50, 18, 1,  60,  60, 70, 35, 8,  15, 2,  10, 8};
+    constexpr double ofSpace = 150;
+    constexpr double ofOthers = 6;
+    if (isLetter(folded)) {
+        return ofLetters[folded - U'a'];
+    }
+    return folded == U' ' ? ofSpace : ofOthers;
+}
+
+BytePair asciiPair(char32_t first)
+{
+    return {isLetter(first) ? caseBit : std::uint8_t{0}, static_cast<std::uint8_t>(first), 0xFF, 0xFF};
+}
+
+BytePair asciiPair(char32_t first, char32_t second)
+{
+    BytePair pair = asciiPair(first);
+    pair.secondMask = isLetter(second) ? caseBit : 0;
+    pair.second = static_cast<std::uint8_t>(second);
+    return pair;
+}
+
+} // namespace
+
+TextSearch::TextSearch(std::string_view needle, const std::string& locale)
+    : m_folding(foldingForLocale(locale)), m_plain(PlainCharacters::forFolding(m_folding)), m_needle(needle),
+      m_reference(foldedText(icu::UnicodeString::fromUTF8(needle), m_folding))
+{
+    for (int at = 0; at < m_reference.length(); at = m_reference.moveIndex32(at, 1)) {
+        m_folded += static_cast<char32_t>(m_reference.char32At(at));
+    }
+    if (m_folded.find(replacement) != std::u32string::npos) {
+        m_needle.clear();
+    }
+    chooseAnchor();
+}
+
+bool TextSearch::isContainedIn(std::string_view utf8) const
+{
+    if (m_folded.empty()) {
+        return false;
+    }
+    if (m_probes.empty()) {
+        return isContainedIn(utf8, Window{0, utf8.size()});
+    }
+    std::size_t undecided = 0; // what is found before this position has been decided
+    for (std::size_t at = findBytePair(utf8, 0, m_pairs); at != std::string_view::npos;
+         at = findBytePair(utf8, std::max(at + 1, undecided), m_pairs)) {
+        const Verdict verdict = judge(utf8, at);
+        if (verdict == Verdict::Match) {
+            return true;
+        }
+        if (verdict == Verdict::NoMatch) {
+            continue;
+        }
+        const Window window = windowAround(utf8, at);
+        if (isContainedIn(utf8, window)) {
+            return true;
+        }
+        if (window.end == utf8.size()) {
+            return false;
+        }
+        undecided = window.end - reach();
+    }
+    return false;
+}
+
+void TextSearch::chooseAnchor()
+{
+    double lowest = std::numeric_limits<double>::infinity();
+    for (std::size_t index = 0; index < std::min(m_folded.size(), mostAnchors); ++index) {
+        if (!FoldSources::instance().canAnchor(m_folded[index], m_folding)) {
+            continue;
+        }
+        Anchor anchor = anchorAt(index);
+        if (anchor.cost < lowest) {
+            lowest = anchor.cost;
+            m_probes = std::move(anchor.probes);
+        }
+    }
+    std::ranges::transform(m_probes, std::back_inserter(m_pairs), &Probe::pair);
+}
+
+// Two ASCII characters side by side make a rare pair of bytes; what else can spell either of them is scanned for as
+// well.
+TextSearch::Anchor TextSearch::anchorAt(std::size_t index) const
+{
+    Anchor anchor;
+    const char32_t folded = m_folded[index];
+    double finds = frequency(folded);
+    addForeignSpellings(anchor, index);
+    if (isAscii(folded)) {
+        BytePair pair = asciiPair(folded);
+        const std::size_t next = index + 1;
+        if (next < m_folded.size() && isAscii(m_folded[next]) &&
+            FoldSources::instance().canAnchor(m_folded[next], m_folding)) {
+            pair = asciiPair(folded, m_folded[next]);
+            finds *= frequency(m_folded[next]) / 1000;
+            addForeignSpellings(anchor, next);
+        }
+        anchor.probes.push_back({.pair = pair, .start = index});
+    }
+    anchor.cost = finds * costOfFind + static_cast<double>(anchor.probes.size()) * costOfProbe;
+    return anchor;
+}
+
+void TextSearch::addForeignSpellings(Anchor& anchor, std::size_t index) const
+{
+    for (const Spelling& spelling : FoldSources::instance().spellings(m_folded, index)) {
+        if (isAscii(spelling.character)) {
+            continue; // the ASCII pair takes both cases
+        }
+        std::string bytes;
+        icu::UnicodeString(static_cast<UChar32>(spelling.character)).toUTF8String(bytes);
+        const std::size_t offset = bytes.size() - 2;
+        const BytePair pair = {0, static_cast<std::uint8_t>(bytes[offset]), 0,
+                               static_cast<std::uint8_t>(bytes[offset + 1])};
+        anchor.probes.push_back({pair, spelling.character, offset, spelling.start});
+    }
+}
+
+// How many bytes a match can lie to each side of a place in it: a character of the needle comes from at most four
+// bytes, in Turkic folding a dotted i from three.
+std::size_t TextSearch::reach() const
+{
+    return 4 * m_folded.size();
+}
+
+TextSearch::Verdict TextSearch::judge(std::string_view utf8, std::size_t candidate) const
+{
+    for (const Probe& probe : m_probes) {
+        if (candidate < probe.pairOffset || !probe.pair.fits(utf8, candidate)) {
+            continue;
+        }
+        const std::size_t position = candidate - probe.pairOffset;
+        if (probe.character != 0 && characterAt(utf8, position).character != probe.character) {
+            continue;
+        }
+        Verdict verdict = compareForward(utf8, position, probe.start);
+        if (verdict == Verdict::Match) {
+            verdict = compareBackward(utf8, position, probe.start);
+        }
+        if (verdict != Verdict::NoMatch) {
+            return verdict;
+        }
+    }
+    return Verdict::NoMatch;
+}
+
+TextSearch::Verdict TextSearch::compareForward(std::string_view utf8, std::size_t position, std::size_t start) const
+{
+    std::u32string_view rest = std::u32string_view(m_folded).substr(start);
+    FoldedCharacter folded = m_plain.folded(characterAt(utf8, position).character);
+    while (!rest.empty()) {
+        if (position == utf8.size()) {
+            return Verdict::NoMatch;
+        }
+        if (!folded) {
+            return Verdict::Undecided;
+        }
+        position = characterAt(utf8, position).end;
+        FoldedCharacter next;
+        if (position < utf8.size()) {
+            next = m_plain.folded(characterAt(utf8, position).character);
+            if (!next) {
+                return Verdict::Undecided; // it can be a mark on this one
+            }
+        }
+        if (!rest.starts_with(folded.view())) {
+            return Verdict::NoMatch;
+        }
+        rest.remove_prefix(folded.length);
+        folded = next;
+    }
+    return Verdict::Match;
+}
+
+// The character at `position` is plain.
+TextSearch::Verdict TextSearch::compareBackward(std::string_view utf8, std::size_t position, std::size_t start) const
+{
+    std::u32string_view rest = std::u32string_view(m_folded).substr(0, start);
+    while (position > 0) {
+        const DecodedCharacter before = characterBefore(utf8, position);
+        const FoldedCharacter folded = m_plain.folded(before.character);
+        if (!folded) {
+            return Verdict::Undecided;
+        }
+        if (rest.empty()) {
+            return Verdict::Match;
+        }
+        if (!rest.ends_with(folded.view())) {
+            return Verdict::NoMatch;
+        }
+        rest.remove_suffix(folded.length);
+        position = before.begin;
+    }
+    return rest.empty() ? Verdict::Match : Verdict::NoMatch;
+}
+
+// Holds every match that `candidate` is in, and can be judged alone.
+TextSearch::Window TextSearch::windowAround(std::string_view utf8, std::size_t candidate) const
+{
+    Window window{candidate - std::min(candidate, reach()), std::min(utf8.size(), candidate + reach())};
+    while (!m_plain.isSureBoundary(utf8, window.begin)) {
+        --window.begin;
+    }
+    while (!m_plain.isSureBoundary(utf8, window.end)) {
+        ++window.end;
+    }
+    return window;
+}
+
+bool TextSearch::isContainedIn(std::string_view utf8, Window window) const
+{
+    const std::string_view inside = utf8.substr(window.begin, window.end - window.begin);
+    // What is spelled like the needle itself needs no folding.
+    if (const std::size_t found = m_needle.empty() ? std::string_view::npos : inside.find(m_needle);
+        found != std::string_view::npos && m_plain.isSureBoundary(inside, found) &&
+        m_plain.isSureBoundary(inside, found + m_needle.size())) {
+        return true;
+    }
+    return containsFolded(inside, m_reference, m_folding);
+}
