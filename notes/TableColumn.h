@@ -2,6 +2,7 @@
 #pragma once
 
 #include "notes/HeaderCell.h"
+#include "notes/SortDescriptor.h"
 
 #include <QColor>
 #include <QString>
@@ -10,17 +11,6 @@
 #include <optional>
 
 class QWidget;
-
-/// By which key a table's rows are sorted, and in which direction.
-struct SortDescriptor {
-    enum class Order { Ascending, Descending };
-
-    QString key;
-    Order order = Order::Ascending;
-
-    bool ascending() const { return order == Order::Ascending; }
-    bool operator==(const SortDescriptor&) const = default;
-};
 
 /// What a column's cell shows in one row. The text is always plain text.
 struct CellView {

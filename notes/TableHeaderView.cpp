@@ -172,7 +172,7 @@ void TableHeaderView::paintSortIndicator(QPainter& painter, int column) const
     const QRect section = sectionRect(column);
     const double x = isRightToLeft() ? section.left() + cellPadding + 4 : section.right() - cellPadding - 3;
     const double y = height() / 2.0;
-    const double tip = descriptors.front().ascending() ? -2.0 : 2.0;
+    const double tip = descriptors.front().order == SortOrder::Ascending ? -2.0 : 2.0;
     QPainterPath chevron(QPointF(x - 4, y - tip));
     chevron.lineTo(x, y + tip);
     chevron.lineTo(x + 4, y - tip);

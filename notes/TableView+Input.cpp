@@ -236,8 +236,8 @@ void TableView::sortByColumn(int column)
     }
     SortDescriptor descriptor = *prototype;
     if (!m_sortDescriptors.empty() && m_sortDescriptors.front() == descriptor) {
-        descriptor.order =
-            descriptor.ascending() ? SortDescriptor::Order::Descending : SortDescriptor::Order::Ascending;
+        const bool ascending = descriptor.order == SortOrder::Ascending;
+        descriptor.order = ascending ? SortOrder::Descending : SortOrder::Ascending;
     }
     endEditing();
     setSortDescriptors({descriptor});

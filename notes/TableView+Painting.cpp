@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "notes/CellFocusRing.h"
+#include "notes/CellLines.h"
 #include "notes/NamedColor.h"
 #include "notes/TableMetrics.h"
 #include "notes/TableView.h"
 #include "notes/TableViewDelegate.h"
-#include "notes/CellLines.h"
 
 #include <QHelpEvent>
 #include <QPaintEvent>
