@@ -49,7 +49,9 @@ private:
         std::size_t end = 0;
     };
 
+    bool canAnchor(std::size_t index) const;
     Anchor anchorAt(std::size_t index) const;
+    Anchor pairAnchorAt(std::size_t index) const;
     void addForeignSpellings(Anchor& anchor, std::size_t index) const;
     void chooseAnchor();
     std::size_t reach() const;
