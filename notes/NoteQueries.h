@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dates/Date.h"
+#include "notes/SortDescriptor.h"
 #include "store/Value.h"
 
 #include <cstdint>
@@ -13,15 +14,6 @@ class TextSearch;
 
 /// Indexes into a table.
 using IndexSet = std::set<std::int64_t>;
-
-enum class SortOrder { Ascending, Descending };
-
-/// One key to sort records by. Values compare by kind: a record without the key comes first, then dates by instant,
-/// then texts by their UTF-16 code units; values of other kinds come last and are equal to each other.
-struct SortDescriptor {
-    std::string key;
-    SortOrder order = SortOrder::Ascending;
-};
 
 /// Questions to a table of records. An element that is a list (a clicked reminder leaves the notes of its day as one
 /// element) is seen through to the note inside it. Results share the elements that they are made of.
@@ -60,11 +52,13 @@ Table filterNotes(const Table& table, const TextSearch& search);
 /// Removes every element that is equal to `element` or whose record equals its record.
 void removeEqual(Table& table, const Value& element);
 
-/// Sorts by `key`, ascending. Elements that compare equal keep their order.
+/// Sorts by `key`, ascending. Elements that compare equal keep their order. Values compare by kind: a record without
+/// the key comes first, then dates by instant, then texts by their UTF-16 code units; values of other kinds come last
+/// and are equal to each other.
 void sortArrayAscending(Table& table, const std::string& key);
 
-/// Sorts by the first of `descriptors`, what is equal by it by the second, and so on. Elements that compare equal by
-/// all keep their order.
+/// Sorts in the same way by the first of `descriptors`, what is equal by it by the second, and so on. Elements that
+/// compare equal by all keep their order.
 void sortArray(Table& table, const std::vector<SortDescriptor>& descriptors);
 
 } // namespace NoteQueries

@@ -11,6 +11,7 @@ target_sources(velumora-core PRIVATE
     notes/NoteSorting.cpp
     notes/PlainCharacters.cpp
     notes/PlainCharacters.h
+    notes/SortDescriptor.h
     notes/TextFolding.cpp
     notes/TextFolding.h
     notes/TextLines.cpp

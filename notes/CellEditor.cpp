@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "notes/CellEditor.h"
+
+#include "notes/FixedLineLayout.h"
+#include "notes/TableMetrics.h"
+#include "notes/CellLines.h"
+#include "notes/XmlCharacters.h"
+
+#include <QContextMenuEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QTextBlock>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// A text document knows one kind of line end. Which newline character stands for it in the text is kept as a property
+// of the character format of the line end itself, so it goes with it through deletion, undo and redo.
+constexpr int newlineProperty = QTextFormat::UserProperty;
+
+/// Also the two characters that a text document takes for its own frame marks.
+bool endsLine(char16_t c)
+{
+    return CellLines::isSeparator(c) || c == u'\uFDD0' || c == u'\uFDD1';
+}
+
+QTextCharFormat newlineFormat(char16_t newline)
+{
+    QTextCharFormat format;
+    if (newline != u'\n') {
+        format.setProperty(newlineProperty, static_cast<int>(newline));
+    }
+    return format;
+}
+
+char16_t newlineOf(const QTextCharFormat& format)
+{
+    return format.hasProperty(newlineProperty) ? static_cast<char16_t>(format.intProperty(newlineProperty)) : u'\n';
+}
+
+/// Inserts `text` with its newline characters kept. Runs of text with one kind of newline go in at once: a note of many
+/// lines is loaded in one step.
+void insertHonestly(QTextCursor& cursor, const QString& text)
+{
+    QString run;
+    char16_t newline = u'\n';
+    for (const QChar c : text) {
+        if (!endsLine(c.unicode())) {
+            run += c;
+            continue;
+        }
+        if (c != newline) {
+            cursor.insertText(run, newlineFormat(newline));
+            run.clear();
+            newline = c.unicode();
+        }
+        run += u'\n';
+    }
+    cursor.insertText(run, newlineFormat(newline));
+}
+
+} // namespace
+
+CellEditor::CellEditor(const QString& text, double lineHeight, QWidget* parent)
+    : QPlainTextEdit(parent), m_layout(new FixedLineLayout(*document(), lineHeight)), m_text(text)
+{
+    setFrameShape(QFrame::NoFrame);
+    setLineWrapMode(QPlainTextEdit::NoWrap);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFont(cellFont());
+
+    document()->setDocumentLayout(m_layout);
+    document()->setDocumentMargin(0);
+    document()->setDefaultFont(cellFont());
+    document()->setUndoRedoEnabled(false);
+    QTextCursor cursor(document());
+    insertHonestly(cursor, text);
+    document()->setUndoRedoEnabled(true);
+
+    connect(this, &QPlainTextEdit::textChanged, this, &CellEditor::noticeChange);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &CellEditor::keepFirstLine);
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &CellEditor::keepFirstLine);
+}
+
+void CellEditor::setFirstLine(int line)
+{
+    m_firstLine = line;
+    keepFirstLine();
+}
+
+void CellEditor::keepFirstLine()
+{
+    verticalScrollBar()->setValue(m_firstLine);
+}
+
+int CellEditor::caretLine() const
+{
+    return textCursor().blockNumber();
+}
+
+void CellEditor::noticeChange()
+{
+    QString now = textBetween(0, document()->characterCount() - 1);
+    if (now != m_text) {
+        m_text = std::move(now);
+        Q_EMIT edited();
+    }
+}
+
+/// Positions in the document and in the text are the same: each newline character is one position.
+QString CellEditor::textBetween(int from, int to) const
+{
+    QString text;
+    text.reserve(to - from);
+    int knownFormat = -1;
+    char16_t newline = u'\n';
+    for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
+         block = block.next()) {
+        if (block.position() > from) { // the line end before this block is within the range
+            if (const int format = block.charFormatIndex(); format != knownFormat) {
+                knownFormat = format;
+                newline = newlineOf(block.charFormat());
+            }
+            text += QChar(newline);
+        }
+        const int start = std::max(from - block.position(), 0);
+        text += QStringView(block.text()).mid(start, to - block.position() - start);
+    }
+    return text;
+}
+
+void CellEditor::insertTyped(const QString& text)
+{
+    QTextCursor cursor = textCursor();
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    insertHonestly(cursor, withoutForbiddenXmlCharacters(text));
+    cursor.endEditBlock();
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+// The clipboard: plain text only
+
+QMimeData* CellEditor::createMimeDataFromSelection() const
+{
+    auto* mimeData = new QMimeData; // the clipboard or the drag takes it over
+    mimeData->setText(textBetween(textCursor().selectionStart(), textCursor().selectionEnd()));
+    return mimeData;
+}
+
+bool CellEditor::canInsertFromMimeData(const QMimeData* source) const
+{
+    return source->hasText();
+}
+
+void CellEditor::insertFromMimeData(const QMimeData* source)
+{
+    insertTyped(source->text());
+}
+
+// Keys and input methods
+
+bool CellEditor::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        event->accept(); // Escape ends the edit; it does not close the window
+        return true;
+    }
+    return QPlainTextEdit::event(event);
+}
+
+void CellEditor::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Escape:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        Q_EMIT endRequested();
+        return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        insertTyped(QStringLiteral("\n"));
+        return;
+    default:
+        break;
+    }
+    QPlainTextEdit::keyPressEvent(event);
+}
+
+void CellEditor::inputMethodEvent(QInputMethodEvent* event)
+{
+    const QString commit = event->commitString();
+    const QString clean = withoutForbiddenXmlCharacters(commit);
+    if (clean == commit && std::none_of(clean.begin(), clean.end(), [](QChar c) { return endsLine(c.unicode()); })) {
+        QPlainTextEdit::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent rest(event->preeditString(), event->attributes());
+    rest.setCommitString({}, event->replacementStart(), event->replacementLength());
+    QPlainTextEdit::inputMethodEvent(&rest);
+    insertTyped(clean);
+    event->accept();
+}
+
+// The pointer
+
+/// `position` moved to the middle of its line, so that the points between two lines belong to the upper one.
+QPointF CellEditor::inLine(QPointF position) const
+{
+    const double height = m_layout->lineHeight();
+    return {position.x(), (std::floor(position.y() / height) + 0.5) * height};
+}
+
+QMouseEvent CellEditor::inLine(const QMouseEvent& event) const
+{
+    return {event.type(),   inLine(event.position()), event.scenePosition(), event.globalPosition(),
+            event.button(), event.buttons(),          event.modifiers(),     event.pointingDevice()};
+}
+
+QTextCursor CellEditor::caretAt(QPoint position) const
+{
+    return cursorForPosition(inLine(position).toPoint());
+}
+
+void CellEditor::mousePressEvent(QMouseEvent* event)
+{
+    QMouseEvent moved = inLine(*event);
+    QPlainTextEdit::mousePressEvent(&moved);
+}
+
+void CellEditor::mouseMoveEvent(QMouseEvent* event)
+{
+    QMouseEvent moved = inLine(*event);
+    QPlainTextEdit::mouseMoveEvent(&moved);
+}
+
+void CellEditor::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QMouseEvent moved = inLine(*event);
+    QPlainTextEdit::mouseDoubleClickEvent(&moved);
+}
+
+void CellEditor::contextMenuEvent(QContextMenuEvent* event)
+{
+    Q_EMIT menuRequested(event->globalPos());
+    event->accept();
+}
+
+void CellEditor::wheelEvent(QWheelEvent* event)
+{
+    event->ignore(); // scrolls the table
+}
+
+void CellEditor::resizeEvent(QResizeEvent* event)
+{
+    m_layout->setViewWidth(viewport()->width());
+    QPlainTextEdit::resizeEvent(event);
+    keepFirstLine();
+}

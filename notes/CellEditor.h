@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPlainTextEdit>
+
+class FixedLineLayout;
+
+/// The text field that stands in a table's cell while its text is edited: plain text, never wrapped, one fixed height
+/// a line. Return adds a line; Escape, Tab and Backtab ask for the end of the edit.
+///
+/// A text is read back as it was written but for what was edited: every newline character that was not touched (CR, LF,
+/// CR LF, U+2028, ...) is still the one it was, through undo and redo as well. New lines are LF; pasted ones stay what
+/// they are. Characters that XML 1.0 cannot carry are left out of what is typed or pasted.
+class CellEditor : public QPlainTextEdit {
+    Q_OBJECT
+
+public:
+    /// `lineHeight` in points.
+    CellEditor(const QString& text, double lineHeight, QWidget* parent);
+
+    const QString& text() const { return m_text; }
+
+    /// The line at the top of the editor. The editor stays at that line until told otherwise: the table that holds it
+    /// scrolls, not the editor.
+    void setFirstLine(int line);
+
+    int caretLine() const;
+
+    /// The place in the text at `position`, a point of this widget.
+    QTextCursor caretAt(QPoint position) const;
+
+Q_SIGNALS:
+    void edited(); ///< text() is another
+    void endRequested();
+    void menuRequested(QPoint globalPosition);
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    bool event(QEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void insertFromMimeData(const QMimeData* source) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    QString textBetween(int from, int to) const;
+    void insertTyped(const QString& text);
+    void keepFirstLine();
+    void noticeChange();
+    QPointF inLine(QPointF position) const;
+    QMouseEvent inLine(const QMouseEvent& event) const;
+
+    FixedLineLayout* m_layout;
+    QString m_text;
+    int m_firstLine = 0;
+};

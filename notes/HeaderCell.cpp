@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#include "notes/HeaderCell.h"
+
+#include <QFontDatabase>
+
+QFont HeaderCell::font()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    font.setPixelSize(13);
+    font.setBold(true);
+    return font;
+}

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QStringView>
+
+class QPalette;
+
+/// Whether text on `palette` is light on dark.
+bool isDarkAppearance(const QPalette& palette);
+
+/// The colour of that name in the appearance (light or dark) of `palette`; an invalid colour for a name that is not
+/// listed:
+///  - "ControlTextColor", "ControlBackgroundColor": text and ground of a list, taken from the palette itself;
+///  - "SystemRedColor", "SecondaryLabelColor": text on the ground of a list, at a contrast of 4.5:1 or better;
+///  - "TableRowSelectionColor" under text in "TableRowSelectedTextColor", at 4.5:1 or better;
+///  - "SeparatorColor": hairlines, meant to be barely seen;
+///  - "HeaderBackgroundColor": ground of a column header, under control text;
+///  - "FocusRingColor": the frame of what takes the keys, at 3:1 or better against the ground of a list.
+QColor namedColor(QStringView name, const QPalette& palette);

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "notes/RowHeights.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace {
+
+double sane(double height)
+{
+    return height > 0.0 ? height : 0.0; // false for a NaN as well
+}
+
+size_t lowestBit(size_t index)
+{
+    return index & (~index + 1);
+}
+
+} // namespace
+
+RowHeights::RowHeights(std::vector<double> heights) : m_heights(std::move(heights))
+{
+    std::transform(m_heights.begin(), m_heights.end(), m_heights.begin(), sane);
+    build();
+}
+
+void RowHeights::build()
+{
+    m_sums.assign(m_heights.size() + 1, 0.0);
+    for (size_t i = 1; i < m_sums.size(); ++i) {
+        m_sums[i] += m_heights[i - 1];
+        if (const size_t parent = i + lowestBit(i); parent < m_sums.size()) {
+            m_sums[parent] += m_sums[i];
+        }
+    }
+}
+
+double RowHeights::height(int row) const
+{
+    return row >= 0 && row < count() ? m_heights[static_cast<size_t>(row)] : 0.0;
+}
+
+double RowHeights::top(int row) const
+{
+    double sum = 0.0;
+    for (auto i = static_cast<size_t>(std::clamp(row, 0, count())); i > 0; i -= lowestBit(i)) {
+        sum += m_sums[i];
+    }
+    return sum;
+}
+
+int RowHeights::rowAt(double y) const
+{
+    if (!(y >= 0.0)) {
+        return -1;
+    }
+    size_t before = 0; // rows that end at or above y
+    double rest = y;
+    for (size_t step = std::bit_floor(m_heights.size()); step > 0; step /= 2) {
+        if (before + step < m_sums.size() && m_sums[before + step] <= rest) {
+            before += step;
+            rest -= m_sums[before];
+        }
+    }
+    return before < m_heights.size() ? static_cast<int>(before) : -1;
+}
+
+void RowHeights::setHeight(int row, double height)
+{
+    if (row < 0 || row >= count()) {
+        return;
+    }
+    const double change = sane(height) - m_heights[static_cast<size_t>(row)];
+    m_heights[static_cast<size_t>(row)] = sane(height);
+    for (size_t i = static_cast<size_t>(row) + 1; i < m_sums.size(); i += lowestBit(i)) {
+        m_sums[i] += change;
+    }
+}
+
+void RowHeights::insert(int row, double height)
+{
+    m_heights.insert(m_heights.begin() + std::clamp(row, 0, count()), sane(height));
+    build();
+}

@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+#include "notes/CellEditor.h"
+#include "notes/CellFocusRing.h"
+#include "notes/TableMetrics.h"
+#include "notes/TableView.h"
+#include "notes/TableViewDelegate.h"
+
+#include <QApplication>
+#include <QInputMethod>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// Unlike QWidget::isAncestorOf this goes through windows: a control's popup belongs to the control.
+bool belongsTo(const QWidget* widget, const QWidget* owner)
+{
+    while (widget && widget != owner) {
+        widget = widget->parentWidget();
+    }
+    return widget != nullptr;
+}
+
+} // namespace
+
+bool TableView::isEditable(int column) const
+{
+    return hasColumn(column) && m_columns[static_cast<size_t>(column)].editing == TableColumn::Editing::Editable;
+}
+
+void TableView::editColumn(int column, int row)
+{
+    beginEdit({column, row}, std::nullopt);
+}
+
+void TableView::beginEdit(Cell cell, std::optional<QPoint> clicked)
+{
+    if (m_endingEdit || !isEditable(cell.column)) {
+        return;
+    }
+    endEditing();
+    if (!hasRow(cell.row) || m_hiddenRows.contains(cell.row)) { // the delegate may have reloaded at the edit's end
+        return;
+    }
+    select(cell.row, Origin::User);
+    QWidget* const editor = makeEditor(cell);
+    if (!editor) {
+        return;
+    }
+    if (!clicked) {
+        scrollRowToVisible(cell.row);
+    }
+    m_edit = Edit{cell.column, cell.row, editor};
+    layoutEditor();
+    editor->show();
+    m_focusRing->show();
+    m_focusRing->raise();
+    editor->setFocus(Qt::OtherFocusReason);
+    placeCaret(clicked);
+    viewport()->update();
+}
+
+QWidget* TableView::makeEditor(Cell cell)
+{
+    const TableColumn& column = m_columns[static_cast<size_t>(cell.column)];
+    if (column.editorFactory) {
+        QWidget* const control = column.editorFactory(viewport(), cell.row);
+        if (control) {
+            control->installEventFilter(this);
+        }
+        return control;
+    }
+    auto* editor = new CellEditor(cellView(cell.column, cell.row).text, m_lineHeight, viewport());
+    editor->setAccessibleName(column.headerCell.title());
+    connect(editor, &CellEditor::edited, this, &TableView::editorTextChanged);
+    connect(editor, &CellEditor::endRequested, this, &TableView::endEditing);
+    connect(editor, &CellEditor::menuRequested, this, &TableView::openEditorMenu);
+    connect(editor, &QPlainTextEdit::cursorPositionChanged, this, &TableView::showCaret);
+    return editor;
+}
+
+CellEditor* TableView::textEditor() const
+{
+    return m_edit ? qobject_cast<CellEditor*>(m_edit->view) : nullptr;
+}
+
+/// At the clicked point of the viewport; without one at the end of the text.
+void TableView::placeCaret(std::optional<QPoint> clicked)
+{
+    CellEditor* const editor = textEditor();
+    if (!editor) {
+        return;
+    }
+    QTextCursor caret = editor->textCursor();
+    caret.movePosition(QTextCursor::End);
+    if (clicked) {
+        caret = editor->caretAt(editor->mapFrom(viewport(), *clicked));
+    }
+    editor->setTextCursor(caret);
+}
+
+void TableView::endEditing()
+{
+    if (!m_edit || m_endingEdit) {
+        return;
+    }
+    m_endingEdit = true;
+    const QPointer<QWidget> view = m_edit->view;
+    const bool hadFocus = belongsTo(QApplication::focusWidget(), view);
+    if (hadFocus) {
+        QGuiApplication::inputMethod()->commit(); // what is half composed belongs to the text
+    }
+    if (CellEditor* const editor = textEditor(); editor && m_delegate) {
+        m_delegate->controlTextDidEndEditing(*editor);
+    }
+    m_edit.reset();
+    if (hadFocus) {
+        setFocus(Qt::OtherFocusReason);
+    }
+    if (view) {
+        view->hide();
+        view->deleteLater();
+    }
+    m_focusRing->hide();
+    viewport()->update();
+    m_endingEdit = false;
+}
+
+void TableView::editorTextChanged()
+{
+    if (CellEditor* const editor = textEditor(); editor && m_delegate) {
+        m_delegate->controlTextDidChange(*editor);
+    }
+}
+
+QWidget* TableView::viewAt(int column, int row) const
+{
+    return m_edit && m_edit->column == column && m_edit->row == row ? m_edit->view.data() : nullptr;
+}
+
+int TableView::rowForView(const QWidget& view) const
+{
+    return m_edit && m_edit->view && belongsTo(&view, m_edit->view) ? m_edit->row : -1;
+}
+
+/// A text editor covers the visible lines of its cell only, so that a note of any number of lines is as quick to edit
+/// as a short one.
+void TableView::layoutEditor()
+{
+    if (!m_edit || !m_edit->view) {
+        return;
+    }
+    const QRect cell = rectOfCell(m_edit->column, m_edit->row);
+    m_focusRing->setGeometry(cell);
+    CellEditor* const editor = textEditor();
+    if (!editor) {
+        m_edit->view->setGeometry(cell);
+        return;
+    }
+    const int lines = std::max(1, static_cast<int>(std::lround(cell.height() / m_lineHeight)));
+    const int first = std::clamp(static_cast<int>(std::floor(-cell.top() / m_lineHeight)), 0, lines - 1);
+    const int end =
+        std::clamp(static_cast<int>(std::ceil((viewport()->height() - cell.top()) / m_lineHeight)), first + 1, lines);
+    editor->setGeometry(cell.left() + cellPadding, cell.top() + static_cast<int>(std::lround(first * m_lineHeight)),
+                        cell.width() - 2 * cellPadding, static_cast<int>(std::lround((end - first) * m_lineHeight)));
+    editor->setFirstLine(first);
+}
+
+void TableView::showCaret()
+{
+    const CellEditor* const editor = textEditor();
+    if (!editor) {
+        return;
+    }
+    const QRect cell = rectOfCell(m_edit->column, m_edit->row);
+    const int top = cell.top() + static_cast<int>(std::lround(editor->caretLine() * m_lineHeight));
+    const int below = top + static_cast<int>(std::lround(m_lineHeight)) - viewport()->height();
+    QScrollBar& bar = *verticalScrollBar();
+    if (top < 0) {
+        bar.setValue(bar.value() + top);
+    } else if (below > 0) {
+        bar.setValue(bar.value() + below);
+    }
+}
+
+/// The text's own menu, and below it the table's for the edited row.
+void TableView::openEditorMenu(QPoint globalPosition)
+{
+    CellEditor* const editor = textEditor();
+    if (!editor) {
+        return;
+    }
+    m_clickedRow = m_edit->row;
+    QMenu* const menu = editor->createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (m_menu) {
+        Q_EMIT m_menu->aboutToShow();
+        menu->addSeparator();
+        menu->addActions(m_menu->actions());
+    }
+    menu->popup(globalPosition);
+}
+
+/// Ends the edit when the keys go to another control of this window, not when a menu opens or another window comes to
+/// the front.
+void TableView::focusMoved(QWidget* now)
+{
+    if (m_edit && now && now->window() == window() && !belongsTo(now, m_edit->view)) {
+        endEditing();
+    }
+}
+
+/// Keys of a control that a column's factory made.
+bool TableView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (m_edit && watched == m_edit->view && event->type() == QEvent::KeyPress) {
+        switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Escape:
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            endEditing();
+            return true;
+        default:
+            break;
+        }
+    }
+    return QAbstractScrollArea::eventFilter(watched, event);
+}

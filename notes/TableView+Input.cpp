@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+#include "notes/TableHeaderView.h"
+#include "notes/TableView.h"
+#include "notes/TableViewDelegate.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+
+bool TableView::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        showToolTip(static_cast<QHelpEvent&>(*event));
+        return true;
+    }
+    return QAbstractScrollArea::viewportEvent(event);
+}
+
+void TableView::changeEvent(QEvent* event)
+{
+    QAbstractScrollArea::changeEvent(event);
+    switch (event->type()) {
+    case QEvent::FontChange:
+    case QEvent::LayoutDirectionChange:
+    case QEvent::PaletteChange:
+    case QEvent::StyleChange:
+        layoutContents();
+        break;
+    default:
+        break;
+    }
+}
+
+void TableView::resizeEvent(QResizeEvent* event)
+{
+    QAbstractScrollArea::resizeEvent(event);
+    layoutContents();
+}
+
+void TableView::scrollContentsBy(int /*dx*/, int dy)
+{
+    if (dy == 0) {
+        m_header->update();
+    }
+    viewport()->update();
+    layoutEditor();
+}
+
+void TableView::focusInEvent(QFocusEvent* event)
+{
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+void TableView::focusOutEvent(QFocusEvent* event)
+{
+    QAbstractScrollArea::focusOutEvent(event);
+    viewport()->update();
+}
+
+// The pointer
+
+TableView::Cell TableView::cellAt(QPoint position) const
+{
+    return {columnAt(position), rowAt(position)};
+}
+
+void TableView::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    endEditing();
+    m_pressed = cellAt(event->pos());
+    if (hasRow(m_pressed.row)) {
+        select(m_pressed.row, Origin::User);
+    }
+}
+
+void TableView::mouseReleaseEvent(QMouseEvent* event)
+{
+    const Cell cell = std::exchange(m_pressed, {});
+    if (event->button() == Qt::LeftButton && hasRow(cell.row) && cellAt(event->pos()) == cell) {
+        beginEdit(cell, event->pos());
+    }
+}
+
+void TableView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    mousePressEvent(event);
+}
+
+// The context menu
+
+void TableView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        const QRect rect = rectOfRow(m_selectedRow) & viewport()->rect();
+        openMenu(m_selectedRow, viewport()->mapToGlobal(rect.isEmpty() ? QPoint() : rect.center()));
+        return;
+    }
+    openMenu(rowAt(viewport()->mapFromGlobal(event->globalPos())), event->globalPos());
+}
+
+void TableView::openMenu(int row, QPoint globalPosition)
+{
+    m_clickedRow = row;
+    if (!m_menu) {
+        return;
+    }
+    m_menuRow = row;
+    viewport()->update();
+    connect(
+        m_menu, &QMenu::aboutToHide, this,
+        [this] {
+            m_menuRow = -1;
+            viewport()->update();
+        },
+        Qt::SingleShotConnection);
+    m_menu->popup(globalPosition);
+}
+
+// Keys
+
+void TableView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Copy)) {
+        copySelectedRow();
+        return;
+    }
+    const bool starts = event->key() == Qt::Key_F2 || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (starts && hasRow(m_selectedRow) && firstEditableColumn() >= 0) {
+        editColumn(firstEditableColumn(), m_selectedRow);
+        return;
+    }
+    if (!moveSelection(*event)) {
+        event->ignore(); // a key that means something to the window, and letters that mean nothing
+    }
+}
+
+/// The nearest row from `row` on, going by `step`, that is not hidden; -1 when there is none.
+int TableView::visibleRowFrom(int row, int step) const
+{
+    while (hasRow(row) && m_hiddenRows.contains(row)) {
+        row += step;
+    }
+    return hasRow(row) ? row : -1;
+}
+
+int TableView::rowPageAway(int direction) const
+{
+    if (!hasRow(m_selectedRow)) {
+        return direction > 0 ? 0 : numberOfRows() - 1;
+    }
+    const double page = viewport()->height() - m_lineHeight;
+    const int row = m_heights.rowAt(m_heights.top(m_selectedRow) + direction * page);
+    if (row < 0) {
+        return direction > 0 ? numberOfRows() - 1 : 0;
+    }
+    return row == m_selectedRow ? row + direction : row; // a row taller than the page is passed all the same
+}
+
+bool TableView::moveSelection(const QKeyEvent& event)
+{
+    if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
+        return false;
+    }
+    const int last = numberOfRows() - 1;
+    const bool none = !hasRow(m_selectedRow);
+    int row = -1;
+    int step = 1;
+    switch (event.key()) {
+    case Qt::Key_Up:
+        row = none ? last : m_selectedRow - 1;
+        step = -1;
+        break;
+    case Qt::Key_Down:
+        row = none ? 0 : m_selectedRow + 1;
+        break;
+    case Qt::Key_Home:
+        row = 0;
+        break;
+    case Qt::Key_End:
+        row = last;
+        step = -1;
+        break;
+    case Qt::Key_PageUp:
+        row = rowPageAway(-1);
+        step = -1;
+        break;
+    case Qt::Key_PageDown:
+        row = rowPageAway(1);
+        break;
+    default:
+        return false;
+    }
+    if (row = visibleRowFrom(row, step); hasRow(row)) {
+        select(row, Origin::User);
+        scrollRowToVisible(row);
+    }
+    return true;
+}
+
+int TableView::firstEditableColumn() const
+{
+    const auto found = std::find_if(m_columns.begin(), m_columns.end(), [](const TableColumn& column) {
+        return column.editing == TableColumn::Editing::Editable;
+    });
+    return found == m_columns.end() ? -1 : static_cast<int>(found - m_columns.begin());
+}
+
+void TableView::copySelectedRow() const
+{
+    if (!hasRow(m_selectedRow)) {
+        return;
+    }
+    QStringList cells;
+    for (int column = 0; column < static_cast<int>(m_columns.size()); ++column) {
+        cells.append(cellView(column, m_selectedRow).text);
+    }
+    QGuiApplication::clipboard()->setText(cells.join(u'\t'));
+}
+
+void TableView::sortByColumn(int column)
+{
+    const auto& prototype = m_columns[static_cast<size_t>(column)].sortDescriptorPrototype;
+    if (!prototype) {
+        return;
+    }
+    SortDescriptor descriptor = *prototype;
+    if (!m_sortDescriptors.empty() && m_sortDescriptors.front() == descriptor) {
+        const bool ascending = descriptor.order == SortOrder::Ascending;
+        descriptor.order = ascending ? SortOrder::Descending : SortOrder::Ascending;
+    }
+    endEditing();
+    setSortDescriptors({descriptor});
+}

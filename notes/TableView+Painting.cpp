@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include "notes/CellFocusRing.h"
+#include "notes/CellLines.h"
+#include "notes/NamedColor.h"
+#include "notes/TableMetrics.h"
+#include "notes/TableView.h"
+#include "notes/TableViewDelegate.h"
+
+#include <QHelpEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QToolTip>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// What of `line` fits into `room` points, with an ellipsis where something is left out. A long line is cut before it
+/// is measured: no glyph that shows is narrower than a point.
+QString fitted(QStringView line, const QFontMetricsF& metrics, int room)
+{
+    const QStringView start = CellLines::cut(line, std::max(room, 0));
+    QString text = start.toString();
+    text.replace(u'\t', u' ');
+    if (start.size() < line.size()) {
+        text += u'…';
+    }
+    return metrics.elidedText(text, Qt::ElideRight, room);
+}
+
+} // namespace
+
+void TableView::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(viewport());
+    const QRect exposed = event->rect();
+    painter.fillRect(exposed, namedColor(u"ControlBackgroundColor", palette()));
+    painter.setFont(cellFont());
+    for (int row = rowAt({0, std::max(0, exposed.top())}); hasRow(row); ++row) {
+        const QRect rect = rectOfRow(row);
+        if (rect.top() > exposed.bottom()) {
+            break;
+        }
+        if (rect.height() > 0) {
+            paintRow(painter, row, exposed);
+        }
+    }
+    paintPlaceholder(painter);
+    paintFocusRing(painter);
+}
+
+void TableView::paintRow(QPainter& painter, int row, const QRect& exposed) const
+{
+    const QRect rect = rectOfRow(row);
+    std::unique_ptr<TableRowView> view = m_delegate->rowViewForRow(*this, row);
+    if (view) {
+        view->setBounds(rect);
+        view->setPalette(palette());
+        view->setSelectionHighlightStyle(m_highlightStyle);
+        if (row == m_selectedRow) {
+            view->drawSelectionInRect(painter, rect & exposed);
+        }
+        view->drawSeparatorInRect(painter, rect & exposed);
+    }
+    for (int column = 0; column < static_cast<int>(m_columns.size()); ++column) {
+        paintCell(painter, column, row, exposed);
+    }
+}
+
+void TableView::paintCell(QPainter& painter, int column, int row, const QRect& exposed) const
+{
+    const QRect cell = rectOfCell(column, row);
+    const QRect shown = cell & exposed;
+    if (shown.isEmpty()) {
+        return;
+    }
+    if (viewAt(column, row)) {
+        painter.fillRect(shown, namedColor(u"ControlBackgroundColor", palette()));
+        return;
+    }
+    const CellView view = cellView(column, row);
+    const bool highlighted = row == m_selectedRow && m_highlightStyle != SelectionHighlightStyle::None;
+    const QColor own = view.textColor.isValid() ? view.textColor : namedColor(u"ControlTextColor", palette());
+    painter.setPen(highlighted ? namedColor(u"TableRowSelectedTextColor", palette()) : own);
+
+    const QFontMetricsF metrics(painter.font());
+    const QRect room = cell.adjusted(cellPadding, 0, -cellPadding, 0);
+    const int first = std::max(0, static_cast<int>((shown.top() - cell.top()) / m_lineHeight));
+    const int last = static_cast<int>((shown.bottom() - cell.top()) / m_lineHeight);
+    double baseline = cell.top() + first * m_lineHeight + baselineInLine(painter.font(), m_lineHeight);
+
+    painter.save();
+    painter.setClipRect(shown);
+    for (const QStringView line : CellLines::slice(view.text, first, last - first + 1)) {
+        const QString text = fitted(line, metrics, room.width());
+        const bool rightToLeft = text.isRightToLeft();
+        painter.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+        const double x = rightToLeft ? room.right() + 1 - metrics.horizontalAdvance(text) : room.left();
+        painter.drawText(QPointF(x, baseline), text);
+        baseline += m_lineHeight;
+    }
+    painter.restore();
+}
+
+/// Around the row whose menu is open, else around all rows while they have the keys.
+void TableView::paintFocusRing(QPainter& painter) const
+{
+    if (hasRow(m_menuRow)) {
+        drawFocusRing(painter, rectOfRow(m_menuRow), palette());
+    } else if (hasFocus()) {
+        drawFocusRing(painter, viewport()->rect(), palette());
+    }
+}
+
+void TableView::paintPlaceholder(QPainter& painter) const
+{
+    if (m_heights.total() > 0.0 || m_placeholderText.isEmpty()) {
+        return;
+    }
+    painter.setPen(namedColor(u"SecondaryLabelColor", palette()));
+    painter.drawText(viewport()->rect().adjusted(cellPadding, 0, -cellPadding, 0),
+                     static_cast<int>(Qt::AlignCenter | Qt::TextWordWrap), m_placeholderText);
+}
+
+void TableView::showToolTip(QHelpEvent& event) const
+{
+    const int row = rowAt(event.pos());
+    const int column = columnAt(event.pos());
+    const QString text = row < 0 || column < 0 ? QString() : cellView(column, row).text;
+    const QFontMetricsF metrics(cellFont());
+    const QRect cell = rectOfCell(column, row);
+    const int room = cell.width() - 2 * cellPadding;
+    const int visible = static_cast<int>(viewport()->height() / m_lineHeight) + 1;
+    const auto lines = CellLines::slice(text, 0, visible);
+    const bool shortened = std::any_of(lines.begin(), lines.end(), [&](QStringView line) {
+        return metrics.horizontalAdvance(CellLines::cut(line, room + 1).toString()) > room;
+    });
+    QToolTip::showText(event.globalPos(), shortened ? plainToolTip(text) : QString(), viewport(), cell);
+}

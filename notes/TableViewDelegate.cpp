@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#include "notes/TableViewDelegate.h"
+
+std::unique_ptr<TableRowView> TableViewDelegate::rowViewForRow(const TableView& /*tableView*/, int /*row*/)
+{
+    return std::make_unique<TableRowView>();
+}
+
+void TableViewDelegate::tableViewSelectionIsChanging(TableView& /*tableView*/) {}
+
+void TableViewDelegate::tableViewSelectionDidChange(TableView& /*tableView*/) {}
+
+void TableViewDelegate::sortDescriptorsDidChange(TableView& /*tableView*/) {}
+
+void TableViewDelegate::controlTextDidChange(QWidget& /*field*/) {}
+
+void TableViewDelegate::controlTextDidEndEditing(QWidget& /*field*/) {}
+
+QString TableViewDelegate::accessibleRowDescription(const TableView& /*tableView*/, int /*row*/)
+{
+    return {};
+}

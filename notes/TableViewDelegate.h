@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "notes/TableColumn.h"
+#include "notes/TableRowView.h"
+
+#include <QString>
+
+#include <memory>
+
+class TableView;
+class QWidget;
+
+/// What a table view shows and whom it tells: its data source and delegate in one. Rows count from 0.
+///
+/// The table asks for the height of every row at each reload and for views of visible rows alone, while it paints; both
+/// must be cheap and must not change the table.
+class TableViewDelegate {
+public:
+    TableViewDelegate() = default;
+    TableViewDelegate(const TableViewDelegate&) = delete;
+    TableViewDelegate& operator=(const TableViewDelegate&) = delete;
+    virtual ~TableViewDelegate() = default;
+
+    virtual int numberOfRowsInTableView(const TableView& tableView) = 0;
+    virtual CellView viewForTableColumn(const TableView& tableView, const TableColumn& tableColumn, int row) = 0;
+
+    /// In points.
+    virtual double heightOfRow(const TableView& tableView, int row) = 0;
+    virtual std::unique_ptr<TableRowView> rowViewForRow(const TableView& tableView, int row);
+
+    /// While the user changes the selection by pointer or key, before tableViewSelectionDidChange. The new row is
+    /// selected already.
+    virtual void tableViewSelectionIsChanging(TableView& tableView);
+
+    /// After every change of the selected row, the user's or the program's.
+    virtual void tableViewSelectionDidChange(TableView& tableView);
+
+    /// The table's sort descriptors are new; the delegate sorts its rows and reloads the table.
+    virtual void sortDescriptorsDidChange(TableView& tableView);
+
+    /// `field` is a CellEditor, and rowForView still tells its row. At the end of an edit this comes once, before the
+    /// editor goes. The delegate may reload the table in either.
+    virtual void controlTextDidChange(QWidget& field);
+    virtual void controlTextDidEndEditing(QWidget& field);
+
+    /// What a screen reader says of a row beside its cells; empty for nothing.
+    virtual QString accessibleRowDescription(const TableView& tableView, int row);
+};

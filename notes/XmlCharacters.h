@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+/// `text` without the characters that XML 1.0 cannot carry: control characters but tab, line feed and carriage return,
+/// halves of surrogate pairs, U+FFFE and U+FFFF. Typed and pasted text passes through here before it reaches a record.
+QString withoutForbiddenXmlCharacters(const QString& text);

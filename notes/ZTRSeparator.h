@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+/// An engraved rule along the lower edge: a white band 2 points high with a light grey line of 1 point above it.
+class ZTRSeparator : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ZTRSeparator(QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+    /// Draws as much of the rule as `rect` is wide, always from the left edge on.
+    void drawRect(QPainter& painter, const QRect& rect) const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
