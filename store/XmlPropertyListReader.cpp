@@ -214,7 +214,7 @@ std::optional<ByteOrder> utf16Order(std::string_view bytes)
 
 } // namespace
 
-std::optional<Value> readXml(std::string& bytes)
+std::optional<Value> readXml(std::string bytes)
 {
     pugi::xml_encoding encoding = pugi::encoding_auto;
     if (const std::optional<ByteOrder> order = utf16Order(bytes)) {
