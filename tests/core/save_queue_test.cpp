@@ -3,7 +3,7 @@
 #include "store/SaveQueue.h"
 
 #include <QString>
-#include <QtLogging>
+#include <QtGlobal>
 
 #include <latch>
 
