@@ -48,18 +48,21 @@ std::optional<std::string> textOf(pugi::xml_node element)
     return isUtf8(text) ? std::optional(std::move(text)) : std::nullopt;
 }
 
-/// The elements directly inside `parent`; nullopt when there is text among them, which no value could keep.
-std::optional<std::vector<pugi::xml_node>> elementsOf(pugi::xml_node parent)
+/// Whether `parent` holds no text beside its elements, which no value could keep.
+bool holdsElementsOnly(pugi::xml_node parent)
 {
-    std::vector<pugi::xml_node> elements;
-    for (const pugi::xml_node child : parent.children()) {
-        if (child.type() == pugi::node_element) {
-            elements.push_back(child);
-        } else if (!isBlank(child.value())) {
-            return std::nullopt;
-        }
+    return std::ranges::all_of(parent.children(), [](pugi::xml_node child) {
+        return child.type() == pugi::node_element || isBlank(child.value());
+    });
+}
+
+/// The first element among `node` and the siblings behind it; a null node when there is none.
+pugi::xml_node elementFrom(pugi::xml_node node)
+{
+    while (node && node.type() != pugi::node_element) {
+        node = node.next_sibling();
     }
-    return elements;
+    return node;
 }
 
 template <typename Plain> std::optional<Value> asValue(std::optional<Plain> plain)
@@ -115,13 +118,11 @@ std::optional<std::vector<std::byte>> dataFrom(std::string text)
 
 std::optional<Array> arrayOf(pugi::xml_node element, int depth)
 {
-    const auto elements = elementsOf(element);
-    if (!elements) {
+    if (!holdsElementsOnly(element)) {
         return std::nullopt;
     }
     Array array;
-    array.reserve(static_cast<qsizetype>(elements->size()));
-    for (const pugi::xml_node child : *elements) {
+    for (auto child = elementFrom(element.first_child()); child; child = elementFrom(child.next_sibling())) {
         std::optional<Value> value = valueOf(child, depth);
         if (!value) {
             return std::nullopt;
@@ -133,18 +134,18 @@ std::optional<Array> arrayOf(pugi::xml_node element, int depth)
 
 std::optional<Dictionary> dictionaryOf(pugi::xml_node element, int depth)
 {
-    const auto elements = elementsOf(element);
-    if (!elements || elements->size() % 2 != 0) {
+    if (!holdsElementsOnly(element)) {
         return std::nullopt;
     }
     std::vector<Dictionary::Entry> entries;
-    entries.reserve(elements->size() / 2);
-    for (std::size_t i = 0; i < elements->size(); i += 2) {
-        if ((*elements)[i].name() != std::string_view("key")) {
+    entries.reserve(2); // a record
+    for (auto child = elementFrom(element.first_child()); child; child = elementFrom(child.next_sibling())) {
+        if (child.name() != std::string_view("key")) {
             return std::nullopt;
         }
-        std::optional<std::string> key = textOf((*elements)[i]);
-        std::optional<Value> value = valueOf((*elements)[i + 1], depth);
+        std::optional<std::string> key = textOf(child);
+        child = elementFrom(child.next_sibling());
+        std::optional<Value> value = child ? valueOf(child, depth) : std::nullopt;
         if (!key || !value) {
             return std::nullopt;
         }
@@ -241,13 +242,13 @@ std::optional<Value> readXml(std::string& bytes)
         return std::nullopt;
     }
     if (root.name() == std::string_view("plist")) {
-        const auto elements = elementsOf(root);
-        if (!elements || elements->size() != 1) {
+        const pugi::xml_node list = elementFrom(root.first_child());
+        if (!holdsElementsOnly(root) || elementFrom(list.next_sibling())) {
             return std::nullopt;
         }
-        root = elements->front();
+        root = list;
     }
-    return valueOf(root, 0);
+    return root ? valueOf(root, 0) : std::nullopt;
 }
 
 } // namespace PropertyList
