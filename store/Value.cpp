@@ -54,7 +54,7 @@ Dictionary::Dictionary(std::vector<Entry> entries) : m_entries(std::move(entries
     std::unordered_map<std::string, std::size_t> places;
     std::size_t kept = 0;
     for (Entry& entry : m_entries) {
-        std::size_t place = kept;
+        std::size_t place = 0;
         if (m_entries.size() <= fewEntries) {
             const auto end = m_entries.begin() + static_cast<std::ptrdiff_t>(kept);
             place = static_cast<std::size_t>(

@@ -48,19 +48,17 @@ std::optional<std::string> textOf(pugi::xml_node element)
     return isUtf8(text) ? std::optional(std::move(text)) : std::nullopt;
 }
 
-/// Whether `parent` holds no text beside its elements, which no value could keep.
-bool holdsElementsOnly(pugi::xml_node parent)
+/// The first element among `node` and the siblings behind it, a null node when there is none; nullopt when a text
+/// stands before it, which no value could keep.
+std::optional<pugi::xml_node> elementFrom(pugi::xml_node node)
 {
-    return std::ranges::all_of(parent.children(), [](pugi::xml_node child) {
-        return child.type() == pugi::node_element || isBlank(child.value());
-    });
-}
-
-/// The first element among `node` and the siblings behind it; a null node when there is none.
-pugi::xml_node elementFrom(pugi::xml_node node)
-{
-    while (node && node.type() != pugi::node_element) {
-        node = node.next_sibling();
+    for (; node; node = node.next_sibling()) {
+        if (node.type() == pugi::node_element) {
+            return node;
+        }
+        if (!isBlank(node.value())) {
+            return std::nullopt;
+        }
     }
     return node;
 }
@@ -118,43 +116,41 @@ std::optional<std::vector<std::byte>> dataFrom(std::string text)
 
 std::optional<Array> arrayOf(pugi::xml_node element, int depth)
 {
-    if (!holdsElementsOnly(element)) {
-        return std::nullopt;
-    }
     Array array;
-    for (auto child = elementFrom(element.first_child()); child; child = elementFrom(child.next_sibling())) {
-        std::optional<Value> value = valueOf(child, depth);
+    auto child = elementFrom(element.first_child());
+    while (child && *child) {
+        std::optional<Value> value = valueOf(*child, depth);
         if (!value) {
             return std::nullopt;
         }
         array.append(std::move(*value));
+        child = elementFrom(child->next_sibling());
     }
-    return array;
+    return child ? std::optional(std::move(array)) : std::nullopt;
 }
 
 std::optional<Dictionary> dictionaryOf(pugi::xml_node element, int depth)
 {
-    if (!holdsElementsOnly(element)) {
-        return std::nullopt;
-    }
     std::vector<Dictionary::Entry> entries;
     entries.reserve(2); // a record
-    for (auto child = elementFrom(element.first_child()); child; child = elementFrom(child.next_sibling())) {
-        if (child.name() != std::string_view("key")) {
+    auto child = elementFrom(element.first_child());
+    while (child && *child) {
+        const auto following = elementFrom(child->next_sibling());
+        if (child->name() != std::string_view("key") || !following) {
             return std::nullopt;
         }
-        std::optional<std::string> key = textOf(child);
-        child = elementFrom(child.next_sibling());
-        std::optional<Value> value = child ? valueOf(child, depth) : std::nullopt;
+        std::optional<std::string> key = textOf(*child);
+        std::optional<Value> value = valueOf(*following, depth);
         if (!key || !value) {
             return std::nullopt;
         }
         entries.emplace_back(std::move(*key), std::move(*value));
+        child = elementFrom(following->next_sibling());
     }
-    return Dictionary(std::move(entries));
+    return child ? std::optional(Dictionary(std::move(entries))) : std::nullopt;
 }
 
-/// The value of an element of `depth` arrays and dictionaries around it.
+/// The value of an element with `depth` arrays and dictionaries around it; nullopt for a null node, too.
 std::optional<Value> valueOf(pugi::xml_node element, int depth)
 {
     const std::string_view name = element.name();
@@ -218,7 +214,7 @@ std::optional<ByteOrder> utf16Order(std::string_view bytes)
 
 } // namespace
 
-std::optional<Value> readXml(std::string& bytes)
+std::optional<Value> readXml(std::string bytes)
 {
     pugi::xml_encoding encoding = pugi::encoding_auto;
     if (const std::optional<ByteOrder> order = utf16Order(bytes)) {
@@ -242,13 +238,14 @@ std::optional<Value> readXml(std::string& bytes)
         return std::nullopt;
     }
     if (root.name() == std::string_view("plist")) {
-        const pugi::xml_node list = elementFrom(root.first_child());
-        if (!holdsElementsOnly(root) || elementFrom(list.next_sibling())) {
+        const auto list = elementFrom(root.first_child());
+        const auto behind = list ? elementFrom(list->next_sibling()) : std::nullopt;
+        if (!behind || *behind) {
             return std::nullopt;
         }
-        root = list;
+        root = *list;
     }
-    return root ? valueOf(root, 0) : std::nullopt;
+    return valueOf(root, 0);
 }
 
 } // namespace PropertyList

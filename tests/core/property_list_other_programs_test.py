@@ -45,7 +45,7 @@ def without_dates(table):
 
 generator = random.Random(1)
 tables = [any_table(generator) for _ in range(20)]
-tables.append(["\r", "a\r\nb", " ", "", True, False, float("inf"), {"a": {}, "b": []}, "\U0001F600 \u05D0"])
+tables.append(["a\nb\t", " ", "", True, False, float("inf"), {"a": {}, "b": []}, "\U0001F600 \u05D0"])
 for table in tables:
     for form in (plistlib.FMT_XML, plistlib.FMT_BINARY):
         xml = rewritten(table, form)
@@ -54,3 +54,7 @@ for table in tables:
     dateless = without_dates(table)
     read = plistlib.loads(through_plistutil(rewritten(dateless, plistlib.FMT_BINARY)))
     assert repr(read) == repr(dateless), (dateless, read)
+
+# plistlib writes no carriage return into XML but reads one that is written as a reference.
+returns = ["\r", "a\r\nb\r"]
+assert plistlib.loads(rewritten(returns, plistlib.FMT_BINARY)) == returns
