@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "notes/CellEditor.h"
 
+#include "notes/CellLines.h"
 #include "notes/FixedLineLayout.h"
 #include "notes/TableMetrics.h"
-#include "notes/CellLines.h"
 #include "notes/XmlCharacters.h"
 
 #include <QContextMenuEvent>
