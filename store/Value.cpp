@@ -2,6 +2,8 @@
 #include "store/Value.h"
 
 #include <algorithm>
+#include <cmath>
+#include <unordered_map>
 
 Value::Value() : Value(std::string()) {}
 Value::Value(bool boolean) : m_value(boolean) {}
@@ -23,6 +25,8 @@ bool operator==(const Value& a, const Value& b)
         return true;
     }
     switch (a.type()) {
+    case Value::Type::RealType:
+        return std::isnan(*a.real()) && std::isnan(*b.real());
     case Value::Type::DataType:
         return *a.data() == *b.data();
     case Value::Type::TextType:
@@ -41,11 +45,29 @@ bool Value::isSameObject(const Value& other) const
     return m_value == other.m_value; // shared pointers compare by address
 }
 
-Dictionary::Dictionary(std::initializer_list<Entry> entries)
+Dictionary::Dictionary(std::initializer_list<Entry> entries) : Dictionary(std::vector<Entry>(entries)) {}
+
+Dictionary::Dictionary(std::vector<Entry> entries)
 {
+    constexpr std::size_t fewEntries = 16;
+    if (entries.size() <= fewEntries) {
+        m_entries.reserve(entries.size());
+        for (Entry& entry : entries) {
+            set(entry.first, std::move(entry.second));
+        }
+        return;
+    }
+    // Looking through all keys for each key would let a file of a few megabytes take hours.
+    std::unordered_map<std::string_view, std::size_t> places;
+    places.reserve(entries.size());
     m_entries.reserve(entries.size());
-    for (const Entry& entry : entries) {
-        set(entry.first, entry.second);
+    for (Entry& entry : entries) {
+        const auto [place, isNew] = places.try_emplace(entry.first, m_entries.size());
+        if (isNew) {
+            m_entries.push_back(entry); // a copy: the key in `places` is a view of this one
+        } else {
+            m_entries[place->second].second = std::move(entry.second);
+        }
     }
 }
 

@@ -71,7 +71,8 @@ public:
     const Array* array() const { return shared<Array>(); }
     const Dictionary* dictionary() const { return shared<Dictionary>(); }
 
-    /// Equal in type and content, to any depth.
+    /// Equal in type and content, to any depth. A real that is not a number equals another such, so that what is
+    /// written and read back is equal.
     friend bool operator==(const Value& a, const Value& b);
 
     /// The very same shared text, data, array or dictionary; for the plain types, equality.
@@ -97,6 +98,9 @@ public:
 
     Dictionary() = default;
     Dictionary(std::initializer_list<Entry> entries);
+
+    /// The entries in their order; where a key stands more than once, the last value counts, in the first one's place.
+    explicit Dictionary(std::vector<Entry> entries);
 
     /// The value under `key`, null when there is none.
     const Value* find(std::string_view key) const;

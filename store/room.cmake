@@ -1,5 +1,24 @@
 target_sources(velumora-core PRIVATE
+    store/BinaryPropertyListReader.cpp
+    store/DataFolder.cpp
+    store/DataFolder.h
+    store/FileStamp.cpp
+    store/FileStamp.h
+    store/Files.cpp
+    store/Files.h
+    store/PropertyList.cpp
     store/PropertyList.h
+    store/PropertyListDate.cpp
+    store/PropertyListParts.h
+    store/PropertyListText.cpp
+    store/Record.cpp
+    store/Record.h
+    store/Recovered.cpp
+    store/Recovered.h
+    store/SaveQueue.cpp
+    store/SaveQueue.h
     store/Value.cpp
     store/Value.h
+    store/XmlPropertyListReader.cpp
+    store/XmlPropertyListWriter.cpp
 )

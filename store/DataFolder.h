@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "dates/Clock.h"
+#include "store/Files.h"
+#include "store/Value.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+/// What a save may replace without keeping a copy of it.
+enum class Replacing : std::uint8_t {
+    OwnFile, ///< the file as this program last read or wrote it
+    Nothing, ///< an import or a cleaning: even that file is kept
+};
+
+/// The folder "TALV" in the user's application-support folder, with the notes and the events file in it.
+///
+/// Nothing that a person wrote is ever gone: what a save removes, or replaces without having read it, is kept in
+/// "Recovered" inside the folder; where it cannot be kept, the save fails and leaves it in place.
+///
+/// A data file that is a symbolic link stands for the file it points at, which is read, replaced and removed, while
+/// the link stays: whoever keeps the file in another folder goes on finding it there.
+///
+/// Every function may be called from any thread.
+class DataFolder {
+public:
+    /// Without an application-support folder there is no data folder: nothing is found and nothing is saved. `clock`
+    /// must outlive the data folder.
+    DataFolder(std::optional<std::filesystem::path> applicationSupport, const Clock& clock);
+
+    std::optional<std::filesystem::path> url() const;
+    std::optional<std::filesystem::path> fileUrl(std::string_view name) const;
+
+    /// Makes the folder for the user alone, if its parent is there, and gives its place all the same if not.
+    std::optional<std::filesystem::path> ensure() const;
+
+    /// The table in the file called `name`: an empty one when there is no such file, nullopt when there is something
+    /// that cannot be read as a property-list array.
+    std::optional<Table> loadTable(const std::string& name);
+
+    /// Writes `table` whole to the file called `name`, with its type and creator codes, and waits until the disk has
+    /// it. With an empty table, or none, removes the file. After an error the file is as it was.
+    std::error_code saveTable(const std::optional<Table>& table, const std::string& name, Replacing replacing);
+
+private:
+    std::error_code write(const Table& table, const std::filesystem::path& file, const std::string& name,
+                          Replacing replacing);
+    std::error_code remove(const std::filesystem::path& file, const std::string& name);
+    std::error_code keepWhatWouldBeLost(const std::filesystem::path& file, const std::string& name,
+                                        Replacing replacing);
+
+    void setKnown(const std::string& name, std::optional<FileIdentity> identity);
+    bool isKnown(const std::string& name, const std::filesystem::path& file);
+
+    const std::optional<std::filesystem::path> m_applicationSupport;
+    const Clock& m_clock;
+
+    std::mutex m_mutex;
+    std::map<std::string, FileIdentity> m_known; ///< the files as last read or written, by name
+};

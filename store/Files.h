@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+/// An open file, closed when it goes. Holds -1 when the opening failed.
+class FileDescriptor {
+public:
+    explicit FileDescriptor(int descriptor) : m_descriptor(descriptor) {}
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+    FileDescriptor(FileDescriptor&& other) noexcept;
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept;
+    ~FileDescriptor();
+
+    bool isOpen() const { return m_descriptor >= 0; }
+    int get() const { return m_descriptor; }
+
+private:
+    int m_descriptor;
+};
+
+/// Tells one state of one file from every other: it changes when the file is replaced, written to or touched.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::int64_t size = 0;             ///< bytes
+    std::int64_t modifiedSeconds = 0;  ///< since 1970
+    std::int64_t modifiedFraction = 0; ///< nanoseconds
+    std::int64_t changedSeconds = 0;
+    std::int64_t changedFraction = 0;
+
+    bool operator==(const FileIdentity&) const = default;
+};
+
+/// The identity of the open file; nullopt when it is no regular file.
+std::optional<FileIdentity> identityOf(const FileDescriptor& file);
+
+struct FileContent {
+    std::string bytes;
+    FileIdentity identity; ///< of before the reading, so a change meanwhile shows later
+};
+
+/// The whole regular file at `file`, through symbolic links. nullopt when it cannot be read, holds more than
+/// `maximumSize` bytes or is something else: a folder, pipe, socket or device is neither waited for nor woken.
+std::optional<FileContent> readFile(const std::filesystem::path& file, std::size_t maximumSize);
+
+/// A new file beside `target` that takes the target's place once it is whole and on the disk. Until then, and whenever
+/// a step fails, the target stays as it was; a file that did not take its place is removed.
+///
+/// While it exists it is locked, so one left by a program that was killed can be told from one being written.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(std::filesystem::path target);
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile();
+
+    const std::filesystem::path& path() const { return m_path; }
+
+    /// Writes `bytes` and waits until the disk has them. An error too when the file could not be made.
+    std::error_code write(std::string_view bytes);
+
+    /// Takes the target's place and waits until the disk knows.
+    std::error_code replaceTarget();
+
+    std::optional<FileIdentity> identity() const { return identityOf(m_file); }
+
+private:
+    std::filesystem::path m_target;
+    std::filesystem::path m_path; ///< empty when there is nothing to remove
+    FileDescriptor m_file;
+    std::error_code m_openError;
+};
+
+/// Removes what killed programs left of writing `fileName`, or a file whose name begins so, in `folder`. Files that
+/// some process is writing are left alone.
+void removeStaleTemporaries(const std::filesystem::path& folder, std::string_view fileName);
+
+/// Waits until the disk knows the names in `folder`. File systems that cannot do so are none the worse for it.
+void syncFolder(const std::filesystem::path& folder);

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "store/Value.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// What the readers and the writer of property lists are made of; only they include this.
+namespace PropertyList {
+
+/// The list that the XML text `bytes` holds, nullopt when it is broken. `bytes` are parsed in place and worth nothing
+/// afterwards.
+std::optional<Value> readXml(std::string& bytes);
+
+/// The list that `bytes` hold in binary form, nullopt when it is broken.
+std::optional<Value> readBinary(std::string_view bytes);
+
+/// The instant that 'yyyy-MM-ddTHH:mm:ssZ' names (proleptic Gregorian, UTC), nullopt when the calendar or the clock
+/// has no such moment. A year may have a fifth digit and a minus sign, as far as `std::chrono::year` goes.
+std::optional<Date> dateFromText(std::string_view text);
+
+/// `date` in the form above, fractions of a second cut off towards the past. A date beyond what the form can name
+/// becomes the nearest that it can.
+std::string textFromDate(Date date);
+
+/// Whether `textFromDate` names the date and not a nearest one.
+bool canBeNamed(Date date);
+
+bool isUtf8(std::string_view bytes);
+
+enum class ByteOrder { LittleEndian, BigEndian };
+
+struct ConvertedText {
+    std::string utf8;
+    bool isWhole = false; ///< false when a half of a surrogate pair or of a code unit became U+FFFD or was left out
+};
+
+ConvertedText utf8FromUtf16(std::string_view bytes, ByteOrder order);
+
+} // namespace PropertyList

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "store/Record.h"
+
+namespace {
+
+const Value* find(const Value& record, std::string_view key)
+{
+    const Dictionary* dictionary = record.dictionary();
+    return dictionary ? dictionary->find(key) : nullptr;
+}
+
+} // namespace
+
+Value makeNoteRecord(Date date, std::string text)
+{
+    return Value(
+        Dictionary{{std::string(NoteDateKey), Value(date)}, {std::string(NoteDataKey), Value(std::move(text))}});
+}
+
+Value makeEventRecord(Date date, std::string name)
+{
+    return Value(
+        Dictionary{{std::string(EventDateKey), Value(date)}, {std::string(EventNameKey), Value(std::move(name))}});
+}
+
+std::optional<Date> dateOf(const Value& record, std::string_view key)
+{
+    const Value* value = find(record, key);
+    const Date* date = value ? value->date() : nullptr;
+    return date ? std::optional(*date) : std::nullopt;
+}
+
+const std::string* textOf(const Value& record, std::string_view key)
+{
+    const Value* value = find(record, key);
+    return value ? value->text() : nullptr;
+}
+
+Value withText(const Value& record, std::string_view key, std::string text)
+{
+    if (!record.dictionary()) {
+        return record;
+    }
+    Dictionary changed = *record.dictionary();
+    changed.set(key, Value(std::move(text)));
+    return Value(std::move(changed));
+}
+
+Table cleanedNotes(const Table& notes)
+{
+    Table cleaned;
+    cleaned.reserve(notes.size());
+    for (const Value& note : notes) {
+        const Value* date = find(note, NoteDateKey);
+        const Value* text = find(note, NoteDataKey);
+        if (date && text) {
+            cleaned.append(Value(Dictionary{{std::string(NoteDateKey), *date}, {std::string(NoteDataKey), *text}}));
+        }
+    }
+    return cleaned;
+}

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "store/Recovered.h"
+
+#include "store/Files.h"
+#include "store/PropertyList.h"
+
+#include <QDateTime>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include <sys/stat.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Copy {
+    QDateTime moment;
+    fs::path path;
+};
+
+QString momentFormat()
+{
+    return QStringLiteral("yyyy-MM-dd HH.mm.ss.zzz");
+}
+
+/// The copies of the data file called `name`, oldest first.
+std::vector<Copy> copiesIn(const fs::path& folder, const std::string& name)
+{
+    std::vector<Copy> copies;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string found = entry->path().filename().native();
+        if (!found.starts_with(name + ' ')) {
+            continue;
+        }
+        QDateTime moment = QDateTime::fromString(QString::fromStdString(found.substr(name.size() + 1)), momentFormat());
+        moment.setTimeSpec(Qt::UTC);
+        if (moment.isValid()) {
+            copies.push_back({moment, entry->path()});
+        }
+    }
+    std::ranges::sort(copies, {}, &Copy::moment);
+    return copies;
+}
+
+/// `now`, or the moment after the newest copy where the clock was set back or stands still.
+QDateTime momentAfter(const std::vector<Copy>& copies, Date now)
+{
+    const auto milliseconds = static_cast<qint64>(std::floor(unixSeconds(now) * 1000));
+    const QDateTime moment = QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC);
+    return copies.empty() ? moment : std::max(moment, copies.back().moment.addMSecs(1));
+}
+
+bool holds(const fs::path& file, const std::string& bytes)
+{
+    const std::optional<FileContent> content = readFile(file, PropertyList::maximumSize);
+    return content && content->bytes == bytes;
+}
+
+std::error_code copyBytes(const std::string& bytes, const fs::path& to)
+{
+    TemporaryFile copy(to);
+    const std::error_code error = copy.write(bytes);
+    return error ? error : copy.replaceTarget();
+}
+
+} // namespace
+
+std::error_code Recovered::keep(const fs::path& folder, const fs::path& file, const std::string& name, Date now)
+{
+    if (::mkdir(folder.c_str(), S_IRWXU) == 0) {
+        syncFolder(folder.parent_path());
+    }
+    removeStaleTemporaries(folder, name);
+
+    const std::vector<Copy> copies = copiesIn(folder, name);
+    const fs::path kept = folder / (name + ' ' + momentAfter(copies, now).toString(momentFormat()).toStdString());
+    std::error_code error;
+    if (!fs::is_regular_file(fs::symlink_status(file, error))) {
+        fs::rename(file, kept, error);
+    } else if (const std::optional<FileContent> content = readFile(file, PropertyList::maximumSize)) {
+        if (!copies.empty() && holds(copies.back().path, content->bytes)) {
+            return {};
+        }
+        error = copyBytes(content->bytes, kept);
+    } else {
+        error = std::make_error_code(std::errc::permission_denied);
+    }
+    if (error) {
+        fs::create_hard_link(file, kept, error);
+    }
+    if (error) {
+        return error;
+    }
+    syncFolder(folder);
+
+    const auto surplus = static_cast<std::ptrdiff_t>(copies.size()) + 1 - copiesPerFile;
+    for (std::ptrdiff_t i = 0; i < surplus; ++i) {
+        std::error_code ignored;
+        fs::remove(copies[static_cast<std::size_t>(i)].path, ignored);
+    }
+    return {};
+}

@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: MIT
+#include "store/PropertyList.h"
+#include "store/PropertyListParts.h"
+
+#include <QByteArray>
+#include <pugixml.hpp>
+
+#include <algorithm>
+#include <charconv>
+#include <span>
+
+namespace PropertyList {
+
+namespace {
+
+/// Blank texts are kept, for a note of blanks is a note; ends of lines are not touched, for a carriage return is a
+/// character of the note. Comments, processing instructions and the document type are passed over; entities that the
+/// document type defines are never expanded.
+constexpr unsigned parseOptions = pugi::parse_escapes | pugi::parse_cdata | pugi::parse_ws_pcdata;
+
+constexpr std::string_view blanks = " \t\r\n";
+
+bool isBlank(std::string_view text)
+{
+    return text.find_first_not_of(blanks) == std::string_view::npos;
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(blanks);
+    return first == std::string_view::npos ? std::string_view()
+                                           : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::optional<Value> valueOf(pugi::xml_node element, int depth);
+
+/// All texts and CDATA sections directly inside `element`, as one; nullopt when there is an element among them or they
+/// are not UTF-8. (A reference to half a surrogate pair is not.)
+std::optional<std::string> textOf(pugi::xml_node element)
+{
+    std::string text;
+    for (const pugi::xml_node child : element.children()) {
+        if (child.type() == pugi::node_element) {
+            return std::nullopt;
+        }
+        text += child.value();
+    }
+    return isUtf8(text) ? std::optional(std::move(text)) : std::nullopt;
+}
+
+/// The elements directly inside `parent`; nullopt when there is text among them, which no value could keep.
+std::optional<std::vector<pugi::xml_node>> elementsOf(pugi::xml_node parent)
+{
+    std::vector<pugi::xml_node> elements;
+    for (const pugi::xml_node child : parent.children()) {
+        if (child.type() == pugi::node_element) {
+            elements.push_back(child);
+        } else if (!isBlank(child.value())) {
+            return std::nullopt;
+        }
+    }
+    return elements;
+}
+
+template <typename Plain> std::optional<Value> asValue(std::optional<Plain> plain)
+{
+    return plain ? std::optional(Value(std::move(*plain))) : std::nullopt;
+}
+
+/// Decimal or, behind 0x, hexadecimal digits with an optional sign, in the range of 64 bits.
+std::optional<Integer> integerFrom(std::string_view text)
+{
+    Integer integer;
+    integer.negative = text.starts_with('-');
+    if (integer.negative || text.starts_with('+')) {
+        text.remove_prefix(1);
+    }
+    const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
+    if (hexadecimal) {
+        text.remove_prefix(2);
+    }
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, integer.magnitude, hexadecimal ? 16 : 10);
+    constexpr std::uint64_t lowest = std::uint64_t{1} << 63;
+    if (error != std::errc() || stop != end || (integer.negative && integer.magnitude > lowest)) {
+        return std::nullopt;
+    }
+    integer.negative = integer.negative && integer.magnitude != 0;
+    return integer;
+}
+
+std::optional<double> realFrom(std::string_view text)
+{
+    if (text.starts_with('+') && !text.starts_with("+-")) {
+        text.remove_prefix(1);
+    }
+    double real = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, real);
+    return error == std::errc() && stop == end ? std::optional(real) : std::nullopt;
+}
+
+std::optional<std::vector<std::byte>> dataFrom(std::string text)
+{
+    std::erase_if(text, [](char c) { return blanks.find(c) != std::string_view::npos; });
+    const auto decoded =
+        QByteArray::fromBase64Encoding(QByteArray::fromStdString(text), QByteArray::AbortOnBase64DecodingErrors);
+    if (!decoded) {
+        return std::nullopt;
+    }
+    const QByteArray& data = decoded.decoded;
+    const auto bytes = std::as_bytes(std::span(data.constData(), static_cast<std::size_t>(data.size())));
+    return std::vector<std::byte>(bytes.begin(), bytes.end());
+}
+
+std::optional<Array> arrayOf(pugi::xml_node element, int depth)
+{
+    const auto elements = elementsOf(element);
+    if (!elements) {
+        return std::nullopt;
+    }
+    Array array;
+    array.reserve(static_cast<qsizetype>(elements->size()));
+    for (const pugi::xml_node child : *elements) {
+        std::optional<Value> value = valueOf(child, depth);
+        if (!value) {
+            return std::nullopt;
+        }
+        array.append(std::move(*value));
+    }
+    return array;
+}
+
+std::optional<Dictionary> dictionaryOf(pugi::xml_node element, int depth)
+{
+    const auto elements = elementsOf(element);
+    if (!elements || elements->size() % 2 != 0) {
+        return std::nullopt;
+    }
+    std::vector<Dictionary::Entry> entries;
+    entries.reserve(elements->size() / 2);
+    for (std::size_t i = 0; i < elements->size(); i += 2) {
+        if ((*elements)[i].name() != std::string_view("key")) {
+            return std::nullopt;
+        }
+        std::optional<std::string> key = textOf((*elements)[i]);
+        std::optional<Value> value = valueOf((*elements)[i + 1], depth);
+        if (!key || !value) {
+            return std::nullopt;
+        }
+        entries.emplace_back(std::move(*key), std::move(*value));
+    }
+    return Dictionary(std::move(entries));
+}
+
+/// The value of an element of `depth` arrays and dictionaries around it.
+std::optional<Value> valueOf(pugi::xml_node element, int depth)
+{
+    const std::string_view name = element.name();
+    if (name == "dict" || name == "array") {
+        if (depth >= maximumDepth) {
+            return std::nullopt;
+        }
+        return name == "dict" ? asValue(dictionaryOf(element, depth + 1)) : asValue(arrayOf(element, depth + 1));
+    }
+    std::optional<std::string> text = textOf(element);
+    if (!text) {
+        return std::nullopt;
+    }
+    if (name == "string") {
+        return Value(std::move(*text));
+    }
+    if (name == "date") {
+        return asValue(dateFromText(trimmed(*text)));
+    }
+    if (name == "integer") {
+        return asValue(integerFrom(trimmed(*text)));
+    }
+    if (name == "real") {
+        return asValue(realFrom(trimmed(*text)));
+    }
+    if (name == "data") {
+        return asValue(dataFrom(std::move(*text)));
+    }
+    if ((name == "true" || name == "false") && isBlank(*text)) {
+        return Value(name == "true");
+    }
+    return std::nullopt;
+}
+
+/// Whether a character reference names U+0000. No XML text may, and the parser would end the text there in silence.
+bool namesNull(std::string_view xml)
+{
+    for (std::size_t at = xml.find("&#"); at != std::string_view::npos; at = xml.find("&#", at)) {
+        at += 2;
+        const std::size_t digits = xml.substr(at).starts_with('x') ? at + 1 : at;
+        const std::size_t end = xml.find_first_not_of('0', digits);
+        if (end != std::string_view::npos && end > digits && xml[end] == ';') {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// UTF-16 is known by its byte order mark or by the '<' that every document begins with.
+std::optional<ByteOrder> utf16Order(std::string_view bytes)
+{
+    using namespace std::string_view_literals;
+    if (bytes.starts_with("\xFF\xFE"sv) || bytes.starts_with("<\0"sv)) {
+        return ByteOrder::LittleEndian;
+    }
+    if (bytes.starts_with("\xFE\xFF"sv) || bytes.starts_with("\0<"sv)) {
+        return ByteOrder::BigEndian;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<Value> readXml(std::string& bytes)
+{
+    pugi::xml_encoding encoding = pugi::encoding_auto;
+    if (const std::optional<ByteOrder> order = utf16Order(bytes)) {
+        // Converted here, because the parser drops halves of surrogate pairs in silence.
+        ConvertedText converted = utf8FromUtf16(bytes, *order);
+        if (!converted.isWhole) {
+            return std::nullopt;
+        }
+        bytes = std::move(converted.utf8);
+        encoding = pugi::encoding_utf8;
+    }
+    if (namesNull(bytes)) {
+        return std::nullopt;
+    }
+    pugi::xml_document document;
+    if (!document.load_buffer_inplace(bytes.data(), bytes.size(), parseOptions, encoding)) {
+        return std::nullopt;
+    }
+    pugi::xml_node root = document.first_child();
+    if (root.next_sibling()) {
+        return std::nullopt;
+    }
+    if (root.name() == std::string_view("plist")) {
+        const auto elements = elementsOf(root);
+        if (!elements || elements->size() != 1) {
+            return std::nullopt;
+        }
+        root = elements->front();
+    }
+    return valueOf(root, 0);
+}
+
+} // namespace PropertyList

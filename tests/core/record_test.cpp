@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "store/Record.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const Date day = dateFromUnixSeconds(1795237200);
+
+TEST(Record, NoteHoldsExactlyItsDateAndText)
+{
+    EXPECT_EQ(makeNoteRecord(day, "Dentist"),
+              Value(Dictionary{{"NoteDateKey", Value(day)}, {"NoteDataKey", Value("Dentist")}}));
+}
+
+TEST(Record, EventHoldsExactlyItsDateAndName)
+{
+    EXPECT_EQ(makeEventRecord(day, "Birthday"),
+              Value(Dictionary{{"EventDateKey", Value(day)}, {"EventNameKey", Value("Birthday")}}));
+}
+
+TEST(Record, DateAndTextAreReadBack)
+{
+    const Value note = makeNoteRecord(day, "");
+    EXPECT_EQ(dateOf(note, NoteDateKey), day);
+    ASSERT_NE(textOf(note, NoteDataKey), nullptr);
+    EXPECT_EQ(*textOf(note, NoteDataKey), "");
+}
+
+TEST(Record, WhatIsNotThereOrOfAnotherTypeIsNotRead)
+{
+    const Value swapped(Dictionary{{"NoteDateKey", Value("today")}, {"NoteDataKey", Value(day)}});
+    const Value rows[] = {swapped, Value(Dictionary()), Value("text"), Value(Array{makeNoteRecord(day, "in a list")}),
+                          Value(true)};
+    for (const Value& row : rows) {
+        EXPECT_EQ(dateOf(row, NoteDateKey), std::nullopt);
+        EXPECT_EQ(textOf(row, NoteDataKey), nullptr);
+    }
+}
+
+TEST(Record, ChangedTextLeavesForeignKeysAndTheOldRecordAlone)
+{
+    const Value old(Dictionary{{"Color", Value(2.5)}, {"NoteDataKey", Value("old")}, {"NoteDateKey", Value(day)}});
+    const Value changed = withText(old, NoteDataKey, "new");
+    EXPECT_EQ(changed,
+              Value(Dictionary{{"Color", Value(2.5)}, {"NoteDataKey", Value("new")}, {"NoteDateKey", Value(day)}}));
+    EXPECT_EQ(*textOf(old, NoteDataKey), "old");
+}
+
+TEST(Record, ChangedTextIsAddedWhereThereWasNone)
+{
+    EXPECT_EQ(withText(Value(Dictionary()), EventNameKey, "new"), Value(Dictionary{{"EventNameKey", Value("new")}}));
+}
+
+TEST(Record, WhatIsNoRecordGetsNoText)
+{
+    EXPECT_EQ(withText(Value("plain"), NoteDataKey, "new"), Value("plain"));
+}
+
+TEST(CleanedNotes, KeepsOnlyTheTwoKeysOfNotesThatHaveBothInOrder)
+{
+    const Value date(day);
+    const Table found{
+        Value(Dictionary{{"NoteDataKey", Value("first")}, {"Extra", Value("x")}, {"NoteDateKey", date}}),
+        Value(Dictionary{{"NoteDateKey", date}}),
+        Value(Dictionary{{"NoteDataKey", Value("no date")}}),
+        Value("no dictionary"),
+        makeNoteRecord(day, "second"),
+        // A value counts whatever its type.
+        Value(Dictionary{{"NoteDateKey", Value("a text")}, {"NoteDataKey", Value(7.0)}}),
+    };
+    const Table expected{
+        makeNoteRecord(day, "first"),
+        makeNoteRecord(day, "second"),
+        Value(Dictionary{{"NoteDateKey", Value("a text")}, {"NoteDataKey", Value(7.0)}}),
+    };
+    EXPECT_EQ(cleanedNotes(found), expected);
+    EXPECT_EQ(cleanedNotes(expected), expected);
+    EXPECT_EQ(cleanedNotes(Table()), Table());
+}
+
+} // namespace

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "core/store_fixture.h"
+#include "store/SaveQueue.h"
+
+#include <QString>
+#include <QtLogging>
+
+#include <latch>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string notesName = "TALV VeluMora";
+const std::string eventsName = "TALV Events";
+
+class SaveQueueTest : public testing::Test {
+protected:
+    fs::path folderPath() const { return m_home.path() / "TALV"; }
+
+    TestFolder m_home;
+    StillClock m_clock;
+    DataFolder m_folder{m_home.path(), m_clock};
+};
+
+TEST_F(SaveQueueTest, WhatWasHandedOverIsOnTheDiskAfterTheWait)
+{
+    SaveQueue queue(m_folder);
+    queue.save(notes(3, "x"), notesName);
+    queue.waitUntilDone();
+    EXPECT_EQ(m_folder.loadTable(notesName), notes(3, "x"));
+    queue.save(Table(), notesName);
+    queue.waitUntilDone();
+    EXPECT_FALSE(fs::exists(folderPath() / notesName));
+}
+
+TEST_F(SaveQueueTest, WaitingWithNothingHandedOverReturns)
+{
+    SaveQueue queue(m_folder);
+    queue.waitUntilDone();
+}
+
+TEST_F(SaveQueueTest, EndingTheQueueWritesWhatWaits)
+{
+    {
+        SaveQueue queue(m_folder);
+        queue.save(notes(3, "note"), notesName);
+        queue.save(notes(4, "event"), eventsName);
+    }
+    EXPECT_EQ(m_folder.loadTable(notesName), notes(3, "note"));
+    EXPECT_EQ(m_folder.loadTable(eventsName), notes(4, "event"));
+}
+
+TEST_F(SaveQueueTest, NoTableRemovesTheFile)
+{
+    m_folder.ensure();
+    put(folderPath() / notesName, "unreadable");
+    {
+        SaveQueue queue(m_folder);
+        queue.save(m_folder.loadTable(notesName), notesName);
+    }
+    EXPECT_FALSE(fs::exists(folderPath() / notesName));
+}
+
+TEST_F(SaveQueueTest, ABurstEndsWithTheLast)
+{
+    SaveQueue queue(m_folder);
+    Table table = notes(20, "x");
+    for (int i = 0; i < 10000; ++i) {
+        table[i % 20] = makeNoteRecord(dateFromUnixSeconds(i), std::to_string(i)); // the live table goes on changing
+        queue.save(table, notesName);
+    }
+    queue.waitUntilDone();
+    EXPECT_EQ(m_folder.loadTable(notesName), table);
+    EXPECT_EQ(namesIn(folderPath()), std::vector<std::string>{notesName});
+}
+
+TEST_F(SaveQueueTest, AFailedSaveIsToldToTheLogAndDoesNotStopTheNext)
+{
+    static QString said;
+    said.clear();
+    put(folderPath(), "a file where the folder should be");
+    SaveQueue queue(m_folder);
+    const QtMessageHandler old =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) { said += message; });
+    queue.save(notes(1, "x"), notesName);
+    queue.waitUntilDone();
+    qInstallMessageHandler(old);
+    EXPECT_TRUE(said.contains(QString::fromStdString(notesName))) << said.toStdString();
+
+    fs::remove(folderPath());
+    queue.save(notes(2, "x"), notesName);
+    queue.waitUntilDone();
+    EXPECT_EQ(m_folder.loadTable(notesName), notes(2, "x"));
+}
+
+/// Holds up whoever asks for the time first, until it is let go.
+class HoldingClock : public Clock {
+public:
+    Date now() const override
+    {
+        m_asked.count_down();
+        m_released.wait();
+        return dateFromUnixSeconds(0);
+    }
+    void waitUntilAsked() { m_asked.wait(); }
+    void release() { m_released.count_down(); }
+
+private:
+    mutable std::latch m_asked{1};
+    std::latch m_released{1};
+};
+
+TEST(SaveQueue, WhileOneIsWrittenTheNewestWaitingWinsAndKeepsWhatTheOlderOneWouldHaveKept)
+{
+    const TestFolder home;
+    HoldingClock clock;
+    DataFolder folder(home.path(), clock);
+    const fs::path recovered = home.path() / "TALV" / "Recovered";
+    SaveQueue queue(folder);
+    queue.save(notes(1, "first"), notesName);
+    queue.waitUntilDone();
+
+    queue.save(notes(1, "second"), notesName, Replacing::Nothing);
+    clock.waitUntilAsked(); // "second" is being written: it asks when the copy of "first" is made
+    for (int i = 0; i < 20; ++i) {
+        queue.save(notes(1, "imported"), notesName, Replacing::Nothing);
+    }
+    queue.save(notes(1, "newest"), notesName);
+    clock.release();
+    queue.waitUntilDone();
+
+    EXPECT_EQ(folder.loadTable(notesName), notes(1, "newest"));
+    std::vector<std::string> kept;
+    for (const std::string& name : namesIn(recovered)) {
+        fs::rename(recovered / name, home.path() / "TALV" / "copy");
+        kept.push_back(*textOf(folder.loadTable("copy")->front(), NoteDataKey));
+    }
+    EXPECT_EQ(kept, (std::vector<std::string>{"first", "second"}));
+}
+
+} // namespace

@@ -1,0 +1,18 @@
+velumora_test(store-tests
+    core/data_folder_test.cpp
+    core/record_test.cpp
+    core/recovered_test.cpp
+    core/save_failure_test.cpp
+    core/save_queue_test.cpp
+    LABELS core store)
+target_compile_definitions(store-tests PRIVATE TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}")
+
+# Tests with other programs that read, write and are killed.
+add_executable(store-process core/store_process.cpp)
+target_link_libraries(store-process PRIVATE velumora-core)
+target_include_directories(store-process PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+
+velumora_test(store-process-tests core/store_process_test.cpp LABELS core store process)
+target_compile_definitions(store-process-tests PRIVATE
+    TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}" STORE_PROCESS="$<TARGET_FILE:store-process>")
+add_dependencies(store-process-tests store-process)
