@@ -20,7 +20,8 @@ public:
     /// From now on table views are given this interface. Cheap to call again.
     static void install();
 
-    /// Each does nothing unless a screen reader listens.
+    /// To be called after the selection or the focus moved, and after the rows were replaced.
+    /// Nothing happens while no screen reader listens.
     static void tellSelection(TableView& table);
     static void tellReload(TableView& table);
 

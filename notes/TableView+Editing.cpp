@@ -101,6 +101,7 @@ void TableView::placeCaret(std::optional<QPoint> clicked)
         caret = editor->caretAt(editor->mapFrom(viewport(), *clicked));
     }
     editor->setTextCursor(caret);
+    showCaret();
 }
 
 void TableView::endEditing()

@@ -198,7 +198,7 @@ void TableView::layoutContents()
     m_header->setGeometry(viewport()->x(), viewport()->y() - m_header->sizeHint().height(), page.width(),
                           m_header->sizeHint().height());
     m_header->update();
-    m_focusRing->setGeometry(rect());
+    m_focusRing->setGeometry(m_header->geometry() | viewport()->geometry());
     viewport()->update();
     layoutEditor();
 }
