@@ -3,6 +3,7 @@
 
 import ctypes
 import ctypes.util
+import os
 import subprocess
 
 _x11 = ctypes.CDLL(ctypes.util.find_library("X11") or "libX11.so.6")
@@ -66,8 +67,8 @@ class Screen:
 
     def save_picture(self, path, window=None):
         """Saves the window, or the whole screen, as a picture of the kind that the path's extension names."""
-        subprocess.run(["import", "-silent", "-display", self.display, "-window", str(window or "root"), str(path)],
-                       check=True, stdin=subprocess.DEVNULL)
+        subprocess.run(["import", "-silent", "-window", str(window or "root"), str(path)], check=True,
+                       stdin=subprocess.DEVNULL, env=os.environ | {"DISPLAY": self.display})
 
     def _attributes(self, window):
         attributes = _Attributes()
