@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+#include <QList>
+
+#include <functional>
+#include <memory>
+
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+
+/// A question or an error put to the user: a headline, a body and buttons. All its texts are plain text.
+class Alert : public QDialog {
+    Q_OBJECT
+
+public:
+    enum class Style { Warning, Informational, Critical };
+
+    /// What the buttons answer, in the order in which they were added.
+    static constexpr int firstButtonReturn = 1000;
+    static constexpr int secondButtonReturn = 1001;
+    static constexpr int thirdButtonReturn = 1002;
+
+    using Completion = std::function<void(int answer)>;
+
+    explicit Alert(QWidget* parent = nullptr);
+
+    void setMessageText(const QString& headline);
+    QString messageText() const;
+    void setInformativeText(const QString& body);
+    QString informativeText() const;
+    void setAlertStyle(Style style);
+    Style alertStyle() const { return m_style; }
+
+    /// Adds a button at the end. The first answers the Return key, the second the Escape key.
+    QPushButton& addButton(const QString& title);
+    const QList<QPushButton*>& buttons() const { return m_buttons; }
+
+    /// Takes a button out of sight; the panel stays as wide as its title needs.
+    static void hideButton(QPushButton& button);
+
+    /// Shows the alert as a sheet on `window`, after the sheets that already wait there, and goes with it when it ends.
+    static void beginSheet(std::unique_ptr<Alert> alert, QWidget& window, Completion completion = {});
+
+    /// Shows the alert and waits for the answer.
+    int runModal();
+
+    void reject() override;
+
+private:
+    void answerWith(qsizetype button);
+
+    Style m_style = Style::Warning;
+    QLabel* m_icon;
+    QLabel* m_message;
+    QLabel* m_information;
+    QHBoxLayout* m_buttonRow;
+    QList<QPushButton*> m_buttons;
+};

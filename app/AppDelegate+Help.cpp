@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "app/Localized.h"
+#include "host/Bundle.h"
+#include "host/Workspace.h"
+
+#include <QLocale>
+#include <QMainWindow>
+#include <QUrl>
+#include <unicode/locid.h>
+
+namespace {
+
+const QString helpPage = QStringLiteral("/VelumoraHelp/VelumoraHelp.htm");
+
+} // namespace
+
+void AppDelegate::myShowHelp()
+{
+    const icu::Locale locale(DateEnvironment::localePair().currentLocale.c_str());
+    const QString language = QString::fromLatin1(locale.getLanguage()).toLower();
+    if (const auto folder = m_host.bundle.localizationFolder(language)) {
+        m_host.workspace.openUrl(QUrl::fromLocalFile(QString::fromStdString(folder->string()) + helpPage));
+    }
+}
+
+void AppDelegate::showDataFilesInFinder()
+{
+    if (const auto folder = m_folder.ensure()) {
+        m_host.workspace.showFolder(*folder);
+    }
+}
+
+void AppDelegate::openProductWebPage()
+{
+    const QUrl page(QStringLiteral(VELUMORA_WEB_PAGE), QUrl::StrictMode);
+    if (page.isValid() && m_host.workspace.openUrl(page)) {
+        return;
+    }
+    showAlertOnMainWindow(localized("Unexpected Error"),
+                          localized("Unable to Find Velumora web page, is there a live connection to the Web?"),
+                          localized("OK"), QString());
+}
+
+void AppDelegate::showAbout()
+{
+    doSheetAlert(m_window, localized("The day-note calendar"),
+                 QStringLiteral("Velumora %1").arg(m_host.bundle.shortVersionString()), localized("OK"), QString());
+}

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "app/Localized.h"
+#include "app/PreferenceKeys.h"
+#include "dates/DateUtilities.h"
+#include "host/LocationManager.h"
+#include "host/ProcessInfo.h"
+#include "host/UserDefaults.h"
+#include "host/UserNotificationCenter.h"
+#include "store/Record.h"
+#include "ui_MainWindow.h"
+
+#include <QCoreApplication>
+#include <unicode/locid.h>
+
+#include <string_view>
+
+namespace {
+
+constexpr int requiredMajor = 10;
+constexpr int requiredMinor = 15;
+constexpr std::string_view holidayCountry = "US";
+
+bool canRunOn(const ProcessInfo::SystemVersion& version)
+{
+    return version.major != requiredMajor || version.minor >= requiredMinor;
+}
+
+} // namespace
+
+void AppDelegate::applicationWillFinishLaunching()
+{
+    increaseTVHeaderFontSize(*m_ui.notesTableView);
+    increaseTVHeaderFontSize(*m_ui.importantDatesTableView);
+    m_host.notificationCenter.setDelegate(*this);
+}
+
+bool AppDelegate::doInit()
+{
+    if (!canRunOn(m_host.processInfo.operatingSystemVersion())) {
+        Alert alert;
+        alert.setAlertStyle(Alert::Style::Informational);
+        alert.setMessageText(filled(localized("Sorry, Velumora requires Mac OS X version %d.%d or later."),
+                                    {QString::number(requiredMajor), QString::number(requiredMinor)}));
+        alert.addButton(localized("OK"));
+        alert.addButton(localized("Go to Velumora web page"));
+        if (alert.runModal() == Alert::secondButtonReturn) {
+            openProductWebPage();
+        }
+        Q_EMIT terminated();
+        return false;
+    }
+    m_window.show();
+    m_window.raise();
+    m_window.activateWindow();
+    drawCurrMonthsDayOnAppIcon();
+    return true;
+}
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    if (!doInit()) {
+        return;
+    }
+    establishDefaultPrefs();
+    const bool sundayFirst = startOnSunday();
+
+    const icu::Locale locale(DateEnvironment::localePair().currentLocale.c_str());
+    if (locale.getCountry() == holidayCountry) {
+        m_ui.importantDatesUSHolidays->setAlpha(1);
+        buttonEnableDisable(*m_ui.importantDatesUSHolidays, true);
+    }
+
+    loadTables();
+    formatCopyMiniCalTime();
+
+    const Date today = DateUtilities::today();
+    setMiniCalMonthYearDate(today);
+    setSingleCharDayNames(sundayFirst, m_window);
+    enableMiniCalDatesWithNotes(today, notesTVData, sundayFirst, m_window);
+
+    const QString notesOf = localized("%@ Notes");
+    m_ui.hideShowSegBtn->setLabelForSegment(filled(notesOf, {DateUtilities::monthNameFromDate(today)}), 0);
+    m_ui.hideShowSegBtn->setLabelForSegment(filled(notesOf, {DateUtilities::currentYear()}), 3);
+    showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
+
+    m_ui.myTabView->setCurrentIndex(0);
+    minuteHasChanged();
+    m_window.setProperty("UserWantsNotificationsKey", QVariant());
+    startLocationManager();
+
+    if (m_host.userDefaults.integerForKey(PreferenceKeys::startList) == 0) {
+        showNotesForThisMonthYear(today);
+        m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), 1);
+    } else {
+        m_ui.hideShowSegBtn->setLabelForSegment(localized("Hide All"), 1);
+    }
+    setDateForPrevNextArrows(today);
+    colorTodayOnMiniCal();
+}
+
+void AppDelegate::applicationWillTerminate()
+{
+    m_minuteTimer.stop();
+    m_ui.notesTableView->endEditing();
+    m_ui.importantDatesTableView->endEditing();
+    if (eventsTVData && !eventsTVData->isEmpty()) {
+        m_saves.save(eventsTVData, std::string(EventsFileName));
+    }
+    deleteMonthlyPrintFile();
+    m_saves.waitUntilDone();
+}
+
+void AppDelegate::didSelectTabViewItem(QWidget& page)
+{
+    m_window.setWindowTitle(QString());
+    redrawPage(page);
+}
+
+void AppDelegate::redrawPage(const QWidget& page)
+{
+    const bool sundayFirst = startOnSunday();
+    switch (page.property("identifier").toInt() & 0xFF) { // only the low eight bits count
+    case 2:
+        setMonthlyViewThreeCharDayNames(sundayFirst, m_window);
+        setMonthlyViewDayNumbers(sundayFirst, m_window, notesTVData);
+        break;
+    case 1:
+        setWeeklyViewThreeCharDayNames(sundayFirst, m_window);
+        setWeeklyViewDayNumbers(sundayFirst, m_window, notesTVData);
+        break;
+    case 0:
+        redrawMiniCal();
+        break;
+    default:
+        break;
+    }
+}

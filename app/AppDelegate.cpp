@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+
+#include "app/Localized.h"
+#include "calendar/MiniCalendarGrid.h"
+#include "host/ClockMonitor.h"
+#include "notes/SegmentedControl.h"
+#include "notes/TextLines.h"
+#include "store/Record.h"
+#include "ui_MainWindow.h"
+#include "ui_PreferencesSheet.h"
+
+#include <QCoreApplication>
+#include <QMainWindow>
+
+namespace {
+
+constexpr double dateColumnWidth = 160;
+constexpr double elapsedColumnWidth = 220;
+
+/// A column of fixed width that sorts by what it shows.
+TableColumn sortedColumn(std::string_view key, const QString& title)
+{
+    TableColumn column;
+    column.identifier = QString::fromLatin1(key.data(), static_cast<qsizetype>(key.size()));
+    column.headerCell = HeaderCell(title);
+    column.width = dateColumnWidth;
+    column.sortDescriptorPrototype = SortDescriptor{.key = std::string(key)};
+    return column;
+}
+
+/// A column of text edited in place, as wide as the table allows.
+TableColumn textColumn(std::string_view key, const QString& title)
+{
+    TableColumn column = sortedColumn(key, title);
+    column.stretches = true;
+    column.editing = TableColumn::Editing::Editable;
+    return column;
+}
+
+} // namespace
+
+AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, const HostServices& host)
+    : m_window(myMainWindow), m_ui(layout), m_prefsLayout(std::make_unique<Ui::PreferencesSheet>()),
+      m_prefsSheet(new QDialog(&myMainWindow)), m_host(host),
+      m_folder(host.applicationSupport, DateEnvironment::clock()), m_saves(m_folder)
+{
+    m_prefsLayout->setupUi(m_prefsSheet);
+    m_ui.hideShowSegBtn->setLabels({QString(), localized("Show All"), localized("Mini Calendar's Month"), QString()});
+    configureTables();
+    connectActions();
+    connectMenu();
+    connectEditMenu();
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::configureTables()
+{
+    m_ui.notesTableView->addColumn(sortedColumn(NoteDateKey, localized("Date")));
+    m_ui.notesTableView->addColumn(textColumn(NoteDataKey, localized("Note")));
+    m_ui.notesTableView->setPlaceholderText(localized("No notes to show"));
+    m_ui.notesTableView->setDelegate(this);
+
+    TableColumn elapsed;
+    elapsed.identifier = QStringLiteral("eventTimeColID");
+    elapsed.headerCell = HeaderCell(localized("Elapsed"));
+    elapsed.width = elapsedColumnWidth;
+    m_ui.importantDatesTableView->addColumn(sortedColumn(EventDateKey, localized("Date")));
+    m_ui.importantDatesTableView->addColumn(textColumn(EventNameKey, localized("Description")));
+    m_ui.importantDatesTableView->addColumn(elapsed);
+    m_ui.importantDatesTableView->setLineHeight(eventLineHeight);
+    m_ui.importantDatesTableView->setPlaceholderText(localized("No important dates yet"));
+    m_ui.importantDatesTableView->setDelegate(this);
+}
+
+/// The controls of the window and of the preferences sheet, one line each.
+void AppDelegate::connectActions()
+{
+    const auto wire = [this](QAbstractButton* button, auto handler) {
+        connect(button, &QAbstractButton::clicked, this, [this, button, handler] { (this->*handler)(*button); });
+    };
+    wire(m_ui.backOneMonthOnMiniCal, &AppDelegate::backForwardYearOrMonth);
+    wire(m_ui.forwardOneMonthOnMiniCal, &AppDelegate::backForwardYearOrMonth);
+    wire(m_ui.backOneYearOnMiniCal, &AppDelegate::backForwardYearOrMonth);
+    wire(m_ui.forwardOneYearOnMiniCal, &AppDelegate::backForwardYearOrMonth);
+    wire(m_ui.noteEntryPrevNotesBtn, &AppDelegate::backForwardNotesView);
+    wire(m_ui.noteEntryNextNotesBtn, &AppDelegate::backForwardNotesView);
+    wire(m_ui.noteEntryListSaveBtn, &AppDelegate::saveTVDataToFile);
+    wire(m_ui.importantDateSaveBtn, &AppDelegate::saveTVDataToFile);
+    wire(m_ui.deleteRowFromListBtn, &AppDelegate::respondToDeleteRowFromList);
+    wire(m_ui.deleteRowFromImpDateListBtn, &AppDelegate::respondToDeleteRowFromList);
+    connect(m_ui.todayBtn, &QAbstractButton::clicked, this, &AppDelegate::showTodayOnMiniCal);
+    connect(m_ui.filterBtn, &QAbstractButton::clicked, this, &AppDelegate::filterNotes);
+    connect(m_ui.filterField, &QLineEdit::textChanged, this, [this] { controlTextDidChange(*m_ui.filterField); });
+    connect(m_ui.filterField, &QLineEdit::returnPressed, m_ui.filterBtn, &QAbstractButton::click);
+    connect(m_ui.hideShowSegBtn, &SegmentedControl::segmentPressed, this,
+            [this] { respondToSegmentSelection(*m_ui.hideShowSegBtn); });
+    connect(m_ui.miniCalendarGrid, &MiniCalendarGrid::dayPressed, this, [this](DayButton& day) {
+        dayBtnAction(day);
+        editSelectedNote(day);
+    });
+    connect(m_ui.miniCalendarGrid, &MiniCalendarGrid::monthStepWanted, this, [this](MiniCalendarGrid::Step step) {
+        backForwardYearOrMonth(step == MiniCalendarGrid::Step::Back ? *m_ui.backOneMonthOnMiniCal
+                                                                    : *m_ui.forwardOneMonthOnMiniCal);
+    });
+    connect(m_ui.myTabView, &QTabWidget::currentChanged, this,
+            [this] { didSelectTabViewItem(*m_ui.myTabView->currentWidget()); });
+    connect(&m_minuteTimer, &QTimer::timeout, this, &AppDelegate::minuteHasChanged);
+    connect(&m_host.clockMonitor, &ClockMonitor::clockJumped, this, &AppDelegate::clockHasJumped);
+
+    for (QRadioButton* choice : {m_prefsLayout->sundayPref, m_prefsLayout->mondayPref, m_prefsLayout->allVelumora,
+                                 m_prefsLayout->currentMonthVelumora}) {
+        connect(choice, &QRadioButton::clicked, this, [this, choice] { userSetPref(*choice); });
+    }
+    connect(m_prefsLayout->closeBtn, &QAbstractButton::clicked, this,
+            [this] { sheetCloseBtnPressed(*m_prefsLayout->closeBtn); });
+    m_minuteTimer.setSingleShot(true);
+    m_minuteTimer.setTimerType(Qt::PreciseTimer);
+}
+
+/// The menu bar, one line an action. An action that a button has too presses that button.
+void AppDelegate::connectMenu()
+{
+    const auto wire = [this](QAction* action, auto handler) { connect(action, &QAction::triggered, this, handler); };
+    const auto press = [this](QAction* action, QAbstractButton* button) {
+        connect(action, &QAction::triggered, button, [this, button] {
+            m_ui.myTabView->setCurrentIndex(0);
+            button->click();
+        });
+    };
+    const auto segment = [this](QAction* action, int index) {
+        connect(action, &QAction::triggered, this, [this, index] {
+            m_ui.myTabView->setCurrentIndex(0);
+            m_ui.hideShowSegBtn->press(index);
+        });
+    };
+    wire(m_ui.saveAction, &AppDelegate::saveAll);
+    wire(m_ui.showDataFolderAction, &AppDelegate::showDataFilesInFinder);
+    wire(m_ui.quitAction, [this] { Q_EMIT terminated(); });
+    wire(m_ui.preferencesAction, &AppDelegate::openClosePrefsSheet);
+    wire(m_ui.miniCalendarPageAction, [this] { m_ui.myTabView->setCurrentIndex(0); });
+    wire(m_ui.weeklyViewPageAction, [this] { m_ui.myTabView->setCurrentIndex(1); });
+    wire(m_ui.monthlyViewPageAction, [this] { m_ui.myTabView->setCurrentIndex(2); });
+    wire(m_ui.helpAction, &AppDelegate::myShowHelp);
+    wire(m_ui.webPageAction, &AppDelegate::openProductWebPage);
+    wire(m_ui.aboutAction, &AppDelegate::showAbout);
+    wire(m_ui.findAction, [this] {
+        m_ui.myTabView->setCurrentIndex(0);
+        m_ui.filterField->setFocus(Qt::ShortcutFocusReason);
+        m_ui.filterField->selectAll();
+    });
+    press(m_ui.deleteNoteAction, m_ui.deleteRowFromListBtn);
+    press(m_ui.deleteDateAction, m_ui.deleteRowFromImpDateListBtn);
+    press(m_ui.todayAction, m_ui.todayBtn);
+    press(m_ui.previousMonthAction, m_ui.backOneMonthOnMiniCal);
+    press(m_ui.nextMonthAction, m_ui.forwardOneMonthOnMiniCal);
+    press(m_ui.previousYearAction, m_ui.backOneYearOnMiniCal);
+    press(m_ui.nextYearAction, m_ui.forwardOneYearOnMiniCal);
+    press(m_ui.previousNotesAction, m_ui.noteEntryPrevNotesBtn);
+    press(m_ui.nextNotesAction, m_ui.noteEntryNextNotesBtn);
+    segment(m_ui.currentMonthNotesAction, 0);
+    segment(m_ui.allNotesAction, 1);
+    segment(m_ui.shownMonthNotesAction, 2);
+    segment(m_ui.currentYearNotesAction, 3);
+}
+
+/// The edit menu speaks to the control that has the keyboard focus.
+void AppDelegate::connectEditMenu()
+{
+    const auto forward = [this](QAction* action, const char* slot) {
+        connect(action, &QAction::triggered, this, [this, slot] {
+            QWidget* focused = m_window.focusWidget();
+            if (focused && focused->metaObject()->indexOfMethod(slot) >= 0) {
+                const QByteArray name(slot, qstrlen(slot) - 2); // without its parentheses
+                QMetaObject::invokeMethod(focused, name.constData());
+            }
+        });
+    };
+    forward(m_ui.undoAction, "undo()");
+    forward(m_ui.redoAction, "redo()");
+    forward(m_ui.cutAction, "cut()");
+    forward(m_ui.copyAction, "copy()");
+    forward(m_ui.pasteAction, "paste()");
+    forward(m_ui.selectAllAction, "selectAll()");
+}

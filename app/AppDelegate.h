@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/Alert.h"
+#include "calendar/DayButton.h"
+#include "calendar/MonthGrid.h"
+#include "dates/Clock.h"
+#include "dates/DateFormatter.h"
+#include "host/HostServices.h"
+#include "host/UserNotificationCenter.h"
+#include "notes/TableViewDelegate.h"
+#include "store/DataFolder.h"
+#include "store/SaveQueue.h"
+#include "store/Value.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+class QAbstractButton;
+class QColor;
+class QMainWindow;
+class QRadioButton;
+class SegmentedControl;
+
+namespace Ui {
+class MainWindow;
+class PreferencesSheet;
+} // namespace Ui
+
+/// Carries every handler of the program and owns its three tables. It is made once the window's layout is loaded and
+/// reaches the window's controls, its outlets, through that layout. A handler reads outlets, calls a pure function and
+/// writes outlets; what is worked out lies in the rooms of the core.
+///
+/// A table is nullopt when its file could not be read. Such a table answers every query as an empty one does, and what
+/// is added to it is lost.
+class AppDelegate : public QObject, public TableViewDelegate, public UserNotificationCenterDelegate {
+    Q_OBJECT
+
+public:
+    /// `myMainWindow` and the layout that was set up on it, and all services, outlive the delegate.
+    AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, const HostServices& host);
+    ~AppDelegate() override;
+
+    // --- Lifecycle ---------------------------------------------------------------------------------------------------
+
+    /// Before the window shows: header fonts, the notification centre.
+    void applicationWillFinishLaunching();
+
+    /// Everything from the version gate to the first drawing, in the order that later steps rely on.
+    void applicationDidFinishLaunching();
+
+    /// The version gate and the first showing of the window; false when the program cannot run here and ends.
+    bool doInit();
+
+    /// Closing the main window quits.
+    static bool applicationShouldTerminateAfterLastWindowClosed() { return true; }
+
+    /// Waits until all that was saved is on the disk.
+    void waitForSaves() { m_saves.waitUntilDone(); }
+
+    /// Ends an edit in progress, saves the important dates, and waits until all that was saved is on the disk.
+    void applicationWillTerminate();
+
+    /// Redraws the page that is being entered.
+    void didSelectTabViewItem(QWidget& page);
+
+    // --- Preferences -------------------------------------------------------------------------------------------------
+
+    void establishDefaultPrefs();
+    void openClosePrefsSheet();
+    void userSetPref(QRadioButton& sender);
+
+    /// Closes the sheet that `sender` stands in.
+    void sheetCloseBtnPressed(QWidget& sender);
+
+    /// The preference for the first day of the week, read afresh.
+    bool startOnSunday() const;
+
+    // --- Alerts ------------------------------------------------------------------------------------------------------
+
+    /// A null title adds no button; an empty one adds an empty button. The answer is ignored.
+    static void doSheetAlert(QWidget& window, const QString& errorString, const QString& titleString,
+                             const QString& okBtnTitle, const QString& canBtnTitle);
+
+    /// Alerts that the caller shows. An empty or null title adds no button.
+    static std::unique_ptr<Alert> copySheetAlertWithErrorString(const QString& errorString, const QString& titleString,
+                                                                const QString& okBtnTitle, const QString& canBtnTitle,
+                                                                const QString& okBtnToolTip,
+                                                                const QString& canBtnToolTip);
+    static std::unique_ptr<Alert> copySheetAlertWithErrorString(const QString& errorString, const QString& titleString,
+                                                                const QString& firstBtnTitle,
+                                                                const QString& secondBtnTitle);
+
+    /// When the first of two buttons is chosen, the product's web page opens.
+    void showAlertOnMainWindow(const QString& titleString, const QString& errorString, const QString& firstBtnTitle,
+                               const QString& secondBtnTitle);
+
+    // --- Help --------------------------------------------------------------------------------------------------------
+
+    void myShowHelp();
+    void showDataFilesInFinder();
+    void openProductWebPage();
+    void showAbout();
+
+    // --- Store -------------------------------------------------------------------------------------------------------
+
+    /// Every note in file order; the rows of the notes list; every important date.
+    std::optional<Table> allNotesTVData = Table();
+    std::optional<Table> notesTVData = Table();
+    std::optional<Table> eventsTVData = Table();
+
+    /// Loads both tables, cleans the notes once, and shows them.
+    void loadTables();
+    void saveTVDataToFile(QAbstractButton& sender);
+
+    /// The save command of the menu: what the enabled save buttons do.
+    void saveAll();
+
+    // --- Mini calendar -----------------------------------------------------------------------------------------------
+
+    /// The month shown. The mini calendar's two labels are its only record, for every page.
+    MonthGrid::YearMonth fromMiniCalGetYearMonth() const;
+
+    void formatCopyMiniCalTime();
+    void showTodayOnMiniCal();
+    void redrawMiniCal();
+    void setMiniCalMonthYearDate(Date date);
+    void setSingleCharDayNames(bool startOnSunday, QWidget& window);
+    void enableMiniCalDatesWithNotes(Date date, const std::optional<Table>& notes, bool startOnSunday, QWidget& window);
+    void setMiniCalDatesWithDate(Date date, const Table& datesWithNotes, bool startOnSunday, QWidget& window);
+    void colorTodayOnMiniCal();
+    int findTagForTodaysDay(QWidget& window) const;
+    static void buttonSetTitleColor(const QColor& color, DayButton* button);
+    void updateTimeOnUI();
+    void minuteHasChanged();
+
+    /// The machine woke up, or the clock or the zone changed: what was worked out for the old time is worked out anew.
+    void clockHasJumped();
+    void backForwardYearOrMonth(QAbstractButton& sender);
+    void dayBtnAction(DayButton& sender);
+
+    // --- Week, month, icon -------------------------------------------------------------------------------------------
+
+    void setWeeklyViewThreeCharDayNames(bool startOnSunday, QWidget& window);
+    void setWeeklyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes);
+    void setMonthlyViewThreeCharDayNames(bool startOnSunday, QWidget& window);
+    void setMonthlyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes);
+    void deleteMonthlyPrintFile();
+    void drawCurrMonthsDayOnAppIcon();
+
+    // --- Notes list --------------------------------------------------------------------------------------------------
+
+    void showNotesForThisMonthYear(Date date);
+    void notesForMonthShowing();
+    void showOnlyCurrentYearNotes();
+    void showAllNotes(SegmentedControl& control);
+    void filterNotes();
+    void backForwardNotesView(QAbstractButton& sender);
+    void setDateForPrevNextArrows(Date date);
+    void resetPagingBtns();
+    void respondToSegmentSelection(SegmentedControl& sender);
+    std::int64_t visibleRowsForTV(const TableView& tableView) const;
+    void showNotesCount(std::int64_t count);
+    static void buttonEnableDisable(QWidget& button, bool enable);
+    static void increaseTVHeaderFontSize(TableView& tableView);
+
+    int numberOfRowsInTableView(const TableView& tableView) override;
+    CellView viewForTableColumn(const TableView& tableView, const TableColumn& column, int row) override;
+    double heightOfRow(const TableView& tableView, int row) override;
+    std::unique_ptr<TableRowView> rowViewForRow(const TableView& tableView, int row) override;
+    void tableViewSelectionDidChange(TableView& tableView) override;
+    void tableViewSelectionIsChanging(TableView& tableView) override;
+    void sortDescriptorsDidChange(TableView& tableView) override;
+
+    /// How long ago or ahead an important date is.
+    QString calcElapsedDate(const Value& event) const;
+
+    // --- Editing and deleting ----------------------------------------------------------------------------------------
+
+    void controlTextDidChange(QWidget& field) override;
+    void controlTextDidEndEditing(QWidget& field) override;
+    void respondToDeleteRowFromList(QAbstractButton& sender);
+
+    // --- Location ----------------------------------------------------------------------------------------------------
+
+    void startLocationManager();
+
+Q_SIGNALS:
+    /// The program cannot go on and is to end.
+    void terminated();
+
+private:
+    void connectActions();
+    void connectMenu();
+    void connectEditMenu();
+    void configureTables();
+    void redrawPage(const QWidget& page);
+
+    void showRows(Table rows);
+    void showCountUnlessEmpty();
+    void selectNoteRow(std::int64_t row);
+    void reportMissingText(const TableView& tableView);
+    void deleteNoteAtRow(int row);
+    void deleteEvent(const Value& event);
+    void confirmDeletion(const QString& question, std::function<void()> deletion);
+    static void nameDayButton(DayButton& button, const QString& date, bool hasNote);
+    void showNoteOfDay(Date date, DayButton& button);
+    void editSelectedNote(DayButton& day);
+
+    QMainWindow& m_window;
+    Ui::MainWindow& m_ui;
+    std::unique_ptr<Ui::PreferencesSheet> m_prefsLayout;
+    QDialog* m_prefsSheet = nullptr; ///< the window's
+    HostServices m_host;
+
+    DataFolder m_folder;
+    SaveQueue m_saves;
+
+    // Made at start-up and kept: the clock's format, the one whose style each user sets before use, the list's dates.
+    std::optional<DateFormatter> m_sharedTimeFormatter;
+    std::optional<DateFormatter> m_sharedStyleFormatter;
+    std::optional<DateFormatter> m_sharedListDateFormatter;
+
+    QTimer m_minuteTimer;
+    bool m_missingTextReported = false; ///< while the alert about a missing text is up
+};

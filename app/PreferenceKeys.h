@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+/// The keys of the user defaults. Every value is an integer.
+namespace PreferenceKeys {
+
+/// 0 is Monday, anything else Sunday.
+inline const QString weekStart = QStringLiteral("Sunday or Monday for start of week");
+
+/// 0 is the current month's notes, anything else all notes.
+inline const QString startList = QStringLiteral("Show all velumora or just current month velumora");
+
+/// 1 once the notes of an older file were stripped of what this program does not use.
+inline const QString notesCleaned = QStringLiteral("Velumora Dictionary cleaned of old TALV unused data");
+
+} // namespace PreferenceKeys

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "app/Appearance.h"
+#include "app/Translations.h"
+#include "host/linux/DesktopWorkspace.h"
+#include "host/linux/FolderOpenPanel.h"
+#include "host/linux/InstalledBundle.h"
+#include "host/linux/KernelClockMonitor.h"
+#include "host/linux/LinuxProcessInfo.h"
+#include "host/linux/LocaleEnvironment.h"
+#include "host/linux/NoLocationManager.h"
+#include "host/linux/NoNotificationCenter.h"
+#include "host/linux/SettingsUserDefaults.h"
+#include "host/linux/TerminationSignals.h"
+#include "ui_MainWindow.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+
+#include <cstdlib>
+
+namespace {
+
+std::string environmentVariable(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+std::optional<std::filesystem::path> applicationSupportFolder()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return folder.isEmpty() ? std::nullopt : std::optional<std::filesystem::path>(folder.toStdString());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const TerminationSignals signals;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("velumora"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Velumora"));
+    QApplication::setOrganizationName(QStringLiteral("velumora"));
+    QApplication::setDesktopFileName(QStringLiteral("velumora"));
+
+    const LocalePair languages = localePairFrom(environmentVariable);
+    DateEnvironment::setLocalePair(languages);
+    DateEnvironment::setTimeZone(environmentVariable("TZ"));
+    installTranslation(languages.preferredLanguages);
+    applyAppearance(application);
+
+    InstalledBundle bundle;
+    KernelClockMonitor clockMonitor;
+    NoLocationManager locationManager;
+    FolderOpenPanel openPanel;
+    LinuxProcessInfo processInfo;
+    SettingsUserDefaults userDefaults;
+    NoNotificationCenter notificationCenter;
+    DesktopWorkspace workspace;
+
+    QMainWindow window;
+    Ui::MainWindow layout;
+    layout.setupUi(&window);
+    AppDelegate delegate(window, layout,
+                         {.bundle = bundle,
+                          .clockMonitor = clockMonitor,
+                          .locationManager = locationManager,
+                          .openPanel = openPanel,
+                          .processInfo = processInfo,
+                          .userDefaults = userDefaults,
+                          .notificationCenter = notificationCenter,
+                          .workspace = workspace,
+                          .applicationSupport = applicationSupportFolder()});
+
+    // Queued, so that a quit asked for before the event loop runs is heard as well.
+    QObject::connect(&delegate, &AppDelegate::terminated, &application, &QApplication::quit, Qt::QueuedConnection);
+    QObject::connect(&signals, &TerminationSignals::terminationRequested, &application, &QApplication::quit);
+    QObject::connect(&application, &QApplication::aboutToQuit, &delegate, &AppDelegate::applicationWillTerminate);
+    QApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
+
+    delegate.applicationWillFinishLaunching();
+    delegate.applicationDidFinishLaunching();
+    return QApplication::exec();
+}

@@ -1,0 +1,49 @@
+set(VELUMORA_WEB_PAGE "https://velumora.invalid/" CACHE STRING
+    "The product's web page; the default resolves nowhere")
+
+target_compile_definitions(velumora-app PRIVATE
+    VELUMORA_VERSION="${PROJECT_VERSION}"
+    VELUMORA_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+    VELUMORA_WEB_PAGE="${VELUMORA_WEB_PAGE}")
+
+target_sources(velumora-app PRIVATE
+    app/Alert.cpp
+    app/Alert.h
+    app/AppDelegate+Alerts.cpp
+    app/AppDelegate+Help.cpp
+    app/AppDelegate+Lifecycle.cpp
+    app/AppDelegate+Preferences.cpp
+    app/AppDelegate.cpp
+    app/AppDelegate.h
+    app/Appearance.cpp
+    app/Appearance.h
+    app/FadingButton.cpp
+    app/FadingButton.h
+    app/Localized.cpp
+    app/Localized.h
+    app/PreferenceKeys.h
+    app/SheetQueue.cpp
+    app/SheetQueue.h
+    app/Translations.cpp
+    app/Translations.h
+    calendar/AppDelegate+DockIcon.cpp
+    calendar/AppDelegate+MiniCalendar.cpp
+    calendar/AppDelegate+MonthlyView.cpp
+    calendar/AppDelegate+WeeklyView.cpp
+    calendar/CellGrid.h
+    calendar/DayButton.cpp
+    calendar/DayButton.h
+    calendar/MiniCalendarGrid.cpp
+    calendar/MiniCalendarGrid.h
+    dates/AppDelegate+ImportantDates.cpp
+    dates/AppDelegate+Location.cpp
+    notes/AppDelegate+NoteEditing.cpp
+    notes/AppDelegate+NotesList.cpp
+    notes/SegmentedControl.cpp
+    notes/SegmentedControl.h
+    resources/velumora.qrc
+    store/AppDelegate+Store.cpp
+)
+
+add_executable(velumora app/main.cpp)
+target_link_libraries(velumora PRIVATE velumora-app)

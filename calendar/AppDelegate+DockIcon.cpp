@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+
+void AppDelegate::drawCurrMonthsDayOnAppIcon() {}

@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "app/Localized.h"
+#include "calendar/MiniCalendarGrid.h"
+#include "calendar/MonthGrid.h"
+#include "dates/DateUtilities.h"
+#include "dates/IntegerValue.h"
+#include "notes/NamedColor.h"
+#include "notes/NoteQueries.h"
+#include "store/Record.h"
+#include "ui_MainWindow.h"
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QTextBoundaryFinder>
+
+namespace {
+
+constexpr const char* timerPriorDateKey = "timerPriorDateKey";
+
+MiniCalendarGrid* gridIn(QWidget& window)
+{
+    return window.findChild<MiniCalendarGrid*>();
+}
+
+/// The first character as a reader sees it, with the marks that belong to it.
+QString firstCharacter(const QString& text)
+{
+    QTextBoundaryFinder boundaries(QTextBoundaryFinder::Grapheme, text);
+    return text.left(std::max<qsizetype>(boundaries.toNextBoundary(), 0));
+}
+
+} // namespace
+
+MonthGrid::YearMonth AppDelegate::fromMiniCalGetYearMonth() const
+{
+    return MonthGrid::yearMonthFromTexts(m_ui.miniCalYear->text(), m_ui.miniCalMonthName->text());
+}
+
+void AppDelegate::formatCopyMiniCalTime()
+{
+    m_sharedTimeFormatter.emplace();
+    m_sharedTimeFormatter->setTimeStyle(DateFormatter::Style::Short);
+    m_sharedTimeFormatter->setDateStyle(DateFormatter::Style::None);
+    m_sharedStyleFormatter.emplace();
+    m_sharedListDateFormatter = DateUtilities::listDateFormatter();
+}
+
+void AppDelegate::showTodayOnMiniCal()
+{
+    const Date today = DateUtilities::today();
+    const bool sundayFirst = startOnSunday();
+    setMiniCalMonthYearDate(today);
+    setSingleCharDayNames(sundayFirst, m_window);
+    enableMiniCalDatesWithNotes(today, notesTVData, sundayFirst, m_window);
+    colorTodayOnMiniCal();
+}
+
+void AppDelegate::redrawMiniCal()
+{
+    const bool sundayFirst = startOnSunday();
+    const MonthGrid::YearMonth shown = fromMiniCalGetYearMonth();
+    if (shown == MonthGrid::YearMonth()) {
+        return;
+    }
+    const Date date = DateUtilities::dateFromYear(shown.year, shown.month, 1);
+    setSingleCharDayNames(sundayFirst, m_window);
+    enableMiniCalDatesWithNotes(date, allNotesTVData, sundayFirst, m_window);
+    colorTodayOnMiniCal();
+}
+
+void AppDelegate::setMiniCalMonthYearDate(Date date)
+{
+    m_ui.miniCalYear->setText(DateUtilities::yearFromDate(date));
+    m_ui.miniCalMonthName->setText(DateUtilities::monthNameFromDate(date));
+}
+
+void AppDelegate::setSingleCharDayNames(bool startOnSunday, QWidget& window)
+{
+    const MiniCalendarGrid* grid = gridIn(window);
+    const QStringList shortNames = MonthGrid::weekdayHeaders(startOnSunday);
+    const QStringList fullNames = DateUtilities::copyFormatterForLocaleDevice().standaloneWeekdaySymbols();
+    for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
+        auto* header = grid->viewWithTag<QLabel>(MonthGrid::miniHeaderTag(column));
+        const int weekday = MonthGrid::weekdayOfColumn(column, startOnSunday);
+        // With Monday first, the Sunday at the end of the row keeps its whole short name.
+        const bool whole = !startOnSunday && weekday == MonthGrid::Sunday;
+        header->setText(whole ? shortNames.at(column) : firstCharacter(shortNames.at(column)));
+        header->setAccessibleName(fullNames.at(weekday));
+    }
+}
+
+void AppDelegate::enableMiniCalDatesWithNotes(Date date, const std::optional<Table>& notes, bool startOnSunday,
+                                              QWidget& window)
+{
+    const Table datesWithNotes = NoteQueries::copyArrayOfDatesHavingNotes(notes.value_or(Table()), date);
+    setMiniCalDatesWithDate(date, datesWithNotes, startOnSunday, window);
+}
+
+void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes, bool startOnSunday, QWidget& window)
+{
+    m_sharedStyleFormatter->setDateFormat(QStringLiteral("MM"));
+    const int month = integerValue(DateUtilities::componentOfDate(date, *m_sharedStyleFormatter));
+    m_sharedStyleFormatter->setDateFormat(QStringLiteral("yyyy"));
+    const int year = integerValue(DateUtilities::componentOfDate(date, *m_sharedStyleFormatter));
+
+    const int weekdayOfFirst = MonthGrid::firstDayofMonth(month, year);
+    const int dayCount = DateUtilities::daysInMonth(date);
+    DateFormatter spokenDate;
+    spokenDate.setDateStyle(DateFormatter::Style::Full);
+
+    MiniCalendarGrid* cells = gridIn(window);
+    for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
+        auto* button = cells->viewWithTag<DayButton>(MonthGrid::miniDayTag(cell));
+        const int day = MonthGrid::dayOfCell(cell, weekdayOfFirst, startOnSunday, dayCount);
+        const bool blank = day == 0;
+        button->setTitle(blank ? QString() : QString::number(day));
+        button->setTransparent(blank);
+        if (blank) {
+            button->setState(DayButton::Off);
+            button->setAccessibleName(QString());
+            continue;
+        }
+        const Date dayDate = DateUtilities::dateFromYear(year, month, day);
+        const bool hasNote = NoteQueries::doesTVDataHaveDate(datesWithNotes, dayDate) != DateUtilities::NotFound;
+        button->setState(hasNote ? DayButton::On : DayButton::Off);
+        nameDayButton(*button, spokenDate.stringFromDate(dayDate), hasNote);
+    }
+    cells->daysDidChange();
+}
+
+void AppDelegate::nameDayButton(DayButton& button, const QString& date, bool hasNote)
+{
+    button.setAccessibleName(hasNote ? filled(localized("%@, has a note"), {date}) : date);
+}
+
+void AppDelegate::colorTodayOnMiniCal()
+{
+    if (const int tag = findTagForTodaysDay(m_window); tag != 0) {
+        buttonSetTitleColor(namedColor(u"SystemRedColor", m_window.palette()),
+                            gridIn(m_window)->viewWithTag<DayButton>(tag));
+    }
+}
+
+int AppDelegate::findTagForTodaysDay(QWidget& window) const
+{
+    const int currentMonth = integerValue(DateUtilities::currentMonth());
+    if (m_ui.miniCalYear->text() != DateUtilities::currentYear() ||
+        DateUtilities::monthNumberFromName(m_ui.miniCalMonthName->text()) != currentMonth) {
+        return 0;
+    }
+    const int today = integerValue(DateUtilities::currentDay());
+    const MiniCalendarGrid* cells = gridIn(window);
+    for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
+        const int tag = MonthGrid::miniDayTag(cell);
+        if (integerValue(cells->viewWithTag<DayButton>(tag)->title()) == today) {
+            return tag;
+        }
+    }
+    return MonthGrid::NoMiniDayTag;
+}
+
+void AppDelegate::buttonSetTitleColor(const QColor& color, DayButton* button)
+{
+    if (button) {
+        button->setTitleColor(color);
+    }
+}
+
+void AppDelegate::updateTimeOnUI()
+{
+    const Date now = DateEnvironment::now();
+    m_ui.miniCalTime->setText(m_sharedTimeFormatter->stringFromDate(now));
+    // Nothing ever stores the prior day, so the calendar is redrawn every minute; that keeps today's mark right.
+    if (DateUtilities::shortStyleFromDate(now) != m_window.property(timerPriorDateKey).toString()) {
+        redrawMiniCal();
+    }
+}
+
+void AppDelegate::minuteHasChanged()
+{
+    updateTimeOnUI();
+    const std::chrono::sys_time now = std::chrono::floor<std::chrono::seconds>(DateEnvironment::now());
+    const auto secondOfMinute = now - std::chrono::floor<std::chrono::minutes>(now);
+    m_minuteTimer.start(std::chrono::minutes(1) - secondOfMinute);
+    // The rows' red of today and the elapsed texts go with the time; the rows themselves stay.
+    m_ui.notesTableView->viewport()->update();
+    m_ui.importantDatesTableView->viewport()->update();
+}
+
+void AppDelegate::clockHasJumped()
+{
+    formatCopyMiniCalTime();
+    minuteHasChanged();
+}
+
+void AppDelegate::backForwardYearOrMonth(QAbstractButton& sender)
+{
+    const MonthGrid::YearMonth shown = fromMiniCalGetYearMonth();
+    const bool isMonthStep = &sender == m_ui.backOneMonthOnMiniCal || &sender == m_ui.forwardOneMonthOnMiniCal;
+    const bool forward = &sender != m_ui.backOneYearOnMiniCal && &sender != m_ui.backOneMonthOnMiniCal;
+    const Date date = isMonthStep ? MonthGrid::calcNewMonthYear(forward, shown.month, shown.year)
+                                  : MonthGrid::calcNewYear(forward, shown.month, shown.year);
+    setMiniCalMonthYearDate(date);
+    enableMiniCalDatesWithNotes(date, allNotesTVData, startOnSunday(), m_window);
+    colorTodayOnMiniCal();
+}
+
+void AppDelegate::dayBtnAction(DayButton& sender)
+{
+    if (!sender.title().isEmpty()) {
+        const MonthGrid::YearMonth shown = fromMiniCalGetYearMonth();
+        const Date date = DateUtilities::dateFromYear(shown.year, shown.month, integerValue(sender.title()));
+        showNoteOfDay(date, sender);
+    }
+    showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
+}
+
+void AppDelegate::showNoteOfDay(Date date, DayButton& button)
+{
+    const auto rowOf = [date](const std::optional<Table>& table) {
+        return NoteQueries::doesTVDataHaveDate(table.value_or(Table()), date);
+    };
+    std::int64_t row = rowOf(notesTVData);
+    if (row == DateUtilities::NotFound) {
+        if (rowOf(allNotesTVData) != DateUtilities::NotFound) {
+            notesTVData = NoteQueries::copyArrayOfDatesHavingNotes(*allNotesTVData, date);
+            NoteQueries::sortArrayAscending(*notesTVData, std::string(NoteDateKey));
+            m_ui.notesTableView->reloadData();
+            row = rowOf(notesTVData);
+        } else if (notesTVData) {
+            row = notesTVData->size();
+            notesTVData->append(makeNoteRecord(date, {}));
+            m_ui.notesTableView->insertRow(static_cast<int>(row));
+        } else {
+            return; // the file could not be read: what is added to it is lost
+        }
+        button.setState(DayButton::On);
+    }
+    m_ui.notesTableView->scrollRowToVisible(static_cast<int>(row));
+    m_ui.notesTableView->selectRow(static_cast<int>(row));
+}
+
+/// A click on a day leads into its note, ready to be typed.
+void AppDelegate::editSelectedNote(DayButton& day)
+{
+    if (!day.title().isEmpty()) {
+        const QString text = QString::fromLatin1(NoteDataKey.data(), static_cast<qsizetype>(NoteDataKey.size()));
+        TableView& notes = *m_ui.notesTableView;
+        notes.editColumn(notes.columnWithIdentifier(text), notes.selectedRow());
+    }
+}

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "calendar/DayButton.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr int side = 34;
+constexpr qreal inset = 2;
+constexpr int titlePixelSize = 13;
+constexpr float noteFill = 0.20F;  ///< share of the accent colour behind a day with a note
+constexpr float hoverFill = 0.08F; ///< share of the text colour under the pointer
+constexpr float pressedFill = 0.16F;
+
+QColor withAlpha(QColor color, float alpha)
+{
+    color.setAlphaF(alpha);
+    return color;
+}
+
+} // namespace
+
+DayButton::DayButton(QWidget* parent) : QAbstractButton(parent)
+{
+    QFont digits = font();
+    digits.setPixelSize(titlePixelSize);
+    setFont(digits);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void DayButton::setTitle(const QString& title)
+{
+    setText(title);
+    setTitleColor({});
+}
+
+void DayButton::setState(State state)
+{
+    m_state = state;
+    update();
+}
+
+void DayButton::setTransparent(bool transparent)
+{
+    m_transparent = transparent;
+    update();
+}
+
+void DayButton::setTitleColor(const QColor& color)
+{
+    m_titleColor = color;
+    update();
+}
+
+QSize DayButton::sizeHint() const
+{
+    return {side, side};
+}
+
+void DayButton::paintEvent(QPaintEvent*)
+{
+    if (m_transparent) {
+        return;
+    }
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const qreal diameter = std::min(width(), height()) - 2 * inset;
+    QRectF circle(0, 0, diameter, diameter);
+    circle.moveCenter(QRectF(rect()).center());
+
+    painter.setPen(Qt::NoPen);
+    if (m_state == On) {
+        painter.setBrush(withAlpha(palette().color(QPalette::Highlight), noteFill));
+        painter.drawEllipse(circle);
+    }
+    if (m_hovered || isDown()) {
+        painter.setBrush(withAlpha(palette().color(QPalette::Text), isDown() ? pressedFill : hoverFill));
+        painter.drawEllipse(circle);
+    }
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawEllipse(circle);
+    }
+
+    QFont titleFont = font();
+    titleFont.setBold(m_state == On || m_titleColor.isValid());
+    painter.setFont(titleFont);
+    painter.setPen(m_titleColor.isValid() ? m_titleColor : palette().color(QPalette::Text));
+    painter.drawText(rect(), Qt::AlignCenter, text());
+}
+
+void DayButton::enterEvent(QEnterEvent* event)
+{
+    m_hovered = true;
+    update();
+    QAbstractButton::enterEvent(event);
+}
+
+void DayButton::leaveEvent(QEvent* event)
+{
+    m_hovered = false;
+    update();
+    QAbstractButton::leaveEvent(event);
+}

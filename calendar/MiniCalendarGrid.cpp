@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "calendar/MiniCalendarGrid.h"
+
+#include "calendar/DayButton.h"
+#include "calendar/MonthGrid.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int headerPixelSize = 11;
+
+} // namespace
+
+MiniCalendarGrid::MiniCalendarGrid(QWidget* parent) : CellGrid(parent)
+{
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(2);
+    for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
+        auto* header = new QLabel(this);
+        header->setAlignment(Qt::AlignCenter);
+        header->setTextFormat(Qt::PlainText);
+        QFont small = header->font();
+        small.setPixelSize(headerPixelSize);
+        header->setFont(small);
+        header->setProperty("secondary", true);
+        setTag(*header, MonthGrid::miniHeaderTag(column));
+        grid->addWidget(header, 0, column);
+        grid->setColumnStretch(column, 1);
+    }
+    for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
+        auto* day = new DayButton(this);
+        day->setObjectName(QStringLiteral("day%1").arg(cell));
+        setTag(*day, MonthGrid::miniDayTag(cell));
+        day->installEventFilter(this);
+        connect(day, &DayButton::clicked, this, [this, day] { Q_EMIT dayPressed(*day); });
+        m_days.append(day);
+        const int index = cell - MonthGrid::FirstCell;
+        grid->addWidget(day, 1 + index / MonthGrid::DaysPerWeek, index % MonthGrid::DaysPerWeek);
+    }
+}
+
+void MiniCalendarGrid::daysDidChange()
+{
+    const QList<DayButton*> shown = shownDays();
+    if (!shown.contains(m_tabStop)) {
+        setTabStop(shown.isEmpty() ? nullptr : shown.first());
+    }
+}
+
+bool MiniCalendarGrid::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* day = qobject_cast<DayButton*>(watched);
+    if (day && event->type() == QEvent::FocusIn) {
+        setTabStop(day);
+    } else if (day && event->type() == QEvent::KeyPress) {
+        const auto* press = static_cast<QKeyEvent*>(event);
+        const bool plain = (press->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+        if (plain && handleKey(press->key(), *day)) {
+            return true;
+        }
+    }
+    return CellGrid::eventFilter(watched, event);
+}
+
+QList<DayButton*> MiniCalendarGrid::shownDays() const
+{
+    QList<DayButton*> shown;
+    std::ranges::copy_if(m_days, std::back_inserter(shown),
+                         [](const DayButton* day) { return !day->title().isEmpty(); });
+    return shown;
+}
+
+bool MiniCalendarGrid::handleKey(int key, DayButton& from)
+{
+    const int forward = layoutDirection() == Qt::RightToLeft ? -1 : 1;
+    const int day = static_cast<int>(shownDays().indexOf(&from)) + 1;
+    switch (key) {
+    case Qt::Key_Left:
+        moveFocus(from, -forward);
+        return true;
+    case Qt::Key_Right:
+        moveFocus(from, forward);
+        return true;
+    case Qt::Key_Up:
+        moveFocus(from, -MonthGrid::DaysPerWeek);
+        return true;
+    case Qt::Key_Down:
+        moveFocus(from, MonthGrid::DaysPerWeek);
+        return true;
+    case Qt::Key_PageUp:
+        stepMonth(Step::Back, day);
+        return true;
+    case Qt::Key_PageDown:
+        stepMonth(Step::Forward, day);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        from.click();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void MiniCalendarGrid::moveFocus(DayButton& from, int days)
+{
+    const QList<DayButton*> shown = shownDays();
+    const qsizetype index = shown.indexOf(&from);
+    const qsizetype target = index + days;
+    if (index < 0) { // a blank cell took the focus by a click
+        return;
+    }
+    if (target < 0) {
+        Q_EMIT monthStepWanted(Step::Back);
+        const QList<DayButton*> before = shownDays();
+        before.at(before.size() + target)->setFocus(Qt::OtherFocusReason);
+    } else if (target >= shown.size()) {
+        Q_EMIT monthStepWanted(Step::Forward);
+        shownDays().at(target - shown.size())->setFocus(Qt::OtherFocusReason);
+    } else {
+        shown.at(target)->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void MiniCalendarGrid::stepMonth(Step step, int dayToFocus)
+{
+    Q_EMIT monthStepWanted(step);
+    const QList<DayButton*> shown = shownDays();
+    if (!shown.isEmpty()) {
+        shown.at(std::clamp<qsizetype>(dayToFocus, 1, shown.size()) - 1)->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+/// The tab key stops at one day only; from there the arrow keys lead on.
+void MiniCalendarGrid::setTabStop(DayButton* day)
+{
+    m_tabStop = day;
+    for (DayButton* each : std::as_const(m_days)) {
+        each->setFocusPolicy(each->title().isEmpty() ? Qt::NoFocus : each == day ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+}

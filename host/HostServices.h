@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+class Bundle;
+class ClockMonitor;
+class LocationManager;
+class OpenPanel;
+class ProcessInfo;
+class UserDefaults;
+class UserNotificationCenter;
+class Workspace;
+
+/// All that the delegate asks of the desktop. Every service outlives the delegate.
+struct HostServices {
+    Bundle& bundle;
+    ClockMonitor& clockMonitor;
+    LocationManager& locationManager;
+    OpenPanel& openPanel;
+    ProcessInfo& processInfo;
+    UserDefaults& userDefaults;
+    UserNotificationCenter& notificationCenter;
+    Workspace& workspace;
+
+    /// The user's application-support folder, in which the data folder lies; nullopt when there is none.
+    std::optional<std::filesystem::path> applicationSupport;
+};

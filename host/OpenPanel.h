@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+
+class QWidget;
+
+/// Lets the user choose a folder.
+class OpenPanel {
+public:
+    struct Request {
+        QString title;
+        QString acceptButton;
+        std::filesystem::path folder; ///< where the panel opens
+    };
+    /// Called once on the main thread: the folder chosen, nullopt when the user cancelled.
+    using Completion = std::function<void(std::optional<std::filesystem::path>)>;
+
+    OpenPanel() = default;
+    OpenPanel(const OpenPanel&) = delete;
+    OpenPanel& operator=(const OpenPanel&) = delete;
+    virtual ~OpenPanel() = default;
+
+    virtual void chooseFolder(QWidget& window, const Request& request, Completion completion) = 0;
+};

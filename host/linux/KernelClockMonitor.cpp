@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "host/linux/KernelClockMonitor.h"
+
+#include "dates/Clock.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstdint>
+#include <ctime>
+
+#include <sys/timerfd.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::time_t farFuture = 7'258'118'400; ///< 1 January 2200
+
+const QString zoneFolder = QStringLiteral("/etc");
+const QString zoneLink = QStringLiteral("/etc/localtime");
+
+/// What the system's zone is set to: the target of the link, or the bytes of a plain file.
+QByteArray systemZone()
+{
+    const QFileInfo link(zoneLink);
+    if (link.isSymLink()) {
+        return link.symLinkTarget().toUtf8();
+    }
+    QFile file(zoneLink);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+KernelClockMonitor::KernelClockMonitor(QObject* parent)
+    : ClockMonitor(parent), m_timer(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)), m_zone(systemZone())
+{
+    if (m_timer >= 0) {
+        armTimer();
+        m_notifier = std::make_unique<QSocketNotifier>(m_timer, QSocketNotifier::Read);
+        connect(m_notifier.get(), &QSocketNotifier::activated, this, &KernelClockMonitor::readTimer);
+    }
+    // The link is replaced, not written, so it is its folder that tells.
+    m_zoneFiles.addPath(zoneFolder);
+    connect(&m_zoneFiles, &QFileSystemWatcher::directoryChanged, this, &KernelClockMonitor::zoneFilesChanged);
+}
+
+KernelClockMonitor::~KernelClockMonitor()
+{
+    m_notifier.reset();
+    if (m_timer >= 0) {
+        close(m_timer);
+    }
+}
+
+void KernelClockMonitor::armTimer() const
+{
+    itimerspec never{};
+    never.it_value.tv_sec = farFuture; // only its cancellation matters
+    timerfd_settime(m_timer, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &never, nullptr);
+}
+
+void KernelClockMonitor::readTimer()
+{
+    std::uint64_t expirations = 0;
+    const bool cancelled = read(m_timer, &expirations, sizeof expirations) < 0 && errno == ECANCELED;
+    armTimer();
+    if (cancelled) {
+        Q_EMIT clockJumped();
+    }
+}
+
+void KernelClockMonitor::zoneFilesChanged()
+{
+    const QByteArray zone = systemZone();
+    if (zone == m_zone) {
+        return;
+    }
+    m_zone = zone;
+    if (qEnvironmentVariableIsEmpty("TZ")) { // a zone of the user's own choice stays
+        DateEnvironment::setTimeZone({});
+        Q_EMIT clockJumped();
+    }
+}

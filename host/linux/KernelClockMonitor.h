@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/ClockMonitor.h"
+
+#include <QFileSystemWatcher>
+#include <QSocketNotifier>
+
+#include <memory>
+
+/// Hears of a jump from the kernel (a real-time timer that is cancelled when the clock is set or the machine resumes)
+/// and of a new zone from the system's zone link.
+class KernelClockMonitor : public ClockMonitor {
+    Q_OBJECT
+
+public:
+    explicit KernelClockMonitor(QObject* parent = nullptr);
+    ~KernelClockMonitor() override;
+
+private:
+    void armTimer() const;
+    void readTimer();
+    void zoneFilesChanged();
+
+    int m_timer = -1; ///< a timerfd; -1 where the kernel gives none
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    QFileSystemWatcher m_zoneFiles;
+    QByteArray m_zone; ///< what the zone link held when it was last looked at
+};

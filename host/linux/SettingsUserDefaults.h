@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/UserDefaults.h"
+
+#include <QSettings>
+
+/// User defaults in the settings file of the desktop's native format.
+class SettingsUserDefaults : public UserDefaults {
+public:
+    void registerDefaults(const QHash<QString, int>& defaults) override;
+    int integerForKey(const QString& key) const override;
+    void setInteger(int value, const QString& key) override;
+    void synchronize() override;
+
+private:
+    QSettings m_settings;
+    QHash<QString, int> m_registered;
+};

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "app/Localized.h"
+#include "dates/DateUtilities.h"
+#include "dates/IntegerValue.h"
+#include "notes/CellEditor.h"
+#include "notes/NoteQueries.h"
+#include "notes/TableView.h"
+#include "store/Record.h"
+#include "ui_MainWindow.h"
+
+#include <QAbstractButton>
+#include <QMainWindow>
+#include <QMetaObject>
+
+namespace {
+
+/// `element` with `text` under `key`: in the record, or in the first record of a list that stands in its place.
+Value withEditedText(const Value& element, std::string_view key, std::string text)
+{
+    if (const Array* list = element.array()) {
+        Array edited = *list;
+        edited[0] = withText(edited.at(0), key, std::move(text));
+        return Value(std::move(edited));
+    }
+    return withText(element, key, std::move(text));
+}
+
+} // namespace
+
+void AppDelegate::controlTextDidChange(QWidget& field)
+{
+    if (&field == m_ui.filterField) {
+        buttonEnableDisable(*m_ui.filterBtn, !m_ui.filterField->text().isEmpty());
+        return;
+    }
+    const int noteRow = m_ui.notesTableView->rowForView(field);
+    const bool isNote = noteRow >= 0;
+    TableView& tableView = isNote ? *m_ui.notesTableView : *m_ui.importantDatesTableView;
+    const int row = isNote ? noteRow : tableView.rowForView(field);
+    std::optional<Table>& table = isNote ? notesTVData : eventsTVData;
+    const auto* editor = qobject_cast<const CellEditor*>(&field);
+    if (!editor || !table || row < 0 || row >= table->size() || !NoteQueries::recordOf(table->at(row))) {
+        return;
+    }
+    const std::string_view key = isNote ? NoteDataKey : EventNameKey;
+    (*table)[row] = withEditedText(table->at(row), key, editor->text().toStdString());
+    tableView.noteHeightOfRowChanged(row);
+    buttonEnableDisable(isNote ? *m_ui.noteEntryListSaveBtn : *m_ui.importantDateSaveBtn, true);
+}
+
+void AppDelegate::controlTextDidEndEditing(QWidget& field)
+{
+    const int row = m_ui.notesTableView->rowForView(field);
+    if (!notesTVData || !allNotesTVData || row < 0 || row >= notesTVData->size()) {
+        return;
+    }
+    const Value* record = NoteQueries::recordOf(notesTVData->at(row));
+    const std::optional<Date> date = record ? dateOf(*record, NoteDateKey) : std::nullopt;
+    const std::string* text = record ? textOf(*record, NoteDataKey) : nullptr;
+    if (!date || !text) {
+        return;
+    }
+    const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, *date);
+    if (index == DateUtilities::NotFound) {
+        allNotesTVData->append(*record);
+    } else {
+        const std::string* saved = textOf(allNotesTVData->at(index), NoteDataKey);
+        if (saved && *saved == *text) {
+            return;
+        }
+        (*allNotesTVData)[index] = *record;
+        qInfo("CTDEE replaced in 'all' array");
+    }
+    m_saves.save(allNotesTVData, std::string(NotesFileName));
+    redrawMiniCal();
+}
+
+void AppDelegate::respondToDeleteRowFromList(QAbstractButton& sender)
+{
+    if (&sender != m_ui.deleteRowFromListBtn) {
+        const Value event = eventsTVData->at(m_ui.importantDatesTableView->selectedRow());
+        const Date date = dateOf(event, EventDateKey).value_or(Date());
+        confirmDeletion(filled(localized("of important note for %@ ?"), {DateUtilities::mediumStyleFromDate(date)}),
+                        [this, event] { deleteEvent(event); });
+        return;
+    }
+    const int row = m_ui.notesTableView->selectedRow();
+    if (row < 0) {
+        Alert::beginSheet(copySheetAlertWithErrorString(localized("No Row Selected"),
+                                                        localized("To Delete a Row, please select one"),
+                                                        localized("Confirm Delete"), localized("Cancel Delete")),
+                          m_window);
+        return;
+    }
+    const Value* record = NoteQueries::recordOf(notesTVData->at(row));
+    const Date date = record ? dateOf(*record, NoteDateKey).value_or(Date()) : Date();
+    confirmDeletion(filled(localized("of note for\r %@"), {DateUtilities::mediumStyleFromDate(date)}),
+                    [this, row] { deleteNoteAtRow(row); });
+}
+
+void AppDelegate::confirmDeletion(const QString& question, std::function<void()> deletion)
+{
+    Alert::beginSheet(copySheetAlertWithErrorString(question, localized("Please confirm deletion"),
+                                                    localized("Confirm Delete"), localized("Cancel Delete")),
+                      m_window, [deletion = std::move(deletion)](int answer) {
+                          if (answer == Alert::firstButtonReturn) {
+                              deletion();
+                          }
+                      });
+}
+
+void AppDelegate::deleteNoteAtRow(int row)
+{
+    if (!notesTVData || row >= notesTVData->size()) {
+        return;
+    }
+    const Value element = notesTVData->at(row);
+    const auto later = [this](auto step) { QMetaObject::invokeMethod(this, std::move(step), Qt::QueuedConnection); };
+    later([this, element] {
+        NoteQueries::removeEqual(*notesTVData, element);
+        m_ui.notesTableView->reloadData();
+    });
+
+    const Value* record = NoteQueries::recordOf(element);
+    const std::optional<Date> date = record ? dateOf(*record, NoteDateKey) : std::nullopt;
+    if (date && allNotesTVData) {
+        const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, *date);
+        if (index != DateUtilities::NotFound) {
+            allNotesTVData->removeAt(index);
+            m_saves.save(allNotesTVData, std::string(NotesFileName));
+            buttonEnableDisable(*m_ui.deleteRowFromListBtn, false);
+        }
+        const MonthGrid::YearMonth ofNote{.year = integerValue(DateUtilities::yearFromDate(*date)),
+                                          .month = integerValue(DateUtilities::monthFromDate(*date))};
+        if (ofNote == fromMiniCalGetYearMonth()) {
+            enableMiniCalDatesWithNotes(*date, allNotesTVData, startOnSunday(), m_window);
+            colorTodayOnMiniCal();
+        }
+    }
+    later([this] { showNotesCount(visibleRowsForTV(*m_ui.notesTableView)); });
+}
+
+void AppDelegate::deleteEvent(const Value& event)
+{
+    if (!eventsTVData) {
+        return;
+    }
+    NoteQueries::removeEqual(*eventsTVData, event);
+    m_saves.save(eventsTVData, std::string(EventsFileName));
+    m_ui.importantDatesTableView->reloadData();
+    buttonEnableDisable(*m_ui.deleteRowFromImpDateListBtn, false);
+}

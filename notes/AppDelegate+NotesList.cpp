@@ -1,0 +1,305 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "app/Localized.h"
+#include "dates/DateUtilities.h"
+#include "dates/IntegerValue.h"
+#include "notes/NamedColor.h"
+#include "notes/NoteQueries.h"
+#include "notes/SegmentedControl.h"
+#include "notes/TableRowView.h"
+#include "notes/TableView.h"
+#include "notes/TextLines.h"
+#include "notes/TextSearch.h"
+#include "store/Record.h"
+#include "ui_MainWindow.h"
+
+#include <QLabel>
+#include <QMainWindow>
+
+namespace {
+
+constexpr const char* notesViewCurrentDateKey = "notesViewCurrentDateKey";
+constexpr std::string_view eventTimeColumn = "eventTimeColID";
+
+/// Whether `column` is the one of that identifier.
+bool shows(const TableColumn& column, std::string_view identifier)
+{
+    return column.identifier == QLatin1String(identifier.data(), static_cast<qsizetype>(identifier.size()));
+}
+
+QString monthAndYear(Date date)
+{
+    return filled(QStringLiteral("%@ %@"),
+                  {DateUtilities::shortMonthNameFromDate(date), DateUtilities::yearFromDate(date)});
+}
+
+const Value* rowOf(const std::optional<Table>& table, int row)
+{
+    return table && row >= 0 && row < table->size() ? &table->at(row) : nullptr;
+}
+
+QString shownText(const Value* element, std::string_view key)
+{
+    const Value* record = element ? NoteQueries::recordOf(*element) : nullptr;
+    const std::string* text = record ? textOf(*record, key) : nullptr;
+    return text ? QString::fromStdString(*text) : QString();
+}
+
+std::optional<Date> shownDate(const Value* element, std::string_view key)
+{
+    const Value* record = element ? NoteQueries::recordOf(*element) : nullptr;
+    return record ? dateOf(*record, key) : std::nullopt;
+}
+
+} // namespace
+
+void AppDelegate::showRows(Table rows)
+{
+    if (notesTVData) {
+        notesTVData = std::move(rows);
+    }
+    m_ui.notesTableView->reloadData();
+}
+
+void AppDelegate::showCountUnlessEmpty()
+{
+    if (notesTVData && !notesTVData->isEmpty()) {
+        showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
+    }
+}
+
+void AppDelegate::showNotesForThisMonthYear(Date date)
+{
+    Table rows = NoteQueries::copyArrayOfDatesHavingNotes(allNotesTVData.value_or(Table()), date);
+    NoteQueries::sortArrayAscending(rows, std::string(NoteDateKey));
+    showRows(std::move(rows));
+    showCountUnlessEmpty();
+}
+
+void AppDelegate::notesForMonthShowing()
+{
+    const MonthGrid::YearMonth shown = fromMiniCalGetYearMonth();
+    const Date first = DateUtilities::dateFromYear(shown.year, shown.month, 1);
+    showNotesForThisMonthYear(first);
+    setDateForPrevNextArrows(first);
+}
+
+void AppDelegate::showOnlyCurrentYearNotes()
+{
+    showRows(NoteQueries::copyCurrentYearNotes(allNotesTVData.value_or(Table()),
+                                               integerValue(DateUtilities::currentYear())));
+    showCountUnlessEmpty();
+}
+
+void AppDelegate::showAllNotes(SegmentedControl& control)
+{
+    if (control.labelForSegment(1) == localized("Show All")) {
+        showRows(allNotesTVData.value_or(Table()));
+        control.setLabelForSegment(localized("Hide All"), 1);
+    } else {
+        showRows(Table());
+        control.setLabelForSegment(localized("Show All"), 1);
+    }
+    showCountUnlessEmpty();
+}
+
+void AppDelegate::filterNotes()
+{
+    const TextSearch search(m_ui.filterField->text().toStdString(), DateEnvironment::localePair().currentLocale);
+    Table matches = NoteQueries::filterNotes(allNotesTVData.value_or(Table()), search);
+    if (matches.isEmpty()) {
+        return;
+    }
+    showRows(std::move(matches));
+    m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), 1);
+}
+
+void AppDelegate::backForwardNotesView(QAbstractButton& sender)
+{
+    const int months = &sender == m_ui.noteEntryPrevNotesBtn ? -1 : 1;
+    const Date current = dateFromUnixSeconds(m_window.property(notesViewCurrentDateKey).toDouble());
+    const Date date = DateUtilities::dateByAddingDays(current, 0, months, 0);
+    showNotesForThisMonthYear(date);
+    setDateForPrevNextArrows(date);
+    m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), 1);
+}
+
+void AppDelegate::setDateForPrevNextArrows(Date date)
+{
+    m_window.setProperty(notesViewCurrentDateKey, unixSeconds(date));
+    m_ui.prevMonthYearDesc->setText(monthAndYear(DateUtilities::dateByAddingDays(date, 0, -1, 0)));
+    m_ui.nextMonthYearDesc->setText(monthAndYear(DateUtilities::dateByAddingDays(date, 0, 1, 0)));
+}
+
+void AppDelegate::resetPagingBtns()
+{
+    setDateForPrevNextArrows(DateEnvironment::now());
+}
+
+void AppDelegate::respondToSegmentSelection(SegmentedControl& sender)
+{
+    const int segment = sender.selectedSegment();
+    switch (segment) {
+    case 0: {
+        const Date today = DateUtilities::today();
+        showNotesForThisMonthYear(today);
+        setDateForPrevNextArrows(today);
+        break;
+    }
+    case 1:
+        showAllNotes(sender);
+        setDateForPrevNextArrows(DateUtilities::today());
+        break;
+    case 2:
+        notesForMonthShowing();
+        break;
+    case 3:
+        showOnlyCurrentYearNotes();
+        setDateForPrevNextArrows(DateUtilities::janFirstThisYear());
+        break;
+    default:
+        break;
+    }
+    if (segment != 1) {
+        sender.setLabelForSegment(localized("Show All"), 1);
+    }
+    buttonEnableDisable(*m_ui.deleteRowFromListBtn, false);
+}
+
+std::int64_t AppDelegate::visibleRowsForTV(const TableView& tableView) const
+{
+    const auto hidden = static_cast<std::int64_t>(tableView.hiddenRowIndexes().size());
+    if (&tableView == m_ui.notesTableView) {
+        return (notesTVData ? notesTVData->size() : 0) - hidden;
+    }
+    if (&tableView == m_ui.importantDatesTableView) {
+        return (eventsTVData ? eventsTVData->size() : 0) - hidden;
+    }
+    return 0;
+}
+
+void AppDelegate::showNotesCount(std::int64_t count)
+{
+    m_ui.countOfNotesInTV->setText(
+        filled(QStringLiteral("%@ %ld %@"), {localized("Displaying"), QString::number(count), localized("notes")}));
+}
+
+void AppDelegate::buttonEnableDisable(QWidget& button, bool enable)
+{
+    button.setEnabled(enable);
+}
+
+void AppDelegate::increaseTVHeaderFontSize(TableView& tableView)
+{
+    for (int column = 0; column < static_cast<int>(tableView.tableColumns().size()); ++column) {
+        tableView.setHeaderCell(column, HeaderCell(tableView.tableColumns().at(column).headerCell.title()));
+    }
+}
+
+int AppDelegate::numberOfRowsInTableView(const TableView& tableView)
+{
+    const std::optional<Table>& table = &tableView == m_ui.notesTableView ? notesTVData : eventsTVData;
+    return table ? static_cast<int>(table->size()) : 0;
+}
+
+CellView AppDelegate::viewForTableColumn(const TableView& tableView, const TableColumn& column, int row)
+{
+    CellView cell;
+    if (&tableView == m_ui.notesTableView) {
+        const Value* note = rowOf(notesTVData, row);
+        if (shows(column, NoteDateKey)) {
+            if (const auto date = shownDate(note, NoteDateKey)) {
+                cell.text = m_sharedListDateFormatter->stringFromDate(*date);
+                if (DateUtilities::isThisDate(*date, DateEnvironment::now())) {
+                    cell.textColor = namedColor(u"SystemRedColor", m_window.palette());
+                }
+            }
+        } else if (shows(column, NoteDataKey)) {
+            cell.text = shownText(note, NoteDataKey);
+        }
+    } else if (&tableView == m_ui.importantDatesTableView) {
+        const Value* event = rowOf(eventsTVData, row);
+        if (shows(column, EventDateKey)) {
+            if (const auto date = shownDate(event, EventDateKey)) {
+                cell.text = m_sharedListDateFormatter->stringFromDate(*date);
+            }
+        } else if (shows(column, EventNameKey)) {
+            cell.text = shownText(event, EventNameKey);
+        } else if (shows(column, eventTimeColumn) && event) {
+            cell.text = calcElapsedDate(*event);
+        }
+    }
+    return cell;
+}
+
+double AppDelegate::heightOfRow(const TableView& tableView, int row)
+{
+    const bool isNotes = &tableView == m_ui.notesTableView;
+    const bool isEvents = &tableView == m_ui.importantDatesTableView;
+    if (isNotes || isEvents) {
+        const Value* element = rowOf(isNotes ? notesTVData : eventsTVData, row);
+        if (element && element->array() && element->array()->isEmpty()) {
+            return noteLineHeight; // a reminder whose note is gone leaves an empty row
+        }
+        const Value* record = element ? NoteQueries::recordOf(*element) : nullptr;
+        const std::string* text = record ? textOf(*record, isNotes ? NoteDataKey : EventNameKey) : nullptr;
+        if (text) {
+            return static_cast<double>(countOfLines(*text)) * (isNotes ? noteLineHeight : eventLineHeight);
+        }
+    }
+    reportMissingText(tableView);
+    return 0.0;
+}
+
+/// One alert stands for every row that lacks its text: a file with a thousand of them does not ask a thousand times.
+void AppDelegate::reportMissingText(const TableView& tableView)
+{
+    if (m_missingTextReported) {
+        return;
+    }
+    m_missingTextReported = true;
+    const QString headline = &tableView == m_ui.notesTableView            ? localized("Notes TableView")
+                             : &tableView == m_ui.importantDatesTableView ? localized("Important Dates TableView")
+                                                                          : QString();
+    std::unique_ptr<Alert> alert = copySheetAlertWithErrorString(localized("tableView:heightOfRow failure"), headline,
+                                                                 localized("OK"), QStringLiteral(" "));
+    alert->setAlertStyle(Alert::Style::Critical);
+    Alert::beginSheet(std::move(alert), m_window, [this](int) { m_missingTextReported = false; });
+}
+
+std::unique_ptr<TableRowView> AppDelegate::rowViewForRow(const TableView&, int)
+{
+    return std::make_unique<TableRowView>();
+}
+
+void AppDelegate::tableViewSelectionDidChange(TableView& tableView)
+{
+    const bool selected = tableView.selectedRow() >= 0;
+    if (&tableView == m_ui.notesTableView) {
+        buttonEnableDisable(*m_ui.deleteRowFromListBtn, selected);
+    } else if (&tableView == m_ui.importantDatesTableView) {
+        buttonEnableDisable(*m_ui.deleteRowFromImpDateListBtn, selected);
+    }
+}
+
+void AppDelegate::tableViewSelectionIsChanging(TableView& tableView)
+{
+    if (&tableView == m_ui.notesTableView) {
+        buttonEnableDisable(*m_ui.deleteRowFromListBtn, true);
+    } else if (&tableView == m_ui.importantDatesTableView) {
+        buttonEnableDisable(*m_ui.deleteRowFromImpDateListBtn, true);
+    }
+}
+
+void AppDelegate::sortDescriptorsDidChange(TableView& tableView)
+{
+    if (&tableView == m_ui.notesTableView) {
+        if (notesTVData) {
+            NoteQueries::sortArray(*notesTVData, tableView.sortDescriptors());
+        }
+        showNotesCount(visibleRowsForTV(tableView));
+    } else if (&tableView == m_ui.importantDatesTableView && eventsTVData) {
+        NoteQueries::sortArray(*eventsTVData, tableView.sortDescriptors());
+    }
+    tableView.reloadData();
+}

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QWidget>
+
+class QToolButton;
+
+/// A row of joined buttons. Each press tells which one it was; none stays pressed.
+class SegmentedControl : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(QStringList labels READ labels WRITE setLabels)
+
+public:
+    explicit SegmentedControl(QWidget* parent = nullptr);
+
+    /// As many segments as there are labels.
+    void setLabels(const QStringList& labels);
+    QStringList labels() const;
+
+    void setLabelForSegment(const QString& label, int segment);
+    QString labelForSegment(int segment) const;
+
+    void setToolTipForSegment(const QString& toolTip, int segment);
+
+    /// The segment that was pressed last, -1 before the first press.
+    int selectedSegment() const { return m_selected; }
+
+public Q_SLOTS:
+    /// What a click on `segment` does.
+    void press(int segment);
+
+Q_SIGNALS:
+    void segmentPressed(int segment);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QList<QToolButton*> m_segments;
+    int m_selected = -1;
+};

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "app/PreferenceKeys.h"
+#include "host/UserDefaults.h"
+#include "store/Record.h"
+#include "ui_MainWindow.h"
+
+#include <QMainWindow>
+#include <QPushButton>
+
+void AppDelegate::loadTables()
+{
+    allNotesTVData = m_folder.loadTable(std::string(NotesFileName));
+    if (allNotesTVData && !allNotesTVData->isEmpty() && !m_host.userDefaults.boolForKey(PreferenceKeys::notesCleaned)) {
+        allNotesTVData = cleanedNotes(*allNotesTVData);
+        // What the cleaning leaves out is kept aside.
+        m_saves.save(allNotesTVData, std::string(NotesFileName), Replacing::Nothing);
+        m_host.userDefaults.setInteger(1, PreferenceKeys::notesCleaned);
+    }
+    notesTVData = allNotesTVData;
+    m_ui.notesTableView->reloadData();
+
+    eventsTVData = m_folder.loadTable(std::string(EventsFileName));
+    m_ui.importantDatesTableView->reloadData();
+}
+
+void AppDelegate::saveTVDataToFile(QAbstractButton& sender)
+{
+    const bool isEvents = &sender == m_ui.importantDateSaveBtn;
+    const bool isNotes = &sender == m_ui.noteEntryListSaveBtn;
+    if (isEvents) {
+        m_ui.importantDatesTableView->reloadData();
+    }
+    if (QWidget* firstResponder = m_window.focusWidget()) {
+        firstResponder->clearFocus();
+    }
+    m_ui.notesTableView->endEditing();
+    m_ui.importantDatesTableView->endEditing();
+    buttonEnableDisable(sender, false);
+    if (isEvents) {
+        m_saves.save(eventsTVData, std::string(EventsFileName));
+    } else if (isNotes) {
+        m_saves.save(allNotesTVData, std::string(NotesFileName));
+    }
+}
+
+void AppDelegate::saveAll()
+{
+    for (QPushButton* button : {m_ui.noteEntryListSaveBtn, m_ui.importantDateSaveBtn}) {
+        if (button->isEnabled()) {
+            saveTVDataToFile(*button);
+        }
+    }
+}

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/Bundle.h"
+#include "host/ClockMonitor.h"
+#include "host/HostServices.h"
+#include "host/LocationManager.h"
+#include "host/OpenPanel.h"
+#include "host/ProcessInfo.h"
+#include "host/UserDefaults.h"
+#include "host/UserNotificationCenter.h"
+#include "host/Workspace.h"
+
+#include <QStringList>
+
+#include <functional>
+
+/// What was asked of the fakes, in order, for example "registerDefaults". `onCall` runs at each entry, so that a test
+/// can look at the program at that very moment.
+struct Journal {
+    QStringList entries;
+    std::function<void(const QString&)> onCall;
+
+    void add(const QString& entry)
+    {
+        entries.append(entry);
+        if (onCall) {
+            onCall(entry);
+        }
+    }
+};
+
+class FakeBundle : public Bundle {
+public:
+    QString version = QStringLiteral("1.0");
+    std::filesystem::path resources; ///< holds the "<language>.lproj" folders
+
+    QString shortVersionString() const override { return version; }
+    std::optional<std::filesystem::path> localizationFolder(const QString& language) const override
+    {
+        const std::filesystem::path folder = resources / (language.toStdString() + ".lproj");
+        return std::filesystem::is_directory(folder) ? std::optional(folder) : std::nullopt;
+    }
+};
+
+class FakeClockMonitor : public ClockMonitor {
+public:
+    void jump() { Q_EMIT clockJumped(); }
+};
+
+class FakeLocationManager : public LocationManager {
+public:
+    explicit FakeLocationManager(Journal& journal) : m_journal(journal) {}
+    void startUpdatingLocation() override { m_journal.add(QStringLiteral("startUpdatingLocation")); }
+
+private:
+    Journal& m_journal;
+};
+
+/// Answers every panel at once with `answer`.
+class FakeOpenPanel : public OpenPanel {
+public:
+    std::optional<std::filesystem::path> answer;
+    QList<Request> requests;
+
+    void chooseFolder(QWidget&, const Request& request, Completion completion) override
+    {
+        requests.append(request);
+        completion(answer);
+    }
+};
+
+class FakeProcessInfo : public ProcessInfo {
+public:
+    explicit FakeProcessInfo(Journal& journal) : m_journal(journal) {}
+    SystemVersion version{.major = 10, .minor = 15};
+
+    SystemVersion operatingSystemVersion() const override
+    {
+        m_journal.add(QStringLiteral("operatingSystemVersion"));
+        return version;
+    }
+
+private:
+    Journal& m_journal;
+};
+
+class FakeUserDefaults : public UserDefaults {
+public:
+    explicit FakeUserDefaults(Journal& journal) : m_journal(journal) {}
+    QHash<QString, int> registered;
+    QHash<QString, int> stored;
+    int synchronizations = 0;
+
+    void registerDefaults(const QHash<QString, int>& defaults) override
+    {
+        registered = defaults;
+        m_journal.add(QStringLiteral("registerDefaults"));
+    }
+    int integerForKey(const QString& key) const override
+    {
+        m_journal.add(QStringLiteral("integerForKey ") + key);
+        return stored.value(key, registered.value(key));
+    }
+    void setInteger(int value, const QString& key) override { stored.insert(key, value); }
+    void synchronize() override { ++synchronizations; }
+
+private:
+    Journal& m_journal;
+};
+
+class FakeUserNotificationCenter : public UserNotificationCenter {
+public:
+    explicit FakeUserNotificationCenter(Journal& journal) : m_journal(journal) {}
+    UserNotificationCenterDelegate* delegate = nullptr;
+
+    void setDelegate(UserNotificationCenterDelegate& newDelegate) override
+    {
+        delegate = &newDelegate;
+        m_journal.add(QStringLiteral("setDelegate"));
+    }
+
+private:
+    Journal& m_journal;
+};
+
+/// Opens nothing; remembers what was asked for.
+class FakeWorkspace : public Workspace {
+public:
+    bool succeeds = true;
+    QList<QUrl> opened;
+    QList<std::filesystem::path> shownFolders;
+
+    bool openUrl(const QUrl& url) override
+    {
+        opened.append(url);
+        return succeeds;
+    }
+    bool showFolder(const std::filesystem::path& folder) override
+    {
+        shownFolders.append(folder);
+        return succeeds;
+    }
+};
+
+/// A whole desktop of fakes that share one journal.
+struct FakeHost {
+    Journal journal;
+    FakeBundle bundle;
+    FakeClockMonitor clockMonitor;
+    FakeLocationManager locationManager{journal};
+    FakeOpenPanel openPanel;
+    FakeProcessInfo processInfo{journal};
+    FakeUserDefaults userDefaults{journal};
+    FakeUserNotificationCenter notificationCenter{journal};
+    FakeWorkspace workspace;
+
+    HostServices services(std::optional<std::filesystem::path> applicationSupport)
+    {
+        return {.bundle = bundle,
+                .clockMonitor = clockMonitor,
+                .locationManager = locationManager,
+                .openPanel = openPanel,
+                .processInfo = processInfo,
+                .userDefaults = userDefaults,
+                .notificationCenter = notificationCenter,
+                .workspace = workspace,
+                .applicationSupport = std::move(applicationSupport)};
+    }
+};
