@@ -12,3 +12,4 @@ function(desktop_test name)
 endfunction()
 
 desktop_test(driver_test PROGRAM bare-window)
+desktop_test(first_day_test PROGRAM velumora)
