@@ -19,6 +19,7 @@ void applyAppearance(QApplication& application)
     base.setPixelSize(basePixelSize);
     QApplication::setFont(base);
 
+    Q_INIT_RESOURCE(velumora); // it stands in a library
     QFile rules(QStringLiteral(":/velumora.qss"));
     if (rules.open(QIODevice::ReadOnly)) {
         application.setStyleSheet(QString::fromUtf8(rules.readAll()));

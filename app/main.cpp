@@ -37,8 +37,9 @@ std::optional<std::filesystem::path> applicationSupportFolder()
 
 int main(int argc, char** argv)
 {
-    const TerminationSignals signals;
+    TerminationSignals signals;
     QApplication application(argc, argv);
+    signals.listen();
     QApplication::setApplicationName(QStringLiteral("velumora"));
     QApplication::setApplicationDisplayName(QStringLiteral("Velumora"));
     QApplication::setOrganizationName(QStringLiteral("velumora"));
@@ -46,7 +47,7 @@ int main(int argc, char** argv)
 
     const LocalePair languages = localePairFrom(environmentVariable);
     DateEnvironment::setLocalePair(languages);
-    DateEnvironment::setTimeZone(environmentVariable("TZ"));
+    DateEnvironment::setTimeZone({});
     installTranslation(languages.preferredLanguages);
     applyAppearance(application);
 

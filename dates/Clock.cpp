@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "dates/Clock.h"
 
+#include "dates/SystemTimeZone.h"
+
 #include <unicode/timezone.h>
 
 #include <cstdlib>
+#include <ctime>
 #include <memory>
 #include <optional>
 #include <utility>
-
-#include <time.h>
 
 namespace {
 
@@ -44,6 +45,26 @@ void setZoneVariable(const std::optional<std::string>& value)
         unsetenv("TZ");
     }
     tzset();
+}
+
+/// By the machine's rules, else by those that ICU carries, else ICU's unknown zone.
+std::unique_ptr<icu::TimeZone> zoneNamed(const std::string& identifier)
+{
+    if (std::unique_ptr<icu::TimeZone> zone = systemTimeZone(identifier)) {
+        return zone;
+    }
+    return std::unique_ptr<icu::TimeZone>(icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(identifier)));
+}
+
+/// The zone that the environment and the machine are set to at this moment.
+std::unique_ptr<icu::TimeZone> hostZone()
+{
+    std::unique_ptr<icu::TimeZone> detected(icu::TimeZone::detectHostTimeZone());
+    icu::UnicodeString identifier;
+    std::string utf8;
+    detected->getID(identifier).toUTF8String(utf8);
+    std::unique_ptr<icu::TimeZone> zone = systemTimeZone(utf8);
+    return zone ? std::move(zone) : std::move(detected);
 }
 
 } // namespace
@@ -84,10 +105,10 @@ void DateEnvironment::setTimeZone(const std::string& identifier)
     environment().timeZone = identifier;
     if (identifier.empty()) {
         setZoneVariable(environment().startingZoneVariable);
-        icu::TimeZone::adoptDefault(icu::TimeZone::detectHostTimeZone());
+        icu::TimeZone::adoptDefault(hostZone().release());
         return;
     }
-    std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(identifier)));
+    std::unique_ptr<icu::TimeZone> zone = zoneNamed(identifier);
     const bool known = *zone != icu::TimeZone::getUnknown();
     setZoneVariable(known ? identifier : "UTC");
     icu::TimeZone::adoptDefault(known ? zone.release() : icu::TimeZone::createTimeZone("UTC"));

@@ -44,7 +44,8 @@ const LocalePair& localePair();
 
 /// Makes the IANA zone `identifier` (for example "Europe/Berlin") the process's time zone, for ICU and the C library.
 /// An empty identifier means the zone that the system is set to: the one in the process's starting `TZ`, else the
-/// machine's, read anew. An unknown one counts as UTC.
+/// machine's, read anew. An unknown one counts as UTC. The rules are the machine's (tzdata) where it knows the zone;
+/// until the first call ICU goes by its own, older ones, so the entry point calls this even for the machine's zone.
 void setTimeZone(const std::string& identifier);
 
 /// What `setTimeZone` was last given, so that a guard can put it back; empty at the start.

@@ -43,7 +43,7 @@ std::unique_ptr<icu::SimpleDateFormat> styleFormatter(DateFormatter::Style dateS
         icu::DateFormat::createDateTimeInstance(icuStyle(dateStyle), icuStyle(timeStyle), locale));
     auto* simple = dynamic_cast<icu::SimpleDateFormat*>(made.get());
     if (simple) {
-        made.release();
+        static_cast<void>(made.release());
     }
     return std::unique_ptr<icu::SimpleDateFormat>(simple);
 }
@@ -88,7 +88,7 @@ icu::Locale icuLocale(const std::string& identifier)
 
 DateFormatter::DateFormatter() : DateFormatter(DateEnvironment::localePair().currentLocale) {}
 
-DateFormatter::DateFormatter(const std::string& localeIdentifier) : m_localeIdentifier(localeIdentifier)
+DateFormatter::DateFormatter(std::string localeIdentifier) : m_localeIdentifier(std::move(localeIdentifier))
 {
     rebuild();
 }

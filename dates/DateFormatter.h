@@ -30,7 +30,7 @@ public:
     /// A plain formatter: the current locale, both styles `None`, so its texts are empty until a style or format is
     /// set.
     DateFormatter();
-    explicit DateFormatter(const std::string& localeIdentifier);
+    explicit DateFormatter(std::string localeIdentifier);
     DateFormatter(const DateFormatter& other);
     DateFormatter(DateFormatter&& other) noexcept;
     DateFormatter& operator=(const DateFormatter& other);

@@ -11,4 +11,6 @@ target_sources(velumora-core PRIVATE
     dates/IcuTypes.h
     dates/IntegerValue.cpp
     dates/IntegerValue.h
+    dates/SystemTimeZone.cpp
+    dates/SystemTimeZone.h
 )

@@ -2,39 +2,7 @@
 #include "notes/BytePairs.h"
 
 #include <algorithm>
-#include <array>
-
-namespace {
-
-// One step of the scan. The loop over it has no early way out, so that compilers turn it into vector instructions.
-constexpr std::size_t blockSize = 64;
-
-// `bytes` holds blockSize + 1 bytes.
-bool blockHolds(const char* bytes, std::span<const BytePair> pairs)
-{
-    std::uint8_t found = 0;
-    for (const BytePair pair : pairs) {
-        for (std::size_t i = 0; i < blockSize; ++i) {
-            const auto first = static_cast<std::uint8_t>(static_cast<std::uint8_t>(bytes[i]) | pair.firstMask);
-            const auto second = static_cast<std::uint8_t>(static_cast<std::uint8_t>(bytes[i + 1]) | pair.secondMask);
-            found |= static_cast<std::uint8_t>((first == pair.first) & (second == pair.second));
-        }
-    }
-    return found != 0;
-}
-
-std::size_t findInBlock(std::string_view text, std::size_t from, std::span<const BytePair> pairs)
-{
-    const std::size_t end = std::min(text.size(), from + blockSize);
-    for (std::size_t at = from; at < end; ++at) {
-        if (std::ranges::any_of(pairs, [&](const BytePair& pair) { return pair.fits(text, at); })) {
-            return at;
-        }
-    }
-    return std::string_view::npos;
-}
-
-} // namespace
+#include <cstring>
 
 bool BytePair::fits(std::string_view text, std::size_t at) const
 {
@@ -42,20 +10,39 @@ bool BytePair::fits(std::string_view text, std::size_t at) const
     return (static_cast<std::uint8_t>(text[at]) | firstMask) == first && (next | secondMask) == second;
 }
 
-std::size_t findBytePair(std::string_view text, std::size_t from, std::span<const BytePair> pairs)
+std::size_t BytePairScan::next(std::size_t from)
 {
-    std::size_t at = from;
-    for (; at + blockSize < text.size(); at += blockSize) {
-        if (blockHolds(text.data() + at, pairs)) {
-            if (const std::size_t found = findInBlock(text, at, pairs); found != std::string_view::npos) {
-                return found;
-            }
+    while (from < m_text.size()) {
+        if (from >= m_blockEnd) {
+            scanBlock(from);
+        }
+        const std::uint8_t* begin = m_fits.data() + (from - m_blockBegin);
+        if (const void* found = std::memchr(begin, 1, m_blockEnd - from)) {
+            return from + static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - begin);
+        }
+        from = m_blockEnd;
+    }
+    return std::string_view::npos;
+}
+
+void BytePairScan::scanBlock(std::size_t begin)
+{
+    m_blockBegin = begin;
+    m_blockEnd = std::min(m_text.size(), begin + blockSize);
+    const char* bytes = m_text.data() + begin;
+    std::array<char, blockSize + 1> padded;
+    if (m_text.size() - begin < padded.size()) {
+        padded.fill('\0');
+        std::ranges::copy(m_text.substr(begin), padded.begin());
+        bytes = padded.data();
+    }
+    m_fits.fill(0);
+    for (const BytePair pair : m_pairs) {
+        // No way out before the end, so that compilers turn the loop into vector instructions.
+        for (std::size_t i = 0; i < blockSize; ++i) {
+            const auto first = static_cast<std::uint8_t>(static_cast<std::uint8_t>(bytes[i]) | pair.firstMask);
+            const auto second = static_cast<std::uint8_t>(static_cast<std::uint8_t>(bytes[i + 1]) | pair.secondMask);
+            m_fits[i] |= static_cast<std::uint8_t>((first == pair.first) & (second == pair.second));
         }
     }
-    if (at >= text.size()) {
-        return std::string_view::npos;
-    }
-    std::array<char, blockSize + 1> tail{};
-    std::ranges::copy(text.substr(at), tail.begin());
-    return blockHolds(tail.data(), pairs) ? findInBlock(text, at, pairs) : std::string_view::npos;
 }

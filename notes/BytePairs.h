@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -14,10 +15,28 @@ struct BytePair {
     std::uint8_t secondMask = 0;
     std::uint8_t second = 0;
 
-    /// The byte after the end of a text counts as 0.
+    /// `at` is less than the size of `text`. The byte behind the end counts as 0.
     bool fits(std::string_view text, std::size_t at) const;
 };
 
-/// The first position at or after `from` where one of `pairs` stands in `text`, `std::string_view::npos` when none
-/// does. Scans several gigabytes a second for each pair.
-std::size_t findBytePair(std::string_view text, std::size_t from, std::span<const BytePair> pairs);
+/// Finds every place of a text where one of several pairs stands. Scans some gigabytes a second for each pair.
+class BytePairScan {
+public:
+    /// Both outlive the scan.
+    BytePairScan(std::string_view text, std::span<const BytePair> pairs) : m_text(text), m_pairs(pairs) {}
+
+    /// The first place at or after `from`, `std::string_view::npos` when there is none. `from` never falls from one
+    /// call to the next.
+    std::size_t next(std::size_t from);
+
+private:
+    static constexpr std::size_t blockSize = 128;
+
+    void scanBlock(std::size_t begin);
+
+    std::string_view m_text;
+    std::span<const BytePair> m_pairs;
+    std::size_t m_blockBegin = 0;
+    std::size_t m_blockEnd = 0;
+    std::array<std::uint8_t, blockSize> m_fits; // 1 for each byte of the block where a pair stands, else 0
+};

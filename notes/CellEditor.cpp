@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "notes/CellEditor.h"
 
+#include "notes/CellLines.h"
 #include "notes/FixedLineLayout.h"
 #include "notes/TableMetrics.h"
-#include "notes/CellLines.h"
 #include "notes/XmlCharacters.h"
 
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -255,7 +256,8 @@ void CellEditor::contextMenuEvent(QContextMenuEvent* event)
 
 void CellEditor::wheelEvent(QWheelEvent* event)
 {
-    event->ignore(); // scrolls the table
+    QCoreApplication::sendEvent(parentWidget(), event); // the wheel scrolls the table
+    event->accept();
 }
 
 void CellEditor::resizeEvent(QResizeEvent* event)

@@ -15,7 +15,7 @@ class CellEditor : public QPlainTextEdit {
     Q_OBJECT
 
 public:
-    /// `lineHeight` in points.
+    /// `lineHeight` in points. A turn of the wheel goes to `parent`.
     CellEditor(const QString& text, double lineHeight, QWidget* parent);
 
     const QString& text() const { return m_text; }

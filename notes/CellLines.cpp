@@ -42,3 +42,22 @@ QStringView CellLines::cut(QStringView line, qsizetype maximum)
     const bool splitsPair = maximum > 0 && line[maximum - 1].isHighSurrogate();
     return line.first(splitsPair ? maximum - 1 : maximum);
 }
+
+Qt::LayoutDirection CellLines::direction(QStringView line, Qt::LayoutDirection fallback)
+{
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        const bool isPair = line[i].isHighSurrogate() && i + 1 < line.size() && line[i + 1].isLowSurrogate();
+        const char32_t c = isPair ? QChar::surrogateToUcs4(line[i], line[i + 1]) : char32_t{line[i].unicode()};
+        switch (QChar::direction(c)) {
+        case QChar::DirL:
+            return Qt::LeftToRight;
+        case QChar::DirR:
+        case QChar::DirAL:
+            return Qt::RightToLeft;
+        default:
+            break;
+        }
+        i += isPair ? 1 : 0;
+    }
+    return fallback;
+}

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QStringView>
+#include <Qt>
 
 #include <vector>
 
@@ -23,5 +24,8 @@ std::vector<QStringView> slice(QStringView text, int first, int limit);
 
 /// The start of `line`, no more than `maximum` UTF-16 units of it, never half a surrogate pair.
 QStringView cut(QStringView line, qsizetype maximum);
+
+/// The direction in which `line` is written: that of its first letter, `fallback` when it has none.
+Qt::LayoutDirection direction(QStringView line, Qt::LayoutDirection fallback);
 
 } // namespace CellLines

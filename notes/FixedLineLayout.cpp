@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "notes/FixedLineLayout.h"
 
+#include "notes/CellLines.h"
 #include "notes/TableMetrics.h"
 
+#include <QGuiApplication>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
@@ -23,7 +25,9 @@ QRectF FixedLineLayout::blockBoundingRect(const QTextBlock& block) const
     }
     QTextLine line = layout->lineAt(0);
     const double width = line.naturalTextWidth();
-    const double left = block.textDirection() == Qt::RightToLeft ? std::max(0.0, m_viewWidth - width) : 0.0;
+    const QString text = block.text();
+    const bool rightToLeft = CellLines::direction(text, QGuiApplication::layoutDirection()) == Qt::RightToLeft;
+    const double left = rightToLeft ? std::max(0.0, m_viewWidth - width) : 0.0;
     line.setPosition({left, baselineInLine(document()->defaultFont(), m_lineHeight) - line.ascent()});
     return {0.0, 0.0, std::max(natural.width(), left + width), m_lineHeight};
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "notes/FoldSources.h"
 
+#include "notes/Hangul.h"
+
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/uniset.h>
@@ -14,24 +16,9 @@ constexpr char32_t dottedI = U'i';
 constexpr char32_t dotlessI = U'\u0131';
 constexpr char32_t replacement = U'\uFFFD';
 
-// Hangul syllables are composed by arithmetic.
-constexpr char32_t firstSyllable = 0xAC00;
-constexpr char32_t lastSyllable = 0xD7A3;
-constexpr char32_t firstLeading = 0x1100;
-constexpr char32_t firstVowel = 0x1161;
-constexpr char32_t firstTrailing = 0x11A8;
-constexpr char32_t leadingCount = 19;
-constexpr char32_t vowelCount = 21;
-constexpr char32_t trailingCount = 27;
-
 bool isMark(char32_t character)
 {
     return u_getCombiningClass(static_cast<UChar32>(character)) != 0;
-}
-
-bool isWithin(char32_t character, char32_t first, char32_t count)
-{
-    return character >= first && character - first < count;
 }
 
 std::u32string utf32(const icu::UnicodeString& text)
@@ -43,18 +30,23 @@ std::u32string utf32(const icu::UnicodeString& text)
     return result;
 }
 
+std::u32string foldedEach(std::u32string::const_iterator begin, std::u32string::const_iterator end)
+{
+    icu::UnicodeString text;
+    std::for_each(begin, end, [&text](char32_t each) { text.append(static_cast<UChar32>(each)); });
+    return utf32(foldedText(text, Folding::GeneralFolding));
+}
+
 void addSyllables(std::vector<Spelling>& spellings, std::u32string_view needle, std::size_t index)
 {
-    if (!isWithin(needle[index], firstLeading, leadingCount) || index + 1 >= needle.size() ||
-        !isWithin(needle[index + 1], firstVowel, vowelCount)) {
+    if (!Hangul::isLeading(needle[index]) || index + 1 >= needle.size() || !Hangul::isVowel(needle[index + 1])) {
         return;
     }
-    const char32_t open =
-        firstSyllable +
-        ((needle[index] - firstLeading) * vowelCount + needle[index + 1] - firstVowel) * (trailingCount + 1);
-    spellings.push_back({open, index});
-    if (index + 2 < needle.size() && isWithin(needle[index + 2], firstTrailing, trailingCount)) {
-        spellings.push_back({open + 1 + needle[index + 2] - firstTrailing, index});
+    Hangul::Jamo jamo = {needle[index], needle[index + 1]};
+    spellings.push_back({Hangul::composed(jamo), index});
+    if (index + 2 < needle.size() && Hangul::isTrailing(needle[index + 2])) {
+        jamo.trailing = needle[index + 2];
+        spellings.push_back({Hangul::composed(jamo), index});
     }
 }
 
@@ -79,7 +71,7 @@ FoldSources::FoldSources()
             changing.add(static_cast<UChar32>(character));
         }
     }
-    changing.remove(static_cast<UChar32>(firstSyllable), static_cast<UChar32>(lastSyllable));
+    changing.remove(static_cast<UChar32>(Hangul::firstSyllable), static_cast<UChar32>(Hangul::lastSyllable));
     for (icu::UnicodeSetIterator each(changing); each.next();) {
         add(static_cast<char32_t>(each.getCodepoint()));
     }
@@ -92,22 +84,17 @@ void FoldSources::add(char32_t character)
     const std::u32string decomposed = utf32(
         icu::Normalizer2::getNFDInstance(error)->normalize(icu::UnicodeString(static_cast<UChar32>(character)), error));
     const auto mark = std::ranges::find_if(decomposed, isMark);
-    icu::UnicodeString prefix;
-    std::for_each(decomposed.begin(), mark, [&prefix](char32_t each) { prefix.append(static_cast<UChar32>(each)); });
-    std::for_each(mark, decomposed.end(), [this](char32_t each) {
-        const std::u32string folded =
-            utf32(foldedText(icu::UnicodeString(static_cast<UChar32>(each)), Folding::GeneralFolding));
-        std::ranges::remove_copy_if(folded, std::back_inserter(m_hidden), isMark);
-    });
-    if (!prefix.isEmpty()) {
-        m_sources.push_back({character, utf32(foldedText(prefix, Folding::GeneralFolding)), mark != decomposed.end()});
+    const std::u32string prefix = foldedEach(decomposed.begin(), mark);
+    const std::u32string marks = foldedEach(mark, decomposed.end());
+    std::ranges::remove_copy_if(marks, std::back_inserter(m_hidden), isMark);
+    if (!prefix.empty()) {
+        m_sources.push_back({character, prefix, marks});
     }
 }
 
 bool FoldSources::canAnchor(char32_t folded, Folding folding) const
 {
-    const bool syllablePart =
-        isWithin(folded, firstVowel, vowelCount) || isWithin(folded, firstTrailing, trailingCount);
+    const bool syllablePart = Hangul::isVowel(folded) || Hangul::isTrailing(folded);
     const bool turkicI = folding == Folding::TurkicFolding && (folded == dottedI || folded == dotlessI);
     return !canFollowAsMark(folded) && !syllablePart && !turkicI && folded != replacement;
 }
@@ -122,8 +109,10 @@ bool FoldSources::fits(const Source& source, std::u32string_view foldedNeedle, s
     if (!foldedNeedle.substr(start).starts_with(source.prefix)) {
         return false;
     }
-    const std::size_t next = start + source.prefix.size();
-    return !source.marked || (next < foldedNeedle.size() && canFollowAsMark(foldedNeedle[next]));
+    // The marks of the text can stand in another order and among more of them.
+    const std::u32string_view rest = foldedNeedle.substr(start + source.prefix.size());
+    const auto end = std::ranges::find_if_not(rest, [this](char32_t each) { return canFollowAsMark(each); });
+    return std::ranges::all_of(source.marks, [&](char32_t mark) { return std::find(rest.begin(), end, mark) != end; });
 }
 
 std::vector<Spelling> FoldSources::spellings(std::u32string_view foldedNeedle, std::size_t index) const

@@ -33,7 +33,7 @@ private:
     struct Source {
         char32_t character;
         std::u32string prefix; // what it folds to, up to the first combining mark
-        bool marked;           // a mark follows the prefix
+        std::u32string marks;  // the rest: marks, and what follows or comes of them
     };
 
     FoldSources();

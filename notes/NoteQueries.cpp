@@ -3,18 +3,16 @@
 
 #include "dates/DateUtilities.h"
 #include "notes/TextSearch.h"
+#include "store/Record.h"
 
 #include <algorithm>
 
 namespace {
 
-constexpr std::string_view NoteDateKey = "NoteDateKey";
-constexpr std::string_view NoteDataKey = "NoteDataKey";
-
-const Date* dateOf(const Value& element)
+std::optional<Date> noteDateOf(const Value& element)
 {
-    const Value* date = NoteQueries::valueOf(element, NoteDateKey);
-    return date ? date->date() : nullptr;
+    const Value* record = NoteQueries::recordOf(element);
+    return record ? dateOf(*record, NoteDateKey) : std::nullopt;
 }
 
 template <typename Predicate> Table elementsWhere(const Table& table, Predicate predicate)
@@ -60,10 +58,8 @@ const Value* NoteQueries::valueOf(const Value& element, std::string_view key)
 
 std::int64_t NoteQueries::doesTVDataHaveDate(const Table& table, Date date)
 {
-    const auto found = std::ranges::find_if(table, [date](const Value& element) {
-        const Date* itsDate = dateOf(element);
-        return itsDate && *itsDate == date;
-    });
+    const auto found =
+        std::ranges::find_if(table, [date](const Value& element) { return noteDateOf(element) == date; });
     return found == table.end() ? DateUtilities::NotFound : found - table.begin();
 }
 
@@ -75,7 +71,7 @@ Table NoteQueries::copySpecificNoteFromArray(const Table& table, Date forDate)
 Table NoteQueries::notesBetween(const Table& table, Date first, Date last)
 {
     return elementsWhere(table, [first, last](const Value& element) {
-        const Date* date = dateOf(element);
+        const std::optional<Date> date = noteDateOf(element);
         return date && *date >= first && *date <= last;
     });
 }

@@ -2,19 +2,48 @@
 #include "notes/NoteQueries.h"
 
 #include <algorithm>
+#include <bit>
 #include <compare>
-#include <numeric>
 
 namespace {
 
 enum class Kind : std::uint8_t { Missing, DateKind, TextKind, OtherKind };
 
-// What one record is sorted by under one descriptor, taken out once.
+// What one record is sorted by under one descriptor, taken out once. Of two values of one kind the one with the smaller
+// prefix comes first; texts with the same prefix have to be looked at whole.
 struct SortKey {
     Kind kind = Kind::Missing;
-    double seconds = 0;
+    std::uint64_t prefix = 0;
     std::string_view text;
 };
+
+// A number that grows with the date.
+std::uint64_t prefixOf(Date date)
+{
+    constexpr std::uint64_t sign = std::uint64_t{1} << 63;
+    const auto bits = std::bit_cast<std::uint64_t>(unixSeconds(date));
+    return (bits & sign) != 0 ? ~bits : bits | sign;
+}
+
+// UTF-8 sorts as code points do. UTF-16 differs in one thing: what takes two units (lead bytes from F0) comes before
+// U+E000 to U+FFFF (lead bytes EE and EF).
+std::uint8_t utf16Rank(char byte)
+{
+    const auto unit = static_cast<std::uint8_t>(byte);
+    if (unit < 0xEE) {
+        return unit;
+    }
+    return static_cast<std::uint8_t>(unit < 0xF0 ? unit + 0x10 : unit - 2);
+}
+
+std::uint64_t prefixOf(std::string_view text)
+{
+    std::uint64_t prefix = 0;
+    for (std::size_t i = 0; i < sizeof prefix; ++i) {
+        prefix = prefix << 8 | (i < text.size() ? utf16Rank(text[i]) : 0U);
+    }
+    return prefix;
+}
 
 SortKey sortKeyOf(const Value& element, const std::string& key)
 {
@@ -23,23 +52,15 @@ SortKey sortKeyOf(const Value& element, const std::string& key)
         return {};
     }
     if (const Date* date = value->date()) {
-        return {Kind::DateKind, unixSeconds(*date), {}};
+        return {Kind::DateKind, prefixOf(*date), {}};
     }
     if (const std::string* text = value->text()) {
-        return {Kind::TextKind, 0, *text};
+        return {Kind::TextKind, prefixOf(*text), *text};
     }
     return {Kind::OtherKind, 0, {}};
 }
 
-// UTF-8 sorts as code points do. UTF-16 differs in one thing: what takes two units (lead bytes from F0) comes before
-// U+E000 to U+FFFF (lead bytes EE and EF).
-int utf16Rank(char byte)
-{
-    const auto unit = static_cast<std::uint8_t>(byte);
-    return unit == 0xEE || unit == 0xEF ? unit + 0x100 : unit;
-}
-
-std::weak_ordering compareTexts(std::string_view a, std::string_view b)
+std::strong_ordering compareTexts(std::string_view a, std::string_view b)
 {
     const auto [inA, inB] = std::ranges::mismatch(a, b);
     if (inA == a.end() || inB == b.end()) {
@@ -48,20 +69,22 @@ std::weak_ordering compareTexts(std::string_view a, std::string_view b)
     return utf16Rank(*inA) <=> utf16Rank(*inB);
 }
 
-std::weak_ordering compare(const SortKey& a, const SortKey& b)
+std::strong_ordering compare(const SortKey& a, const SortKey& b)
 {
-    if (a.kind != b.kind) {
-        return a.kind <=> b.kind;
+    if (const auto kinds = a.kind <=> b.kind; std::is_neq(kinds)) {
+        return kinds;
     }
-    switch (a.kind) {
-    case Kind::DateKind:
-        return std::weak_order(a.seconds, b.seconds);
-    case Kind::TextKind:
-        return compareTexts(a.text, b.text);
-    default:
-        return std::weak_ordering::equivalent;
+    if (const auto prefixes = a.prefix <=> b.prefix; std::is_neq(prefixes)) {
+        return prefixes;
     }
+    return compareTexts(a.text, b.text);
 }
+
+// The first key stands in the row that is moved about, so that most comparisons look nowhere else.
+struct Row {
+    SortKey first;
+    qsizetype index;
+};
 
 } // namespace
 
@@ -72,29 +95,32 @@ void NoteQueries::sortArrayAscending(Table& table, const std::string& key)
 
 void NoteQueries::sortArray(Table& table, const std::vector<SortDescriptor>& descriptors)
 {
-    const std::size_t width = descriptors.size();
-    std::vector<SortKey> keys;
-    keys.reserve(static_cast<std::size_t>(table.size()) * width);
-    for (const Value& element : std::as_const(table)) {
-        for (const SortDescriptor& descriptor : descriptors) {
-            keys.push_back(sortKeyOf(element, descriptor.key));
-        }
+    if (descriptors.empty()) {
+        return;
     }
-    std::vector<std::size_t> order(static_cast<std::size_t>(table.size()));
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::ranges::stable_sort(order, [&](std::size_t a, std::size_t b) {
-        for (std::size_t i = 0; i < width; ++i) {
-            const std::weak_ordering compared = compare(keys[a * width + i], keys[b * width + i]);
-            if (compared != 0) {
-                return descriptors[i].order == SortOrder::Ascending ? compared < 0 : compared > 0;
-            }
+    const Table& unsorted = table;
+    std::vector<Row> rows;
+    rows.reserve(static_cast<std::size_t>(unsorted.size()));
+    for (qsizetype index = 0; index < unsorted.size(); ++index) {
+        rows.push_back({sortKeyOf(unsorted.at(index), descriptors.front().key), index});
+    }
+    const auto comesBefore = [&](const Row& a, const Row& b) {
+        std::strong_ordering compared = compare(a.first, b.first);
+        auto descriptor = descriptors.begin();
+        while (std::is_eq(compared) && ++descriptor != descriptors.end()) {
+            compared = compare(sortKeyOf(unsorted.at(a.index), descriptor->key),
+                               sortKeyOf(unsorted.at(b.index), descriptor->key));
         }
-        return false;
-    });
+        if (std::is_eq(compared)) {
+            return false;
+        }
+        return descriptor->order == SortOrder::Ascending ? std::is_lt(compared) : std::is_gt(compared);
+    };
+    std::ranges::stable_sort(rows, comesBefore);
     Table sorted;
-    sorted.reserve(table.size());
-    for (const std::size_t index : order) {
-        sorted.append(table.at(static_cast<qsizetype>(index)));
+    sorted.reserve(unsorted.size());
+    for (const Row& row : rows) {
+        sorted.append(unsorted.at(row.index));
     }
     table = sorted;
 }

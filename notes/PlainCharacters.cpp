@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "notes/PlainCharacters.h"
 
+#include "notes/DecodedCharacter.h"
+
 #include <unicode/uchar.h>
 
 #include <algorithm>
-#include <bit>
 
 namespace {
-
-constexpr char32_t replacement = U'\uFFFD';
 
 struct Range {
     char32_t first;
@@ -18,11 +17,6 @@ struct Range {
 // Blocks that are looked through for plain characters: the European and Hebrew letters, their extensions, punctuation
 // and currency signs, kana. The unified ideographs fold to themselves and need no table.
 constexpr Range tabled[] = {{0x0000, 0x05FF}, {0x1E00, 0x20CF}, {0x3000, 0x30FF}};
-
-bool isContinuation(char byte)
-{
-    return (static_cast<std::uint8_t>(byte) & 0xC0) == 0x80;
-}
 
 bool joinsWithNoPlainNeighbour(char32_t character)
 {
@@ -34,6 +28,12 @@ bool joinsWithNoPlainNeighbour(char32_t character)
     default:
         return false;
     }
+}
+
+// In Turkish, a dot behind an I makes another letter of it.
+bool changesWithWhatFollows(char32_t character, Folding folding)
+{
+    return folding == Folding::TurkicFolding && character == U'I';
 }
 
 FoldedCharacter foldedCharacter(char32_t character, Folding folding)
@@ -65,7 +65,7 @@ PlainCharacters::PlainCharacters(Folding folding) : m_table(std::ranges::max(tab
 {
     for (const Range range : tabled) {
         for (char32_t character = range.first; character <= range.last; ++character) {
-            if (joinsWithNoPlainNeighbour(character)) {
+            if (joinsWithNoPlainNeighbour(character) && !changesWithWhatFollows(character, folding)) {
                 m_table[character] = foldedCharacter(character, folding);
             }
         }
@@ -78,40 +78,4 @@ bool PlainCharacters::isSureBoundary(std::string_view utf8, std::size_t position
         return true;
     }
     return folded(characterBefore(utf8, position).character) && folded(characterAt(utf8, position).character);
-}
-
-DecodedCharacter characterAt(std::string_view utf8, std::size_t position)
-{
-    const auto lead = static_cast<std::uint8_t>(utf8[position]);
-    if (lead < 0x80) {
-        return {lead, position, position + 1};
-    }
-    const DecodedCharacter malformed = {replacement, position, position + 1};
-    const auto length = static_cast<std::size_t>(std::countl_one(lead));
-    if (length < 2 || length > 4 || utf8.size() - position < length) {
-        return malformed;
-    }
-    char32_t character = lead & (0x7FU >> length);
-    for (const char byte : utf8.substr(position + 1, length - 1)) {
-        if (!isContinuation(byte)) {
-            return malformed;
-        }
-        character = character << 6 | (static_cast<std::uint8_t>(byte) & 0x3FU);
-    }
-    constexpr char32_t leastOfLength[] = {0x80, 0x800, 0x10000};
-    const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
-    if (character < leastOfLength[length - 2] || character > 0x10FFFF || surrogate) {
-        return malformed;
-    }
-    return {character, position, position + length};
-}
-
-DecodedCharacter characterBefore(std::string_view utf8, std::size_t position)
-{
-    std::size_t begin = position - 1;
-    while (begin > 0 && position - begin < 4 && isContinuation(utf8[begin])) {
-        --begin;
-    }
-    const DecodedCharacter decoded = characterAt(utf8, begin);
-    return decoded.end == position ? decoded : DecodedCharacter{replacement, position - 1, position};
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "notes/Hangul.h"
 #include "notes/TextFolding.h"
 
 #include <array>
@@ -19,7 +20,8 @@ struct FoldedCharacter {
 };
 
 /// The characters of everyday writing that never join with a plain neighbour: between two of them a grapheme cluster
-/// ends, and each is folded by itself. Combining marks, joiners, Hangul and the carriage return are not among them.
+/// ends, and each is folded by itself. Combining marks, joiners, single jamo and the carriage return are not among
+/// them.
 class PlainCharacters {
 public:
     /// Made at the first call, then shared; safe on any thread.
@@ -31,7 +33,10 @@ public:
         if (character < m_table.size()) {
             return m_table[character];
         }
-        return isIdeograph(character) ? FoldedCharacter{{character}, 1} : FoldedCharacter();
+        if (isIdeograph(character)) {
+            return {{character}, 1};
+        }
+        return Hangul::isSyllable(character) ? foldedSyllable(character) : FoldedCharacter();
     }
 
     /// Whether a grapheme cluster surely ends in `utf8` at byte `position`: it is an end of the text, or stands between
@@ -43,18 +48,11 @@ private:
 
     static bool isIdeograph(char32_t character) { return character >= 0x3400 && character <= 0x9FFF; }
 
+    static FoldedCharacter foldedSyllable(char32_t character)
+    {
+        const Hangul::Jamo jamo = Hangul::decomposed(character);
+        return {{jamo.leading, jamo.vowel, jamo.trailing}, jamo.trailing == 0 ? 2U : 3U};
+    }
+
     std::vector<FoldedCharacter> m_table; // by code point
 };
-
-/// A character of a UTF-8 text and where it stands, in bytes. What is not UTF-8 gives U+FFFD.
-struct DecodedCharacter {
-    char32_t character = 0;
-    std::size_t begin = 0;
-    std::size_t end = 0;
-};
-
-/// `position` is less than the size of `utf8`.
-DecodedCharacter characterAt(std::string_view utf8, std::size_t position);
-
-/// `position` is more than 0.
-DecodedCharacter characterBefore(std::string_view utf8, std::size_t position);

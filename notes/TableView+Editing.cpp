@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "notes/CellEditor.h"
-#include "notes/CellFocusRing.h"
+#include "notes/FocusRing.h"
 #include "notes/TableMetrics.h"
 #include "notes/TableView.h"
 #include "notes/TableViewDelegate.h"
@@ -57,8 +57,8 @@ void TableView::beginEdit(Cell cell, std::optional<QPoint> clicked)
     m_edit = Edit{cell.column, cell.row, editor};
     layoutEditor();
     editor->show();
-    m_focusRing->show();
-    m_focusRing->raise();
+    m_editRing->show();
+    m_editRing->raise();
     editor->setFocus(Qt::OtherFocusReason);
     placeCaret(clicked);
     viewport()->update();
@@ -101,6 +101,7 @@ void TableView::placeCaret(std::optional<QPoint> clicked)
         caret = editor->caretAt(editor->mapFrom(viewport(), *clicked));
     }
     editor->setTextCursor(caret);
+    showCaret();
 }
 
 void TableView::endEditing()
@@ -125,7 +126,7 @@ void TableView::endEditing()
         view->hide();
         view->deleteLater();
     }
-    m_focusRing->hide();
+    m_editRing->hide();
     viewport()->update();
     m_endingEdit = false;
 }
@@ -155,7 +156,7 @@ void TableView::layoutEditor()
         return;
     }
     const QRect cell = rectOfCell(m_edit->column, m_edit->row);
-    m_focusRing->setGeometry(cell);
+    m_editRing->setGeometry(cell);
     CellEditor* const editor = textEditor();
     if (!editor) {
         m_edit->view->setGeometry(cell);

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "notes/FocusRing.h"
+#include "notes/TableAccessible.h"
 #include "notes/TableHeaderView.h"
 #include "notes/TableView.h"
 #include "notes/TableViewDelegate.h"
@@ -56,13 +58,15 @@ void TableView::scrollContentsBy(int /*dx*/, int dy)
 void TableView::focusInEvent(QFocusEvent* event)
 {
     QAbstractScrollArea::focusInEvent(event);
-    viewport()->update();
+    m_focusRing->show();
+    m_focusRing->raise();
+    TableAccessible::tellSelection(*this);
 }
 
 void TableView::focusOutEvent(QFocusEvent* event)
 {
     QAbstractScrollArea::focusOutEvent(event);
-    viewport()->update();
+    m_focusRing->hide();
 }
 
 // The pointer
@@ -201,10 +205,7 @@ bool TableView::moveSelection(const QKeyEvent& event)
     default:
         return false;
     }
-    if (row = visibleRowFrom(row, step); hasRow(row)) {
-        select(row, Origin::User);
-        scrollRowToVisible(row);
-    }
+    chooseRow(visibleRowFrom(row, step));
     return true;
 }
 
@@ -230,11 +231,10 @@ void TableView::copySelectedRow() const
 
 void TableView::sortByColumn(int column)
 {
-    const auto& prototype = m_columns[static_cast<size_t>(column)].sortDescriptorPrototype;
-    if (!prototype) {
+    if (!hasColumn(column) || !m_columns[static_cast<size_t>(column)].sortDescriptorPrototype) {
         return;
     }
-    SortDescriptor descriptor = *prototype;
+    SortDescriptor descriptor = *m_columns[static_cast<size_t>(column)].sortDescriptorPrototype;
     if (!m_sortDescriptors.empty() && m_sortDescriptors.front() == descriptor) {
         const bool ascending = descriptor.order == SortOrder::Ascending;
         descriptor.order = ascending ? SortOrder::Descending : SortOrder::Ascending;

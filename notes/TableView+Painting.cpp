@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "notes/CellFocusRing.h"
 #include "notes/CellLines.h"
 #include "notes/NamedColor.h"
 #include "notes/TableMetrics.h"
@@ -48,7 +47,6 @@ void TableView::paintEvent(QPaintEvent* event)
         }
     }
     paintPlaceholder(painter);
-    paintFocusRing(painter);
 }
 
 void TableView::paintRow(QPainter& painter, int row, const QRect& exposed) const
@@ -63,6 +61,10 @@ void TableView::paintRow(QPainter& painter, int row, const QRect& exposed) const
             view->drawSelectionInRect(painter, rect & exposed);
         }
         view->drawSeparatorInRect(painter, rect & exposed);
+    }
+    if (row == m_menuRow) { // the row that the open menu speaks of
+        painter.setPen(namedColor(u"FocusRingColor", palette()));
+        painter.drawRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5));
     }
     for (int column = 0; column < static_cast<int>(m_columns.size()); ++column) {
         paintCell(painter, column, row, exposed);
@@ -95,23 +97,14 @@ void TableView::paintCell(QPainter& painter, int column, int row, const QRect& e
     painter.setClipRect(shown);
     for (const QStringView line : CellLines::slice(view.text, first, last - first + 1)) {
         const QString text = fitted(line, metrics, room.width());
-        const bool rightToLeft = text.isRightToLeft();
-        painter.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-        const double x = rightToLeft ? room.right() + 1 - metrics.horizontalAdvance(text) : room.left();
+        const Qt::LayoutDirection direction = CellLines::direction(text, layoutDirection());
+        painter.setLayoutDirection(direction);
+        const double x =
+            direction == Qt::RightToLeft ? room.right() + 1 - metrics.horizontalAdvance(text) : room.left();
         painter.drawText(QPointF(x, baseline), text);
         baseline += m_lineHeight;
     }
     painter.restore();
-}
-
-/// Around the row whose menu is open, else around all rows while they have the keys.
-void TableView::paintFocusRing(QPainter& painter) const
-{
-    if (hasRow(m_menuRow)) {
-        drawFocusRing(painter, rectOfRow(m_menuRow), palette());
-    } else if (hasFocus()) {
-        drawFocusRing(painter, viewport()->rect(), palette());
-    }
 }
 
 void TableView::paintPlaceholder(QPainter& painter) const

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "notes/TableView.h"
 
-#include "notes/CellFocusRing.h"
+#include "notes/FocusRing.h"
+#include "notes/TableAccessible.h"
 #include "notes/TableHeaderView.h"
 #include "notes/TableMetrics.h"
 #include "notes/TableViewDelegate.h"
@@ -15,8 +16,10 @@
 #include <limits>
 
 TableView::TableView(QWidget* parent)
-    : QAbstractScrollArea(parent), m_header(new TableHeaderView(*this)), m_focusRing(new CellFocusRing(viewport()))
+    : QAbstractScrollArea(parent), m_header(new TableHeaderView(*this)), m_focusRing(new FocusRing(this)),
+      m_editRing(new FocusRing(viewport()))
 {
+    TableAccessible::install();
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setViewportMargins(0, m_header->sizeHint().height(), 0, 0);
@@ -86,6 +89,7 @@ void TableView::reloadData()
         m_clickedRow = -1;
     }
     layoutContents();
+    TableAccessible::tellReload(*this);
     if (m_selectedRow >= count) {
         select(-1, Origin::Program);
     }
@@ -109,6 +113,7 @@ void TableView::insertRow(int row)
         ++m_edit->row;
     }
     layoutContents();
+    TableAccessible::tellReload(*this);
 }
 
 void TableView::noteHeightOfRowChanged(int row)
@@ -163,7 +168,10 @@ void TableView::setPlaceholderText(const QString& text)
 
 CellView TableView::cellView(int column, int row) const
 {
-    return m_delegate ? m_delegate->viewForTableColumn(*this, m_columns[static_cast<size_t>(column)], row) : CellView{};
+    if (!m_delegate || !hasRow(row) || !hasColumn(column)) {
+        return {};
+    }
+    return m_delegate->viewForTableColumn(*this, m_columns[static_cast<size_t>(column)], row);
 }
 
 // Places
@@ -190,6 +198,7 @@ void TableView::layoutContents()
     m_header->setGeometry(viewport()->x(), viewport()->y() - m_header->sizeHint().height(), page.width(),
                           m_header->sizeHint().height());
     m_header->update();
+    m_focusRing->setGeometry(m_header->geometry() | viewport()->geometry());
     viewport()->update();
     layoutEditor();
 }
@@ -265,6 +274,20 @@ void TableView::select(int row, Origin origin)
         m_delegate->tableViewSelectionDidChange(*this);
     }
     Q_EMIT selectedRowChanged(m_selectedRow);
+    TableAccessible::tellSelection(*this);
+}
+
+void TableView::chooseRow(int row)
+{
+    if (hasRow(row)) {
+        select(row, Origin::User);
+        scrollRowToVisible(row);
+    }
+}
+
+int TableView::spokenColumn() const
+{
+    return std::max(0, firstEditableColumn());
 }
 
 void TableView::setSelectionHighlightStyle(SelectionHighlightStyle style)

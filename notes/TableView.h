@@ -14,7 +14,7 @@
 #include <vector>
 
 class CellEditor;
-class CellFocusRing;
+class FocusRing;
 class QHelpEvent;
 class QMenu;
 class TableHeaderView;
@@ -45,8 +45,11 @@ public:
     void addColumn(TableColumn column);
     const std::vector<TableColumn>& tableColumns() const { return m_columns; }
     int columnWithIdentifier(QStringView identifier) const;
+    bool isEditable(int column) const;
     void setHeaderCell(int column, HeaderCell cell);
     void setColumnWidth(int column, double width); ///< held to the column's minimum; it then stretches no more
+
+    const TableHeaderView& header() const { return *m_header; }
 
     // Rows
 
@@ -63,6 +66,9 @@ public:
 
     /// The row's cells are painted again; nothing else is asked anew.
     void redrawRow(int row);
+
+    /// What the delegate shows in that cell now.
+    CellView cellView(int column, int row) const;
 
     /// Hidden rows keep their numbers but take no room and are never selected by a key.
     const std::set<int>& hiddenRowIndexes() const { return m_hiddenRows; }
@@ -91,6 +97,14 @@ public:
 
     /// Makes `row` the only selected row; -1 selects none. A row that does not exist changes nothing.
     void selectRow(int row);
+
+    /// The same as the user's choice: the delegate also hears tableViewSelectionIsChanging, and the row comes into
+    /// view.
+    void chooseRow(int row);
+
+    /// The column whose cell stands for the selected row when it is spoken: the first that can be edited, else the
+    /// first.
+    int spokenColumn() const;
     SelectionHighlightStyle selectionHighlightStyle() const { return m_highlightStyle; }
     void setSelectionHighlightStyle(SelectionHighlightStyle style);
 
@@ -100,6 +114,10 @@ public:
 
     /// Tells the delegate when they differ from the present ones.
     void setSortDescriptors(std::vector<SortDescriptor> descriptors);
+
+    /// As a click on the column's header does: by the column's prototype, in the other order when it is by that
+    /// already.
+    void sortByColumn(int column);
 
     // Context menu
 
@@ -161,7 +179,6 @@ private:
     // TableView.cpp
     bool hasRow(int row) const { return row >= 0 && row < numberOfRows(); }
     bool hasColumn(int column) const { return column >= 0 && column < static_cast<int>(m_columns.size()); }
-    CellView cellView(int column, int row) const;
     void select(int row, Origin origin);
     void setRowHeight(int row, double height);
     void layoutContents();
@@ -170,7 +187,6 @@ private:
     // TableView+Painting.cpp
     void paintRow(QPainter& painter, int row, const QRect& exposed) const;
     void paintCell(QPainter& painter, int column, int row, const QRect& exposed) const;
-    void paintFocusRing(QPainter& painter) const;
     void paintPlaceholder(QPainter& painter) const;
     void showToolTip(QHelpEvent& event) const;
 
@@ -179,10 +195,8 @@ private:
     int visibleRowFrom(int row, int step) const;
     int rowPageAway(int direction) const;
     bool moveSelection(const QKeyEvent& event);
-    bool isEditable(int column) const;
     int firstEditableColumn() const;
     void copySelectedRow() const;
-    void sortByColumn(int column);
     void openMenu(int row, QPoint globalPosition);
 
     // TableView+Editing.cpp
@@ -205,7 +219,8 @@ private:
     std::optional<Edit> m_edit;
     QPointer<QMenu> m_menu;
     TableHeaderView* m_header;
-    CellFocusRing* m_focusRing;
+    FocusRing* m_focusRing; ///< around the table
+    FocusRing* m_editRing;  ///< around the edited cell
     QString m_placeholderText;
     Cell m_pressed;
     double m_lineHeight = 17.0;

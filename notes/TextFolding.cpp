@@ -40,14 +40,11 @@ void mergeDottedCapitals(icu::UnicodeString& decomposedText)
     }
 }
 
-icu::BreakIterator& graphemes()
+std::unique_ptr<icu::BreakIterator> makeGraphemes()
 {
-    thread_local const std::unique_ptr<icu::BreakIterator> iterator = [] {
-        UErrorCode error = U_ZERO_ERROR;
-        return std::unique_ptr<icu::BreakIterator>(
-            icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), error));
-    }();
-    return *iterator;
+    UErrorCode error = U_ZERO_ERROR;
+    return std::unique_ptr<icu::BreakIterator>(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), error));
 }
 
 } // namespace
@@ -77,10 +74,10 @@ bool containsFolded(std::string_view utf8, const icu::UnicodeString& foldedNeedl
     const icu::UnicodeString text = decomposed(icu::UnicodeString::fromUTF8(utf8));
     icu::UnicodeString folded;
     std::set<int> boundaries = {0};
-    icu::BreakIterator& grapheme = graphemes();
-    grapheme.setText(text);
-    int start = grapheme.first();
-    for (int end = grapheme.next(); end != icu::BreakIterator::DONE; start = end, end = grapheme.next()) {
+    thread_local const std::unique_ptr<icu::BreakIterator> graphemes = makeGraphemes();
+    graphemes->setText(text);
+    int start = graphemes->first();
+    for (int end = graphemes->next(); end != icu::BreakIterator::DONE; start = end, end = graphemes->next()) {
         folded += foldedText(text.tempSubStringBetween(start, end), folding);
         boundaries.insert(folded.length());
     }

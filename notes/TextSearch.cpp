@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "notes/TextSearch.h"
 
+#include "notes/DecodedCharacter.h"
 #include "notes/FoldSources.h"
 #include "notes/PlainCharacters.h"
 
@@ -14,9 +15,13 @@ constexpr char32_t replacement = U'\uFFFD';
 // Long needles have a rare place among their first characters.
 constexpr std::size_t mostAnchors = 32;
 
-// Nanoseconds for each kilobyte of text.
-constexpr double costOfProbe = 150;
-constexpr double costOfFind = 20;
+// Estimated nanoseconds for each kilobyte of text.
+double cost(double finds, std::size_t probes)
+{
+    constexpr double ofFind = 20;
+    constexpr double ofProbe = 150;
+    return finds * ofFind + static_cast<double>(probes) * ofProbe;
+}
 
 constexpr std::uint8_t caseBit = 0x20;
 
@@ -79,9 +84,9 @@ bool TextSearch::isContainedIn(std::string_view utf8) const
     if (m_probes.empty()) {
         return isContainedIn(utf8, Window{0, utf8.size()});
     }
+    BytePairScan scan(utf8, m_pairs);
     std::size_t undecided = 0; // what is found before this position has been decided
-    for (std::size_t at = findBytePair(utf8, 0, m_pairs); at != std::string_view::npos;
-         at = findBytePair(utf8, std::max(at + 1, undecided), m_pairs)) {
+    for (std::size_t at = scan.next(0); at != std::string_view::npos; at = scan.next(std::max(at + 1, undecided))) {
         const Verdict verdict = judge(utf8, at);
         if (verdict == Verdict::Match) {
             return true;
@@ -104,39 +109,51 @@ bool TextSearch::isContainedIn(std::string_view utf8) const
 void TextSearch::chooseAnchor()
 {
     double lowest = std::numeric_limits<double>::infinity();
-    for (std::size_t index = 0; index < std::min(m_folded.size(), mostAnchors); ++index) {
-        if (!FoldSources::instance().canAnchor(m_folded[index], m_folding)) {
-            continue;
-        }
-        Anchor anchor = anchorAt(index);
+    const auto consider = [&](Anchor anchor) {
         if (anchor.cost < lowest) {
             lowest = anchor.cost;
             m_probes = std::move(anchor.probes);
+        }
+    };
+    for (std::size_t index = 0; index < std::min(m_folded.size(), mostAnchors); ++index) {
+        if (canAnchor(index)) {
+            consider(anchorAt(index));
+            if (isAscii(m_folded[index]) && canAnchor(index + 1) && isAscii(m_folded[index + 1])) {
+                consider(pairAnchorAt(index));
+            }
         }
     }
     std::ranges::transform(m_probes, std::back_inserter(m_pairs), &Probe::pair);
 }
 
-// Two ASCII characters side by side make a rare pair of bytes; what else can spell either of them is scanned for as
-// well.
+bool TextSearch::canAnchor(std::size_t index) const
+{
+    return index < m_folded.size() && FoldSources::instance().canAnchor(m_folded[index], m_folding);
+}
+
 TextSearch::Anchor TextSearch::anchorAt(std::size_t index) const
 {
     Anchor anchor;
     const char32_t folded = m_folded[index];
-    double finds = frequency(folded);
-    addForeignSpellings(anchor, index);
     if (isAscii(folded)) {
-        BytePair pair = asciiPair(folded);
-        const std::size_t next = index + 1;
-        if (next < m_folded.size() && isAscii(m_folded[next]) &&
-            FoldSources::instance().canAnchor(m_folded[next], m_folding)) {
-            pair = asciiPair(folded, m_folded[next]);
-            finds *= frequency(m_folded[next]) / 1000;
-            addForeignSpellings(anchor, next);
-        }
-        anchor.probes.push_back({.pair = pair, .start = index});
+        anchor.probes.push_back({.pair = asciiPair(folded), .start = index});
     }
-    anchor.cost = finds * costOfFind + static_cast<double>(anchor.probes.size()) * costOfProbe;
+    addForeignSpellings(anchor, index);
+    anchor.cost = cost(frequency(folded), anchor.probes.size());
+    return anchor;
+}
+
+// Two ASCII characters side by side make a rare pair of bytes; what else can spell either of them is scanned for as
+// well.
+TextSearch::Anchor TextSearch::pairAnchorAt(std::size_t index) const
+{
+    Anchor anchor;
+    const char32_t first = m_folded[index];
+    const char32_t second = m_folded[index + 1];
+    anchor.probes.push_back({.pair = asciiPair(first, second), .start = index});
+    addForeignSpellings(anchor, index);
+    addForeignSpellings(anchor, index + 1);
+    anchor.cost = cost(frequency(first) * frequency(second) / 1000, anchor.probes.size());
     return anchor;
 }
 
@@ -186,18 +203,20 @@ TextSearch::Verdict TextSearch::judge(std::string_view utf8, std::size_t candida
 TextSearch::Verdict TextSearch::compareForward(std::string_view utf8, std::size_t position, std::size_t start) const
 {
     std::u32string_view rest = std::u32string_view(m_folded).substr(start);
-    FoldedCharacter folded = m_plain.folded(characterAt(utf8, position).character);
+    DecodedCharacter decoded = characterAt(utf8, position);
+    FoldedCharacter folded = m_plain.folded(decoded.character);
     while (!rest.empty()) {
-        if (position == utf8.size()) {
-            return Verdict::NoMatch;
-        }
         if (!folded) {
             return Verdict::Undecided;
         }
-        position = characterAt(utf8, position).end;
+        if (folded.characters.front() != rest.front()) {
+            return Verdict::NoMatch; // whatever marks follow
+        }
+        const bool last = decoded.end == utf8.size();
         FoldedCharacter next;
-        if (position < utf8.size()) {
-            next = m_plain.folded(characterAt(utf8, position).character);
+        if (!last) {
+            decoded = characterAt(utf8, decoded.end);
+            next = m_plain.folded(decoded.character);
             if (!next) {
                 return Verdict::Undecided; // it can be a mark on this one
             }
@@ -206,6 +225,9 @@ TextSearch::Verdict TextSearch::compareForward(std::string_view utf8, std::size_
             return Verdict::NoMatch;
         }
         rest.remove_prefix(folded.length);
+        if (last) {
+            return rest.empty() ? Verdict::Match : Verdict::NoMatch;
+        }
         folded = next;
     }
     return Verdict::Match;

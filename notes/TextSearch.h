@@ -19,7 +19,7 @@ class PlainCharacters;
 ///
 /// Nearly every text is decided on its bytes: a scan for the rarest place of the needle in every way it can be spelled,
 /// then a comparison around each find. Where a find has neighbours that a comparison one by one cannot judge (combining
-/// marks, joiners, Hangul), `containsFolded` decides on the surroundings.
+/// marks, joiners), `containsFolded` decides on the surroundings.
 class TextSearch {
 public:
     /// `needle` is UTF-8, malformed bytes count as U+FFFD; `locale` an ICU identifier.
@@ -49,7 +49,9 @@ private:
         std::size_t end = 0;
     };
 
+    bool canAnchor(std::size_t index) const;
     Anchor anchorAt(std::size_t index) const;
+    Anchor pairAnchorAt(std::size_t index) const;
     void addForeignSpellings(Anchor& anchor, std::size_t index) const;
     void chooseAnchor();
     std::size_t reach() const;

@@ -1,8 +1,11 @@
 target_sources(velumora-core PRIVATE
     notes/BytePairs.cpp
     notes/BytePairs.h
+    notes/DecodedCharacter.cpp
+    notes/DecodedCharacter.h
     notes/FoldSources.cpp
     notes/FoldSources.h
+    notes/Hangul.h
     notes/NoteQueries.cpp
     notes/NoteQueries.h
     notes/NoteSorting.cpp

@@ -9,16 +9,20 @@ target_sources(velumora-core PRIVATE
 target_sources(velumora-app PRIVATE
     notes/CellEditor.cpp
     notes/CellEditor.h
-    notes/CellFocusRing.cpp
-    notes/CellFocusRing.h
     notes/ColumnLayout.cpp
     notes/ColumnLayout.h
     notes/FixedLineLayout.cpp
     notes/FixedLineLayout.h
+    notes/FocusRing.cpp
+    notes/FocusRing.h
     notes/HeaderCell.cpp
     notes/HeaderCell.h
     notes/NamedColor.cpp
     notes/NamedColor.h
+    notes/TableAccessible.cpp
+    notes/TableAccessible.h
+    notes/TableCellAccessible.cpp
+    notes/TableCellAccessible.h
     notes/TableColumn.h
     notes/TableHeaderView.cpp
     notes/TableHeaderView.h

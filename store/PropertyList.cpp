@@ -9,7 +9,7 @@ namespace PropertyList {
 
 namespace {
 
-/// Hands the memory of a parsed document, about twice its file, back to the system: the texts that outlive it lie
+/// Hands the memory of a parsed document, about three times its file, back to the system: the texts that outlive it lie
 /// behind it, so it would stay with the process for good.
 void giveBackMemory()
 {
@@ -30,7 +30,7 @@ std::optional<Value> read(std::string bytes)
     }
     constexpr std::size_t worthGivingBack = std::size_t{1} << 20;
     const bool large = bytes.size() >= worthGivingBack;
-    std::optional<Value> value = readXml(bytes);
+    std::optional<Value> value = readXml(std::move(bytes));
     if (large) {
         giveBackMemory();
     }

@@ -10,9 +10,8 @@
 /// What the readers and the writer of property lists are made of; only they include this.
 namespace PropertyList {
 
-/// The list that the XML text `bytes` holds, nullopt when it is broken. `bytes` are parsed in place and worth nothing
-/// afterwards.
-std::optional<Value> readXml(std::string& bytes);
+/// The list that the XML text `bytes` holds, nullopt when it is broken. They are parsed in place.
+std::optional<Value> readXml(std::string bytes);
 
 /// The list that `bytes` hold in binary form, nullopt when it is broken.
 std::optional<Value> readBinary(std::string_view bytes);

@@ -12,7 +12,8 @@
 #include <vector>
 
 /// The program's single write path: saves tables one after the other on a thread of its own. Of several saves of one
-/// file that wait, only the newest is written. A save that fails is told to the log alone.
+/// file that wait, only the newest is written. A save that fails is told to the log alone. The thread that saves a
+/// table is the one that may change it.
 class SaveQueue {
 public:
     /// `folder` must outlive the queue.
@@ -40,11 +41,14 @@ private:
     void run();
     void write(const Save& save);
 
+    using Snapshots = std::vector<std::optional<Table>>;
+
     DataFolder& m_folder;
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::vector<Save> m_waiting;                  ///< in the order they came, one a file
-    std::vector<std::optional<Table>> m_replaced; ///< snapshots for the worker to free
+    std::vector<Save> m_waiting; ///< in the order they came, one a file
+    Snapshots m_written;         ///< kept until the next save, see the definition of `save`
+    Snapshots m_discarded;       ///< for the worker to free
     bool m_writing = false;
     bool m_ending = false;
     std::thread m_worker; ///< last, as it uses the others

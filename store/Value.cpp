@@ -47,28 +47,29 @@ bool Value::isSameObject(const Value& other) const
 
 Dictionary::Dictionary(std::initializer_list<Entry> entries) : Dictionary(std::vector<Entry>(entries)) {}
 
-Dictionary::Dictionary(std::vector<Entry> entries)
+Dictionary::Dictionary(std::vector<Entry> entries) : m_entries(std::move(entries))
 {
-    constexpr std::size_t fewEntries = 16;
-    if (entries.size() <= fewEntries) {
-        m_entries.reserve(entries.size());
-        for (Entry& entry : entries) {
-            set(entry.first, std::move(entry.second));
-        }
-        return;
-    }
     // Looking through all keys for each key would let a file of a few megabytes take hours.
-    std::unordered_map<std::string_view, std::size_t> places;
-    places.reserve(entries.size());
-    m_entries.reserve(entries.size());
-    for (Entry& entry : entries) {
-        const auto [place, isNew] = places.try_emplace(entry.first, m_entries.size());
-        if (isNew) {
-            m_entries.push_back(entry); // a copy: the key in `places` is a view of this one
+    constexpr std::size_t fewEntries = 16;
+    std::unordered_map<std::string, std::size_t> places;
+    std::size_t kept = 0;
+    for (Entry& entry : m_entries) {
+        std::size_t place = 0;
+        if (m_entries.size() <= fewEntries) {
+            const auto end = m_entries.begin() + static_cast<std::ptrdiff_t>(kept);
+            place = static_cast<std::size_t>(
+                std::find_if(m_entries.begin(), end, [&entry](const Entry& e) { return e.first == entry.first; }) -
+                m_entries.begin());
         } else {
-            m_entries[place->second].second = std::move(entry.second);
+            place = places.try_emplace(entry.first, kept).first->second;
+        }
+        if (place < kept) {
+            m_entries[place].second = std::move(entry.second);
+        } else if (&m_entries[kept++] != &entry) {
+            m_entries[place] = std::move(entry);
         }
     }
+    m_entries.resize(kept);
 }
 
 const Value* Dictionary::find(std::string_view key) const

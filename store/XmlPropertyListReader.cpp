@@ -48,18 +48,19 @@ std::optional<std::string> textOf(pugi::xml_node element)
     return isUtf8(text) ? std::optional(std::move(text)) : std::nullopt;
 }
 
-/// The elements directly inside `parent`; nullopt when there is text among them, which no value could keep.
-std::optional<std::vector<pugi::xml_node>> elementsOf(pugi::xml_node parent)
+/// The first element among `node` and the siblings behind it, a null node when there is none; nullopt when a text
+/// stands before it, which no value could keep.
+std::optional<pugi::xml_node> elementFrom(pugi::xml_node node)
 {
-    std::vector<pugi::xml_node> elements;
-    for (const pugi::xml_node child : parent.children()) {
-        if (child.type() == pugi::node_element) {
-            elements.push_back(child);
-        } else if (!isBlank(child.value())) {
+    for (; node; node = node.next_sibling()) {
+        if (node.type() == pugi::node_element) {
+            return node;
+        }
+        if (!isBlank(node.value())) {
             return std::nullopt;
         }
     }
-    return elements;
+    return node;
 }
 
 template <typename Plain> std::optional<Value> asValue(std::optional<Plain> plain)
@@ -115,45 +116,41 @@ std::optional<std::vector<std::byte>> dataFrom(std::string text)
 
 std::optional<Array> arrayOf(pugi::xml_node element, int depth)
 {
-    const auto elements = elementsOf(element);
-    if (!elements) {
-        return std::nullopt;
-    }
     Array array;
-    array.reserve(static_cast<qsizetype>(elements->size()));
-    for (const pugi::xml_node child : *elements) {
-        std::optional<Value> value = valueOf(child, depth);
+    auto child = elementFrom(element.first_child());
+    while (child && *child) {
+        std::optional<Value> value = valueOf(*child, depth);
         if (!value) {
             return std::nullopt;
         }
         array.append(std::move(*value));
+        child = elementFrom(child->next_sibling());
     }
-    return array;
+    return child ? std::optional(std::move(array)) : std::nullopt;
 }
 
 std::optional<Dictionary> dictionaryOf(pugi::xml_node element, int depth)
 {
-    const auto elements = elementsOf(element);
-    if (!elements || elements->size() % 2 != 0) {
-        return std::nullopt;
-    }
     std::vector<Dictionary::Entry> entries;
-    entries.reserve(elements->size() / 2);
-    for (std::size_t i = 0; i < elements->size(); i += 2) {
-        if ((*elements)[i].name() != std::string_view("key")) {
+    entries.reserve(2); // a record
+    auto child = elementFrom(element.first_child());
+    while (child && *child) {
+        const auto following = elementFrom(child->next_sibling());
+        if (child->name() != std::string_view("key") || !following) {
             return std::nullopt;
         }
-        std::optional<std::string> key = textOf((*elements)[i]);
-        std::optional<Value> value = valueOf((*elements)[i + 1], depth);
+        std::optional<std::string> key = textOf(*child);
+        std::optional<Value> value = valueOf(*following, depth);
         if (!key || !value) {
             return std::nullopt;
         }
         entries.emplace_back(std::move(*key), std::move(*value));
+        child = elementFrom(following->next_sibling());
     }
-    return Dictionary(std::move(entries));
+    return child ? std::optional(Dictionary(std::move(entries))) : std::nullopt;
 }
 
-/// The value of an element of `depth` arrays and dictionaries around it.
+/// The value of an element with `depth` arrays and dictionaries around it; nullopt for a null node, too.
 std::optional<Value> valueOf(pugi::xml_node element, int depth)
 {
     const std::string_view name = element.name();
@@ -217,7 +214,7 @@ std::optional<ByteOrder> utf16Order(std::string_view bytes)
 
 } // namespace
 
-std::optional<Value> readXml(std::string& bytes)
+std::optional<Value> readXml(std::string bytes)
 {
     pugi::xml_encoding encoding = pugi::encoding_auto;
     if (const std::optional<ByteOrder> order = utf16Order(bytes)) {
@@ -241,11 +238,12 @@ std::optional<Value> readXml(std::string& bytes)
         return std::nullopt;
     }
     if (root.name() == std::string_view("plist")) {
-        const auto elements = elementsOf(root);
-        if (!elements || elements->size() != 1) {
+        const auto list = elementFrom(root.first_child());
+        const auto behind = list ? elementFrom(list->next_sibling()) : std::nullopt;
+        if (!behind || *behind) {
             return std::nullopt;
         }
-        root = elements->front();
+        root = *list;
     }
     return valueOf(root, 0);
 }

@@ -3,3 +3,19 @@ velumora_test(query-tests
     core/text_lines_test.cpp
     core/text_search_test.cpp
 )
+velumora_test(property-list-tests
+    core/property_list_bad_input_test.cpp
+    core/property_list_samples.h
+    core/property_list_test.cpp
+    LABELS core store)
+target_compile_definitions(property-list-tests PRIVATE
+    PROPERTY_LIST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data/property_list")
+
+# Other programs read what is written.
+add_executable(property-list-writer core/property_list_writer.cpp)
+target_link_libraries(property-list-writer PRIVATE velumora-core)
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+add_test(NAME PropertyListOtherPrograms
+    COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/core/property_list_other_programs_test.py
+        $<TARGET_FILE:property-list-writer>)
+set_tests_properties(PropertyListOtherPrograms PROPERTIES LABELS "core;store")

@@ -7,12 +7,15 @@ velumora_test(store-tests
     LABELS core store)
 target_compile_definitions(store-tests PRIVATE TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}")
 
-# Tests with other programs that read, write and are killed.
-add_executable(store-process core/store_process.cpp)
-target_link_libraries(store-process PRIVATE velumora-core)
-target_include_directories(store-process PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+# Tests with other programs that read, write and are killed. The thread sanitizer loses track of locks where processes are
+# started; store-tests has the same burst without them.
+if(NOT VELUMORA_SANITIZERS MATCHES thread)
+    add_executable(store-process core/store_process.cpp)
+    target_link_libraries(store-process PRIVATE velumora-core)
+    target_include_directories(store-process PRIVATE ${CMAKE_SOURCE_DIR}/tests)
 
-velumora_test(store-process-tests core/store_process_test.cpp LABELS core store process)
-target_compile_definitions(store-process-tests PRIVATE
-    TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}" STORE_PROCESS="$<TARGET_FILE:store-process>")
-add_dependencies(store-process-tests store-process)
+    velumora_test(store-process-tests core/store_process_test.cpp LABELS core store process)
+    target_compile_definitions(store-process-tests PRIVATE
+        TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}" STORE_PROCESS="$<TARGET_FILE:store-process>")
+    add_dependencies(store-process-tests store-process)
+endif()

@@ -14,10 +14,16 @@ TerminationSignals::TerminationSignals(QObject* parent) : QObject(parent)
         sigaddset(&handled, signal);
     }
     m_descriptor = signalfd(-1, &handled, SFD_CLOEXEC | SFD_NONBLOCK);
+    if (m_descriptor >= 0) {
+        pthread_sigmask(SIG_BLOCK, &handled, nullptr);
+    }
+}
+
+void TerminationSignals::listen()
+{
     if (m_descriptor < 0) {
         return;
     }
-    pthread_sigmask(SIG_BLOCK, &handled, nullptr);
     m_notifier = std::make_unique<QSocketNotifier>(m_descriptor, QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
         signalfd_siginfo information{};

@@ -11,9 +11,12 @@ class TerminationSignals : public QObject {
     Q_OBJECT
 
 public:
-    /// Blocks the signals for threads that start later, so make it before any does.
+    /// Takes the signals away from this thread and those that it starts, so make it before any does.
     explicit TerminationSignals(QObject* parent = nullptr);
     ~TerminationSignals() override;
+
+    /// From here on the signals are told. Needs the application object.
+    void listen();
 
 Q_SIGNALS:
     void terminationRequested();

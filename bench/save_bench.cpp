@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+// Saving the notes of a lifetime: what the saving thread pays, and what the disk takes beside a plain write.
+#include "bench/LifetimeNotes.h"
+#include "store/PropertyList.h"
+#include "store/Record.h"
+#include "store/SaveQueue.h"
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <string>
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string notesName(NotesFileName);
+
+class FirstDayClock : public Clock {
+public:
+    Date now() const override { return {}; }
+};
+
+/// A data folder of its own in the working directory, on a real disk, unlike most folders for temporary files.
+class BenchFolder {
+public:
+    BenchFolder()
+    {
+        std::string name = fs::current_path() / "save-bench-XXXXXX";
+        m_path = ::mkdtemp(name.data());
+    }
+    BenchFolder(const BenchFolder&) = delete;
+    BenchFolder& operator=(const BenchFolder&) = delete;
+    ~BenchFolder()
+    {
+        std::error_code ignored;
+        fs::remove_all(m_path, ignored);
+    }
+
+    const fs::path& path() const { return m_path; }
+    DataFolder& data() { return m_data; }
+
+private:
+    fs::path m_path;
+    FirstDayClock m_clock;
+    DataFolder m_data{m_path, m_clock};
+};
+
+/// What the person at the keyboard waits for: the call itself, nothing waiting before it.
+void handOverSave(benchmark::State& state)
+{
+    BenchFolder folder;
+    SaveQueue queue(folder.data());
+    Table table = makeLifetimeNotes();
+    for ([[maybe_unused]] auto _ : state) {
+        queue.save(table, notesName);
+        state.PauseTiming();
+        queue.waitUntilDone();
+        state.ResumeTiming();
+    }
+}
+
+/// The same with the change of a note before it, which parts the table from the snapshot of the save before.
+void changeNoteAndHandOverSave(benchmark::State& state)
+{
+    BenchFolder folder;
+    SaveQueue queue(folder.data());
+    Table table = makeLifetimeNotes();
+    for ([[maybe_unused]] auto _ : state) {
+        table[lifetimeNotes / 2] = withText(table.at(lifetimeNotes / 2), NoteDataKey, "changed");
+        queue.save(table, notesName);
+        state.PauseTiming();
+        queue.waitUntilDone();
+        state.ResumeTiming();
+    }
+}
+
+/// The worker's whole job.
+void writeTable(benchmark::State& state)
+{
+    BenchFolder folder;
+    const Table table = makeLifetimeNotes();
+    for ([[maybe_unused]] auto _ : state) {
+        if (folder.data().saveTable(table, notesName, Replacing::OwnFile)) {
+            state.SkipWithError("not saved");
+        }
+    }
+}
+
+/// The same bytes, ready made, into a new file and onto the disk: what no save can do without.
+void plainWriteAndSync(benchmark::State& state)
+{
+    const BenchFolder folder;
+    const std::string bytes = PropertyList::writeXml(makeLifetimeNotes());
+    const fs::path path = folder.path() / "plain";
+    for ([[maybe_unused]] auto _ : state) {
+        const FileDescriptor file(::open(path.c_str(), O_CREAT | O_WRONLY | O_TRUNC | O_CLOEXEC, 0600));
+        if (::write(file.get(), bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()) ||
+            ::fsync(file.get()) != 0) {
+            state.SkipWithError("not written");
+        }
+    }
+}
+
+void loadTable(benchmark::State& state)
+{
+    BenchFolder folder;
+    (void)folder.data().saveTable(makeLifetimeNotes(), notesName, Replacing::OwnFile);
+    for ([[maybe_unused]] auto _ : state) {
+        if (folder.data().loadTable(notesName)->size() != lifetimeNotes) {
+            state.SkipWithError("not loaded");
+        }
+    }
+}
+
+BENCHMARK(handOverSave)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(20);
+BENCHMARK(changeNoteAndHandOverSave)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(20);
+BENCHMARK(writeTable)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(plainWriteAndSync)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(loadTable)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// Reading and writing the notes of a lifetime, beside a bare parse of the same bytes.
+#include "bench/LifetimeNotes.h"
+#include "store/PropertyList.h"
+
+#include <benchmark/benchmark.h>
+#include <pugixml.hpp>
+
+#include <fstream>
+
+#include <malloc.h>
+#include <unistd.h>
+
+namespace {
+
+const std::string& lifetimeXml()
+{
+    static const std::string xml = PropertyList::writeXml(makeLifetimeNotes());
+    return xml;
+}
+
+/// The memory of this process that is in use, in MB.
+double residentMegabytes()
+{
+    std::ifstream statistics("/proc/self/statm");
+    double total = 0;
+    double resident = 0;
+    statistics >> total >> resident;
+    return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
+}
+
+void bareParse(benchmark::State& state)
+{
+    for ([[maybe_unused]] auto _ : state) {
+        std::string bytes = lifetimeXml();
+        pugi::xml_document document;
+        const auto result = document.load_buffer_inplace(
+            bytes.data(), bytes.size(), pugi::parse_escapes | pugi::parse_cdata | pugi::parse_ws_pcdata);
+        if (!result) {
+            state.SkipWithError("not parsed");
+        }
+    }
+}
+
+void readTable(benchmark::State& state)
+{
+    double growth = 0;
+    lifetimeXml();
+    for ([[maybe_unused]] auto _ : state) {
+        const double before = residentMegabytes();
+        std::optional<Table> table = PropertyList::readTable(lifetimeXml());
+        growth = residentMegabytes() - before;
+        if (!table || table->size() != lifetimeNotes) {
+            state.SkipWithError("not read");
+        }
+        state.PauseTiming(); // letting go of the table is no part of reading it
+        table.reset();
+        malloc_trim(0);
+        state.ResumeTiming();
+    }
+    state.counters["MB kept"] = growth;
+}
+
+void writeXml(benchmark::State& state)
+{
+    const Table table = makeLifetimeNotes();
+    for ([[maybe_unused]] auto _ : state) {
+        benchmark::DoNotOptimize(PropertyList::writeXml(table));
+    }
+}
+
+BENCHMARK(bareParse)->Unit(benchmark::kMillisecond);
+BENCHMARK(readTable)->Unit(benchmark::kMillisecond);
+BENCHMARK(writeXml)->Unit(benchmark::kMillisecond);
+
+} // namespace

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "fuzz/RoundTrip.h"
+
+#include "store/PropertyList.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+[[noreturn]] void fail(const char* why)
+{
+    std::cerr << why << '\n';
+    std::abort();
+}
+
+bool isCarriedByXml(const std::string& text)
+{
+    const auto isControl = [](char c) {
+        return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r';
+    };
+    return std::ranges::none_of(text, isControl) && text.find("\xEF\xBF\xBE") == std::string::npos &&
+           text.find("\xEF\xBF\xBF") == std::string::npos;
+}
+
+/// Whether writing may keep all of `value`.
+bool isCarriedByXml(const Value& value)
+{
+    if (const Date* date = value.date()) {
+        return unixSeconds(*date) == std::floor(unixSeconds(*date));
+    }
+    if (const std::string* text = value.text()) {
+        return isCarriedByXml(*text);
+    }
+    if (const Array* array = value.array()) {
+        return std::ranges::all_of(*array, [](const Value& element) { return isCarriedByXml(element); });
+    }
+    if (const Dictionary* dictionary = value.dictionary()) {
+        return std::ranges::all_of(*dictionary, [](const Dictionary::Entry& entry) {
+            return isCarriedByXml(entry.first) && isCarriedByXml(entry.second);
+        });
+    }
+    return true;
+}
+
+} // namespace
+
+void readWriteRead(std::string bytes)
+{
+    const std::optional<Table> table = PropertyList::readTable(std::move(bytes));
+    if (!table) {
+        return;
+    }
+    const std::string xml = PropertyList::writeXml(*table);
+    const std::optional<Table> again = PropertyList::readTable(xml);
+    if (!again) {
+        fail("what was written cannot be read");
+    }
+    const bool isCarried = std::ranges::all_of(*table, [](const Value& element) { return isCarriedByXml(element); });
+    if (isCarried && *again != *table) {
+        fail("what was written reads back differently");
+    }
+    if (isCarried && PropertyList::writeXml(*again) != xml) {
+        fail("what was read back is written differently");
+    }
+}

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+/// A character of a UTF-8 text and where it stands, in bytes. Each byte that is not UTF-8 gives U+FFFD.
+struct DecodedCharacter {
+    char32_t character = 0;
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+/// The same for a character that is not ASCII.
+DecodedCharacter foreignCharacterAt(std::string_view utf8, std::size_t position);
+DecodedCharacter foreignCharacterBefore(std::string_view utf8, std::size_t position);
+
+/// The character that begins at `position`, which is less than the size of `utf8`.
+inline DecodedCharacter characterAt(std::string_view utf8, std::size_t position)
+{
+    const auto byte = static_cast<std::uint8_t>(utf8[position]);
+    return byte < 0x80 ? DecodedCharacter{byte, position, position + 1} : foreignCharacterAt(utf8, position);
+}
+
+/// The character that ends at `position`, which is more than 0.
+inline DecodedCharacter characterBefore(std::string_view utf8, std::size_t position)
+{
+    const auto byte = static_cast<std::uint8_t>(utf8[position - 1]);
+    return byte < 0x80 ? DecodedCharacter{byte, position - 1, position} : foreignCharacterBefore(utf8, position);
+}

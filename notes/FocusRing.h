@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+/// The frame around what takes the keys: a whole table, or the cell that is being edited. It lies above what it frames
+/// and lets every click through.
+class FocusRing : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Hidden at first.
+    explicit FocusRing(QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "notes/CellLines.h"
+#include "notes/TableMetrics.h"
+#include "notes/XmlCharacters.h"
+
+#include <QString>
+#include <QTextDocument>
+#include <gtest/gtest.h>
+
+namespace {
+
+QStringList linesOf(const QString& text, int first, int limit)
+{
+    QStringList lines;
+    for (const QStringView line : CellLines::slice(text, first, limit)) {
+        lines.append(line.toString());
+    }
+    return lines;
+}
+
+} // namespace
+
+TEST(CellLines, ATextFallsIntoLinesAtEveryNewlineCharacter)
+{
+    struct {
+        QString text;
+        QStringList lines;
+    } const table[] = {
+        {u""_qs, {u""_qs}},
+        {u"a"_qs, {u"a"_qs}},
+        {u"a\nb"_qs, {u"a"_qs, u"b"_qs}},
+        {u"a\rb"_qs, {u"a"_qs, u"b"_qs}},
+        {u"a\r\nb"_qs, {u"a"_qs, u""_qs, u"b"_qs}},
+        {u"a\u000Bb\u000Cc"_qs, {u"a"_qs, u"b"_qs, u"c"_qs}},
+        {u"a\u0085b\u2028c\u2029d"_qs, {u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs}},
+        {u"a\n"_qs, {u"a"_qs, u""_qs}},
+        {u"tab\tstays, so does \u00A0"_qs, {u"tab\tstays, so does \u00A0"_qs}},
+    };
+    for (const auto& row : table) {
+        EXPECT_EQ(linesOf(row.text, 0, 100), row.lines) << row.text.toStdString();
+        EXPECT_EQ(CellLines::count(row.text), row.lines.size()) << row.text.toStdString();
+    }
+}
+
+TEST(CellLines, AnySliceOfTheLinesCanBeTaken)
+{
+    const QString text = u"0\n1\n2\n3"_qs;
+    EXPECT_EQ(linesOf(text, 1, 2), (QStringList{u"1"_qs, u"2"_qs}));
+    EXPECT_EQ(linesOf(text, 3, 5), QStringList{u"3"_qs});
+    EXPECT_TRUE(linesOf(text, 4, 1).isEmpty());
+    EXPECT_TRUE(linesOf(text, 0, 0).isEmpty());
+}
+
+TEST(CellLines, ACutNeverLeavesHalfASurrogatePair)
+{
+    EXPECT_EQ(CellLines::cut(u"abc", 5), u"abc");
+    EXPECT_EQ(CellLines::cut(u"abc", 2), u"ab");
+    EXPECT_EQ(CellLines::cut(u"a\U0001F382b", 2), u"a");
+    EXPECT_EQ(CellLines::cut(u"a\U0001F382b", 3), u"a\U0001F382");
+    EXPECT_EQ(CellLines::cut(u"abc", 0), u"");
+}
+
+TEST(CellLines, TheFirstLetterGivesTheDirection)
+{
+    EXPECT_EQ(CellLines::direction(u"12 abc \u05D0", Qt::RightToLeft), Qt::LeftToRight);
+    EXPECT_EQ(CellLines::direction(u"12 \u05D0 abc", Qt::LeftToRight), Qt::RightToLeft);
+    EXPECT_EQ(CellLines::direction(u"\U0001F382 \u0633", Qt::LeftToRight), Qt::RightToLeft);
+    EXPECT_EQ(CellLines::direction(u"12 + 3", Qt::LeftToRight), Qt::LeftToRight);
+    EXPECT_EQ(CellLines::direction(u"12 + 3", Qt::RightToLeft), Qt::RightToLeft);
+}
+
+TEST(XmlCharacters, WhatXmlCannotCarryIsLeftOut)
+{
+    // The Char production of XML 1.0: #x9 | #xA | #xD | [#x20-#xD7FF] | [#xE000-#xFFFD] | [#x10000-#x10FFFF].
+    const QString allowed = u"\t\n\r ~\u0085\uD7FF\uE000\uFFFD\U00010000\U0010FFFF"_qs;
+    EXPECT_EQ(withoutForbiddenXmlCharacters(allowed), allowed);
+    QString forbidden = u"a\u0001\u0008\u000B\u000C\u001Fb\uFFFE\uFFFFc"_qs;
+    forbidden.append(QChar(0xD800)).append(u'd').append(QChar(0xDC00)).append(QChar(0xD801));
+    forbidden.append(QChar(0));
+    EXPECT_EQ(withoutForbiddenXmlCharacters(forbidden), u"abcd"_qs);
+}
+
+TEST(PlainToolTip, ShowsMarkupAsItStands)
+{
+    QTextDocument shown;
+    shown.setHtml(plainToolTip(u"<b>not bold</b> & co"_qs));
+    EXPECT_EQ(shown.toPlainText(), u"<b>not bold</b> & co"_qs);
+}
+
+TEST(PlainToolTip, IsBoundedWhateverTheText)
+{
+    QTextDocument shown;
+    shown.setHtml(plainToolTip(QString(1000000, u'x')));
+    EXPECT_EQ(shown.toPlainText(), QString(300, u'x') + u'…');
+    shown.setHtml(plainToolTip(u"l\n"_qs.repeated(100000)));
+    EXPECT_EQ(shown.toPlainText(), u"l\n"_qs.repeated(30) + u'…');
+}

@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: MIT
+#include "notes/HeaderCell.h"
+#include "notes/NamedColor.h"
+#include "notes/TableRowView.h"
+#include "notes/ZTRButtonHover.h"
+#include "notes/ZTRSeparator.h"
+
+#include <QApplication>
+#include <QEnterEvent>
+#include <QImage>
+#include <QPainter>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+// Contrast as the Web Content Accessibility Guidelines 2.1 define it.
+double luminance(const QColor& color)
+{
+    const auto linear = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const double high = std::max(luminance(a), luminance(b));
+    const double low = std::min(luminance(a), luminance(b));
+    return (high + 0.05) / (low + 0.05);
+}
+
+QPalette palette(QColor base, QColor text)
+{
+    QPalette result;
+    result.setColor(QPalette::Base, base);
+    result.setColor(QPalette::Text, text);
+    return result;
+}
+
+const QPalette light = palette(Qt::white, Qt::black);
+const QPalette dark = palette(QColor(0x1e, 0x1e, 0x20), QColor(0xe6, 0xe6, 0xe8));
+
+QColor at(const QImage& image, int x, int y)
+{
+    return image.pixelColor(x, y);
+}
+
+} // namespace
+
+TEST(NamedColor, TextColoursCanBeReadInLightAndDark)
+{
+    for (const QPalette& appearance : {light, dark}) {
+        const QColor ground = namedColor(u"ControlBackgroundColor", appearance);
+        for (const QStringView name : {u"SystemRedColor", u"SecondaryLabelColor", u"ControlTextColor"}) {
+            EXPECT_GE(contrast(namedColor(name, appearance), ground), 4.5) << name.toString().toStdString();
+        }
+        EXPECT_GE(contrast(namedColor(u"TableRowSelectedTextColor", appearance),
+                           namedColor(u"TableRowSelectionColor", appearance)),
+                  4.5);
+        EXPECT_GE(
+            contrast(namedColor(u"ControlTextColor", appearance), namedColor(u"HeaderBackgroundColor", appearance)),
+            4.5);
+        EXPECT_GE(contrast(namedColor(u"FocusRingColor", appearance), ground), 3.0);
+    }
+}
+
+TEST(NamedColor, FollowsTheAppearance)
+{
+    EXPECT_FALSE(isDarkAppearance(light));
+    EXPECT_TRUE(isDarkAppearance(dark));
+    EXPECT_NE(namedColor(u"TableRowSelectionColor", light), namedColor(u"TableRowSelectionColor", dark));
+}
+
+TEST(NamedColor, AnUnknownNameIsNoColour)
+{
+    EXPECT_FALSE(namedColor(u"NoSuchColor", light).isValid());
+}
+
+TEST(HeaderCell, TheFontIsTheBoldSystemFontOfThirteenPointsWhateverTheProgramUses)
+{
+    const QFont before = QApplication::font();
+    QApplication::setFont(QFont(QStringLiteral("Serif"), 30));
+    const QFont font = HeaderCell(QStringLiteral("Date")).font();
+    QApplication::setFont(before);
+    EXPECT_TRUE(font.bold());
+    EXPECT_EQ(font.pixelSize(), 13);
+    EXPECT_NE(font.family(), QStringLiteral("Serif"));
+}
+
+TEST(TableRowView, TheSelectionFillsTheWholeRowWhateverPartIsDrawn)
+{
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    TableRowView view;
+    view.setPalette(light);
+    view.setBounds(QRectF(5, 10, 30, 17));
+    view.drawSelectionInRect(painter, QRectF(10, 12, 2, 2));
+    painter.end();
+    const QColor selection = namedColor(u"TableRowSelectionColor", light);
+    EXPECT_EQ(at(image, 5, 10), selection);
+    EXPECT_EQ(at(image, 34, 26), selection);
+    EXPECT_EQ(at(image, 4, 10), QColor(Qt::white));
+    EXPECT_EQ(at(image, 34, 27), QColor(Qt::white));
+}
+
+TEST(TableRowView, WithoutHighlightNoSelectionIsDrawn)
+{
+    QImage image(10, 10, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    const QImage before = image.copy();
+    QPainter painter(&image);
+    TableRowView view;
+    view.setBounds(image.rect());
+    view.setSelectionHighlightStyle(SelectionHighlightStyle::None);
+    view.drawSelectionInRect(painter, image.rect());
+    painter.end();
+    EXPECT_EQ(image, before);
+}
+
+TEST(ZTRSeparator, IsAWhiteBandOfTwoPointsUnderALineOfLightGrey)
+{
+    ZTRSeparator separator;
+    separator.resize(20, 10);
+    QImage image(20, 10, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QPainter painter(&image);
+    separator.drawRect(painter, QRect(0, 0, 20, 10));
+    painter.end();
+    const QColor gray(0xaa, 0xaa, 0xaa); // two thirds of white
+    for (const int x : {0, 19}) {
+        EXPECT_EQ(at(image, x, 6), QColor(Qt::red));
+        EXPECT_EQ(at(image, x, 7), gray);
+        EXPECT_EQ(at(image, x, 8), QColor(Qt::white));
+        EXPECT_EQ(at(image, x, 9), QColor(Qt::white));
+    }
+}
+
+TEST(ZTRSeparator, StartsAtTheLeftEdgeThoughTheDrawnPartStartsFurtherRight)
+{
+    ZTRSeparator separator;
+    separator.resize(20, 10);
+    QImage image(20, 10, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QPainter painter(&image);
+    separator.drawRect(painter, QRect(12, 0, 8, 10));
+    painter.end();
+    EXPECT_EQ(at(image, 0, 9), QColor(Qt::white));
+    EXPECT_EQ(at(image, 7, 9), QColor(Qt::white));
+    EXPECT_EQ(at(image, 8, 9), QColor(Qt::red));
+}
+
+class HoverButton : public ::testing::Test {
+protected:
+    HoverButton()
+    {
+        window.resize(200, 100);
+        button.setGeometry(20, 20, 60, 30);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    void enter()
+    {
+        QEnterEvent event(QPointF(5, 5), QPointF(25, 25), QPointF(25, 25));
+        QApplication::sendEvent(&button, &event);
+    }
+
+    void leave()
+    {
+        QEvent event(QEvent::Leave);
+        QApplication::sendEvent(&button, &event);
+    }
+
+    QWidget window;
+    ZTRButtonHover button{&window};
+};
+
+TEST_F(HoverButton, IsHighlightedWhileThePointerIsOverIt)
+{
+    EXPECT_FALSE(button.isHighlighted());
+    enter();
+    EXPECT_TRUE(button.isHighlighted());
+    leave();
+    EXPECT_FALSE(button.isHighlighted());
+}
+
+TEST_F(HoverButton, ShowsThePointingHandWhileEnabled)
+{
+    enter();
+    EXPECT_EQ(button.cursor().shape(), Qt::PointingHandCursor);
+}
+
+TEST_F(HoverButton, DisabledKeepsTheArrowButIsHighlightedAllTheSame)
+{
+    button.setEnabled(false);
+    enter();
+    EXPECT_EQ(button.cursor().shape(), Qt::ArrowCursor);
+    EXPECT_TRUE(button.isHighlighted());
+}
+
+TEST_F(HoverButton, ResizingReplacesTheTrackingAreaByOneOverTheNewBounds)
+{
+    button.resize(90, 40);
+    ASSERT_TRUE(button.trackingArea().has_value());
+    EXPECT_EQ(button.trackingArea()->rect, QRect(0, 0, 90, 40));
+    EXPECT_EQ(button.trackingArea()->options.toInt(), 37);
+}
+
+TEST_F(HoverButton, IsNotHighlightedInAWindowThatIsNotActive)
+{
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    enter();
+    EXPECT_FALSE(button.isHighlighted());
+}

@@ -1,0 +1,13 @@
+velumora_test(date-tests
+    core/dates_calendars_test.cpp
+    core/dates_elapsed_test.cpp
+    core/dates_environment_test.cpp
+    core/dates_formatter_test.cpp
+    core/dates_integer_value_test.cpp
+    core/dates_month_grid_test.cpp
+    core/dates_utilities_test.cpp
+    core/dates_zones_test.cpp
+    support/DateGuards.cpp
+    support/DateGuards.h
+    LABELS core
+)
