@@ -24,6 +24,10 @@ class DesktopTest(unittest.TestCase):
         self._running = []
         self.addCleanup(self._end_running)
 
+    def run(self, result=None):
+        self._result = result
+        return super().run(result)
+
     def new_home(self, **settings):
         return Home(self.session.directory / f"home-{len(list(self.session.directory.iterdir()))}", **settings)
 
@@ -41,7 +45,7 @@ class DesktopTest(unittest.TestCase):
         return path
 
     def _end_running(self):
-        if not self._outcome.success:
+        if any(test is self for test, _ in self._result.failures + self._result.errors):
             self.picture(self.id())
         for application in self._running:
             if application.process.poll() is None:
