@@ -1,0 +1,15 @@
+# Tests that start a built program on a display of their own and use it as a person would. Debian's own Python runs them:
+# the accessibility bindings are made for it.
+add_executable(bare-window desktop/bare_window.cpp)
+target_link_libraries(bare-window PRIVATE velumora-compile Qt6::Widgets)
+
+# desktop_test(NAME PROGRAM target): runs desktop/NAME.py on the program of that target.
+function(desktop_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 test "" "PROGRAM" "")
+    add_test(NAME ${name} COMMAND /usr/bin/python3 -B -W ignore::DeprecationWarning ${CMAKE_CURRENT_LIST_DIR}/desktop/${name}.py)
+    set_tests_properties(${name} PROPERTIES LABELS desktop TIMEOUT 300
+        ENVIRONMENT "PYTHONPATH=${CMAKE_CURRENT_LIST_DIR}/support;TEST_PROGRAM=$<TARGET_FILE:${test_PROGRAM}>;TEST_PICTURES=${CMAKE_BINARY_DIR}/pictures")
+endfunction()
+
+desktop_test(driver_test PROGRAM bare-window)
+desktop_test(first_day_test PROGRAM velumora)

@@ -1,0 +1,132 @@
+# SPDX-License-Identifier: MIT
+"""The first day with the program: notes are written, found, kept, deleted; what is on disk is read by other programs."""
+
+import datetime
+import signal
+import unittest
+import zoneinfo
+
+from desktop.case import DesktopTest
+
+NOTES = "TALV VeluMora"
+BERLIN = zoneinfo.ZoneInfo("Europe/Berlin")
+TEXT = "Milk\nBread, 2 loaves\n<Call> Grandma & Sam"
+
+
+def day_of_this_month(day):
+    return datetime.datetime.now(BERLIN).replace(day=day, hour=0, minute=0, second=0, microsecond=0)
+
+
+def spoken(day):
+    return f"{day:%A, %B} {day.day}, {day:%Y}"
+
+
+def in_file(day):
+    """The instant as a property list carries it."""
+    return day.astimezone(datetime.timezone.utc).replace(tzinfo=None)
+
+
+class FirstDayTest(DesktopTest):
+    day = day_of_this_month(2)
+
+    def write_note(self, window, day, text):
+        window.find("push button", spoken(day)).press()
+        window.find("text", "Note").wait_for_state("focused")
+        window.type(text)
+        window.find("text", "Note").wait_for_text(text)
+        window.find("push button", "Today").focus()
+        window.find("push button", f"{spoken(day)}, has a note")
+
+    def wait_for_notes(self, window, expected):
+        window.wait_until(lambda: self.home.table(NOTES) == expected, f"{expected} on disk")
+
+    def test_a_note_is_written_marked_stored_and_there_again(self):
+        window = self.start()
+        window.find("push button", spoken(self.day)).press()
+        note = window.find("text", "Note")
+        one_line = note.rectangle[3]
+        note.wait_for_state("focused")
+        window.type(TEXT)
+        note.wait_for_text(TEXT)
+        self.assertEqual(note.rectangle[3], 3 * one_line)
+        self.assertIsNone(self.home.table(NOTES), "nothing is written while a note is being typed")
+
+        window.find("text", "Search notes").click()
+        window.find("push button", f"{spoken(self.day)}, has a note")
+        expected = [{"NoteDateKey": in_file(self.day), "NoteDataKey": TEXT}]
+        self.wait_for_notes(window, expected)
+        self.assertEqual(self.home.table_by_plistutil(NOTES), expected)
+        self.assertEqual(self.home.stamp(NOTES), ("NOTE", "Vel1"))
+        self.assertEqual((self.home.folder / NOTES).stat().st_mode & 0o777, 0o600)
+
+        window.key("ctrl+q")
+        self.assertEqual(window.wait_for_end(), 0)
+        again = self.start()
+        again.find("push button", f"{spoken(self.day)}, has a note").press()
+        again.find("text", "Note").wait_for_text(TEXT)
+
+    def test_a_search_shows_the_notes_that_hold_the_words(self):
+        window = self.start()
+        self.write_note(window, day_of_this_month(3), "Dentist at noon")
+        self.write_note(window, day_of_this_month(4), "Choir")
+        window.find("table cell", "Note: Choir")
+        window.key("ctrl+f")
+        window.find("text", "Search notes").wait_for_state("focused")
+        window.type("dentist\n")
+        window.wait_until_gone("table cell", "Note: Choir")
+        window.find("table cell", "Note: Dentist at noon")
+
+    def test_a_deletion_is_asked_about_and_can_be_refused(self):
+        window = self.start()
+        self.write_note(window, self.day, "Short-lived")
+        kept = [{"NoteDateKey": in_file(self.day), "NoteDataKey": "Short-lived"}]
+        self.wait_for_notes(window, kept)
+
+        window.find("push button", "Delete Note…").press()
+        window.find("push button", "Cancel Delete").press()
+        window.wait_until_gone("dialog")
+        self.assertEqual(self.home.table(NOTES), kept)
+
+        window.find("push button", "Delete Note…").press()
+        window.find("push button", "Confirm Delete").press()
+        self.wait_for_notes(window, None)
+        window.find("push button", spoken(self.day))
+
+    def test_the_week_starts_on_the_day_that_the_preferences_say(self):
+        def first_weekday(window):
+            names = ("Sunday", "Monday")
+            return min((label for label in window.find_all("label") if label.name in names),
+                       key=lambda label: label.rectangle[0]).name
+
+        window = self.start()
+        window.wait_until(lambda: first_weekday(window) == "Sunday", "Sunday first")
+        window.key("ctrl+comma")
+        window.find("radio button", "Monday").click()
+        window.wait_until(lambda: first_weekday(window) == "Monday", "Monday first")
+        window.key("Escape")
+        window.wait_until_gone("dialog")
+        window.key("ctrl+q")
+        self.assertEqual(window.wait_for_end(), 0)
+        again = self.start()
+        again.wait_until(lambda: first_weekday(again) == "Monday", "Monday first after a new start")
+
+    def test_days_are_spoken_in_the_language_of_the_desktop(self):
+        german = self.new_home(locale="de_DE.UTF-8", languages="de")
+        months = ("Januar", "Februar", "März", "April", "Mai", "Juni", "Juli", "August", "September", "Oktober",
+                  "November", "Dezember")
+        weekdays = ("Montag", "Dienstag", "Mittwoch", "Donnerstag", "Freitag", "Samstag", "Sonntag")
+        day = self.day
+        window = self.start(home=german)
+        window.find("push button", f"{weekdays[day.weekday()]}, {day.day}. {months[day.month - 1]} {day.year}")
+        window.find("label", months[day.month - 1])
+
+    def test_being_asked_to_end_by_the_system_ends_it_cleanly(self):
+        window = self.start()
+        self.write_note(window, self.day, "Kept")
+        window.process.send_signal(signal.SIGTERM)
+        self.assertEqual(window.wait_for_end(), 0)
+        self.assertEqual([note["NoteDataKey"] for note in self.home.table(NOTES)], ["Kept"])
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

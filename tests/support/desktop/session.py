@@ -1,0 +1,94 @@
+# SPDX-License-Identifier: MIT
+"""A desktop for one test process: an X server, a session bus and a place for private homes."""
+
+import os
+import pathlib
+import shutil
+import tempfile
+
+from .processes import Processes
+from .screen import Screen
+from .waiting import wait_until
+
+
+class Session:
+    """An X server and a session bus of its own. Use it in a with statement: it leaves no process behind.
+
+    A managed session has a window manager, which gives the keyboard to new windows; an unmanaged one shows windows
+    bare, so that every pixel of one was drawn by its program."""
+
+    def __init__(self, managed=True, width=1600, height=1200):
+        self.processes = Processes()
+        self.directory = pathlib.Path(tempfile.mkdtemp(prefix="velumora-desktop-"))
+        self._screen = None
+        try:
+            self.display = self._start_x_server(width, height)
+            self.bus_address = self._start_bus()
+            self._screen = Screen(self.display)
+            if managed:
+                self._start_window_manager()
+        except BaseException:
+            self.close()
+            raise
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    @property
+    def screen(self):
+        return self._screen
+
+    @property
+    def environment(self):
+        """What a program needs to run in this session."""
+        return {"DISPLAY": self.display, "DBUS_SESSION_BUS_ADDRESS": self.bus_address, "QT_QPA_PLATFORM": "xcb"}
+
+    def close(self):
+        if self._screen:
+            self._screen.close()
+        self.processes.end_all()
+        shutil.rmtree(self.directory, ignore_errors=True)
+
+    def _start_x_server(self, width, height):
+        read, write = os.pipe()
+        try:
+            self._start(["Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
+                         "-noreset"], pass_fds=[write])
+        finally:
+            os.close(write)
+        return ":" + _first_line(read, "Xvfb")
+
+    def _start_bus(self):
+        # Services that the bus starts (the accessibility registry) take their home from the bus.
+        runtime = self.directory / "runtime"
+        runtime.mkdir(mode=0o700)
+        environment = os.environ | {"DISPLAY": self.display, "HOME": str(self.directory),
+                                    "XDG_RUNTIME_DIR": str(runtime)}
+        read, write = os.pipe()
+        try:
+            self._start(["dbus-daemon", "--session", "--nofork", "--nopidfile", f"--print-address={write}"],
+                        pass_fds=[write], env=environment)
+        finally:
+            os.close(write)
+        return _first_line(read, "dbus-daemon")
+
+    def _start_window_manager(self):
+        ready = self.directory / "window-manager-ready"
+        self._start(["openbox", "--startup", f"touch {ready}"],
+                    env=os.environ | self.environment | {"HOME": str(self.directory)})
+        wait_until(ready.exists, "the window manager")
+
+    def _start(self, command, **options):
+        with open(self.directory / f"{command[0]}.log", "wb") as log:
+            self.processes.start(command, stdout=log, stderr=log, **options)
+
+
+def _first_line(descriptor, program):
+    with open(descriptor, encoding="ascii") as file:
+        line = file.readline().strip()
+    if not line:
+        raise OSError(f"{program} did not start")
+    return line
