@@ -2,6 +2,7 @@
 #include "table_fixture.h"
 
 #include <QAccessible>
+#include <QGuiApplication>
 #include <QTest>
 
 namespace {
@@ -95,7 +96,8 @@ TEST_F(TableAccessibility, StatesFollowSelectionAndFocus)
 
 TEST_F(TableAccessibility, MovingTheSelectionSpeaksTheNewRow)
 {
-    if (!QAccessible::isActive()) {
+    const bool mayListen = QGuiApplication::platformName() != u"offscreen";
+    if (!mayListen || !QTest::qWaitFor(QAccessible::isActive)) {
         GTEST_SKIP() << "needs an accessibility bus: QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1";
     }
     table.setFocus();
