@@ -18,6 +18,10 @@ namespace {
 constexpr double dateColumnWidth = 160;
 constexpr double elapsedColumnWidth = 220;
 
+// How the two tables share the height of the page.
+constexpr int notesShare = 600;
+constexpr int importantDatesShare = 400;
+
 /// A column of fixed width that sorts by what it shows.
 TableColumn sortedColumn(std::string_view key, const QString& title)
 {
@@ -72,6 +76,7 @@ void AppDelegate::configureTables()
     m_ui.importantDatesTableView->setLineHeight(eventLineHeight);
     m_ui.importantDatesTableView->setPlaceholderText(localized("No important dates yet"));
     m_ui.importantDatesTableView->setDelegate(this);
+    m_ui.tablesSplitter->setSizes({notesShare, importantDatesShare});
 }
 
 /// The controls of the window and of the preferences sheet, one line each.

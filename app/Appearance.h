@@ -1,8 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPalette>
+
+#include <cstdint>
+
 class QApplication;
 
-/// Gives the program its look: the widget style, the fonts' base size and the rules of `resources/velumora.qss`, all on
-/// the colours of the desktop's palette.
+enum class Appearance : std::uint8_t { Light, Dark };
+
+/// The program's colours.
+QPalette calmPalette(Appearance appearance);
+
+/// Gives the program its look: the widget style, the fonts' base size, the palette (light or dark, as the desktop's is) and
+/// the rules of `resources/velumora.qss`.
 void applyAppearance(QApplication& application);

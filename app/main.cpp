@@ -15,6 +15,7 @@
 #include "ui_MainWindow.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QStandardPaths>
 
 #include <cstdlib>
@@ -30,7 +31,11 @@ std::string environmentVariable(const char* name)
 std::optional<std::filesystem::path> applicationSupportFolder()
 {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return folder.isEmpty() ? std::nullopt : std::optional<std::filesystem::path>(folder.toStdString());
+    if (folder.isEmpty()) {
+        return std::nullopt;
+    }
+    QDir().mkpath(folder); // a new account has none yet
+    return folder.toStdString();
 }
 
 } // namespace

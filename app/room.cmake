@@ -1,6 +1,12 @@
 set(VELUMORA_WEB_PAGE "https://velumora.invalid/" CACHE STRING
     "The product's web page; the default resolves nowhere")
 
+# Texts of layouts come from the same catalogue, in the same context, as those of the code.
+set_target_properties(velumora-app PROPERTIES
+    AUTOUIC ON
+    AUTOUIC_OPTIONS "--tr;localized;--include;app/Localized.h"
+    AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/resources")
+target_include_directories(velumora-app PUBLIC ${CMAKE_BINARY_DIR}/velumora-app_autogen/include)
 target_compile_definitions(velumora-app PRIVATE
     VELUMORA_VERSION="${PROJECT_VERSION}"
     VELUMORA_SOURCE_DIR="${CMAKE_SOURCE_DIR}"

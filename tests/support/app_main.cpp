@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#include "app/Appearance.h"
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    // No test of this kind needs or touches the desktop that it runs on.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qunsetenv("QT_SCALE_FACTOR");
+    QApplication application(argc, argv);
+    applyAppearance(application);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
