@@ -28,11 +28,7 @@ public:
 /// A data folder of its own in the working directory, on a real disk, unlike most folders for temporary files.
 class BenchFolder {
 public:
-    BenchFolder()
-    {
-        std::string name = fs::current_path() / "save-bench-XXXXXX";
-        m_path = ::mkdtemp(name.data());
-    }
+    BenchFolder() = default;
     BenchFolder(const BenchFolder&) = delete;
     BenchFolder& operator=(const BenchFolder&) = delete;
     ~BenchFolder()
@@ -45,7 +41,13 @@ public:
     DataFolder& data() { return m_data; }
 
 private:
-    fs::path m_path;
+    static fs::path makeFolder()
+    {
+        std::string name = fs::current_path() / "save-bench-XXXXXX";
+        return ::mkdtemp(name.data());
+    }
+
+    fs::path m_path = makeFolder();
     FirstDayClock m_clock;
     DataFolder m_data{m_path, m_clock};
 };

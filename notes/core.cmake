@@ -1,6 +1,8 @@
 target_sources(velumora-core PRIVATE
     notes/BytePairs.cpp
     notes/BytePairs.h
+    notes/CellLines.cpp
+    notes/CellLines.h
     notes/DecodedCharacter.cpp
     notes/DecodedCharacter.h
     notes/FoldSources.cpp
@@ -11,6 +13,8 @@ target_sources(velumora-core PRIVATE
     notes/NoteSorting.cpp
     notes/PlainCharacters.cpp
     notes/PlainCharacters.h
+    notes/RowHeights.cpp
+    notes/RowHeights.h
     notes/SortDescriptor.h
     notes/TextFolding.cpp
     notes/TextFolding.h
@@ -18,4 +22,6 @@ target_sources(velumora-core PRIVATE
     notes/TextLines.h
     notes/TextSearch.cpp
     notes/TextSearch.h
+    notes/XmlCharacters.cpp
+    notes/XmlCharacters.h
 )

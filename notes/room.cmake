@@ -1,11 +1,3 @@
-target_sources(velumora-core PRIVATE
-    notes/RowHeights.cpp
-    notes/RowHeights.h
-    notes/CellLines.cpp
-    notes/CellLines.h
-    notes/XmlCharacters.cpp
-    notes/XmlCharacters.h
-)
 target_sources(velumora-app PRIVATE
     notes/CellEditor.cpp
     notes/CellEditor.h
