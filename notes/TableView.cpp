@@ -190,7 +190,7 @@ void TableView::layoutContents()
     for (const ColumnSpan& span : m_columnSpans) {
         width = std::max(width, span.right());
     }
-    const double height = std::min(m_heights.total(), static_cast<double>(std::numeric_limits<int>::max() / 2));
+    const double height = std::min(m_heights.total(), static_cast<double>(std::numeric_limits<int>::max()) / 2);
     verticalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(height)) - page.height()));
     verticalScrollBar()->setPageStep(page.height());
     horizontalScrollBar()->setRange(0, std::max(0, width - page.width()));

@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+#include <stdexcept>
+
 int FakeTableDelegate::numberOfRowsInTableView(const TableView& /*tableView*/)
 {
     return static_cast<int>(texts.size());

@@ -12,6 +12,10 @@ from gi.repository import Atspi, GLib  # noqa: E402  (the version is chosen firs
 
 from .waiting import PATIENCE, wait_until
 
+# A question to a program that is just starting or ending is asked again rather than waited for (milliseconds; the
+# library would wait up to 15 s).
+Atspi.set_timeout(1000, 1000)
+
 
 class Application:
     """A running program. Start it with a Session and a Home; end it with quit() or with the session."""
