@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr double dateColumnWidth = 160;
+constexpr double dateColumnWidth = 176;
 constexpr double elapsedColumnWidth = 220;
 
 // How the two tables share the height of the page.

@@ -68,7 +68,7 @@
         <translation>Tag löschen …</translation>
     </message>
     <message>
-        <source>Delete Important Da&amp;te…</source>
+        <source>Delete &amp;Important Date…</source>
         <translation>Wichtigen &amp;Tag löschen …</translation>
     </message>
     <message>
@@ -129,7 +129,7 @@
     </message>
     <message>
         <source>Mini Calendar&apos;s Month</source>
-        <translation>Monat im Minikalender</translation>
+        <translation>Gezeigter Monat</translation>
     </message>
     <message>
         <source>&amp;Month</source>
