@@ -8,6 +8,7 @@
 #include <QFont>
 #include <QPalette>
 #include <QStyleFactory>
+#include <QWidget>
 
 #include <array>
 
@@ -58,7 +59,7 @@ QPalette calmPalette(Appearance appearance)
     return palette;
 }
 
-void applyAppearance(QApplication& application)
+void applyAppearance()
 {
     const bool dark = isDarkAppearance(QApplication::palette());
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
@@ -66,10 +67,13 @@ void applyAppearance(QApplication& application)
     QFont base = QApplication::font();
     base.setPixelSize(basePixelSize);
     QApplication::setFont(base);
+}
 
+void applyStyleRules(QWidget& window)
+{
     Q_INIT_RESOURCE(velumora); // it stands in a library
     QFile rules(QStringLiteral(":/velumora.qss"));
     if (rules.open(QIODevice::ReadOnly)) {
-        application.setStyleSheet(QString::fromUtf8(rules.readAll()));
+        window.setStyleSheet(QString::fromUtf8(rules.readAll()));
     }
 }

@@ -54,7 +54,7 @@ int main(int argc, char** argv)
     DateEnvironment::setLocalePair(languages);
     DateEnvironment::setTimeZone({});
     installTranslation(languages.preferredLanguages);
-    applyAppearance(application);
+    applyAppearance();
 
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
@@ -68,6 +68,7 @@ int main(int argc, char** argv)
     QMainWindow window;
     Ui::MainWindow layout;
     layout.setupUi(&window);
+    applyStyleRules(window);
     AppDelegate delegate(window, layout,
                          {.bundle = bundle,
                           .clockMonitor = clockMonitor,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/AppFixture.h"
 
+#include "app/Appearance.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "dates/DateUtilities.h"
 #include "notes/CellEditor.h"
@@ -78,6 +79,7 @@ void AppFixture::make()
     window = std::make_unique<QMainWindow>();
     ui = std::make_unique<Ui::MainWindow>();
     ui->setupUi(window.get());
+    applyStyleRules(*window);
     app = std::make_unique<AppDelegate>(*window, *ui, host.services(home.path().toStdString()));
 }
 

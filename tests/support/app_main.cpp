@@ -9,8 +9,8 @@ int main(int argc, char** argv)
     // No test of this kind needs or touches the desktop that it runs on.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_SCALE_FACTOR");
-    QApplication application(argc, argv);
-    applyAppearance(application);
+    const QApplication application(argc, argv);
+    applyAppearance();
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
