@@ -15,8 +15,8 @@
 
 namespace {
 
-constexpr double dateColumnWidth = 160;
-constexpr double elapsedColumnWidth = 220;
+constexpr double dateColumnWidth = 176;
+constexpr double elapsedColumnWidth = 208;
 
 // How the two tables share the height of the page.
 constexpr int notesShare = 600;

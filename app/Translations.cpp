@@ -26,6 +26,7 @@ bool install(const QString& file, const QString& folder)
 
 void installTranslation(const std::vector<std::string>& preferredLanguages)
 {
+    Q_INIT_RESOURCE(translations); // it stands in a library
     for (const std::string& tag : preferredLanguages) {
         const QString language = QString::fromStdString(tag).section(QLatin1Char('-'), 0, 0).toLower();
         if (language == QLatin1String("en")) {

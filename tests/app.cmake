@@ -5,13 +5,34 @@ add_library(app-test-support STATIC
     support/DateGuards.cpp
     support/DateGuards.h
     support/FakeHost.h
+    support/Screenshot.cpp
+    support/Screenshot.h
+    support/TranslationGuard.cpp
+    support/TranslationGuard.h
     support/app_main.cpp
 )
 target_link_libraries(app-test-support PUBLIC velumora-app Qt6::Test GTest::gmock)
 target_include_directories(app-test-support PUBLIC ${CMAKE_SOURCE_DIR}/tests)
+target_compile_definitions(app-test-support PRIVATE VELUMORA_SCREENSHOTS="${CMAKE_BINARY_DIR}/screenshots")
 
 velumora_test(app-tests
     app/alert_test.cpp
     app/lifecycle_test.cpp
     LIBRARIES app-test-support
     LABELS app)
+
+# The texts of the program and the room they have; with a catalogue of their own, of a language written from right to left.
+velumora_test(language-tests
+    app/catalogue_test.cpp
+    app/translation_test.cpp
+    app/window_fit_test.cpp
+    LIBRARIES app-test-support
+    LABELS app)
+qt_add_lrelease(language-tests
+    TS_FILES data/translations/velumora_ug.ts
+    QM_FILES_OUTPUT_VARIABLE test_catalogues)
+qt_add_resources(language-tests test_translations
+    PREFIX /translations
+    BASE ${CMAKE_CURRENT_BINARY_DIR}
+    FILES ${test_catalogues})
+target_compile_definitions(language-tests PRIVATE VELUMORA_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
