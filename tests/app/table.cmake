@@ -13,4 +13,5 @@ velumora_test(table-tests
     app/table_painting_test.cpp
     app/table_view_test.cpp
     LIBRARIES velumora-app Qt6::Test
+    LABELS app
 )
