@@ -12,6 +12,10 @@ target_include_directories(app-test-support PUBLIC ${CMAKE_SOURCE_DIR}/tests)
 
 velumora_test(app-tests
     app/alert_test.cpp
+    app/help_test.cpp
+    app/host_test.cpp
     app/lifecycle_test.cpp
+    app/preferences_test.cpp
+    app/store_test.cpp
     LIBRARIES app-test-support
     LABELS app)
