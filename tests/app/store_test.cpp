@@ -138,6 +138,7 @@ TEST_F(StoreTest, TheNotesButtonSavesEveryNoteThoughTheListIsFiltered)
     start();
     ui->hideShowSegBtn->press(0);
     ASSERT_EQ(shownRows().size(), 2);
+    app->waitForSaves();
     std::filesystem::remove(notesFile());
     ui->noteEntryListSaveBtn->setEnabled(true);
     ui->noteEntryListSaveBtn->click();
