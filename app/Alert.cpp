@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -23,9 +24,10 @@ constexpr int textWidth = 320;   ///< least width of the two texts
 constexpr int longestBody = 280; ///< a body that is higher than this scrolls
 constexpr int messagePixelSize = 14;
 
-/// The body as it is shown: carriage returns begin lines, as line feeds do.
+/// A text as it is shown: carriage returns begin lines, as line feeds do, and the two together begin one.
 QString withLineFeeds(QString text)
 {
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     return text.replace(QChar::CarriageReturn, QChar::LineFeed);
 }
 
@@ -36,6 +38,9 @@ QLabel* makeText(QWidget* parent)
     label->setWordWrap(true);
     label->setMinimumWidth(textWidth);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    QSizePolicy policy = label->sizePolicy();
+    policy.setHorizontalPolicy(QSizePolicy::Ignored); // a long word does not widen the panel
+    label->setSizePolicy(policy);
     return label;
 }
 
@@ -69,7 +74,7 @@ public:
 
 Alert::Alert(QWidget* parent)
     : QDialog(parent), m_icon(new QLabel(this)), m_message(makeText(this)), m_information(makeText(nullptr)),
-      m_buttonRow(new QHBoxLayout)
+      m_body(new BodyArea(this)), m_buttonRow(new QHBoxLayout)
 {
     setObjectName(QStringLiteral("alert"));
     QFont bold = m_message->font();
@@ -78,14 +83,13 @@ Alert::Alert(QWidget* parent)
     m_message->setFont(bold);
     m_information->setAlignment(Qt::AlignTop | Qt::AlignLeading);
 
-    auto* body = new BodyArea(this);
-    body->setWidget(m_information);
+    m_body->setWidget(m_information);
     m_information->setAutoFillBackground(false);
 
     auto* texts = new QVBoxLayout;
     texts->setSpacing(gap);
     texts->addWidget(m_message);
-    texts->addWidget(body, 1);
+    texts->addWidget(m_body, 1);
 
     auto* content = new QHBoxLayout;
     content->setSpacing(margin - gap / 2);
@@ -142,13 +146,11 @@ QPushButton& Alert::addButton(const QString& title)
     const qsizetype index = m_buttons.size();
     m_buttons.append(button);
     m_buttonRow->insertWidget(static_cast<int>(index), button);
-    connect(button, &QPushButton::clicked, this, [this, index] { answerWith(index); });
+    connect(button, &QPushButton::clicked, this, [this, index] { done(firstButtonReturn + static_cast<int>(index)); });
     button->setAutoDefault(false);
     if (index == 0) {
         button->setDefault(true);
         button->setFocus();
-    } else if (index == 1) {
-        button->setShortcut(Qt::Key_Escape);
     }
     return *button;
 }
@@ -178,15 +180,39 @@ int Alert::runModal()
     return exec();
 }
 
-/// A window manager's close button counts as the Escape key: it needs a second button.
+/// The close button of a window manager counts as the Escape key: it needs a second button.
 void Alert::reject()
 {
-    if (m_buttons.size() > 1 && !m_buttons.at(1)->isHidden()) {
-        answerWith(1);
+    press(1);
+}
+
+void Alert::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        press(0);
+        break;
+    case Qt::Key_Escape:
+        press(1);
+        break;
+    case Qt::Key_PageUp:
+        m_body->verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepSub);
+        break;
+    case Qt::Key_PageDown:
+        m_body->verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
+        break;
+    default:
+        QDialog::keyPressEvent(event);
     }
 }
 
-void Alert::answerWith(qsizetype button)
+/// Clicks the button, if the alert has it. One without any button, which no click can close, is closed unanswered.
+void Alert::press(qsizetype button)
 {
-    done(firstButtonReturn + static_cast<int>(button));
+    if (m_buttons.isEmpty()) {
+        done(0);
+    } else if (button < m_buttons.size() && !m_buttons.at(button)->isHidden()) {
+        m_buttons.at(button)->click();
+    }
 }

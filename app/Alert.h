@@ -10,8 +10,10 @@
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
+class QScrollArea;
 
-/// A question or an error put to the user: a headline, a body and buttons. All its texts are plain text.
+/// A question or an error put to the user: a headline, a body and buttons. Headline and body are plain text. A body
+/// that is too long for the panel scrolls, with the page keys too.
 class Alert : public QDialog {
     Q_OBJECT
 
@@ -34,7 +36,7 @@ public:
     void setAlertStyle(Style style);
     Style alertStyle() const { return m_style; }
 
-    /// Adds a button at the end. The first answers the Return key, the second the Escape key.
+    /// Adds a button at the end. The first answers the Return key, the second the Escape key, whatever has the focus.
     QPushButton& addButton(const QString& title);
     const QList<QPushButton*>& buttons() const { return m_buttons; }
 
@@ -49,13 +51,17 @@ public:
 
     void reject() override;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
-    void answerWith(qsizetype button);
+    void press(qsizetype button);
 
     Style m_style = Style::Warning;
     QLabel* m_icon;
     QLabel* m_message;
     QLabel* m_information;
+    QScrollArea* m_body;
     QHBoxLayout* m_buttonRow;
     QList<QPushButton*> m_buttons;
 };

@@ -20,13 +20,10 @@ std::unique_ptr<Alert> makeAlert(const QString& errorString, const QString& titl
     return alert;
 }
 
-void addTitledButtons(Alert& alert, const QString& first, const QString& second)
+/// Adds the button, unless its title is empty; then there is none.
+QPushButton* addTitledButton(Alert& alert, const QString& title)
 {
-    for (const QString& title : {first, second}) {
-        if (!title.isEmpty()) {
-            alert.addButton(title);
-        }
-    }
+    return title.isEmpty() ? nullptr : &alert.addButton(title);
 }
 
 void makeSmall(QPushButton& button)
@@ -58,12 +55,13 @@ std::unique_ptr<Alert> AppDelegate::copySheetAlertWithErrorString(const QString&
                                                                   const QString& canBtnToolTip)
 {
     std::unique_ptr<Alert> alert = makeAlert(errorString, titleString);
-    addTitledButtons(*alert, okBtnTitle, canBtnTitle);
-    const QStringList toolTips{okBtnToolTip, canBtnToolTip};
-    for (qsizetype i = 0; i < alert->buttons().size(); ++i) {
-        QPushButton& button = *alert->buttons().at(i);
-        button.setToolTip(toolTips.at(i));
-        makeSmall(button);
+    if (QPushButton* button = addTitledButton(*alert, okBtnTitle)) {
+        button->setToolTip(okBtnToolTip);
+        makeSmall(*button);
+    }
+    if (QPushButton* button = addTitledButton(*alert, canBtnTitle)) {
+        button->setToolTip(canBtnToolTip);
+        makeSmall(*button);
     }
     return alert;
 }
@@ -74,7 +72,8 @@ std::unique_ptr<Alert> AppDelegate::copySheetAlertWithErrorString(const QString&
                                                                   const QString& secondBtnTitle)
 {
     std::unique_ptr<Alert> alert = makeAlert(errorString, titleString);
-    addTitledButtons(*alert, firstBtnTitle, secondBtnTitle);
+    addTitledButton(*alert, firstBtnTitle);
+    addTitledButton(*alert, secondBtnTitle);
     Alert::hideButton(alert->addButton(wideningTitle));
     return alert;
 }

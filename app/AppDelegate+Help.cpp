@@ -4,7 +4,6 @@
 #include "host/Bundle.h"
 #include "host/Workspace.h"
 
-#include <QLocale>
 #include <QMainWindow>
 #include <QUrl>
 #include <unicode/locid.h>

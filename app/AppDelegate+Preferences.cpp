@@ -31,9 +31,7 @@ void AppDelegate::openClosePrefsSheet()
     const bool allNotes = m_host.userDefaults.integerForKey(PreferenceKeys::startList) != 0;
     sheet.allVelumora->setChecked(allNotes);
     sheet.currentMonthVelumora->setChecked(!allNotes);
-    if (!m_prefsSheet->isVisible()) {
-        SheetQueue::of(m_window).begin(*m_prefsSheet);
-    }
+    SheetQueue::of(m_window).begin(*m_prefsSheet);
 }
 
 void AppDelegate::userSetPref(QRadioButton& sender)

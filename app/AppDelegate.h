@@ -225,6 +225,6 @@ private:
     std::optional<DateFormatter> m_sharedStyleFormatter;
     std::optional<DateFormatter> m_sharedListDateFormatter;
 
-    QTimer m_minuteTimer;
+    QTimer m_minuteTimer{this};
     bool m_missingTextReported = false; ///< while the alert about a missing text is up
 };

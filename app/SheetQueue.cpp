@@ -36,6 +36,9 @@ SheetQueue::SheetQueue(QWidget& window) : QObject(&window), m_window(window)
 
 void SheetQueue::begin(QDialog& sheet, Completion completion)
 {
+    if (std::ranges::find(m_entries, &sheet, &Entry::sheet) != m_entries.end()) {
+        return;
+    }
     m_entries.push_back({&sheet, std::move(completion)});
     connect(&sheet, &QObject::destroyed, this, &SheetQueue::forget);
     if (m_entries.size() == 1) {

@@ -19,7 +19,8 @@ public:
     /// The queue of `window`, made at first use and owned by the window.
     static SheetQueue& of(QWidget& window);
 
-    /// Shows `sheet` when its turn comes. The caller keeps the ownership; a sheet that is deleted leaves the queue.
+    /// Shows `sheet` when its turn comes; nothing happens when it is shown or waits already. The caller keeps the
+    /// ownership; a sheet that is deleted leaves the queue.
     void begin(QDialog& sheet, Completion completion = {});
 
     /// The sheet that is shown, null when there is none.

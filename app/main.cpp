@@ -80,9 +80,11 @@ int main(int argc, char** argv)
                           .workspace = workspace,
                           .applicationSupport = applicationSupportFolder()});
 
+    // Not QApplication::quit, which a sheet that waits for its answer would refuse.
+    const auto quit = [] { QApplication::exit(); };
     // Queued, so that a quit asked for before the event loop runs is heard as well.
-    QObject::connect(&delegate, &AppDelegate::terminated, &application, &QApplication::quit, Qt::QueuedConnection);
-    QObject::connect(&signals, &TerminationSignals::terminationRequested, &application, &QApplication::quit);
+    QObject::connect(&delegate, &AppDelegate::terminated, &application, quit, Qt::QueuedConnection);
+    QObject::connect(&signals, &TerminationSignals::terminationRequested, &application, quit);
     QObject::connect(&application, &QApplication::aboutToQuit, &delegate, &AppDelegate::applicationWillTerminate);
     QApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
 

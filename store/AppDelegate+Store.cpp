@@ -17,7 +17,7 @@ void AppDelegate::loadTables()
         m_saves.save(allNotesTVData, std::string(NotesFileName), Replacing::Nothing);
         m_host.userDefaults.setInteger(1, PreferenceKeys::notesCleaned);
     }
-    notesTVData = allNotesTVData;
+    notesTVData = allNotesTVData.value_or(Table()); // the list of a file that could not be read is an empty one
     m_ui.notesTableView->reloadData();
 
     eventsTVData = m_folder.loadTable(std::string(EventsFileName));

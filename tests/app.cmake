@@ -17,7 +17,11 @@ target_compile_definitions(app-test-support PRIVATE VELUMORA_SCREENSHOTS="${CMAK
 
 velumora_test(app-tests
     app/alert_test.cpp
+    app/help_test.cpp
+    app/host_test.cpp
     app/lifecycle_test.cpp
+    app/preferences_test.cpp
+    app/store_test.cpp
     LIBRARIES app-test-support
     LABELS app)
 

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <ctime>
+#include <utility>
 
 #include <sys/timerfd.h>
 #include <unistd.h>
@@ -17,11 +18,8 @@ namespace {
 
 constexpr std::time_t farFuture = 7'258'118'400; ///< 1 January 2200
 
-const QString zoneFolder = QStringLiteral("/etc");
-const QString zoneLink = QStringLiteral("/etc/localtime");
-
 /// What the system's zone is set to: the target of the link, or the bytes of a plain file.
-QByteArray systemZone()
+QByteArray systemZone(const QString& zoneLink)
 {
     const QFileInfo link(zoneLink);
     if (link.isSymLink()) {
@@ -33,8 +31,9 @@ QByteArray systemZone()
 
 } // namespace
 
-KernelClockMonitor::KernelClockMonitor(QObject* parent)
-    : ClockMonitor(parent), m_timer(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)), m_zone(systemZone())
+KernelClockMonitor::KernelClockMonitor(QString zoneLink, QObject* parent)
+    : ClockMonitor(parent), m_zoneLink(std::move(zoneLink)),
+      m_timer(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)), m_zone(systemZone(m_zoneLink))
 {
     if (m_timer >= 0) {
         armTimer();
@@ -42,7 +41,7 @@ KernelClockMonitor::KernelClockMonitor(QObject* parent)
         connect(m_notifier.get(), &QSocketNotifier::activated, this, &KernelClockMonitor::readTimer);
     }
     // The link is replaced, not written, so it is its folder that tells.
-    m_zoneFiles.addPath(zoneFolder);
+    m_zoneFiles.addPath(QFileInfo(m_zoneLink).absolutePath());
     connect(&m_zoneFiles, &QFileSystemWatcher::directoryChanged, this, &KernelClockMonitor::zoneFilesChanged);
 }
 
@@ -73,7 +72,7 @@ void KernelClockMonitor::readTimer()
 
 void KernelClockMonitor::zoneFilesChanged()
 {
-    const QByteArray zone = systemZone();
+    const QByteArray zone = systemZone(m_zoneLink);
     if (zone == m_zone) {
         return;
     }

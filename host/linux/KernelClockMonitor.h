@@ -14,7 +14,8 @@ class KernelClockMonitor : public ClockMonitor {
     Q_OBJECT
 
 public:
-    explicit KernelClockMonitor(QObject* parent = nullptr);
+    /// `zoneLink` is the system's link to its zone, or a copy of that zone.
+    explicit KernelClockMonitor(QString zoneLink = QStringLiteral("/etc/localtime"), QObject* parent = nullptr);
     ~KernelClockMonitor() override;
 
 private:
@@ -22,6 +23,7 @@ private:
     void readTimer();
     void zoneFilesChanged();
 
+    const QString m_zoneLink;
     int m_timer = -1; ///< a timerfd; -1 where the kernel gives none
     std::unique_ptr<QSocketNotifier> m_notifier;
     QFileSystemWatcher m_zoneFiles;

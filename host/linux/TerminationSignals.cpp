@@ -1,33 +1,59 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/TerminationSignals.h"
 
+#include <array>
+#include <atomic>
+#include <cerrno>
 #include <csignal>
+#include <cstdint>
 
-#include <sys/signalfd.h>
+#include <sys/eventfd.h>
 #include <unistd.h>
 
-TerminationSignals::TerminationSignals(QObject* parent) : QObject(parent)
+namespace {
+
+constexpr std::array handledSignals{SIGTERM, SIGINT, SIGHUP};
+
+std::atomic<int> raisedEvent = -1; ///< what the handler raises: a handler is given nothing else
+
+void raiseEvent(int)
 {
-    sigset_t handled;
-    sigemptyset(&handled);
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        sigaddset(&handled, signal);
+    const int error = errno;
+    eventfd_write(raisedEvent, 1);
+    errno = error;
+}
+
+} // namespace
+
+// A handler, not a blocked signal: the mask would be inherited by every program that this one starts.
+TerminationSignals::TerminationSignals(QObject* parent)
+    : QObject(parent), m_event(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+{
+    if (m_event < 0) {
+        return;
     }
-    m_descriptor = signalfd(-1, &handled, SFD_CLOEXEC | SFD_NONBLOCK);
-    if (m_descriptor >= 0) {
-        pthread_sigmask(SIG_BLOCK, &handled, nullptr);
+    raisedEvent = m_event;
+    for (const int signal : handledSignals) {
+        struct sigaction former {};
+        sigaction(signal, nullptr, &former);
+        if (former.sa_handler != SIG_IGN) {
+            struct sigaction action {};
+            action.sa_handler = raiseEvent;
+            action.sa_flags = SA_RESTART;
+            sigaction(signal, &action, nullptr);
+        }
     }
 }
 
 void TerminationSignals::listen()
 {
-    if (m_descriptor < 0) {
+    if (m_event < 0) {
         return;
     }
-    m_notifier = std::make_unique<QSocketNotifier>(m_descriptor, QSocketNotifier::Read);
+    m_notifier = std::make_unique<QSocketNotifier>(m_event, QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
-        signalfd_siginfo information{};
-        if (read(m_descriptor, &information, sizeof information) == sizeof information) {
+        eventfd_t count = 0;
+        if (eventfd_read(m_event, &count) == 0) {
             Q_EMIT terminationRequested();
         }
     });
@@ -36,7 +62,16 @@ void TerminationSignals::listen()
 TerminationSignals::~TerminationSignals()
 {
     m_notifier.reset();
-    if (m_descriptor >= 0) {
-        close(m_descriptor);
+    if (m_event < 0) {
+        return;
     }
+    for (const int signal : handledSignals) {
+        struct sigaction current {};
+        sigaction(signal, nullptr, &current);
+        if (current.sa_handler == raiseEvent) {
+            std::signal(signal, SIG_DFL);
+        }
+    }
+    raisedEvent = -1;
+    close(m_event);
 }

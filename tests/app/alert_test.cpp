@@ -1,76 +1,219 @@
 // SPDX-License-Identifier: MIT
 #include "support/AppFixture.h"
 
+#include <QLabel>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 namespace {
+
+const QString headline = QStringLiteral("headline");
+const QString body = QStringLiteral("body");
+const QString ok = QStringLiteral("OK");
 
 class AlertTest : public AppFixture {
 protected:
     AlertTest() { start(); }
 
-    int answerOf(std::unique_ptr<Alert> shown, Qt::Key key)
+    /// Shows the alert; `answered` holds its answer from then on.
+    Alert& show(std::unique_ptr<Alert> wanted)
     {
-        int answered = 0;
-        Alert::beginSheet(std::move(shown), *window, [&answered](int response) { answered = response; });
+        Alert* shown = wanted.get();
+        Alert::beginSheet(std::move(wanted), *window, [this](int response) { answered = response; });
         runQueued();
-        QTest::keyClick(alert(), key);
-        runQueued();
-        return answered;
+        return *shown;
     }
 
-    static std::unique_ptr<Alert> twoButtons()
+    void press(QWidget& focused, Qt::Key key)
     {
-        return AppDelegate::copySheetAlertWithErrorString(QStringLiteral("body"), QStringLiteral("headline"),
-                                                          QStringLiteral("Yes"), QStringLiteral("No"));
+        QTest::keyClick(&focused, key);
+        runQueued();
     }
+
+    static std::unique_ptr<Alert> twoButtons(const QString& text = body)
+    {
+        return AppDelegate::copySheetAlertWithErrorString(text, headline, QStringLiteral("Yes"), QStringLiteral("No"));
+    }
+
+    std::optional<int> answered;
 };
 
-TEST_F(AlertTest, ReturnAnswersTheFirstButton)
+/// The alert itself, each of its visible buttons, the scrolling area of the body, and the body.
+QList<QWidget*> placesOfFocus(Alert& alert)
 {
-    EXPECT_EQ(answerOf(twoButtons(), Qt::Key_Return), 1000);
+    auto* area = alert.findChild<QScrollArea*>();
+    return {&alert, alert.buttons().at(0), alert.buttons().at(1), area, area->viewport(), area->widget()};
+}
+constexpr qsizetype placeCount = 6;
+
+TEST_F(AlertTest, ReturnAnswersTheFirstButtonWhateverHasTheFocus)
+{
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        for (qsizetype place = 0; place < placeCount; ++place) {
+            answered.reset();
+            press(*placesOfFocus(show(twoButtons())).at(place), key);
+            EXPECT_EQ(answered, 1000) << key << " at place " << place;
+        }
+    }
 }
 
-TEST_F(AlertTest, EscapeAnswersTheSecondButton)
+TEST_F(AlertTest, EscapeAnswersTheSecondButtonWhateverHasTheFocus)
 {
-    EXPECT_EQ(answerOf(twoButtons(), Qt::Key_Escape), 1001);
+    for (qsizetype place = 0; place < placeCount; ++place) {
+        answered.reset();
+        press(*placesOfFocus(show(twoButtons())).at(place), Qt::Key_Escape);
+        EXPECT_EQ(answered, 1001) << "at place " << place;
+    }
+}
+
+TEST_F(AlertTest, SpaceAnswersTheButtonThatHasTheFocus)
+{
+    press(*show(twoButtons()).buttons().at(1), Qt::Key_Space);
+    EXPECT_EQ(answered, 1001);
 }
 
 TEST_F(AlertTest, WithoutASecondButtonEscapeHasNoButtonToPress)
 {
-    EXPECT_EQ(answerOf(AppDelegate::copySheetAlertWithErrorString(QStringLiteral("body"), QStringLiteral("headline"),
-                                                                  QStringLiteral("OK"), QString()),
-                       Qt::Key_Escape),
-              0);
+    press(show(AppDelegate::copySheetAlertWithErrorString(body, headline, ok, QString())), Qt::Key_Escape);
+    EXPECT_EQ(answered, std::nullopt);
     EXPECT_TRUE(alert());
+    alert()->close(); // the window manager's button
+    EXPECT_TRUE(alert());
+}
+
+TEST_F(AlertTest, AnAlertWithoutAnyButtonCanStillBeClosed)
+{
+    AppDelegate::doSheetAlert(*window, body, headline, QString(), QString());
+    ASSERT_TRUE(alert());
+    EXPECT_TRUE(alert()->buttons().isEmpty());
+    press(*alert(), Qt::Key_Escape);
+    EXPECT_FALSE(alert());
 }
 
 TEST_F(AlertTest, TheThirdButtonIsHiddenAndWidensThePanel)
 {
-    const std::unique_ptr<Alert> wide = twoButtons();
-    ASSERT_EQ(wide->buttons().size(), 3);
-    EXPECT_TRUE(wide->buttons().at(2)->isHidden());
-    EXPECT_EQ(wide->buttons().at(2)->text(),
-              QStringLiteral("Some Dummy Text to make the alert panel wider. Okay then"));
-    EXPECT_GE(wide->sizeHint().width(), wide->buttons().at(2)->sizeHint().width());
+    Alert& wide = show(twoButtons());
+    ASSERT_EQ(wide.buttons().size(), 3);
+    const QPushButton& third = *wide.buttons().at(2);
+    EXPECT_FALSE(third.isVisible());
+    EXPECT_EQ(third.text(), QStringLiteral("Some Dummy Text to make the alert panel wider. Okay then"));
+    int needed = third.sizeHint().width();
+    for (const QPushButton* visible : wide.buttons().first(2)) {
+        needed += visible->width();
+        EXPECT_TRUE(visible->isVisible());
+    }
+    EXPECT_GE(wide.width(), needed);
 }
 
 TEST_F(AlertTest, ANullTitleAddsNoButtonAndAnEmptyOneAnEmptyButton)
 {
-    AppDelegate::doSheetAlert(*window, QStringLiteral("body"), QStringLiteral("headline"), QStringLiteral("OK"),
-                              QString());
+    AppDelegate::doSheetAlert(*window, body, headline, ok, QString());
     EXPECT_EQ(alert()->buttons().size(), 1);
     answer(1000);
-    AppDelegate::doSheetAlert(*window, QStringLiteral("body"), QStringLiteral("headline"), QStringLiteral("OK"),
-                              QStringLiteral(""));
+    AppDelegate::doSheetAlert(*window, body, headline, ok, QStringLiteral(""));
     ASSERT_EQ(alert()->buttons().size(), 2);
     EXPECT_EQ(alert()->buttons().at(1)->text(), QString());
 }
 
+TEST_F(AlertTest, TheTitleIsTheHeadlineTheErrorTheBodyAndTheStyleAWarning)
+{
+    AppDelegate::doSheetAlert(*window, body, headline, ok, QString());
+    EXPECT_EQ(alert()->messageText(), headline);
+    EXPECT_EQ(alert()->informativeText(), body);
+    EXPECT_EQ(alert()->alertStyle(), Alert::Style::Warning);
+    const auto small = AppDelegate::copySheetAlertWithErrorString(body, headline, ok, ok, QString(), QString());
+    const auto wide = twoButtons();
+    for (const Alert* made : {small.get(), wide.get()}) {
+        EXPECT_EQ(made->messageText(), headline);
+        EXPECT_EQ(made->informativeText(), body);
+        EXPECT_EQ(made->alertStyle(), Alert::Style::Warning);
+    }
+}
+
+TEST_F(AlertTest, ButtonsWithToolTipsAreSmall)
+{
+    Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(body, headline, ok, QStringLiteral("No"),
+                                                                   QStringLiteral("does it"), QString()));
+    ASSERT_EQ(shown.buttons().size(), 2);
+    EXPECT_EQ(shown.buttons().at(0)->toolTip(), QStringLiteral("does it"));
+    EXPECT_EQ(shown.buttons().at(1)->toolTip(), QString());
+    const std::unique_ptr<Alert> usual = twoButtons();
+    for (const QPushButton* button : shown.buttons()) {
+        EXPECT_EQ(button->font().pixelSize(), 11);
+        EXPECT_LT(button->height(), usual->buttons().at(0)->sizeHint().height());
+    }
+    press(shown, Qt::Key_Escape);
+    EXPECT_EQ(answered, 1001);
+}
+
+TEST_F(AlertTest, AMissingButtonTakesItsToolTipWithIt)
+{
+    const auto made = AppDelegate::copySheetAlertWithErrorString(body, headline, QStringLiteral(""), ok,
+                                                                 QStringLiteral("first"), QStringLiteral("second"));
+    ASSERT_EQ(made->buttons().size(), 1);
+    EXPECT_EQ(made->buttons().at(0)->toolTip(), QStringLiteral("second"));
+}
+
+TEST_F(AlertTest, TextsAreShownAsTheyStandAndEveryKindOfLineEndBeginsALine)
+{
+    const QString markup = QStringLiteral("<b>x</b> &amp;");
+    Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(QStringLiteral("a\rb\r\nc\nd"), markup, ok, {}));
+    EXPECT_EQ(shown.informativeText(), QStringLiteral("a\nb\nc\nd"));
+    bool found = false;
+    for (const QLabel* label : shown.findChildren<QLabel*>()) {
+        EXPECT_TRUE(!label->pixmap().isNull() || label->textFormat() == Qt::PlainText);
+        found = found || label->text() == markup;
+    }
+    EXPECT_TRUE(found);
+}
+
+TEST_F(AlertTest, ALongBodyScrollsInsteadOfGrowingPastTheWindow)
+{
+    Alert& shown = show(twoButtons(QStringLiteral("line\n").repeated(2000)));
+    EXPECT_LT(shown.height(), window->height());
+    QScrollBar& bar = *shown.findChild<QScrollArea*>()->verticalScrollBar();
+    EXPECT_GT(bar.maximum(), 0);
+    press(shown, Qt::Key_PageDown);
+    EXPECT_GT(bar.value(), 0);
+    press(*shown.buttons().at(0), Qt::Key_PageUp);
+    EXPECT_EQ(bar.value(), 0);
+}
+
+TEST_F(AlertTest, ALongWordDoesNotWidenThePanelPastTheWindow)
+{
+    const QString word(5000, QLatin1Char('w'));
+    Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(word, word, ok, QString()));
+    EXPECT_LT(shown.width(), window->width());
+}
+
+TEST_F(AlertTest, AShortBodyDoesNotScroll)
+{
+    EXPECT_EQ(show(twoButtons()).findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
+}
+
+TEST_F(AlertTest, ASheetHangsAtTheTopOfItsWindowAndBlocksItAlone)
+{
+    const Alert& shown = show(twoButtons());
+    EXPECT_EQ(shown.windowModality(), Qt::WindowModal);
+    EXPECT_EQ(shown.parentWidget(), window.get());
+    const auto expectAttached = [&] {
+        const QPoint place = window->mapFromGlobal(shown.pos());
+        EXPECT_EQ(place.y(), window->menuBar()->geometry().bottom() + 1);
+        EXPECT_NEAR(place.x() + shown.width() / 2, window->width() / 2, 1);
+    };
+    expectAttached();
+    window->move(window->pos() + QPoint(40, 30));
+    window->resize(window->width() + 100, window->height());
+    runQueued();
+    expectAttached();
+}
+
 TEST_F(AlertTest, ASecondSheetWaitsForTheFirst)
 {
-    for (const char* headline : {"one", "two"}) {
-        AppDelegate::doSheetAlert(*window, QString(), QString::fromLatin1(headline), QStringLiteral("OK"), QString());
+    for (const char* text : {"one", "two"}) {
+        AppDelegate::doSheetAlert(*window, QString(), QString::fromLatin1(text), ok, QString());
     }
     EXPECT_EQ(alert()->messageText(), QStringLiteral("one"));
     answer(1000);
@@ -79,5 +222,27 @@ TEST_F(AlertTest, ASecondSheetWaitsForTheFirst)
     answer(1000);
     EXPECT_FALSE(alert());
 }
+
+struct WebPageCase {
+    const char* secondTitle;
+    int answer;
+    int pagesOpened;
+};
+
+class AlertOnMainWindow : public AlertTest, public ::testing::WithParamInterface<WebPageCase> {};
+
+TEST_P(AlertOnMainWindow, OpensTheWebPageOnlyForTheFirstOfTwoButtons)
+{
+    app->showAlertOnMainWindow(headline, body, ok, QString::fromLatin1(GetParam().secondTitle));
+    EXPECT_EQ(alert()->messageText(), headline);
+    EXPECT_EQ(alert()->informativeText(), body);
+    answer(GetParam().answer);
+    EXPECT_EQ(host.workspace.opened.size(), GetParam().pagesOpened);
+    EXPECT_FALSE(alert());
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, AlertOnMainWindow,
+                         ::testing::Values(WebPageCase{"Later", 1000, 1}, WebPageCase{"Later", 1001, 0},
+                                           WebPageCase{"", 1000, 0}));
 
 } // namespace

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "support/AppFixture.h"
+
+#include <QAction>
+
+namespace {
+
+class HelpTest : public AppFixture {
+protected:
+    HelpTest()
+    {
+        host.bundle.resources = home.path().toStdString();
+        std::filesystem::create_directories(host.bundle.resources / "de.lproj");
+        start();
+    }
+};
+
+TEST_F(HelpTest, TheHelpPageOfTheCurrentLocalesLanguageOpens)
+{
+    const LocaleGuard german("de_AT", {"fr-FR"});
+    ui->helpAction->trigger();
+    ASSERT_EQ(host.workspace.opened.size(), 1);
+    EXPECT_EQ(host.workspace.opened.first(),
+              QUrl::fromLocalFile(home.path() + QStringLiteral("/de.lproj/VelumoraHelp/VelumoraHelp.htm")));
+}
+
+TEST_F(HelpTest, WithoutHelpInThatLanguageNothingHappens)
+{
+    const LocaleGuard french("fr_FR", {"de-DE"});
+    ui->helpAction->trigger();
+    EXPECT_TRUE(host.workspace.opened.isEmpty());
+    EXPECT_FALSE(alert());
+}
+
+TEST_F(HelpTest, TheDataFolderIsMadeIfItIsMissingAndShown)
+{
+    std::filesystem::remove_all(dataFolder());
+    ui->showDataFolderAction->trigger();
+    EXPECT_TRUE(std::filesystem::is_directory(dataFolder()));
+    EXPECT_EQ(host.workspace.shownFolders, QList{dataFolder()});
+}
+
+TEST_F(HelpTest, TheWebPageOpensWithoutAWord)
+{
+    ui->webPageAction->trigger();
+    EXPECT_EQ(host.workspace.opened.size(), 1);
+    EXPECT_FALSE(alert());
+}
+
+TEST_F(HelpTest, AWebPageThatDoesNotOpenIsToldOnceAndNotTriedAgain)
+{
+    host.workspace.succeeds = false;
+    ui->webPageAction->trigger();
+    ASSERT_TRUE(alert());
+    EXPECT_EQ(alert()->messageText(), QStringLiteral("Unexpected Error"));
+    EXPECT_EQ(alert()->informativeText(),
+              QStringLiteral("Unable to Find Velumora web page, is there a live connection to the Web?"));
+    ASSERT_EQ(alert()->buttons().size(), 2); // the second is the hidden one
+    EXPECT_EQ(alert()->buttons().at(0)->text(), QStringLiteral("OK"));
+    answer(1000);
+    EXPECT_FALSE(alert());
+    EXPECT_EQ(host.workspace.opened.size(), 1);
+}
+
+} // namespace
