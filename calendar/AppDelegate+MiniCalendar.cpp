@@ -106,8 +106,6 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
 
     const int weekdayOfFirst = MonthGrid::firstDayofMonth(month, year);
     const int dayCount = DateUtilities::daysInMonth(date);
-    DateFormatter spokenDate;
-    spokenDate.setDateStyle(DateFormatter::Style::Full);
 
     MiniCalendarGrid* cells = gridIn(window);
     for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
@@ -124,14 +122,18 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
         const Date dayDate = DateUtilities::dateFromYear(year, month, day);
         const bool hasNote = NoteQueries::doesTVDataHaveDate(datesWithNotes, dayDate) != DateUtilities::NotFound;
         button->setState(hasNote ? DayButton::On : DayButton::Off);
-        nameDayButton(*button, spokenDate.stringFromDate(dayDate), hasNote);
+        nameDayButton(*button, dayDate);
     }
     cells->daysDidChange();
 }
 
-void AppDelegate::nameDayButton(DayButton& button, const QString& date, bool hasNote)
+/// What a screen reader speaks: the whole date, and whether the day has a note.
+void AppDelegate::nameDayButton(DayButton& button, Date date)
 {
-    button.setAccessibleName(hasNote ? filled(localized("%@, has a note"), {date}) : date);
+    DateFormatter spoken;
+    spoken.setDateStyle(DateFormatter::Style::Full);
+    const QString day = spoken.stringFromDate(date);
+    button.setAccessibleName(button.state() == DayButton::On ? filled(localized("%@, has a note"), {day}) : day);
 }
 
 void AppDelegate::colorTodayOnMiniCal()
@@ -197,6 +199,9 @@ void AppDelegate::clockHasJumped()
 void AppDelegate::backForwardYearOrMonth(QAbstractButton& sender)
 {
     const MonthGrid::YearMonth shown = fromMiniCalGetYearMonth();
+    if (shown == MonthGrid::YearMonth()) {
+        return;
+    }
     const bool isMonthStep = &sender == m_ui.backOneMonthOnMiniCal || &sender == m_ui.forwardOneMonthOnMiniCal;
     const bool forward = &sender != m_ui.backOneYearOnMiniCal && &sender != m_ui.backOneMonthOnMiniCal;
     const Date date = isMonthStep ? MonthGrid::calcNewMonthYear(forward, shown.month, shown.year)
@@ -208,6 +213,7 @@ void AppDelegate::backForwardYearOrMonth(QAbstractButton& sender)
 
 void AppDelegate::dayBtnAction(DayButton& sender)
 {
+    m_ui.notesTableView->endEditing(); // before the rows change under it
     if (!sender.title().isEmpty()) {
         const MonthGrid::YearMonth shown = fromMiniCalGetYearMonth();
         const Date date = DateUtilities::dateFromYear(shown.year, shown.month, integerValue(sender.title()));
@@ -224,9 +230,7 @@ void AppDelegate::showNoteOfDay(Date date, DayButton& button)
     std::int64_t row = rowOf(notesTVData);
     if (row == DateUtilities::NotFound) {
         if (rowOf(allNotesTVData) != DateUtilities::NotFound) {
-            notesTVData = NoteQueries::copyArrayOfDatesHavingNotes(*allNotesTVData, date);
-            NoteQueries::sortArrayAscending(*notesTVData, std::string(NoteDateKey));
-            m_ui.notesTableView->reloadData();
+            showRows(notesOfMonth(date));
             row = rowOf(notesTVData);
         } else if (notesTVData) {
             row = notesTVData->size();
@@ -236,6 +240,7 @@ void AppDelegate::showNoteOfDay(Date date, DayButton& button)
             return; // the file could not be read: what is added to it is lost
         }
         button.setState(DayButton::On);
+        nameDayButton(button, date);
     }
     m_ui.notesTableView->scrollRowToVisible(static_cast<int>(row));
     m_ui.notesTableView->selectRow(static_cast<int>(row));
