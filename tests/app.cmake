@@ -13,5 +13,9 @@ target_include_directories(app-test-support PUBLIC ${CMAKE_SOURCE_DIR}/tests)
 velumora_test(app-tests
     app/alert_test.cpp
     app/lifecycle_test.cpp
+    app/mini_calendar_test.cpp
+    app/note_deletion_test.cpp
+    app/note_editing_test.cpp
+    app/notes_list_test.cpp
     LIBRARIES app-test-support
     LABELS app)
