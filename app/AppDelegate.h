@@ -209,7 +209,6 @@ private:
     void deleteNoteAtRow(int row);
     void deleteEvent(const Value& event);
     void confirmDeletion(const QString& question, std::function<void()> deletion);
-    static void nameDayButton(DayButton& button, Date date);
     void showNoteOfDay(Date date, DayButton& button);
     void editSelectedNote(DayButton& day);
 

@@ -30,6 +30,20 @@ QString firstCharacter(const QString& text)
     return text.left(std::max<qsizetype>(boundaries.toNextBoundary(), 0));
 }
 
+DateFormatter spokenDateFormatter()
+{
+    DateFormatter formatter;
+    formatter.setDateStyle(DateFormatter::Style::Full);
+    return formatter;
+}
+
+/// Marks the button of the day `spokenDate`, also for a screen reader.
+void markDay(DayButton& button, DayButton::State state, const QString& spokenDate)
+{
+    button.setState(state);
+    button.setAccessibleName(state == DayButton::On ? filled(localized("%@, has a note"), {spokenDate}) : spokenDate);
+}
+
 } // namespace
 
 MonthGrid::YearMonth AppDelegate::fromMiniCalGetYearMonth() const
@@ -106,6 +120,7 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
 
     const int weekdayOfFirst = MonthGrid::firstDayofMonth(month, year);
     const int dayCount = DateUtilities::daysInMonth(date);
+    const DateFormatter spokenDate = spokenDateFormatter();
 
     MiniCalendarGrid* cells = gridIn(window);
     for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
@@ -121,19 +136,9 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
         }
         const Date dayDate = DateUtilities::dateFromYear(year, month, day);
         const bool hasNote = NoteQueries::doesTVDataHaveDate(datesWithNotes, dayDate) != DateUtilities::NotFound;
-        button->setState(hasNote ? DayButton::On : DayButton::Off);
-        nameDayButton(*button, dayDate);
+        markDay(*button, hasNote ? DayButton::On : DayButton::Off, spokenDate.stringFromDate(dayDate));
     }
     cells->daysDidChange();
-}
-
-/// What a screen reader speaks: the whole date, and whether the day has a note.
-void AppDelegate::nameDayButton(DayButton& button, Date date)
-{
-    DateFormatter spoken;
-    spoken.setDateStyle(DateFormatter::Style::Full);
-    const QString day = spoken.stringFromDate(date);
-    button.setAccessibleName(button.state() == DayButton::On ? filled(localized("%@, has a note"), {day}) : day);
 }
 
 void AppDelegate::colorTodayOnMiniCal()
@@ -239,8 +244,7 @@ void AppDelegate::showNoteOfDay(Date date, DayButton& button)
         } else {
             return; // the file could not be read: what is added to it is lost
         }
-        button.setState(DayButton::On);
-        nameDayButton(button, date);
+        markDay(button, DayButton::On, spokenDateFormatter().stringFromDate(date));
     }
     m_ui.notesTableView->scrollRowToVisible(static_cast<int>(row));
     m_ui.notesTableView->selectRow(static_cast<int>(row));

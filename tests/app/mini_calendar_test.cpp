@@ -60,10 +60,7 @@ protected:
 
     QString shownMonth() { return ui->miniCalMonthName->text() + u' ' + ui->miniCalYear->text(); }
 
-    void setWeekStart(int preference)
-    {
-        host.userDefaults.stored.insert(PreferenceKeys::weekStart, preference);
-    }
+    void setWeekStart(int preference) { host.userDefaults.stored.insert(PreferenceKeys::weekStart, preference); }
 
     /// Steps by the arrow buttons until that month of the Gregorian calendar shows.
     void showMonth(int year, int month)
@@ -233,8 +230,8 @@ TEST_F(MiniCalendarTest, ArrowsDoNothingWhileNoMonthIsShown)
 
 TEST_F(MiniCalendarTest, ADayIsOnWhenItHasANote)
 {
-    putNotes({note(2024, 3, 1, "first"), note(2024, 3, 31, "last"), note(2024, 4, 1, "after"),
-              note(2024, 2, 29, "before")});
+    putNotes(
+        {note(2024, 3, 1, "first"), note(2024, 3, 31, "last"), note(2024, 4, 1, "after"), note(2024, 2, 29, "before")});
     start();
     EXPECT_THAT(daysInState(DayButton::On), ElementsAre(1, 31));
     ui->backOneMonthOnMiniCal->click();
@@ -395,14 +392,13 @@ TEST_P(MiniCalendarLocaleTest, TheMonthShownSurvivesStepsAndRedraws)
     EXPECT_THAT(daysInState(DayButton::On), ElementsAre(4));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Locales, MiniCalendarLocaleTest,
-    ::testing::Values(LocaleRow{"de_DE", "de-DE", "März", "2024", "15", "2024"},
-                      LocaleRow{"de_DE", "en-US", "March", "2024", "15", "2024"},
-                      LocaleRow{"th_TH", "th-TH", "มีนาคม", "2567", "15", "2567"},
-                      LocaleRow{"th_TH", "en-US", "March", "2567", "15", "2567"},
-                      LocaleRow{"fa_IR", "fa-IR", "اسفند", "۱۴۰۲", "25", "۱۴۰۳"},
-                      LocaleRow{"ar_EG", "ar-EG", "مارس", "٢٠٢٤", "15", "٢٠٢٤"}));
+INSTANTIATE_TEST_SUITE_P(Locales, MiniCalendarLocaleTest,
+                         ::testing::Values(LocaleRow{"de_DE", "de-DE", "März", "2024", "15", "2024"},
+                                           LocaleRow{"de_DE", "en-US", "March", "2024", "15", "2024"},
+                                           LocaleRow{"th_TH", "th-TH", "มีนาคม", "2567", "15", "2567"},
+                                           LocaleRow{"th_TH", "en-US", "March", "2567", "15", "2567"},
+                                           LocaleRow{"fa_IR", "fa-IR", "اسفند", "۱۴۰۲", "25", "۱۴۰۳"},
+                                           LocaleRow{"ar_EG", "ar-EG", "مارس", "٢٠٢٤", "15", "٢٠٢٤"}));
 
 class MiniCalendarZoneTest : public MiniCalendarTest, public ::testing::WithParamInterface<const char*> {};
 
@@ -486,8 +482,7 @@ INSTANTIATE_TEST_SUITE_P(Keys, MiniCalendarKeyTest,
                                            KeyRow{"PageDown", Qt::Key_PageDown, 15, "April 2024", "15"},
                                            KeyRow{"PageDownToAShorterMonth", Qt::Key_PageDown, 31, "April 2024", "30"},
                                            KeyRow{"PageUp", Qt::Key_PageUp, 15, "February 2024", "15"},
-                                           KeyRow{"PageUpToAShorterMonth", Qt::Key_PageUp, 31, "February 2024",
-                                                  "29"}),
+                                           KeyRow{"PageUpToAShorterMonth", Qt::Key_PageUp, 31, "February 2024", "29"}),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(MiniCalendarKeysTest, ReturnDoesWhatAClickDoes)
