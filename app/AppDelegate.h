@@ -200,14 +200,15 @@ private:
     void configureTables();
     void redrawPage(const QWidget& page);
 
+    Table notesOfMonth(Date date) const;
     void showRows(Table rows);
     void showCountUnlessEmpty();
-    void selectNoteRow(std::int64_t row);
     void reportMissingText(const TableView& tableView);
+    void askToDeleteNote();
+    void askToDeleteEvent();
     void deleteNoteAtRow(int row);
     void deleteEvent(const Value& event);
     void confirmDeletion(const QString& question, std::function<void()> deletion);
-    static void nameDayButton(DayButton& button, const QString& date, bool hasNote);
     void showNoteOfDay(Date date, DayButton& button);
     void editSelectedNote(DayButton& day);
 

@@ -30,6 +30,20 @@ QString firstCharacter(const QString& text)
     return text.left(std::max<qsizetype>(boundaries.toNextBoundary(), 0));
 }
 
+DateFormatter spokenDateFormatter()
+{
+    DateFormatter formatter;
+    formatter.setDateStyle(DateFormatter::Style::Full);
+    return formatter;
+}
+
+/// Marks the button of the day `spokenDate`, also for a screen reader.
+void markDay(DayButton& button, DayButton::State state, const QString& spokenDate)
+{
+    button.setState(state);
+    button.setAccessibleName(state == DayButton::On ? filled(localized("%@, has a note"), {spokenDate}) : spokenDate);
+}
+
 } // namespace
 
 MonthGrid::YearMonth AppDelegate::fromMiniCalGetYearMonth() const
@@ -106,8 +120,7 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
 
     const int weekdayOfFirst = MonthGrid::firstDayofMonth(month, year);
     const int dayCount = DateUtilities::daysInMonth(date);
-    DateFormatter spokenDate;
-    spokenDate.setDateStyle(DateFormatter::Style::Full);
+    const DateFormatter spokenDate = spokenDateFormatter();
 
     MiniCalendarGrid* cells = gridIn(window);
     for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
@@ -123,15 +136,9 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
         }
         const Date dayDate = DateUtilities::dateFromYear(year, month, day);
         const bool hasNote = NoteQueries::doesTVDataHaveDate(datesWithNotes, dayDate) != DateUtilities::NotFound;
-        button->setState(hasNote ? DayButton::On : DayButton::Off);
-        nameDayButton(*button, spokenDate.stringFromDate(dayDate), hasNote);
+        markDay(*button, hasNote ? DayButton::On : DayButton::Off, spokenDate.stringFromDate(dayDate));
     }
     cells->daysDidChange();
-}
-
-void AppDelegate::nameDayButton(DayButton& button, const QString& date, bool hasNote)
-{
-    button.setAccessibleName(hasNote ? filled(localized("%@, has a note"), {date}) : date);
 }
 
 void AppDelegate::colorTodayOnMiniCal()
@@ -197,6 +204,9 @@ void AppDelegate::clockHasJumped()
 void AppDelegate::backForwardYearOrMonth(QAbstractButton& sender)
 {
     const MonthGrid::YearMonth shown = fromMiniCalGetYearMonth();
+    if (shown == MonthGrid::YearMonth()) {
+        return;
+    }
     const bool isMonthStep = &sender == m_ui.backOneMonthOnMiniCal || &sender == m_ui.forwardOneMonthOnMiniCal;
     const bool forward = &sender != m_ui.backOneYearOnMiniCal && &sender != m_ui.backOneMonthOnMiniCal;
     const Date date = isMonthStep ? MonthGrid::calcNewMonthYear(forward, shown.month, shown.year)
@@ -208,6 +218,7 @@ void AppDelegate::backForwardYearOrMonth(QAbstractButton& sender)
 
 void AppDelegate::dayBtnAction(DayButton& sender)
 {
+    m_ui.notesTableView->endEditing(); // before the rows change under it
     if (!sender.title().isEmpty()) {
         const MonthGrid::YearMonth shown = fromMiniCalGetYearMonth();
         const Date date = DateUtilities::dateFromYear(shown.year, shown.month, integerValue(sender.title()));
@@ -224,9 +235,7 @@ void AppDelegate::showNoteOfDay(Date date, DayButton& button)
     std::int64_t row = rowOf(notesTVData);
     if (row == DateUtilities::NotFound) {
         if (rowOf(allNotesTVData) != DateUtilities::NotFound) {
-            notesTVData = NoteQueries::copyArrayOfDatesHavingNotes(*allNotesTVData, date);
-            NoteQueries::sortArrayAscending(*notesTVData, std::string(NoteDateKey));
-            m_ui.notesTableView->reloadData();
+            showRows(notesOfMonth(date));
             row = rowOf(notesTVData);
         } else if (notesTVData) {
             row = notesTVData->size();
@@ -235,7 +244,7 @@ void AppDelegate::showNoteOfDay(Date date, DayButton& button)
         } else {
             return; // the file could not be read: what is added to it is lost
         }
-        button.setState(DayButton::On);
+        markDay(button, DayButton::On, spokenDateFormatter().stringFromDate(date));
     }
     m_ui.notesTableView->scrollRowToVisible(static_cast<int>(row));
     m_ui.notesTableView->selectRow(static_cast<int>(row));

@@ -48,8 +48,14 @@ MiniCalendarGrid::MiniCalendarGrid(QWidget* parent) : CellGrid(parent)
 void MiniCalendarGrid::daysDidChange()
 {
     const QList<DayButton*> shown = shownDays();
-    if (!shown.contains(m_tabStop)) {
-        setTabStop(shown.isEmpty() ? nullptr : shown.first());
+    if (shown.isEmpty() || shown.contains(m_tabStop)) {
+        return;
+    }
+    const bool hadFocus = m_tabStop && m_tabStop->hasFocus();
+    const bool wasBefore = m_days.indexOf(m_tabStop) < m_days.indexOf(shown.first());
+    setTabStop(wasBefore ? shown.first() : shown.last());
+    if (hadFocus) {
+        m_tabStop->setFocus(Qt::OtherFocusReason); // its cell is blank now: the keys go on from the nearest day
     }
 }
 
@@ -118,22 +124,27 @@ void MiniCalendarGrid::moveFocus(DayButton& from, int days)
     }
     if (target < 0) {
         Q_EMIT monthStepWanted(Step::Back);
-        const QList<DayButton*> before = shownDays();
-        before.at(before.size() + target)->setFocus(Qt::OtherFocusReason);
+        focusDay(shownDays().size() + target + 1);
     } else if (target >= shown.size()) {
         Q_EMIT monthStepWanted(Step::Forward);
-        shownDays().at(target - shown.size())->setFocus(Qt::OtherFocusReason);
+        focusDay(target - shown.size() + 1);
     } else {
-        shown.at(target)->setFocus(Qt::OtherFocusReason);
+        focusDay(target + 1);
     }
 }
 
 void MiniCalendarGrid::stepMonth(Step step, int dayToFocus)
 {
     Q_EMIT monthStepWanted(step);
+    focusDay(dayToFocus);
+}
+
+/// A day beyond the month's ends becomes its first or its last.
+void MiniCalendarGrid::focusDay(qsizetype day)
+{
     const QList<DayButton*> shown = shownDays();
     if (!shown.isEmpty()) {
-        shown.at(std::clamp<qsizetype>(dayToFocus, 1, shown.size()) - 1)->setFocus(Qt::OtherFocusReason);
+        shown.at(std::clamp<qsizetype>(day, 1, shown.size()) - 1)->setFocus(Qt::OtherFocusReason);
     }
 }
 

@@ -36,6 +36,7 @@ private:
     bool handleKey(int key, DayButton& from);
     void moveFocus(DayButton& from, int days);
     void stepMonth(Step step, int dayToFocus);
+    void focusDay(qsizetype day);
     void setTabStop(DayButton* day);
 
     QList<DayButton*> m_days;

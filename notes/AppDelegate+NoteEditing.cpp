@@ -13,17 +13,29 @@
 #include <QMainWindow>
 #include <QMetaObject>
 
+#include <algorithm>
+
 namespace {
 
-/// `element` with `text` under `key`: in the record, or in the first record of a list that stands in its place.
-Value withEditedText(const Value& element, std::string_view key, std::string text)
+/// `element`, in which there is a record, with `text` under `key`: in itself or in the first record of a list that
+/// stands in its place.
+Value withEditedText(const Value& element, std::string_view key, const std::string& text)
 {
     if (const Array* list = element.array()) {
+        const auto shown = std::ranges::find_if(*list, NoteQueries::recordOf);
         Array edited = *list;
-        edited[0] = withText(edited.at(0), key, std::move(text));
+        edited[shown - list->begin()] = withEditedText(*shown, key, text);
         return Value(std::move(edited));
     }
-    return withText(element, key, std::move(text));
+    return withText(element, key, text);
+}
+
+/// The date of `element` as a question shows it; empty where it has none.
+QString mediumStyleDate(const Value& element, std::string_view key)
+{
+    const Value* record = NoteQueries::recordOf(element);
+    const std::optional<Date> date = record ? dateOf(*record, key) : std::nullopt;
+    return date ? DateUtilities::mediumStyleFromDate(*date) : QString();
 }
 
 } // namespace
@@ -51,9 +63,13 @@ void AppDelegate::controlTextDidChange(QWidget& field)
 
 void AppDelegate::controlTextDidEndEditing(QWidget& field)
 {
+    const auto* editor = qobject_cast<const CellEditor*>(&field);
     const int row = m_ui.notesTableView->rowForView(field);
-    if (!notesTVData || !allNotesTVData || row < 0 || row >= notesTVData->size()) {
+    if (!editor || !notesTVData || !allNotesTVData || row < 0 || row >= notesTVData->size()) {
         return;
+    }
+    if (!editor->isEdited()) {
+        return; // a day that was only looked at leaves no empty note behind
     }
     const Value* record = NoteQueries::recordOf(notesTVData->at(row));
     const std::optional<Date> date = record ? dateOf(*record, NoteDateKey) : std::nullopt;
@@ -65,7 +81,7 @@ void AppDelegate::controlTextDidEndEditing(QWidget& field)
     if (index == DateUtilities::NotFound) {
         allNotesTVData->append(*record);
     } else {
-        const std::string* saved = textOf(allNotesTVData->at(index), NoteDataKey);
+        const std::string* saved = textOf(*NoteQueries::recordOf(allNotesTVData->at(index)), NoteDataKey);
         if (saved && *saved == *text) {
             return;
         }
@@ -78,25 +94,38 @@ void AppDelegate::controlTextDidEndEditing(QWidget& field)
 
 void AppDelegate::respondToDeleteRowFromList(QAbstractButton& sender)
 {
-    if (&sender != m_ui.deleteRowFromListBtn) {
-        const Value event = eventsTVData->at(m_ui.importantDatesTableView->selectedRow());
-        const Date date = dateOf(event, EventDateKey).value_or(Date());
-        confirmDeletion(filled(localized("of important note for %@ ?"), {DateUtilities::mediumStyleFromDate(date)}),
-                        [this, event] { deleteEvent(event); });
-        return;
+    if (&sender == m_ui.deleteRowFromListBtn) {
+        askToDeleteNote();
+    } else {
+        askToDeleteEvent();
     }
+}
+
+void AppDelegate::askToDeleteNote()
+{
+    m_ui.notesTableView->endEditing();
     const int row = m_ui.notesTableView->selectedRow();
-    if (row < 0) {
+    if (!notesTVData || row < 0 || row >= notesTVData->size()) {
         Alert::beginSheet(copySheetAlertWithErrorString(localized("No Row Selected"),
                                                         localized("To Delete a Row, please select one"),
                                                         localized("Confirm Delete"), localized("Cancel Delete")),
                           m_window);
         return;
     }
-    const Value* record = NoteQueries::recordOf(notesTVData->at(row));
-    const Date date = record ? dateOf(*record, NoteDateKey).value_or(Date()) : Date();
-    confirmDeletion(filled(localized("of note for\r %@"), {DateUtilities::mediumStyleFromDate(date)}),
+    confirmDeletion(filled(localized("of note for\r %@"), {mediumStyleDate(notesTVData->at(row), NoteDateKey)}),
                     [this, row] { deleteNoteAtRow(row); });
+}
+
+void AppDelegate::askToDeleteEvent()
+{
+    m_ui.importantDatesTableView->endEditing();
+    const int row = m_ui.importantDatesTableView->selectedRow();
+    if (!eventsTVData || row < 0 || row >= eventsTVData->size()) {
+        return;
+    }
+    const Value event = eventsTVData->at(row);
+    confirmDeletion(filled(localized("of important note for %@ ?"), {mediumStyleDate(event, EventDateKey)}),
+                    [this, event] { deleteEvent(event); });
 }
 
 void AppDelegate::confirmDeletion(const QString& question, std::function<void()> deletion)
@@ -118,8 +147,9 @@ void AppDelegate::deleteNoteAtRow(int row)
     const Value element = notesTVData->at(row);
     const auto later = [this](auto step) { QMetaObject::invokeMethod(this, std::move(step), Qt::QueuedConnection); };
     later([this, element] {
-        NoteQueries::removeEqual(*notesTVData, element);
-        m_ui.notesTableView->reloadData();
+        Table rows = *notesTVData;
+        NoteQueries::removeEqual(rows, element);
+        showRows(std::move(rows));
     });
 
     const Value* record = NoteQueries::recordOf(element);
@@ -149,5 +179,6 @@ void AppDelegate::deleteEvent(const Value& event)
     NoteQueries::removeEqual(*eventsTVData, event);
     m_saves.save(eventsTVData, std::string(EventsFileName));
     m_ui.importantDatesTableView->reloadData();
+    m_ui.importantDatesTableView->selectRow(-1);
     buttonEnableDisable(*m_ui.deleteRowFromImpDateListBtn, false);
 }

@@ -53,12 +53,22 @@ std::optional<Date> shownDate(const Value* element, std::string_view key)
 
 } // namespace
 
+Table AppDelegate::notesOfMonth(Date date) const
+{
+    Table rows = NoteQueries::copyArrayOfDatesHavingNotes(allNotesTVData.value_or(Table()), date);
+    NoteQueries::sortArrayAscending(rows, std::string(NoteDateKey));
+    return rows;
+}
+
+/// Shows `rows`, none of them selected. An edit in progress belongs to the rows shown so far: the caller has ended it
+/// before it worked out the new ones.
 void AppDelegate::showRows(Table rows)
 {
     if (notesTVData) {
         notesTVData = std::move(rows);
     }
     m_ui.notesTableView->reloadData();
+    m_ui.notesTableView->selectRow(-1);
 }
 
 void AppDelegate::showCountUnlessEmpty()
@@ -70,15 +80,17 @@ void AppDelegate::showCountUnlessEmpty()
 
 void AppDelegate::showNotesForThisMonthYear(Date date)
 {
-    Table rows = NoteQueries::copyArrayOfDatesHavingNotes(allNotesTVData.value_or(Table()), date);
-    NoteQueries::sortArrayAscending(rows, std::string(NoteDateKey));
-    showRows(std::move(rows));
+    m_ui.notesTableView->endEditing();
+    showRows(notesOfMonth(date));
     showCountUnlessEmpty();
 }
 
 void AppDelegate::notesForMonthShowing()
 {
     const MonthGrid::YearMonth shown = fromMiniCalGetYearMonth();
+    if (shown == MonthGrid::YearMonth()) {
+        return;
+    }
     const Date first = DateUtilities::dateFromYear(shown.year, shown.month, 1);
     showNotesForThisMonthYear(first);
     setDateForPrevNextArrows(first);
@@ -86,6 +98,7 @@ void AppDelegate::notesForMonthShowing()
 
 void AppDelegate::showOnlyCurrentYearNotes()
 {
+    m_ui.notesTableView->endEditing();
     showRows(NoteQueries::copyCurrentYearNotes(allNotesTVData.value_or(Table()),
                                                integerValue(DateUtilities::currentYear())));
     showCountUnlessEmpty();
@@ -93,6 +106,7 @@ void AppDelegate::showOnlyCurrentYearNotes()
 
 void AppDelegate::showAllNotes(SegmentedControl& control)
 {
+    m_ui.notesTableView->endEditing();
     if (control.labelForSegment(1) == localized("Show All")) {
         showRows(allNotesTVData.value_or(Table()));
         control.setLabelForSegment(localized("Hide All"), 1);
@@ -105,6 +119,7 @@ void AppDelegate::showAllNotes(SegmentedControl& control)
 
 void AppDelegate::filterNotes()
 {
+    m_ui.notesTableView->endEditing();
     const TextSearch search(m_ui.filterField->text().toStdString(), DateEnvironment::localePair().currentLocale);
     Table matches = NoteQueries::filterNotes(allNotesTVData.value_or(Table()), search);
     if (matches.isEmpty()) {
@@ -237,14 +252,14 @@ double AppDelegate::heightOfRow(const TableView& tableView, int row)
     const bool isNotes = &tableView == m_ui.notesTableView;
     const bool isEvents = &tableView == m_ui.importantDatesTableView;
     if (isNotes || isEvents) {
+        const double lineHeight = isNotes ? noteLineHeight : eventLineHeight;
         const Value* element = rowOf(isNotes ? notesTVData : eventsTVData, row);
         if (element && element->array() && element->array()->isEmpty()) {
-            return noteLineHeight; // a reminder whose note is gone leaves an empty row
+            return lineHeight; // a reminder whose note is gone leaves an empty row
         }
         const Value* record = element ? NoteQueries::recordOf(*element) : nullptr;
-        const std::string* text = record ? textOf(*record, isNotes ? NoteDataKey : EventNameKey) : nullptr;
-        if (text) {
-            return static_cast<double>(countOfLines(*text)) * (isNotes ? noteLineHeight : eventLineHeight);
+        if (const std::string* text = record ? textOf(*record, isNotes ? NoteDataKey : EventNameKey) : nullptr) {
+            return static_cast<double>(countOfLines(*text)) * lineHeight;
         }
     }
     reportMissingText(tableView);
@@ -293,6 +308,7 @@ void AppDelegate::tableViewSelectionIsChanging(TableView& tableView)
 
 void AppDelegate::sortDescriptorsDidChange(TableView& tableView)
 {
+    tableView.endEditing();
     if (&tableView == m_ui.notesTableView) {
         if (notesTVData) {
             NoteQueries::sortArray(*notesTVData, tableView.sortDescriptors());

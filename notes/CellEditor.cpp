@@ -110,6 +110,7 @@ void CellEditor::noticeChange()
     QString now = textBetween(0, document()->characterCount() - 1);
     if (now != m_text) {
         m_text = std::move(now);
+        m_edited = true;
         Q_EMIT edited();
     }
 }

@@ -20,6 +20,9 @@ public:
 
     const QString& text() const { return m_text; }
 
+    /// Whether the user has changed the text, even if it is now the first one again.
+    bool isEdited() const { return m_edited; }
+
     /// The line at the top of the editor. The editor stays at that line until told otherwise: the table that holds it
     /// scrolls, not the editor.
     void setFirstLine(int line);
@@ -59,4 +62,5 @@ private:
     FixedLineLayout* m_layout;
     QString m_text;
     int m_firstLine = 0;
+    bool m_edited = false;
 };

@@ -20,6 +20,10 @@ velumora_test(app-tests
     app/help_test.cpp
     app/host_test.cpp
     app/lifecycle_test.cpp
+    app/mini_calendar_test.cpp
+    app/note_deletion_test.cpp
+    app/note_editing_test.cpp
+    app/notes_list_test.cpp
     app/preferences_test.cpp
     app/store_test.cpp
     LIBRARIES app-test-support
