@@ -38,9 +38,6 @@ QLabel* makeText(QWidget* parent)
     label->setWordWrap(true);
     label->setMinimumWidth(textWidth);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    QSizePolicy policy = label->sizePolicy();
-    policy.setHorizontalPolicy(QSizePolicy::Ignored); // a long word does not widen the panel
-    label->setSizePolicy(policy);
     return label;
 }
 

@@ -66,11 +66,10 @@ void SheetQueue::showNext()
     }
     QDialog& sheet = *m_entries.front().sheet;
     sheet.setParent(&m_window, Qt::Sheet | Qt::FramelessWindowHint);
-    sheet.setWindowModality(Qt::WindowModal);
     connect(&sheet, &QDialog::finished, this, &SheetQueue::ended, Qt::SingleShotConnection);
     sheet.adjustSize();
     attach();
-    sheet.open();
+    sheet.open(); // modal to the window
     attach();
 }
 

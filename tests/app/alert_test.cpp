@@ -205,6 +205,8 @@ TEST_F(AlertTest, ASheetHangsAtTheTopOfItsWindowAndBlocksItAlone)
     };
     expectAttached();
     window->move(window->pos() + QPoint(40, 30));
+    runQueued();
+    expectAttached();
     window->resize(window->width() + 100, window->height());
     runQueued();
     expectAttached();

@@ -289,6 +289,7 @@ TEST_F(StoreTest, QuittingCommitsTheEditInProgress)
     start();
     typeInto(*ui->importantDatesTableView, 1, QStringLiteral(" day"));
     app->applicationWillTerminate();
+    EXPECT_EQ(ui->importantDatesTableView->editedRow(), -1);
     EXPECT_EQ(eventsOnDisk(), (Table{dates.at(0), event(2001, 7, 8, "wedding day")}));
 }
 
