@@ -26,7 +26,6 @@ public:
     /// The segment that was pressed last, -1 before the first press.
     int selectedSegment() const { return m_selected; }
 
-public Q_SLOTS:
     /// What a click on `segment` does.
     void press(int segment);
 
