@@ -4,6 +4,7 @@
 #include "store/Value.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -11,7 +12,7 @@
 namespace PropertyList {
 
 /// The list that the XML text `bytes` holds, nullopt when it is broken. They are parsed in place.
-std::optional<Value> readXml(std::string bytes);
+std::optional<Value> readXml(std::span<char> bytes);
 
 /// The list that `bytes` hold in binary form, nullopt when it is broken.
 std::optional<Value> readBinary(std::string_view bytes);
