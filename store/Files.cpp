@@ -36,8 +36,8 @@ bool isLinked(const FileDescriptor& file)
     return fstat(file.get(), &status) == 0 && status.st_nlink > 0;
 }
 
-/// What stands in the file, but of a file that grew no more than `maximumSize` + 1 bytes, so that the caller sees it. No
-/// memory after an error.
+/// What stands in the file, but of a file that grew no more than `maximumSize` + 1 bytes, so that the caller sees it.
+/// No memory after an error.
 FileContent readAll(const FileDescriptor& file, const FileIdentity& identity, std::size_t maximumSize)
 {
     // One byte more than expected, to meet the end without growing.

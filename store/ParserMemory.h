@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <vector>
 
-/// While one lives, the XML parser takes its memory from it on this thread: a pointer is moved on, nothing is freed, and
-/// all of it goes back to the system in the end. (From the heap, a parsed document of tens of megabytes would leave
+/// While one lives, the XML parser takes its memory from it on this thread: a pointer is moved on, nothing is freed,
+/// and all of it goes back to the system in the end. (From the heap, a parsed document of tens of megabytes would leave
 /// holes among the texts that outlive it.) Only documents that are made and destroyed while it lives may be used
 /// meanwhile; other threads are not concerned.
 class ParserMemory {

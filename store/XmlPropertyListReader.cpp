@@ -18,8 +18,21 @@ namespace {
 /// Blank texts are kept, for a note of blanks is a note; ends of lines are not touched, for a carriage return is a
 /// character of the note. Comments, processing instructions and the document type are passed over; entities that the
 /// document type defines are never expanded.
-constexpr unsigned parseOptions =
-    pugi::parse_escapes | pugi::parse_cdata | pugi::parse_ws_pcdata | pugi::parse_embed_pcdata;
+constexpr unsigned parseOptions = pugi::parse_escapes | pugi::parse_cdata | pugi::parse_embed_pcdata;
+
+/// Which blanks the parser is to make nodes of. Those between elements are half of all nodes and say nothing, but
+/// beside a comment, CDATA section or instruction they may be a part of a text.
+unsigned blankOptions(std::string_view xml)
+{
+    if (!xml.starts_with(xmlHead)) {
+        return pugi::parse_ws_pcdata;
+    }
+    std::uint8_t found = 0;
+    for (std::size_t i = xmlHead.size(); i < xml.size(); ++i) { // without branches, for vector instructions
+        found |= static_cast<std::uint8_t>((xml[i - 1] == '<') & ((xml[i] == '!') | (xml[i] == '?')));
+    }
+    return found != 0 ? pugi::parse_ws_pcdata : pugi::parse_ws_pcdata_single;
+}
 
 constexpr std::string_view blanks = " \t\r\n";
 
@@ -224,13 +237,15 @@ std::optional<ByteOrder> utf16Order(std::string_view bytes)
 /// The list in a text in any encoding but UTF-16.
 std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encoding)
 {
-    if (namesNull({bytes.data(), bytes.size()})) {
+    const std::string_view xml(bytes.data(), bytes.size());
+    if (namesNull(xml)) {
         return std::nullopt;
     }
+    const unsigned options = parseOptions | blankOptions(xml);
     constexpr std::size_t large = std::size_t{1} << 20;
     const auto memory = bytes.size() >= large ? std::make_unique<ParserMemory>() : nullptr;
     pugi::xml_document document;
-    if (!document.load_buffer_inplace(bytes.data(), bytes.size(), parseOptions, encoding)) {
+    if (!document.load_buffer_inplace(bytes.data(), bytes.size(), options, encoding)) {
         return std::nullopt;
     }
     pugi::xml_node root = document.first_child();

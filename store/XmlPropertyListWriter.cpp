@@ -14,10 +14,6 @@ namespace PropertyList {
 
 namespace {
 
-constexpr std::string_view head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                  "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-                                  "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-                                  "<plist version=\"1.0\">\n";
 constexpr std::string_view foot = "</plist>\n";
 constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
@@ -131,7 +127,7 @@ public:
 
     std::error_code write(const Table& table)
     {
-        m_xml.append(head);
+        m_xml.append(xmlHead);
         writeArray(table, 0);
         m_xml.append(foot);
         return m_xml.finish();
