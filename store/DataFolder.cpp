@@ -83,7 +83,7 @@ std::optional<Table> DataFolder::loadTable(const std::string& name)
     if (!content) {
         return std::nullopt;
     }
-    std::optional<Table> table = PropertyList::readTable(std::move(content->bytes));
+    std::optional<Table> table = PropertyList::readTableInPlace(content->bytes());
     // What could not be understood is not known: a save keeps it.
     setKnown(name, table ? std::optional(content->identity) : std::nullopt);
     return table;
@@ -102,7 +102,11 @@ std::error_code DataFolder::write(const Table& table, const fs::path& file, cons
                                   Replacing replacing)
 {
     TemporaryFile temporary(file);
-    if (const std::error_code error = temporary.write(PropertyList::writeXml(table))) {
+    const auto sink = [&temporary](std::string_view xml) { return temporary.write(xml); };
+    if (const std::error_code error = PropertyList::writeXml(table, sink)) {
+        return error;
+    }
+    if (const std::error_code error = temporary.sync()) {
         return error;
     }
     stampFile(temporary.path(), typeCodeOf(name), CreatorCode);

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "store/Files.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -34,28 +36,34 @@ bool isLinked(const FileDescriptor& file)
     return fstat(file.get(), &status) == 0 && status.st_nlink > 0;
 }
 
-/// Appends up to `maximumSize` + 1 bytes in all, so that the caller sees when there are more. False on an error.
-bool readAll(const FileDescriptor& file, std::string& bytes, std::size_t maximumSize, std::size_t expected)
+/// What stands in the file, but of a file that grew no more than `maximumSize` + 1 bytes, so that the caller sees it.
+/// No memory after an error.
+FileContent readAll(const FileDescriptor& file, const FileIdentity& identity, std::size_t maximumSize)
 {
-    std::size_t length = 0;
-    bytes.resize(expected + 1); // one more than expected, to meet the end without growing
-    for (;;) {
-        const ssize_t count = ::read(file.get(), bytes.data() + length, bytes.size() - length);
+    // One byte more than expected, to meet the end without growing.
+    FileContent content{PageMemory(static_cast<std::size_t>(identity.size) + 1), 0, identity};
+    while (content.memory.data()) {
+        const ssize_t count =
+            ::read(file.get(), content.memory.data() + content.size, content.memory.size() - content.size);
         if (count < 0 && errno == EINTR) {
             continue;
         }
         if (count < 0) {
-            return false;
+            break;
         }
-        length += static_cast<std::size_t>(count);
-        if (count == 0 || length > maximumSize) {
-            bytes.resize(length);
-            return true;
+        content.size += static_cast<std::size_t>(count);
+        if (count == 0 || content.size > maximumSize) {
+            return content;
         }
-        if (length == bytes.size()) {
-            bytes.resize(std::min(2 * length, maximumSize + 1));
+        if (content.size == content.memory.size()) {
+            PageMemory larger(std::min(2 * content.size, maximumSize + 1));
+            if (larger.data()) {
+                std::ranges::copy(content.bytes(), larger.data());
+            }
+            content.memory = std::move(larger);
         }
     }
+    return {};
 }
 
 } // namespace
@@ -96,18 +104,14 @@ std::optional<FileContent> readFile(const std::filesystem::path& file, std::size
     if (!identity || std::cmp_greater(identity->size, maximumSize)) {
         return std::nullopt;
     }
-    FileContent content{{}, *identity};
-    if (!readAll(open, content.bytes, maximumSize, static_cast<std::size_t>(identity->size)) ||
-        content.bytes.size() > maximumSize) {
-        return std::nullopt;
-    }
-    return content;
+    FileContent content = readAll(open, *identity, maximumSize);
+    return content.memory.data() && content.size <= maximumSize ? std::optional(std::move(content)) : std::nullopt;
 }
 
 TemporaryFile::TemporaryFile(std::filesystem::path target) : m_target(std::move(target)), m_file(-1)
 {
-    const std::string pattern = (m_target.parent_path() / ".").native() + m_target.filename().native() +
-                                std::string(temporaryMark) + std::string(randomPart);
+    std::string pattern = m_target.parent_path() / ".";
+    pattern.append(m_target.filename().native()).append(temporaryMark).append(randomPart);
     for (;;) {
         std::string name = pattern;
         FileDescriptor file(::mkostemp(name.data(), O_CLOEXEC)); // readable by the user alone
@@ -145,6 +149,11 @@ std::error_code TemporaryFile::write(std::string_view bytes)
             return lastError();
         }
     }
+    return {};
+}
+
+std::error_code TemporaryFile::sync()
+{
     return fsync(m_file.get()) == 0 ? std::error_code() : lastError();
 }
 

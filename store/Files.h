@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "store/PageMemory.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>
-#include <string>
+#include <span>
 #include <string_view>
 #include <system_error>
 
@@ -42,8 +44,12 @@ struct FileIdentity {
 std::optional<FileIdentity> identityOf(const FileDescriptor& file);
 
 struct FileContent {
-    std::string bytes;
+    PageMemory memory;
+    std::size_t size = 0;  ///< bytes of the memory that are the file's
     FileIdentity identity; ///< of before the reading, so a change meanwhile shows later
+
+    std::span<char> bytes() { return {memory.data(), size}; }
+    std::string_view text() const { return {memory.data(), size}; }
 };
 
 /// The whole regular file at `file`, through symbolic links. nullopt when it cannot be read, holds more than
@@ -63,8 +69,11 @@ public:
 
     const std::filesystem::path& path() const { return m_path; }
 
-    /// Writes `bytes` and waits until the disk has them. An error too when the file could not be made.
+    /// Writes `bytes` behind those written before. An error too when the file could not be made.
     std::error_code write(std::string_view bytes);
+
+    /// Waits until the disk has all that was written.
+    std::error_code sync();
 
     /// Takes the target's place and waits until the disk knows.
     std::error_code replaceTarget();

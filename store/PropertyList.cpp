@@ -3,45 +3,32 @@
 
 #include "store/PropertyListParts.h"
 
-#include <malloc.h>
-
 namespace PropertyList {
 
-namespace {
-
-/// Hands the memory of a parsed document, about three times its file, back to the system: the texts that outlive it lie
-/// behind it, so it would stay with the process for good.
-void giveBackMemory()
+std::optional<Table> readTable(std::string bytes)
 {
-#ifdef __GLIBC__
-    malloc_trim(0);
-#endif
+    return readTableInPlace(bytes);
 }
 
-} // namespace
-
-std::optional<Value> read(std::string bytes)
+std::optional<Table> readTableInPlace(std::span<char> bytes)
 {
     if (bytes.size() > maximumSize) {
         return std::nullopt;
     }
-    if (bytes.starts_with("bplist0")) {
-        return readBinary(bytes);
-    }
-    constexpr std::size_t worthGivingBack = std::size_t{1} << 20;
-    const bool large = bytes.size() >= worthGivingBack;
-    std::optional<Value> value = readXml(std::move(bytes));
-    if (large) {
-        giveBackMemory();
-    }
-    return value;
+    const std::string_view text(bytes.data(), bytes.size());
+    const std::optional<Value> root = text.starts_with("bplist0") ? readBinary(text) : readXml(bytes);
+    const Array* array = root ? root->array() : nullptr;
+    return array ? std::optional(*array) : std::nullopt;
 }
 
-std::optional<Table> readTable(std::string bytes)
+std::string writeXml(const Table& table)
 {
-    const std::optional<Value> root = read(std::move(bytes));
-    const Array* array = root ? root->array() : nullptr;
-    return array ? std::optional<Table>(*array) : std::nullopt;
+    std::string xml;
+    (void)writeXml(table, [&xml](std::string_view bytes) {
+        xml.append(bytes);
+        return std::error_code();
+    });
+    return xml;
 }
 
 } // namespace PropertyList

@@ -3,8 +3,12 @@
 
 #include "store/Value.h"
 
+#include <functional>
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
+#include <system_error>
 
 /// Property lists: XML read and written, binary read.
 namespace PropertyList {
@@ -13,16 +17,23 @@ namespace PropertyList {
 constexpr int maximumDepth = 512;                         ///< nested arrays and dictionaries
 constexpr std::size_t maximumSize = std::size_t{1} << 30; ///< bytes of a file
 
-/// The list that `bytes` hold, in XML or binary form, nullopt when they hold none. The XML form is parsed in place:
-/// `bytes` are taken, not copied.
-std::optional<Value> read(std::string bytes);
-
-/// As `read`, for a root that must be an array: a file of records.
+/// The records of the list that `bytes` hold, in XML or binary form; nullopt when they hold none or its root is no
+/// array.
 std::optional<Table> readTable(std::string bytes);
 
-/// `table` as an XML property list in UTF-8. Reading it gives back an equal table, but for the fractions of a second of
-/// dates (the form has none; they are cut off towards the past) and for characters that XML 1.0 cannot carry,
-/// which are written as U+FFFD.
+/// The same without a copy of them: `bytes` are parsed in place and are of no use afterwards.
+std::optional<Table> readTableInPlace(std::span<char> bytes);
+
+/// Takes the next piece of what is written; an error ends the writing.
+using Sink = std::function<std::error_code(std::string_view bytes)>;
+
+/// `table` as an XML property list in UTF-8, handed to `sink` in pieces of a size that suits files, and the error that
+/// the sink gave, if it did. Reading it gives back an equal table, but for the fractions of a second of dates (the form
+/// has none; they are cut off towards the past) and for characters that XML 1.0 cannot carry, which are written
+/// as U+FFFD.
+std::error_code writeXml(const Table& table, const Sink& sink);
+
+/// The same in one text.
 std::string writeXml(const Table& table);
 
 } // namespace PropertyList

@@ -2,7 +2,7 @@
 #include "store/PropertyListParts.h"
 
 #include <algorithm>
-#include <charconv>
+#include <array>
 #include <chrono>
 #include <cmath>
 
@@ -28,12 +28,13 @@ std::optional<int> takeNumber(std::string_view& text, std::size_t digits, char s
     if (text.size() <= digits || text[digits] != separator) {
         return std::nullopt;
     }
-    const std::string_view number = text.substr(0, digits);
-    if (!std::ranges::all_of(number, [](char c) { return c >= '0' && c <= '9'; })) {
-        return std::nullopt;
-    }
     int value = 0;
-    std::from_chars(number.data(), number.data() + number.size(), value);
+    for (const char digit : text.substr(0, digits)) {
+        if (digit < '0' || digit > '9') {
+            return std::nullopt;
+        }
+        value = value * 10 + (digit - '0');
+    }
     text.remove_prefix(digits + 1);
     return value;
 }
@@ -55,10 +56,16 @@ std::optional<int> takeYear(std::string_view& text)
     return negative ? -*number : *number;
 }
 
+/// At least `digits` digits, which are no more than five, and the separator.
 void appendNumber(std::string& text, unsigned number, std::size_t digits, char separator)
 {
-    const std::string written = std::to_string(number);
-    text.append(digits - std::min(digits, written.size()), '0').append(written).push_back(separator);
+    std::array<char, 5> written{};
+    std::size_t first = written.size();
+    while (number != 0 || written.size() - first < digits) {
+        written[--first] = static_cast<char>('0' + number % 10);
+        number /= 10;
+    }
+    text.append(written.data() + first, written.size() - first).push_back(separator);
 }
 
 } // namespace

@@ -4,14 +4,21 @@
 #include "store/Value.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
 /// What the readers and the writer of property lists are made of; only they include this.
 namespace PropertyList {
 
+/// What an XML property list begins with. The writer's own, and to the byte that of most programs.
+constexpr std::string_view xmlHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                     "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                                     "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                                     "<plist version=\"1.0\">\n";
+
 /// The list that the XML text `bytes` holds, nullopt when it is broken. They are parsed in place.
-std::optional<Value> readXml(std::string bytes);
+std::optional<Value> readXml(std::span<char> bytes);
 
 /// The list that `bytes` hold in binary form, nullopt when it is broken.
 std::optional<Value> readBinary(std::string_view bytes);

@@ -54,17 +54,22 @@ QDateTime momentAfter(const std::vector<Copy>& copies, Date now)
     return copies.empty() ? moment : std::max(moment, copies.back().moment.addMSecs(1));
 }
 
-bool holds(const fs::path& file, const std::string& bytes)
+bool holds(const fs::path& file, std::string_view bytes)
 {
     const std::optional<FileContent> content = readFile(file, PropertyList::maximumSize);
-    return content && content->bytes == bytes;
+    return content && content->text() == bytes;
 }
 
-std::error_code copyBytes(const std::string& bytes, const fs::path& to)
+std::error_code copyBytes(std::string_view bytes, const fs::path& to)
 {
     TemporaryFile copy(to);
-    const std::error_code error = copy.write(bytes);
-    return error ? error : copy.replaceTarget();
+    if (const std::error_code error = copy.write(bytes)) {
+        return error;
+    }
+    if (const std::error_code error = copy.sync()) {
+        return error;
+    }
+    return copy.replaceTarget();
 }
 
 } // namespace
@@ -82,10 +87,10 @@ std::error_code Recovered::keep(const fs::path& folder, const fs::path& file, co
     if (!fs::is_regular_file(fs::symlink_status(file, error))) {
         fs::rename(file, kept, error);
     } else if (const std::optional<FileContent> content = readFile(file, PropertyList::maximumSize)) {
-        if (!copies.empty() && holds(copies.back().path, content->bytes)) {
+        if (!copies.empty() && holds(copies.back().path, content->text())) {
             return {};
         }
-        error = copyBytes(content->bytes, kept);
+        error = copyBytes(content->text(), kept);
     } else {
         error = std::make_error_code(std::errc::permission_denied);
     }

@@ -91,6 +91,9 @@ private:
         m_value;
 };
 
+// A shared pointer can be moved as bytes, so a growing array need not touch each value.
+Q_DECLARE_TYPEINFO(Value, Q_RELOCATABLE_TYPE);
+
 /// Text keys and values in the order in which they were read or set; a key stands once.
 class Dictionary {
 public:

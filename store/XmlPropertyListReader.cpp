@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "store/ParserMemory.h"
 #include "store/PropertyList.h"
 #include "store/PropertyListParts.h"
 
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <memory>
 #include <span>
 
 namespace PropertyList {
@@ -16,7 +18,21 @@ namespace {
 /// Blank texts are kept, for a note of blanks is a note; ends of lines are not touched, for a carriage return is a
 /// character of the note. Comments, processing instructions and the document type are passed over; entities that the
 /// document type defines are never expanded.
-constexpr unsigned parseOptions = pugi::parse_escapes | pugi::parse_cdata | pugi::parse_ws_pcdata;
+constexpr unsigned parseOptions = pugi::parse_escapes | pugi::parse_cdata | pugi::parse_embed_pcdata;
+
+/// Which blanks the parser is to make nodes of. Those between elements are half of all nodes and say nothing, but
+/// beside a comment, CDATA section or instruction they may be a part of a text.
+unsigned blankOptions(std::string_view xml)
+{
+    if (!xml.starts_with(xmlHead)) {
+        return pugi::parse_ws_pcdata;
+    }
+    std::uint8_t found = 0;
+    for (std::size_t i = xmlHead.size(); i < xml.size(); ++i) { // without branches, for vector instructions
+        found |= static_cast<std::uint8_t>((xml[i - 1] == '<') & ((xml[i] == '!') | (xml[i] == '?')));
+    }
+    return found != 0 ? pugi::parse_ws_pcdata : pugi::parse_ws_pcdata_single;
+}
 
 constexpr std::string_view blanks = " \t\r\n";
 
@@ -38,8 +54,8 @@ std::optional<Value> valueOf(pugi::xml_node element, int depth);
 /// are not UTF-8. (A reference to half a surrogate pair is not.)
 std::optional<std::string> textOf(pugi::xml_node element)
 {
-    std::string text;
-    for (const pugi::xml_node child : element.children()) {
+    std::string text = element.value(); // the first text; what follows it has nodes of its own
+    for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling()) {
         if (child.type() == pugi::node_element) {
             return std::nullopt;
         }
@@ -61,6 +77,12 @@ std::optional<pugi::xml_node> elementFrom(pugi::xml_node node)
         }
     }
     return node;
+}
+
+/// The same for what stands in `parent`.
+std::optional<pugi::xml_node> firstElementIn(pugi::xml_node parent)
+{
+    return isBlank(parent.value()) ? elementFrom(parent.first_child()) : std::nullopt;
 }
 
 template <typename Plain> std::optional<Value> asValue(std::optional<Plain> plain)
@@ -117,7 +139,7 @@ std::optional<std::vector<std::byte>> dataFrom(std::string text)
 std::optional<Array> arrayOf(pugi::xml_node element, int depth)
 {
     Array array;
-    auto child = elementFrom(element.first_child());
+    auto child = firstElementIn(element);
     while (child && *child) {
         std::optional<Value> value = valueOf(*child, depth);
         if (!value) {
@@ -133,7 +155,7 @@ std::optional<Dictionary> dictionaryOf(pugi::xml_node element, int depth)
 {
     std::vector<Dictionary::Entry> entries;
     entries.reserve(2); // a record
-    auto child = elementFrom(element.first_child());
+    auto child = firstElementIn(element);
     while (child && *child) {
         const auto following = elementFrom(child->next_sibling());
         if (child->name() != std::string_view("key") || !following) {
@@ -212,25 +234,18 @@ std::optional<ByteOrder> utf16Order(std::string_view bytes)
     return std::nullopt;
 }
 
-} // namespace
-
-std::optional<Value> readXml(std::string bytes)
+/// The list in a text in any encoding but UTF-16.
+std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encoding)
 {
-    pugi::xml_encoding encoding = pugi::encoding_auto;
-    if (const std::optional<ByteOrder> order = utf16Order(bytes)) {
-        // Converted here, because the parser drops halves of surrogate pairs in silence.
-        ConvertedText converted = utf8FromUtf16(bytes, *order);
-        if (!converted.isWhole) {
-            return std::nullopt;
-        }
-        bytes = std::move(converted.utf8);
-        encoding = pugi::encoding_utf8;
-    }
-    if (namesNull(bytes)) {
+    const std::string_view xml(bytes.data(), bytes.size());
+    if (namesNull(xml)) {
         return std::nullopt;
     }
+    const unsigned options = parseOptions | blankOptions(xml);
+    constexpr std::size_t large = std::size_t{1} << 20;
+    const auto memory = bytes.size() >= large ? std::make_unique<ParserMemory>() : nullptr;
     pugi::xml_document document;
-    if (!document.load_buffer_inplace(bytes.data(), bytes.size(), parseOptions, encoding)) {
+    if (!document.load_buffer_inplace(bytes.data(), bytes.size(), options, encoding)) {
         return std::nullopt;
     }
     pugi::xml_node root = document.first_child();
@@ -238,7 +253,7 @@ std::optional<Value> readXml(std::string bytes)
         return std::nullopt;
     }
     if (root.name() == std::string_view("plist")) {
-        const auto list = elementFrom(root.first_child());
+        const auto list = firstElementIn(root);
         const auto behind = list ? elementFrom(list->next_sibling()) : std::nullopt;
         if (!behind || *behind) {
             return std::nullopt;
@@ -246,6 +261,19 @@ std::optional<Value> readXml(std::string bytes)
         root = *list;
     }
     return valueOf(root, 0);
+}
+
+} // namespace
+
+std::optional<Value> readXml(std::span<char> bytes)
+{
+    const std::optional<ByteOrder> order = utf16Order({bytes.data(), bytes.size()});
+    if (!order) {
+        return readParsed(bytes, pugi::encoding_auto);
+    }
+    // Converted here, because the parser drops halves of surrogate pairs in silence.
+    ConvertedText converted = utf8FromUtf16({bytes.data(), bytes.size()}, *order);
+    return converted.isWhole ? readParsed(converted.utf8, pugi::encoding_utf8) : std::nullopt;
 }
 
 } // namespace PropertyList

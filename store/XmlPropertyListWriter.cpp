@@ -8,28 +8,47 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <memory>
 
 namespace PropertyList {
 
 namespace {
 
-constexpr std::string_view head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                  "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-                                  "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-                                  "<plist version=\"1.0\">\n";
 constexpr std::string_view foot = "</plist>\n";
 constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
 /// Whether a byte of a text may have to be written as something else.
-constexpr std::array<bool, 256> needsCare = [] {
-    std::array<bool, 256> table{};
-    for (std::size_t control = 0; control < 0x20; ++control) {
-        table[control] = control != '\t' && control != '\n';
+constexpr bool needsCare(std::uint8_t byte)
+{
+    const bool isControl = (byte < 0x20) & (byte != '\t') & (byte != '\n');
+    const bool isMarkup = (byte == '&') | (byte == '<') | (byte == '>');
+    return isControl | isMarkup | (byte == 0xEF); // U+FFFE and U+FFFF, which XML excludes, begin with 0xEF
+}
+
+constexpr std::size_t blockSize = 64;
+
+/// Without branches, so that compilers turn it into vector instructions.
+bool blockNeedsCare(const char* block)
+{
+    std::uint8_t found = 0;
+    for (std::size_t i = 0; i < blockSize; ++i) {
+        found |= static_cast<std::uint8_t>(needsCare(static_cast<std::uint8_t>(block[i])));
     }
-    table['&'] = table['<'] = table['>'] = true;
-    table[0xEF] = true; // U+FFFE and U+FFFF, which XML excludes, begin with it
-    return table;
-}();
+    return found != 0;
+}
+
+/// The first place whose byte needs care, the size of the text when there is none.
+std::size_t findCare(std::string_view text)
+{
+    std::size_t at = 0;
+    while (at + blockSize <= text.size() && !blockNeedsCare(text.data() + at)) {
+        at += blockSize;
+    }
+    while (at < text.size() && !needsCare(static_cast<std::uint8_t>(text[at]))) {
+        ++at;
+    }
+    return at;
+}
 
 /// What stands in XML for the character that begins at `text[at]`, and how many bytes of the text it stands for.
 std::pair<std::string_view, std::size_t> substitute(std::string_view text, std::size_t at)
@@ -53,14 +72,65 @@ std::pair<std::string_view, std::size_t> substitute(std::string_view text, std::
     }
 }
 
+/// Gathers what is written into pieces that are large enough for few system calls and small enough to stay in the
+/// processor's cache on their way. After an error of the sink it takes everything and hands on nothing.
+class Pieces {
+public:
+    explicit Pieces(const Sink& sink) : m_sink(sink) {}
+
+    void append(std::string_view bytes)
+    {
+        while (bytes.size() > m_free) {
+            const std::string_view fitting = bytes.substr(0, m_free);
+            put(fitting);
+            bytes.remove_prefix(fitting.size());
+            handOver();
+        }
+        put(bytes);
+    }
+
+    /// Hands over the rest.
+    std::error_code finish()
+    {
+        handOver();
+        return m_error;
+    }
+
+    bool hasFailed() const { return static_cast<bool>(m_error); }
+
+private:
+    static constexpr std::size_t size = std::size_t{256} << 10;
+
+    void put(std::string_view bytes)
+    {
+        bytes.copy(m_piece.get() + (size - m_free), bytes.size());
+        m_free -= bytes.size();
+    }
+
+    void handOver()
+    {
+        if (!m_error) {
+            m_error = m_sink({m_piece.get(), size - m_free});
+        }
+        m_free = size;
+    }
+
+    const Sink& m_sink;
+    std::unique_ptr<char[]> m_piece{new char[size]}; // make_unique would fill it
+    std::size_t m_free = size;
+    std::error_code m_error;
+};
+
 class Writer {
 public:
-    std::string write(const Table& table)
+    explicit Writer(const Sink& sink) : m_xml(sink) {}
+
+    std::error_code write(const Table& table)
     {
-        m_xml += head;
+        m_xml.append(xmlHead);
         writeArray(table, 0);
-        m_xml += foot;
-        return std::move(m_xml);
+        m_xml.append(foot);
+        return m_xml.finish();
     }
 
 private:
@@ -71,8 +141,7 @@ private:
             writeLine(*value.boolean() ? "<true/>" : "<false/>", depth);
             break;
         case Value::Type::IntegerType:
-            writeElement("integer", (value.integer()->negative ? "-" : "") + std::to_string(value.integer()->magnitude),
-                         depth);
+            writeElement("integer", textFromInteger(*value.integer()), depth);
             break;
         case Value::Type::RealType:
             writeElement("real", textFromReal(*value.real()), depth);
@@ -103,6 +172,9 @@ private:
         }
         writeLine("<array>", depth);
         for (const Value& value : array) {
+            if (m_xml.hasFailed()) {
+                return;
+            }
             writeValue(value, depth + 1);
         }
         writeLine("</array>", depth);
@@ -124,14 +196,28 @@ private:
 
     void writeLine(std::string_view markup, int depth)
     {
-        m_xml.append(static_cast<std::size_t>(depth), '\t').append(markup).push_back('\n');
+        indent(depth);
+        m_xml.append(markup);
+        m_xml.append("\n");
     }
 
     void writeElement(std::string_view name, std::string_view text, int depth)
     {
-        m_xml.append(static_cast<std::size_t>(depth), '\t').append(1, '<').append(name).push_back('>');
+        indent(depth);
+        m_xml.append("<");
+        m_xml.append(name);
+        m_xml.append(">");
         writeText(text);
-        m_xml.append("</").append(name).append(">\n");
+        m_xml.append("</");
+        m_xml.append(name);
+        m_xml.append(">\n");
+    }
+
+    void indent(int depth)
+    {
+        for (int i = 0; i < depth; ++i) {
+            m_xml.append("\t");
+        }
     }
 
     void writeText(std::string_view text)
@@ -141,18 +227,22 @@ private:
             writeText({repaired.constData(), static_cast<std::size_t>(repaired.size())});
             return;
         }
-        std::size_t written = 0;
-        for (std::size_t at = 0; at < text.size();) {
-            if (!needsCare[static_cast<unsigned char>(text[at])]) {
-                ++at;
-                continue;
+        for (;;) {
+            const std::size_t plain = findCare(text);
+            m_xml.append(text.substr(0, plain));
+            if (plain == text.size()) {
+                return;
             }
-            const auto [markup, length] = substitute(text, at);
-            m_xml.append(text, written, at - written).append(markup);
-            at += length;
-            written = at;
+            const auto [markup, length] = substitute(text, plain);
+            m_xml.append(markup);
+            text.remove_prefix(plain + length);
         }
-        m_xml.append(text, written);
+    }
+
+    static std::string textFromInteger(Integer integer)
+    {
+        std::string text = integer.negative ? "-" : "";
+        return text.append(std::to_string(integer.magnitude));
     }
 
     /// The shortest digits that read back as the same number.
@@ -173,14 +263,14 @@ private:
             .toStdString();
     }
 
-    std::string m_xml;
+    Pieces m_xml;
 };
 
 } // namespace
 
-std::string writeXml(const Table& table)
+std::error_code writeXml(const Table& table, const Sink& sink)
 {
-    return Writer().write(table);
+    return Writer(sink).write(table);
 }
 
 } // namespace PropertyList

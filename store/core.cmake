@@ -6,6 +6,10 @@ target_sources(velumora-core PRIVATE
     store/FileStamp.h
     store/Files.cpp
     store/Files.h
+    store/PageMemory.cpp
+    store/PageMemory.h
+    store/ParserMemory.cpp
+    store/ParserMemory.h
     store/PropertyList.cpp
     store/PropertyList.h
     store/PropertyListDate.cpp

@@ -51,7 +51,8 @@ std::string localeIdentifier(std::string_view posixName)
     if (const auto at = posixName.find('@'); at != std::string_view::npos) {
         const auto script = std::ranges::find(scripts, posixName.substr(at + 1), [](const auto& s) { return s.first; });
         if (script != scripts.end()) {
-            identifier.insert(std::min(identifier.find('_'), identifier.size()), "_" + std::string(script->second));
+            identifier.insert(std::min(identifier.find('_'), identifier.size()),
+                              std::string("_").append(script->second));
         }
     }
     return identifier;

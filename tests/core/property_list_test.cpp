@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <future>
+#include <vector>
 
 namespace {
 
@@ -198,6 +200,105 @@ TEST(PropertyList, ElementsOfAnyTypeAreKept)
                                                  "<integer>-0</integer><data> AP\n8Q </data>")) ==
                 (Table{integer(12), integer(-16), Value(std::numeric_limits<double>::infinity()), integer(0),
                        Value(std::vector{std::byte{0x00}, std::byte{0xFF}, std::byte{0x10}})}));
+}
+
+// As Python's plistlib reads the same bytes.
+TEST(PropertyList, BlanksBesideCommentsAndSectionsBelongToTheText)
+{
+    const std::string empty = PropertyList::writeXml({});
+    for (const char* element : {"<string> <!-- no text --> </string>", "<string> <?no text?> </string>",
+                                "<string><![CDATA[ ]]> </string>", "<string>  </string>"}) {
+        std::string xml = empty;
+        xml.replace(xml.find("<array/>"), 8, std::string("<array> ").append(element).append("\n</array>"));
+        EXPECT_EQ(textIn(xml), "  ") << element;
+    }
+}
+
+// Table 3-7 of the Unicode Standard, from which each row takes or misses one limit.
+TEST(PropertyList, OnlyWellFormedUtf8IsRead)
+{
+    struct Row {
+        const char* bytes;
+        bool isRead;
+    };
+    constexpr Row rows[] = {
+        {"\xC2\x80", true},
+        {"\xC1\xBF", false},
+        {"\xDF\xBF", true},
+        {"\xC2", false},
+        {"\x80", false},
+        {"\xC2\x80\x80", false},
+        {"\xE0\xA0\x80", true},
+        {"\xE0\x9F\xBF", false},
+        {"\xED\x9F\xBF", true},
+        {"\xED\xA0\x80", false},
+        {"\xEE\x80\x80", true},
+        {"\xE2\x82", false},
+        {"\xE2\x41\x82", false},
+        {"\xE2\x82\x41", false},
+        {"\xE2\x82\xC2\x80", false},
+        {"\xF0\x90\x80\x80", true},
+        {"\xF0\x8F\xBF\xBF", false},
+        {"\xF4\x8F\xBF\xBF", true},
+        {"\xF4\x90\x80\x80", false},
+        {"\xF5\x80\x80\x80", false},
+        {"\xF0\x9F\x98", false},
+        {"\xF0\x9F\x98\x41", false},
+        {"\xFF", false},
+        {"\xC2\x80\xC3\xBF", true},
+    };
+    for (const Row& row : rows) {
+        for (const std::size_t before : {0, 1, 2, 3, 13, 62, 63, 64, 200}) {
+            for (const std::size_t behind : {0, 1, 3, 70}) {
+                const std::string text = std::string(before, 'a').append(row.bytes).append(behind, 'z');
+                const std::string element = std::string("<string>").append(text).append("</string>");
+                EXPECT_EQ(textIn(xmlArray(element)), row.isRead ? std::optional(text) : std::nullopt)
+                    << before << ' ' << testing::PrintToString(row.bytes) << ' ' << behind;
+            }
+        }
+    }
+}
+
+// Files beyond a megabyte are parsed in memory of their own, several blocks of it here.
+TEST(PropertyList, LargeListsAreReadOnSeveralThreadsAtOnce)
+{
+    Table large(300'000, Value(true));
+    large.append(Value("the last"));
+    const std::string xml = PropertyList::writeXml(large);
+    std::vector<std::future<bool>> readers;
+    for (int i = 0; i < 3; ++i) {
+        readers.push_back(std::async(std::launch::async, [&] { return PropertyList::readTable(xml) == large; }));
+    }
+    for (std::future<bool>& reader : readers) {
+        EXPECT_TRUE(reader.get());
+    }
+    expectSameAfterWriting(everyType());
+}
+
+TEST(PropertyList, WhatIsWrittenInPiecesIsTheSame)
+{
+    Table table = everyType();
+    table.append(Value(std::string(700'000, 'x')));
+    std::string joined;
+    int pieces = 0;
+    EXPECT_FALSE(PropertyList::writeXml(table, [&](std::string_view piece) {
+        joined += piece;
+        ++pieces;
+        return std::error_code();
+    }));
+    EXPECT_GT(pieces, 2);
+    EXPECT_TRUE(PropertyList::readTable(joined) == table);
+}
+
+TEST(PropertyList, AnErrorEndsTheWriting)
+{
+    const Table table(50'000, Value("A text that is long enough to fill several pieces."));
+    int pieces = 0;
+    const std::error_code error = PropertyList::writeXml(table, [&](std::string_view) {
+        return ++pieces < 2 ? std::error_code() : std::make_error_code(std::errc::io_error);
+    });
+    EXPECT_EQ(error, std::errc::io_error);
+    EXPECT_EQ(pieces, 2);
 }
 
 } // namespace
