@@ -187,7 +187,7 @@ void AppDelegate::updateTimeOnUI()
 void AppDelegate::minuteHasChanged()
 {
     updateTimeOnUI();
-    const std::chrono::sys_time now = std::chrono::floor<std::chrono::seconds>(DateEnvironment::now());
+    const auto now = std::chrono::floor<std::chrono::seconds>(DateEnvironment::now());
     const auto secondOfMinute = now - std::chrono::floor<std::chrono::minutes>(now);
     m_minuteTimer.start(std::chrono::minutes(1) - secondOfMinute);
     // The rows' red of today and the elapsed texts go with the time; the rows themselves stay.
