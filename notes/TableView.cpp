@@ -30,7 +30,11 @@ TableView::TableView(QWidget* parent)
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*old*/, QWidget* now) { focusMoved(now); });
 }
 
-TableView::~TableView() = default;
+TableView::~TableView()
+{
+    // A widget that goes gives up the focus at a moment at which it is no table any more.
+    disconnect(qApp, nullptr, this, nullptr);
+}
 
 void TableView::setDelegate(TableViewDelegate* delegate)
 {
