@@ -206,8 +206,9 @@ void AppDelegate::buttonEnableDisable(QWidget& button, bool enable)
 
 void AppDelegate::increaseTVHeaderFontSize(TableView& tableView)
 {
-    for (int column = 0; column < static_cast<int>(tableView.tableColumns().size()); ++column) {
-        tableView.setHeaderCell(column, HeaderCell(tableView.tableColumns().at(column).headerCell.title()));
+    const std::vector<TableColumn>& columns = tableView.tableColumns();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        tableView.setHeaderCell(static_cast<int>(i), HeaderCell(columns[i].headerCell.title()));
     }
 }
 
