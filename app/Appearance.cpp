@@ -22,8 +22,8 @@ struct RoleColors {
     QRgb dark;
 };
 
-/// Texts stand on Window, Base and Button at a contrast of 4.5:1 or better, Dark (secondary texts) included. What cannot
-/// be used now is in Shadow: it is told apart by its paleness.
+/// Texts stand on Window, Base and Button at a contrast of 4.5:1 or better, Dark (secondary texts) included. What
+/// cannot be used now is in Shadow: it is told apart by its paleness.
 constexpr std::array roles{
     RoleColors{QPalette::Window, 0xfff5f5f7, 0xff1e1e20},
     RoleColors{QPalette::WindowText, 0xff1d1d1f, 0xfff2f2f4},
