@@ -177,7 +177,7 @@ void AppDelegate::connectEditMenu()
         connect(action, &QAction::triggered, this, [this, slot] {
             QWidget* focused = m_window.focusWidget();
             if (focused && focused->metaObject()->indexOfMethod(slot) >= 0) {
-                const QByteArray name(slot, qstrlen(slot) - 2); // without its parentheses
+                const QByteArray name(slot, static_cast<qsizetype>(qstrlen(slot)) - 2); // without its parentheses
                 QMetaObject::invokeMethod(focused, name.constData());
             }
         });

@@ -29,7 +29,10 @@ unsigned blankOptions(std::string_view xml)
     }
     std::uint8_t found = 0;
     for (std::size_t i = xmlHead.size(); i < xml.size(); ++i) { // without branches, for vector instructions
-        found |= static_cast<std::uint8_t>((xml[i - 1] == '<') & ((xml[i] == '!') | (xml[i] == '?')));
+        const auto opens = static_cast<std::uint8_t>(xml[i - 1] == '<');
+        const auto declares = static_cast<std::uint8_t>(xml[i] == '!');
+        const auto instructs = static_cast<std::uint8_t>(xml[i] == '?');
+        found = static_cast<std::uint8_t>(found | (opens & (declares | instructs)));
     }
     return found != 0 ? pugi::parse_ws_pcdata : pugi::parse_ws_pcdata_single;
 }
