@@ -23,7 +23,7 @@ QString cellName(const TableView& table, int column, int row)
 /// What the delegate says of the row, else the names of its other cells.
 QString rowDescription(const TableView& table, int column, int row)
 {
-    const QString told = table.delegate() ? table.delegate()->accessibleRowDescription(table, row) : QString();
+    QString told = table.delegate() ? table.delegate()->accessibleRowDescription(table, row) : QString();
     if (!told.isEmpty()) {
         return told;
     }
