@@ -51,6 +51,7 @@ AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, cons
 {
     m_prefsLayout->setupUi(m_prefsSheet);
     m_ui.hideShowSegBtn->setLabels({QString(), localized("Show All"), localized("Mini Calendar's Month"), QString()});
+    m_ui.hideShowSegBtn->standBehind(*m_ui.filterBtn);
     configureTables();
     connectActions();
     connectMenu();

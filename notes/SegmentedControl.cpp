@@ -71,6 +71,15 @@ void SegmentedControl::setToolTipForSegment(const QString& toolTip, int segment)
     m_segments.at(segment)->setToolTip(toolTip);
 }
 
+void SegmentedControl::standBehind(QWidget& before)
+{
+    QWidget* last = &before;
+    for (QToolButton* segment : std::as_const(m_segments)) {
+        setTabOrder(last, segment);
+        last = segment;
+    }
+}
+
 void SegmentedControl::press(int segment)
 {
     m_segments.at(segment)->click();

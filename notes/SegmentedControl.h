@@ -26,6 +26,10 @@ public:
     /// The segment that was pressed last, -1 before the first press.
     int selectedSegment() const { return m_selected; }
 
+    /// Has the tab key come to the segments after `before`, a control of the same window: they are made after the page
+    /// is laid out, so they would come last.
+    void standBehind(QWidget& before);
+
     /// What a click on `segment` does.
     void press(int segment);
 

@@ -19,6 +19,7 @@ velumora_test(app-tests
     app/alert_test.cpp
     app/help_test.cpp
     app/host_test.cpp
+    app/keyboard_test.cpp
     app/lifecycle_test.cpp
     app/mini_calendar_test.cpp
     app/note_deletion_test.cpp
