@@ -13,7 +13,8 @@ add_library(app-test-support STATIC
 )
 target_link_libraries(app-test-support PUBLIC velumora-app Qt6::Test GTest::gmock)
 target_include_directories(app-test-support PUBLIC ${CMAKE_SOURCE_DIR}/tests)
-target_compile_definitions(app-test-support PRIVATE VELUMORA_SCREENSHOTS="${CMAKE_BINARY_DIR}/screenshots")
+set_source_files_properties(support/Screenshot.cpp PROPERTIES COMPILE_DEFINITIONS
+    VELUMORA_SCREENSHOTS="${CMAKE_BINARY_DIR}/screenshots")
 
 velumora_test(app-tests
     app/alert_test.cpp
@@ -44,4 +45,5 @@ qt_add_resources(language-tests test_translations
     PREFIX /translations
     BASE ${CMAKE_CURRENT_BINARY_DIR}
     FILES ${test_catalogues})
-target_compile_definitions(language-tests PRIVATE VELUMORA_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+set_source_files_properties(app/catalogue_test.cpp PROPERTIES COMPILE_DEFINITIONS
+    VELUMORA_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
