@@ -61,7 +61,7 @@ int centuryCorrection(int century)
 /// The paschal full moon as a day of March, which may run on into April.
 int paschalFullMoon(int century, int yearOfMoonCycle)
 {
-    // (century - 15) / 2 + 202 - 11 * yearOfMoonCycle, of which only the sum is cut to a whole number.
+    // Half of (century - 15), and 202 - 11 * yearOfMoonCycle; only their sum is cut to a whole number.
     const int sum = (century - 15 + 2 * (202 - 11 * yearOfMoonCycle)) / 2;
     const int step = (sum - centuryCorrection(century)) % 30;
     const bool oneEarlier = step == 29 || (step == 28 && yearOfMoonCycle > 10);

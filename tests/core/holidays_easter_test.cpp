@@ -63,6 +63,7 @@ TEST(EasterSunday, OutsideTheValidYearsTheStepsGoOn)
         {-1, {4, 17}},
         {0, {4, 9}},
         {19, {4, 7}},
+        {827, {4, 25}},
         {1402, {3, 28}},
         {1403, {4, 17}},
         {1439, {4, 14}},

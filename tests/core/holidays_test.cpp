@@ -189,6 +189,12 @@ TEST_F(HolidaysTest, EasterIsAtItsEarliestIn2285AndAtItsLatestIn2038)
     EXPECT_EQ(easterDay(), utcDate(2038, 4, 25));
 }
 
+TEST_F(HolidaysTest, EasterTakesTheLow16BitsOfTheYear)
+{
+    m_clock.set(DateUtilities::dateFromYear(40000, 7, 1));
+    EXPECT_EQ(easterDay(), DateUtilities::dateFromYear(40000, 3, 31)); // as in the year -25536
+}
+
 TEST_F(HolidaysTest, ChangeWithTheYearAtTheZonesMidnight)
 {
     const TimeZoneGuard zone("America/New_York");
