@@ -13,3 +13,4 @@ endfunction()
 
 desktop_test(driver_test PROGRAM bare-window)
 desktop_test(first_day_test PROGRAM velumora)
+desktop_test(important_dates_test PROGRAM velumora)
