@@ -6,7 +6,6 @@ target_sources(velumora-app PRIVATE
     host/OpenPanel.h
     host/ProcessInfo.h
     host/UserDefaults.h
-    host/UserNotificationCenter.h
     host/Workspace.h
     host/linux/DesktopWorkspace.cpp
     host/linux/DesktopWorkspace.h
@@ -26,3 +25,19 @@ target_sources(velumora-app PRIVATE
     host/linux/TerminationSignals.cpp
     host/linux/TerminationSignals.h
 )
+
+add_executable(velumora-reminder-agent
+    host/agent/DueTimer.cpp
+    host/agent/DueTimer.h
+    host/agent/NotificationDaemon.cpp
+    host/agent/NotificationDaemon.h
+    host/agent/ReminderAgent.cpp
+    host/agent/ReminderAgent.h
+    host/agent/main.cpp
+    host/linux/ApplicationMessages.cpp
+    host/linux/ApplicationMessages.h
+    host/linux/StartedService.cpp
+    host/linux/StartedService.h
+)
+target_link_libraries(velumora-reminder-agent PRIVATE velumora-core Qt6::DBus)
+add_dependencies(velumora velumora-reminder-agent)
