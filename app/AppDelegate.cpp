@@ -63,6 +63,7 @@ AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, cons
     connectEditMenu();
     connectHolidaySheet();
     makeImportantDatesContextMenu();
+    makeSendNotificationContextMenu();
 }
 
 AppDelegate::~AppDelegate() = default;

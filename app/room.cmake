@@ -50,6 +50,7 @@ target_sources(velumora-app PRIVATE
     dates/DatePicker.h
     notes/AppDelegate+NoteEditing.cpp
     notes/AppDelegate+NotesList.cpp
+    notes/AppDelegate+Reminders.cpp
     notes/SegmentedControl.cpp
     notes/SegmentedControl.h
     resources/velumora.qrc

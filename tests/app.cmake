@@ -36,6 +36,7 @@ velumora_test(app-tests
     app/note_editing_test.cpp
     app/notes_list_test.cpp
     app/preferences_test.cpp
+    app/reminders_test.cpp
     app/store_test.cpp
     LIBRARIES app-test-support
     LABELS app)
