@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/Appearance.h"
 
-#include "notes/NamedColor.h"
+#include "host/GlobalDefaults.h"
+#include "host/ProcessInfo.h"
 
 #include <QApplication>
 #include <QFile>
@@ -15,6 +16,7 @@
 namespace {
 
 constexpr int basePixelSize = 13;
+constexpr double firstReleaseWithDarkAppearance = 10.14;
 
 struct RoleColors {
     QPalette::ColorRole role;
@@ -46,6 +48,17 @@ constexpr std::array roles{
 
 } // namespace
 
+Appearance systemAppearance(const ProcessInfo& processInfo, const GlobalDefaults& globalDefaults)
+{
+    const ProcessInfo::SystemVersion version = processInfo.operatingSystemVersion();
+    const float release = QStringLiteral("%1.%2").arg(version.major).arg(version.minor).toFloat();
+    const std::optional<QString> style = globalDefaults.stringForKey(QStringLiteral("AppleInterfaceStyle"));
+    if (static_cast<double>(release) < firstReleaseWithDarkAppearance) {
+        return Appearance::Light;
+    }
+    return style && style->contains(QStringLiteral("Dark")) ? Appearance::Dark : Appearance::Light;
+}
+
 QPalette calmPalette(Appearance appearance)
 {
     const bool dark = appearance == Appearance::Dark;
@@ -59,11 +72,10 @@ QPalette calmPalette(Appearance appearance)
     return palette;
 }
 
-void applyAppearance()
+void applyAppearance(Appearance appearance)
 {
-    const bool dark = isDarkAppearance(QApplication::palette());
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setPalette(calmPalette(dark ? Appearance::Dark : Appearance::Light));
+    QApplication::setPalette(calmPalette(appearance));
     QFont base = QApplication::font();
     base.setPixelSize(basePixelSize);
     QApplication::setFont(base);

@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
 #include "app/Translations.h"
+#include "host/linux/DesktopGlobalDefaults.h"
 #include "host/linux/DesktopWorkspace.h"
 #include "host/linux/FolderOpenPanel.h"
 #include "host/linux/InstalledBundle.h"
@@ -45,6 +46,7 @@ int main(int argc, char** argv)
     TerminationSignals signals;
     QApplication application(argc, argv);
     signals.listen();
+    DesktopGlobalDefaults globalDefaults; // early: the desktop answers while the window is made
     QApplication::setApplicationName(QStringLiteral("velumora"));
     QApplication::setApplicationDisplayName(QStringLiteral("Velumora"));
     QApplication::setOrganizationName(QStringLiteral("velumora"));
@@ -54,13 +56,13 @@ int main(int argc, char** argv)
     DateEnvironment::setLocalePair(languages);
     DateEnvironment::setTimeZone({});
     installTranslation(languages.preferredLanguages);
-    applyAppearance();
+    LinuxProcessInfo processInfo;
+    applyAppearance(systemAppearance(processInfo, globalDefaults));
 
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
     NoLocationManager locationManager;
     FolderOpenPanel openPanel;
-    LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
     NoNotificationCenter notificationCenter;
     DesktopWorkspace workspace;
@@ -72,6 +74,7 @@ int main(int argc, char** argv)
     AppDelegate delegate(window, layout,
                          {.bundle = bundle,
                           .clockMonitor = clockMonitor,
+                          .globalDefaults = globalDefaults,
                           .locationManager = locationManager,
                           .openPanel = openPanel,
                           .processInfo = processInfo,
@@ -88,6 +91,7 @@ int main(int argc, char** argv)
     QObject::connect(&application, &QApplication::aboutToQuit, &delegate, &AppDelegate::applicationWillTerminate);
     QApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
 
+    globalDefaults.takeInAnswer(); // the first picture is in the right colours already
     delegate.applicationWillFinishLaunching();
     delegate.applicationDidFinishLaunching();
     return QApplication::exec();

@@ -18,6 +18,7 @@ set_source_files_properties(support/Screenshot.cpp PROPERTIES COMPILE_DEFINITION
 
 velumora_test(app-tests
     app/alert_test.cpp
+    app/appearance_test.cpp
     app/help_test.cpp
     app/host_test.cpp
     app/keyboard_test.cpp
