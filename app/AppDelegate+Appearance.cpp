@@ -3,7 +3,7 @@
 #include "app/Appearance.h"
 #include "ui_MainWindow.h"
 
-#include <QApplication>
+#include <QMainWindow>
 
 bool AppDelegate::isDarkMode() const
 {
@@ -12,6 +12,6 @@ bool AppDelegate::isDarkMode() const
 
 void AppDelegate::appearanceHasChanged()
 {
-    QApplication::setPalette(calmPalette(isDarkMode() ? Appearance::Dark : Appearance::Light));
+    applyAppearance(isDarkMode() ? Appearance::Dark : Appearance::Light, m_window);
     redrawPage(*m_ui.myTabView->currentWidget()); // cells keep the colours that they were given
 }

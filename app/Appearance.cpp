@@ -72,13 +72,19 @@ QPalette calmPalette(Appearance appearance)
     return palette;
 }
 
-void applyAppearance(Appearance appearance)
+void applyStyle()
 {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setPalette(calmPalette(appearance));
     QFont base = QApplication::font();
     base.setPixelSize(basePixelSize);
     QApplication::setFont(base);
+}
+
+void applyAppearance(Appearance appearance, QWidget& window)
+{
+    window.setStyleSheet({}); // widgets under a style sheet keep the palette that it made for them
+    QApplication::setPalette(calmPalette(appearance));
+    applyStyleRules(window);
 }
 
 void applyStyleRules(QWidget& window)

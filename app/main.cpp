@@ -56,13 +56,13 @@ int main(int argc, char** argv)
     DateEnvironment::setLocalePair(languages);
     DateEnvironment::setTimeZone({});
     installTranslation(languages.preferredLanguages);
-    LinuxProcessInfo processInfo;
-    applyAppearance(systemAppearance(processInfo, globalDefaults));
+    applyStyle();
 
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
     NoLocationManager locationManager;
     FolderOpenPanel openPanel;
+    LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
     NoNotificationCenter notificationCenter;
     DesktopWorkspace workspace;
@@ -70,7 +70,8 @@ int main(int argc, char** argv)
     QMainWindow window;
     Ui::MainWindow layout;
     layout.setupUi(&window);
-    applyStyleRules(window);
+    globalDefaults.takeInAnswer(); // a first picture in the right colours
+    applyAppearance(systemAppearance(processInfo, globalDefaults), window);
     AppDelegate delegate(window, layout,
                          {.bundle = bundle,
                           .clockMonitor = clockMonitor,
@@ -91,7 +92,6 @@ int main(int argc, char** argv)
     QObject::connect(&application, &QApplication::aboutToQuit, &delegate, &AppDelegate::applicationWillTerminate);
     QApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
 
-    globalDefaults.takeInAnswer(); // the first picture is in the right colours already
     delegate.applicationWillFinishLaunching();
     delegate.applicationDidFinishLaunching();
     return QApplication::exec();

@@ -26,6 +26,7 @@ DesktopGlobalDefaults::DesktopGlobalDefaults(const QDBusConnection& bus, QObject
     if (!connection.isConnected()) {
         return;
     }
+    qRegisterMetaType<QDBusVariant>(); // a slot is connected only when the types of its arguments are known
     // From any sender: to hear the portal alone, the bus would have to be asked, and waited for, who the portal is.
     connection.connect({}, portalPath, settings, QStringLiteral("SettingChanged"), this,
                        SLOT(settingChanged(QString, QString, QDBusVariant)));
