@@ -235,5 +235,6 @@ private:
     std::optional<DateFormatter> m_sharedListDateFormatter;
 
     QTimer m_minuteTimer{this};
+    QTimer m_iconTimer;                 ///< hands the desktop the icon once nothing else waits
     bool m_missingTextReported = false; ///< while the alert about a missing text is up
 };

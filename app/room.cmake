@@ -41,6 +41,8 @@ target_sources(velumora-app PRIVATE
     calendar/CellGrid.h
     calendar/DayButton.cpp
     calendar/DayButton.h
+    calendar/DockIcon.cpp
+    calendar/DockIcon.h
     calendar/MiniCalendarGrid.cpp
     calendar/MiniCalendarGrid.h
     dates/AppDelegate+ImportantDates.cpp
