@@ -160,6 +160,9 @@ public:
     void deleteMonthlyPrintFile();
     void drawCurrMonthsDayOnAppIcon();
 
+    /// Waits for the window's first picture, after which the icon is handed over.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     // --- Notes list --------------------------------------------------------------------------------------------------
 
     void showNotesForThisMonthYear(Date date);
@@ -235,6 +238,6 @@ private:
     std::optional<DateFormatter> m_sharedListDateFormatter;
 
     QTimer m_minuteTimer{this};
-    QTimer m_iconTimer;                 ///< hands the desktop the icon once nothing else waits
+    QTimer m_iconTimer;                 ///< hands the desktop the icon
     bool m_missingTextReported = false; ///< while the alert about a missing text is up
 };

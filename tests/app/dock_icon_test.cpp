@@ -212,6 +212,17 @@ TEST_F(ApplicationIcon, ShowsTodayWhereTheUserIs)
     EXPECT_EQ(dayShown(), 15);
 }
 
+TEST_F(ApplicationIcon, IsHandedOverAfterTheWindowsFirstPicture)
+{
+    make();
+    app->applicationWillFinishLaunching();
+    app->applicationDidFinishLaunching();
+    EXPECT_TRUE(QApplication::windowIcon().isNull());
+    QCoreApplication::sendPostedEvents();
+    window->repaint();
+    ASSERT_TRUE(QTest::qWaitFor([] { return !QApplication::windowIcon().isNull(); }));
+}
+
 TEST_F(ApplicationIcon, CountsDaysInTheUsersCalendar)
 {
     struct {
