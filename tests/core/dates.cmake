@@ -7,6 +7,8 @@ velumora_test(date-tests
     core/dates_month_grid_test.cpp
     core/dates_utilities_test.cpp
     core/dates_zones_test.cpp
+    core/holidays_easter_test.cpp
+    core/holidays_test.cpp
     support/DateGuards.cpp
     support/DateGuards.h
     LABELS core
