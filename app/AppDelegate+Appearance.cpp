@@ -13,5 +13,7 @@ bool AppDelegate::isDarkMode() const
 void AppDelegate::appearanceHasChanged()
 {
     applyAppearance(isDarkMode() ? Appearance::Dark : Appearance::Light, m_window);
-    redrawPage(*m_ui.myTabView->currentWidget()); // cells keep the colours that they were given
+    // What was given colours of its own keeps them.
+    redrawPage(*m_ui.myTabView->currentWidget());
+    colorDatePickers();
 }

@@ -88,6 +88,42 @@ TEST_F(AppearanceTest, AnOpenSheetChangesWithTheWindow)
     EXPECT_EQ(picture(sheet), startedLight);
 }
 
+TEST_F(AppearanceTest, TheOpenHolidaySheetChangesWithTheWindow)
+{
+    const auto openSheet = [this](Appearance appearance) -> QWidget& {
+        startIn(appearance);
+        ui->importantDatesUSHolidays->click();
+        runQueued();
+        return *window->findChild<QWidget*>(QStringLiteral("holidaySheet"));
+    };
+    const QImage startedDark = picture(openSheet(Appearance::Dark));
+    QWidget& sheet = openSheet(Appearance::Light);
+    ASSERT_TRUE(sheet.isVisible());
+    const QImage startedLight = picture(sheet);
+    host.globalDefaults.setInterfaceStyle(dark);
+    EXPECT_EQ(picture(sheet), startedDark);
+    host.globalDefaults.setInterfaceStyle(std::nullopt);
+    EXPECT_EQ(picture(sheet), startedLight);
+}
+
+TEST_F(AppearanceTest, ADateThatIsBeingChosenChangesWithTheWindow)
+{
+    const auto editDate = [this](Appearance appearance) {
+        startIn(appearance);
+        ui->importantDatesTableView->editColumn(0, 0);
+        ASSERT_TRUE(ui->importantDatesTableView->viewAt(0, 0));
+    };
+    editDate(Appearance::Dark);
+    const QImage startedDark = picture(*window);
+    editDate(Appearance::Light);
+    const QImage startedLight = picture(*window);
+    host.globalDefaults.setInterfaceStyle(dark);
+    EXPECT_EQ(picture(*window), startedDark);
+    saveScreenshot(picture(*window));
+    host.globalDefaults.setInterfaceStyle(std::nullopt);
+    EXPECT_EQ(picture(*window), startedLight);
+}
+
 TEST_F(AppearanceTest, AnOpenAlertChangesWithTheWindow)
 {
     const auto openAlert = [this](Appearance appearance) -> QWidget& {
