@@ -112,6 +112,14 @@ public:
     void openProductWebPage();
     void showAbout();
 
+    // --- Appearance --------------------------------------------------------------------------------------------------
+
+    /// The dark appearance is in effect.
+    bool isDarkMode() const;
+
+    /// Every colour that the window shows is drawn anew.
+    void appearanceHasChanged();
+
     // --- Store -------------------------------------------------------------------------------------------------------
 
     /// Every note in file order; the rows of the notes list; every important date.
@@ -157,6 +165,9 @@ public:
     void setMonthlyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes);
     void deleteMonthlyPrintFile();
     void drawCurrMonthsDayOnAppIcon();
+
+    /// Waits for the window's first picture, after which the icon is handed over.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     // --- Notes list --------------------------------------------------------------------------------------------------
 
@@ -291,5 +302,6 @@ private:
     std::optional<DateFormatter> m_sharedListDateFormatter;
 
     QTimer m_minuteTimer{this};
+    QTimer m_iconTimer;                 ///< hands the desktop the icon
     bool m_missingTextReported = false; ///< while the alert about a missing text is up
 };

@@ -19,6 +19,7 @@ target_sources(velumora-app PRIVATE
     app/AlphaValue.cpp
     app/AlphaValue.h
     app/AppDelegate+Alerts.cpp
+    app/AppDelegate+Appearance.cpp
     app/AppDelegate+Help.cpp
     app/AppDelegate+Lifecycle.cpp
     app/AppDelegate+Preferences.cpp
@@ -40,6 +41,8 @@ target_sources(velumora-app PRIVATE
     calendar/CellGrid.h
     calendar/DayButton.cpp
     calendar/DayButton.h
+    calendar/DockIcon.cpp
+    calendar/DockIcon.h
     calendar/MiniCalendarGrid.cpp
     calendar/MiniCalendarGrid.h
     dates/AppDelegate+DateNotes.cpp

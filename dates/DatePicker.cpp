@@ -132,6 +132,8 @@ void DatePicker::setColors(const QColor& text, const QColor& behind)
     colors.setColor(QPalette::Highlight, text);
     colors.setColor(QPalette::HighlightedText, behind);
     setPalette(colors);
+    lineEdit()->setPalette(colors); // under a style sheet it keeps what it once took over
+    m_arrow->setPalette(colors);
 }
 
 QColor DatePicker::textColor() const
