@@ -19,6 +19,7 @@ target_sources(velumora-app PRIVATE
     app/AlphaValue.cpp
     app/AlphaValue.h
     app/AppDelegate+Alerts.cpp
+    app/AppDelegate+Appearance.cpp
     app/AppDelegate+Help.cpp
     app/AppDelegate+Lifecycle.cpp
     app/AppDelegate+Preferences.cpp
@@ -40,6 +41,8 @@ target_sources(velumora-app PRIVATE
     calendar/CellGrid.h
     calendar/DayButton.cpp
     calendar/DayButton.h
+    calendar/DockIcon.cpp
+    calendar/DockIcon.h
     calendar/MiniCalendarGrid.cpp
     calendar/MiniCalendarGrid.h
     dates/AppDelegate+DateNotes.cpp
@@ -50,6 +53,7 @@ target_sources(velumora-app PRIVATE
     dates/DatePicker.h
     notes/AppDelegate+NoteEditing.cpp
     notes/AppDelegate+NotesList.cpp
+    notes/AppDelegate+Reminders.cpp
     notes/SegmentedControl.cpp
     notes/SegmentedControl.h
     resources/velumora.qrc

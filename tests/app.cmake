@@ -2,6 +2,7 @@
 add_library(app-test-support STATIC
     support/AppFixture.cpp
     support/AppFixture.h
+    support/Contrast.h
     support/DateGuards.cpp
     support/DateGuards.h
     support/FakeHost.h
@@ -27,6 +28,9 @@ velumora_test(important-dates-tests
 
 velumora_test(app-tests
     app/alert_test.cpp
+    app/appearance_test.cpp
+    app/contrast_test.cpp
+    app/dock_icon_test.cpp
     app/help_test.cpp
     app/host_test.cpp
     app/keyboard_test.cpp
@@ -36,6 +40,7 @@ velumora_test(app-tests
     app/note_editing_test.cpp
     app/notes_list_test.cpp
     app/preferences_test.cpp
+    app/reminders_test.cpp
     app/store_test.cpp
     LIBRARIES app-test-support
     LABELS app)

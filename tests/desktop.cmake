@@ -12,6 +12,7 @@ function(desktop_test name)
 endfunction()
 
 desktop_test(driver_test PROGRAM bare-window)
+desktop_test(appearance_test PROGRAM velumora)
 desktop_test(first_day_test PROGRAM velumora)
 desktop_test(important_dates_test PROGRAM velumora)
 desktop_test(reminder_agent_test PROGRAM velumora-reminder-agent)

@@ -3,6 +3,7 @@
 
 #include "host/Bundle.h"
 #include "host/ClockMonitor.h"
+#include "host/GlobalDefaults.h"
 #include "host/HostServices.h"
 #include "host/LocationManager.h"
 #include "host/OpenPanel.h"
@@ -11,6 +12,7 @@
 #include "host/UserNotificationCenter.h"
 #include "host/Workspace.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <functional>
@@ -46,6 +48,22 @@ public:
 class FakeClockMonitor : public ClockMonitor {
 public:
     void jump() { Q_EMIT clockJumped(); }
+};
+
+/// A desktop in the light appearance until it is told otherwise.
+class FakeGlobalDefaults : public GlobalDefaults {
+public:
+    std::optional<QString> interfaceStyle;
+
+    void setInterfaceStyle(const std::optional<QString>& style)
+    {
+        interfaceStyle = style;
+        Q_EMIT didChange();
+    }
+    std::optional<QString> stringForKey(const QString& key) const override
+    {
+        return key == QStringLiteral("AppleInterfaceStyle") ? interfaceStyle : std::nullopt;
+    }
 };
 
 class FakeLocationManager : public LocationManager {
@@ -113,14 +131,40 @@ class FakeUserNotificationCenter : public UserNotificationCenter {
 public:
     explicit FakeUserNotificationCenter(Journal& journal) : m_journal(journal) {}
     UserNotificationCenterDelegate* delegate = nullptr;
+    AuthorizationStatus status = AuthorizationStatus::Authorized;
+    std::optional<QString> refusal; ///< of every request
+    QList<NotificationOptions> askedFor;
+    QList<NotificationRequest> requests;
+    QStringList removed;
 
     void setDelegate(UserNotificationCenterDelegate& newDelegate) override
     {
         delegate = &newDelegate;
         m_journal.add(QStringLiteral("setDelegate"));
     }
+    void requestAuthorization(NotificationOptions options, std::function<void(bool)> completion) override
+    {
+        askedFor.append(options);
+        later([completion] { completion(true); });
+    }
+    void getNotificationSettings(std::function<void(AuthorizationStatus)> completion) override
+    {
+        later([completion, now = status] { completion(now); });
+    }
+    void addNotificationRequest(const NotificationRequest& request,
+                                std::function<void(const std::optional<QString>&)> completion) override
+    {
+        requests.append(request);
+        later([completion, error = refusal] { completion(error); });
+    }
+    void removeDeliveredNotifications(const QStringList& identifiers) override { removed.append(identifiers); }
 
 private:
+    template <typename Step> static void later(Step step)
+    {
+        QMetaObject::invokeMethod(qApp, std::move(step), Qt::QueuedConnection);
+    }
+
     Journal& m_journal;
 };
 
@@ -148,6 +192,7 @@ struct FakeHost {
     Journal journal;
     FakeBundle bundle;
     FakeClockMonitor clockMonitor;
+    FakeGlobalDefaults globalDefaults;
     FakeLocationManager locationManager{journal};
     FakeOpenPanel openPanel;
     FakeProcessInfo processInfo{journal};
@@ -159,6 +204,7 @@ struct FakeHost {
     {
         return {.bundle = bundle,
                 .clockMonitor = clockMonitor,
+                .globalDefaults = globalDefaults,
                 .locationManager = locationManager,
                 .openPanel = openPanel,
                 .processInfo = processInfo,
