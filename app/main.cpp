@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
 #include "app/Translations.h"
+#include "host/linux/BusNotificationCenter.h"
 #include "host/linux/DesktopGlobalDefaults.h"
 #include "host/linux/DesktopWorkspace.h"
 #include "host/linux/FolderOpenPanel.h"
@@ -10,8 +11,8 @@
 #include "host/linux/LinuxProcessInfo.h"
 #include "host/linux/LocaleEnvironment.h"
 #include "host/linux/NoLocationManager.h"
-#include "host/linux/NoNotificationCenter.h"
 #include "host/linux/SettingsUserDefaults.h"
+#include "host/linux/SingleInstance.h"
 #include "host/linux/TerminationSignals.h"
 #include "ui_MainWindow.h"
 
@@ -39,13 +40,36 @@ std::optional<std::filesystem::path> applicationSupportFolder()
     return folder.toStdString();
 }
 
+/// What the desktop gave this start, so that its window may take the keyboard; may be empty.
+QString activationToken()
+{
+    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
+}
+
+void bringForward(QWidget& window, const QString& activationToken)
+{
+    if (!activationToken.isEmpty()) {
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8()); // where the window system's plug-in looks for it
+    }
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    const QString startToken = activationToken(); // the application object takes it from the environment
     TerminationSignals signals;
     QApplication application(argc, argv);
     signals.listen();
+    SingleInstance instance;
+    if (instance.claim(startToken) == SingleInstance::Start::HandedOver) {
+        return EXIT_SUCCESS;
+    }
     DesktopGlobalDefaults globalDefaults; // early: the desktop answers while the window is made
     QApplication::setApplicationName(QStringLiteral("velumora"));
     QApplication::setApplicationDisplayName(QStringLiteral("Velumora"));
@@ -64,7 +88,7 @@ int main(int argc, char** argv)
     FolderOpenPanel openPanel;
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
-    NoNotificationCenter notificationCenter;
+    BusNotificationCenter notificationCenter;
     DesktopWorkspace workspace;
 
     QMainWindow window;
@@ -84,12 +108,20 @@ int main(int argc, char** argv)
                           .workspace = workspace,
                           .applicationSupport = applicationSupportFolder()});
 
+    QObject::connect(&instance, &SingleInstance::activated, &window,
+                     [&window](const QString& token) { bringForward(window, token); });
+    instance.setReminderHandler([&notificationCenter](const QByteArray& request, const auto& done) {
+        notificationCenter.reminderClicked(request, done);
+    });
+
     // Not QApplication::quit, which a sheet that waits for its answer would refuse.
     const auto quit = [] { QApplication::exit(); };
     // Queued, so that a quit asked for before the event loop runs is heard as well.
     QObject::connect(&delegate, &AppDelegate::terminated, &application, quit, Qt::QueuedConnection);
     QObject::connect(&signals, &TerminationSignals::terminationRequested, &application, quit);
     QObject::connect(&application, &QApplication::aboutToQuit, &delegate, &AppDelegate::applicationWillTerminate);
+    // Last: the next program reads what this one has saved.
+    QObject::connect(&application, &QApplication::aboutToQuit, &instance, &SingleInstance::release);
     QApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
 
     delegate.applicationWillFinishLaunching();

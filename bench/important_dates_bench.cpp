@@ -8,7 +8,7 @@
 #include "host/linux/KernelClockMonitor.h"
 #include "host/linux/LinuxProcessInfo.h"
 #include "host/linux/NoLocationManager.h"
-#include "host/linux/NoNotificationCenter.h"
+#include "host/linux/BusNotificationCenter.h"
 #include "host/linux/SettingsUserDefaults.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
@@ -66,7 +66,7 @@ struct Page {
     FolderOpenPanel openPanel;
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
-    NoNotificationCenter notificationCenter;
+    BusNotificationCenter notificationCenter;
     DesktopWorkspace workspace;
     QMainWindow window;
     Ui::MainWindow layout;

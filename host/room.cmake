@@ -8,6 +8,10 @@ target_sources(velumora-app PRIVATE
     host/ProcessInfo.h
     host/UserDefaults.h
     host/Workspace.h
+    host/linux/ApplicationMessages.cpp
+    host/linux/ApplicationMessages.h
+    host/linux/BusNotificationCenter.cpp
+    host/linux/BusNotificationCenter.h
     host/linux/DesktopWorkspace.cpp
     host/linux/DesktopWorkspace.h
     host/linux/DesktopGlobalDefaults.cpp
@@ -22,9 +26,12 @@ target_sources(velumora-app PRIVATE
     host/linux/LocaleEnvironment.cpp
     host/linux/LocaleEnvironment.h
     host/linux/NoLocationManager.h
-    host/linux/NoNotificationCenter.h
     host/linux/SettingsUserDefaults.cpp
     host/linux/SettingsUserDefaults.h
+    host/linux/SingleInstance.cpp
+    host/linux/SingleInstance.h
+    host/linux/StartedService.cpp
+    host/linux/StartedService.h
     host/linux/TerminationSignals.cpp
     host/linux/TerminationSignals.h
 )

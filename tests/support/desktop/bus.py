@@ -53,6 +53,11 @@ class Connection:
     def has_owner(self, name):
         return self.call(_BUS, "/org/freedesktop/DBus", _BUS, "NameHasOwner", GLib.Variant("(s)", (name,))).unpack()[0]
 
+    def process_id(self, name):
+        """The id of the process that owns the name."""
+        return self.call(_BUS, "/org/freedesktop/DBus", _BUS, "GetConnectionUnixProcessID",
+                         GLib.Variant("(s)", (name,))).unpack()[0]
+
     def wait_for_owner(self, name):
         pump_until(lambda: self.has_owner(name), f"{name} on the bus")
 

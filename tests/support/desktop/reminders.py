@@ -2,6 +2,7 @@
 """The reminder agent in a test: started, asked and killed; its requests made and read by Python."""
 
 import datetime
+import os
 import plistlib
 import signal
 import zoneinfo
@@ -59,8 +60,10 @@ class Agent:
         self.wait_for_end()
 
     def end(self):
-        if self.process and self.process.poll() is None:
-            self.kill()
+        """Ends the agent of this bus, whoever started it."""
+        if self._connection.has_owner(SERVICE):
+            os.kill(self._connection.process_id(SERVICE), signal.SIGKILL)
+            pump_until(lambda: not self._connection.has_owner(SERVICE), "the bus to know")
 
     def wait_for_end(self):
         pump_until(lambda: self.process.poll() is not None, "the agent to end")
