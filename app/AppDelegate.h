@@ -143,13 +143,34 @@ public:
     void backForwardYearOrMonth(QAbstractButton& sender);
     void dayBtnAction(DayButton& sender);
 
-    // --- Week, month, icon -------------------------------------------------------------------------------------------
+    // --- Week --------------------------------------------------------------------------------------------------------
 
     void setWeeklyViewThreeCharDayNames(bool startOnSunday, QWidget& window);
+    void setStringForWeeklyViewStartingDateMsg(Date date);
+
+    /// Opens the page on the week that holds today, or day 1 when the mini calendar shows another month.
     void setWeeklyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes);
+
+    /// Draws the week that begins `daysToAdd` days from `date`. The label of its first day is its only record.
+    void putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget& view, const std::optional<Table>& notes);
+    void backForwardWeek(QAbstractButton& sender);
+
+    // --- Month -------------------------------------------------------------------------------------------------------
+
     void setMonthlyViewThreeCharDayNames(bool startOnSunday, QWidget& window);
+
+    /// Opens the page on the month that the mini calendar shows, else on the current one.
     void setMonthlyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes);
+
+    /// Draws the month of `date`, its day 1, which falls on `weekdayOfFirst`. The hidden date picker is its only
+    /// record.
+    void putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, QWidget& view, const std::optional<Table>& notes,
+                                       bool startOnSunday);
+    void backForwardMonthlyView(QAbstractButton& sender);
     void deleteMonthlyPrintFile();
+
+    // --- Icon --------------------------------------------------------------------------------------------------------
+
     void drawCurrMonthsDayOnAppIcon();
 
     // --- Notes list --------------------------------------------------------------------------------------------------
@@ -200,6 +221,7 @@ private:
     void configureTables();
     void redrawPage(const QWidget& page);
 
+    MonthGrid::YearMonth shownOrCurrentMonth() const;
     Table notesOfMonth(Date date) const;
     void showRows(Table rows);
     void showCountUnlessEmpty();

@@ -40,8 +40,17 @@ target_sources(velumora-app PRIVATE
     calendar/CellGrid.h
     calendar/DayButton.cpp
     calendar/DayButton.h
+    calendar/DayNumber.cpp
+    calendar/DayNumber.h
+    calendar/HiddenDatePicker.h
     calendar/MiniCalendarGrid.cpp
     calendar/MiniCalendarGrid.h
+    calendar/MonthlyGrid.cpp
+    calendar/MonthlyGrid.h
+    calendar/NoteField.cpp
+    calendar/NoteField.h
+    calendar/WeeklyGrid.cpp
+    calendar/WeeklyGrid.h
     dates/AppDelegate+ImportantDates.cpp
     dates/AppDelegate+Location.cpp
     notes/AppDelegate+NoteEditing.cpp

@@ -6,6 +6,7 @@ velumora_test(date-tests
     core/dates_integer_value_test.cpp
     core/dates_month_grid_test.cpp
     core/dates_utilities_test.cpp
+    core/dates_week_test.cpp
     core/dates_zones_test.cpp
     support/DateGuards.cpp
     support/DateGuards.h

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "calendar/NoteField.h"
+
+#include <QDialog>
+#include <QHelpEvent>
+#include <QScrollBar>
+#include <QToolTip>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qreal textMargin = 2;
+constexpr QSize least(56, 20);
+constexpr qsizetype longestToolTip = 1200;
+constexpr QSize wholeNote(400, 280);
+
+/// `text` as a tool tip shows it to the letter, wrapped; never as markup.
+QString plainToolTip(const QString& text)
+{
+    QString shown = text.left(longestToolTip);
+    if (shown.size() < text.size()) {
+        shown += u'…';
+    }
+    return QStringLiteral("<p style='white-space: pre-wrap'>%1</p>").arg(shown.toHtmlEscaped());
+}
+
+void makeReadable(QPlainTextEdit& field)
+{
+    field.setReadOnly(true);
+    field.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    field.setTabChangesFocus(true);
+    field.setFrameShape(QFrame::NoFrame);
+    field.setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    field.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+} // namespace
+
+NoteField::NoteField(QWidget* parent) : QPlainTextEdit(parent)
+{
+    makeReadable(*this);
+    document()->setDocumentMargin(textMargin);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void NoteField::setNote(const QString& note)
+{
+    if (note != m_note) {
+        m_note = note;
+        setPlainText(note);
+    }
+    verticalScrollBar()->setValue(0);
+    setFocusPolicy(note.isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
+}
+
+bool NoteField::isCut() const
+{
+    return verticalScrollBar()->maximum() > 0;
+}
+
+QSize NoteField::minimumSizeHint() const
+{
+    return least;
+}
+
+bool NoteField::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->ignore(); // the keys of an editor belong to the menu here
+        return false;
+    }
+    return QPlainTextEdit::event(event);
+}
+
+bool NoteField::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const QPoint place = static_cast<const QHelpEvent*>(event)->globalPos();
+        QToolTip::showText(place, isCut() ? plainToolTip(m_note) : QString(), this);
+        return true;
+    }
+    return QPlainTextEdit::viewportEvent(event);
+}
+
+void NoteField::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        showWholeNote();
+        return;
+    }
+    QPlainTextEdit::keyPressEvent(event);
+}
+
+/// No line shows by half.
+void NoteField::resizeEvent(QResizeEvent* event)
+{
+    const int room = contentsRect().height() - 2 * static_cast<int>(textMargin);
+    const int spare = std::max(room, 0) % fontMetrics().lineSpacing();
+    if (viewportMargins().bottom() != spare) {
+        setViewportMargins(0, 0, 0, spare);
+    }
+    QPlainTextEdit::resizeEvent(event);
+}
+
+void NoteField::showWholeNote()
+{
+    auto* frame = new QDialog(this, Qt::Popup);
+    frame->setAttribute(Qt::WA_DeleteOnClose);
+    frame->setObjectName(QStringLiteral("wholeNote"));
+    frame->setAccessibleName(accessibleName());
+    auto* text = new QPlainTextEdit(m_note, frame);
+    makeReadable(*text);
+    text->setAccessibleName(accessibleName());
+    auto* layout = new QVBoxLayout(frame);
+    layout->addWidget(text);
+    frame->resize(wholeNote.expandedTo(size()));
+    // Over its day, and inside the window as far as that has room.
+    const QWidget& page = *window();
+    const QPoint wanted = mapTo(&page, QPoint());
+    const QPoint corner(std::clamp(wanted.x(), 0, std::max(page.width() - frame->width(), 0)),
+                        std::clamp(wanted.y(), 0, std::max(page.height() - frame->height(), 0)));
+    frame->move(page.mapToGlobal(corner));
+    frame->show();
+    text->setFocus(Qt::PopupFocusReason);
+}
