@@ -4,6 +4,7 @@
 #include "app/Localized.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "host/ClockMonitor.h"
+#include "host/GlobalDefaults.h"
 #include "notes/SegmentedControl.h"
 #include "notes/TextLines.h"
 #include "store/Record.h"
@@ -123,6 +124,7 @@ void AppDelegate::connectActions()
             [this] { didSelectTabViewItem(*m_ui.myTabView->currentWidget()); });
     connect(&m_minuteTimer, &QTimer::timeout, this, &AppDelegate::minuteHasChanged);
     connect(&m_host.clockMonitor, &ClockMonitor::clockJumped, this, &AppDelegate::clockHasJumped);
+    connect(&m_host.globalDefaults, &GlobalDefaults::didChange, this, &AppDelegate::appearanceHasChanged);
 
     for (QRadioButton* choice : {m_prefsLayout->sundayPref, m_prefsLayout->mondayPref, m_prefsLayout->allVelumora,
                                  m_prefsLayout->currentMonthVelumora}) {

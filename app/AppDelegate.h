@@ -106,6 +106,14 @@ public:
     void openProductWebPage();
     void showAbout();
 
+    // --- Appearance --------------------------------------------------------------------------------------------------
+
+    /// The dark appearance is in effect.
+    bool isDarkMode() const;
+
+    /// Every colour that the window shows is drawn anew.
+    void appearanceHasChanged();
+
     // --- Store -------------------------------------------------------------------------------------------------------
 
     /// Every note in file order; the rows of the notes list; every important date.

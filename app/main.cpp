@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
 #include "app/Translations.h"
+#include "host/linux/DesktopGlobalDefaults.h"
 #include "host/linux/DesktopWorkspace.h"
 #include "host/linux/FolderOpenPanel.h"
 #include "host/linux/InstalledBundle.h"
@@ -45,6 +46,7 @@ int main(int argc, char** argv)
     TerminationSignals signals;
     QApplication application(argc, argv);
     signals.listen();
+    DesktopGlobalDefaults globalDefaults; // early: the desktop answers while the window is made
     QApplication::setApplicationName(QStringLiteral("velumora"));
     QApplication::setApplicationDisplayName(QStringLiteral("Velumora"));
     QApplication::setOrganizationName(QStringLiteral("velumora"));
@@ -54,7 +56,7 @@ int main(int argc, char** argv)
     DateEnvironment::setLocalePair(languages);
     DateEnvironment::setTimeZone({});
     installTranslation(languages.preferredLanguages);
-    applyAppearance();
+    applyStyle();
 
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
@@ -68,10 +70,12 @@ int main(int argc, char** argv)
     QMainWindow window;
     Ui::MainWindow layout;
     layout.setupUi(&window);
-    applyStyleRules(window);
+    globalDefaults.takeInAnswer(); // a first picture in the right colours
+    applyAppearance(systemAppearance(processInfo, globalDefaults), window);
     AppDelegate delegate(window, layout,
                          {.bundle = bundle,
                           .clockMonitor = clockMonitor,
+                          .globalDefaults = globalDefaults,
                           .locationManager = locationManager,
                           .openPanel = openPanel,
                           .processInfo = processInfo,

@@ -17,6 +17,7 @@ target_sources(velumora-app PRIVATE
     app/Alert.cpp
     app/Alert.h
     app/AppDelegate+Alerts.cpp
+    app/AppDelegate+Appearance.cpp
     app/AppDelegate+Help.cpp
     app/AppDelegate+Lifecycle.cpp
     app/AppDelegate+Preferences.cpp

@@ -6,6 +6,7 @@
 
 class Bundle;
 class ClockMonitor;
+class GlobalDefaults;
 class LocationManager;
 class OpenPanel;
 class ProcessInfo;
@@ -17,6 +18,7 @@ class Workspace;
 struct HostServices {
     Bundle& bundle;
     ClockMonitor& clockMonitor;
+    GlobalDefaults& globalDefaults;
     LocationManager& locationManager;
     OpenPanel& openPanel;
     ProcessInfo& processInfo;

@@ -1,6 +1,7 @@
 target_sources(velumora-app PRIVATE
     host/Bundle.h
     host/ClockMonitor.h
+    host/GlobalDefaults.h
     host/HostServices.h
     host/LocationManager.h
     host/OpenPanel.h
@@ -10,6 +11,8 @@ target_sources(velumora-app PRIVATE
     host/Workspace.h
     host/linux/DesktopWorkspace.cpp
     host/linux/DesktopWorkspace.h
+    host/linux/DesktopGlobalDefaults.cpp
+    host/linux/DesktopGlobalDefaults.h
     host/linux/FolderOpenPanel.cpp
     host/linux/FolderOpenPanel.h
     host/linux/InstalledBundle.cpp

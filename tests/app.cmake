@@ -2,6 +2,7 @@
 add_library(app-test-support STATIC
     support/AppFixture.cpp
     support/AppFixture.h
+    support/Contrast.h
     support/DateGuards.cpp
     support/DateGuards.h
     support/FakeHost.h
@@ -18,6 +19,8 @@ set_source_files_properties(support/Screenshot.cpp PROPERTIES COMPILE_DEFINITION
 
 velumora_test(app-tests
     app/alert_test.cpp
+    app/appearance_test.cpp
+    app/contrast_test.cpp
     app/help_test.cpp
     app/host_test.cpp
     app/keyboard_test.cpp

@@ -12,4 +12,5 @@ function(desktop_test name)
 endfunction()
 
 desktop_test(driver_test PROGRAM bare-window)
+desktop_test(appearance_test PROGRAM velumora)
 desktop_test(first_day_test PROGRAM velumora)

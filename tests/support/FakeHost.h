@@ -3,6 +3,7 @@
 
 #include "host/Bundle.h"
 #include "host/ClockMonitor.h"
+#include "host/GlobalDefaults.h"
 #include "host/HostServices.h"
 #include "host/LocationManager.h"
 #include "host/OpenPanel.h"
@@ -46,6 +47,22 @@ public:
 class FakeClockMonitor : public ClockMonitor {
 public:
     void jump() { Q_EMIT clockJumped(); }
+};
+
+/// A desktop in the light appearance until it is told otherwise.
+class FakeGlobalDefaults : public GlobalDefaults {
+public:
+    std::optional<QString> interfaceStyle;
+
+    void setInterfaceStyle(const std::optional<QString>& style)
+    {
+        interfaceStyle = style;
+        Q_EMIT didChange();
+    }
+    std::optional<QString> stringForKey(const QString& key) const override
+    {
+        return key == QStringLiteral("AppleInterfaceStyle") ? interfaceStyle : std::nullopt;
+    }
 };
 
 class FakeLocationManager : public LocationManager {
@@ -148,6 +165,7 @@ struct FakeHost {
     Journal journal;
     FakeBundle bundle;
     FakeClockMonitor clockMonitor;
+    FakeGlobalDefaults globalDefaults;
     FakeLocationManager locationManager{journal};
     FakeOpenPanel openPanel;
     FakeProcessInfo processInfo{journal};
@@ -159,6 +177,7 @@ struct FakeHost {
     {
         return {.bundle = bundle,
                 .clockMonitor = clockMonitor,
+                .globalDefaults = globalDefaults,
                 .locationManager = locationManager,
                 .openPanel = openPanel,
                 .processInfo = processInfo,

@@ -10,7 +10,8 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_SCALE_FACTOR");
     const QApplication application(argc, argv);
-    applyAppearance();
+    applyStyle();
+    QApplication::setPalette(calmPalette(Appearance::Light));
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
