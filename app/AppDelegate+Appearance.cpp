@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
-#include "ui_MainWindow.h"
 
 #include <QMainWindow>
 
@@ -13,5 +12,5 @@ bool AppDelegate::isDarkMode() const
 void AppDelegate::appearanceHasChanged()
 {
     applyAppearance(isDarkMode() ? Appearance::Dark : Appearance::Light, m_window);
-    redrawPage(*m_ui.myTabView->currentWidget()); // cells keep the colours that they were given
+    redrawMiniCal(); // its buttons keep the colours that they were given; the other pages' days do not
 }

@@ -107,6 +107,7 @@ void AppDelegate::connectActions()
     wire(m_ui.deleteRowFromListBtn, &AppDelegate::respondToDeleteRowFromList);
     wire(m_ui.deleteRowFromImpDateListBtn, &AppDelegate::respondToDeleteRowFromList);
     connect(m_ui.todayBtn, &QAbstractButton::clicked, this, &AppDelegate::showTodayOnMiniCal);
+    connect(m_ui.monthlyViewPrintBtn, &QAbstractButton::clicked, this, &AppDelegate::printMonthlyView);
     connect(m_ui.filterBtn, &QAbstractButton::clicked, this, &AppDelegate::filterNotes);
     connect(m_ui.filterField, &QLineEdit::textChanged, this, [this] { controlTextDidChange(*m_ui.filterField); });
     connect(m_ui.filterField, &QLineEdit::returnPressed, m_ui.filterBtn, &QAbstractButton::click);

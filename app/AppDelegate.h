@@ -17,6 +17,7 @@
 #include <QTimer>
 
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -175,6 +176,12 @@ public:
     void putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, QWidget& view, const std::optional<Table>& notes,
                                        bool startOnSunday);
     void backForwardMonthlyView(QAbstractButton& sender);
+
+    /// Writes the page as a PDF file into the temporary folder and opens it with the user's viewer. Nothing is reported
+    /// when either fails.
+    void printMonthlyView();
+
+    /// Removes the file of the last print, if there was one.
     void deleteMonthlyPrintFile();
 
     // --- Icon --------------------------------------------------------------------------------------------------------
@@ -250,6 +257,8 @@ private:
 
     DataFolder m_folder;
     SaveQueue m_saves;
+
+    std::optional<std::filesystem::path> m_monthlyPrintFile; ///< of the last print, whether it was written or not
 
     // Made at start-up and kept: the clock's format, the one whose style each user sets before use, the list's dates.
     std::optional<DateFormatter> m_sharedTimeFormatter;

@@ -36,6 +36,7 @@ target_sources(velumora-app PRIVATE
     app/Translations.h
     calendar/AppDelegate+DockIcon.cpp
     calendar/AppDelegate+MiniCalendar.cpp
+    calendar/AppDelegate+MonthlyPrint.cpp
     calendar/AppDelegate+MonthlyView.cpp
     calendar/AppDelegate+WeeklyView.cpp
     calendar/CellGrid.h
@@ -43,9 +44,13 @@ target_sources(velumora-app PRIVATE
     calendar/DayButton.h
     calendar/DayNumber.cpp
     calendar/DayNumber.h
+    calendar/FittedText.cpp
+    calendar/FittedText.h
     calendar/HiddenDatePicker.h
     calendar/MiniCalendarGrid.cpp
     calendar/MiniCalendarGrid.h
+    calendar/MonthPage.cpp
+    calendar/MonthPage.h
     calendar/MonthlyGrid.cpp
     calendar/MonthlyGrid.h
     calendar/NoteField.cpp

@@ -76,5 +76,3 @@ void AppDelegate::backForwardMonthlyView(QAbstractButton& sender)
     const Date date = DateUtilities::dateByAddingDays(m_ui.monthlyViewHiddenDatePicker->dateValue(), 0, step, 0);
     putDaysDatesTextOnMonthlyView(MonthGrid::dayOfWeekForDate(date), date, m_window, notesTVData, startOnSunday());
 }
-
-void AppDelegate::deleteMonthlyPrintFile() {}

@@ -64,8 +64,23 @@ NoteField& MonthlyGrid::noteField(int cell) const
     return *viewWithTag<NoteField>(MonthGrid::monthlyNoteTag(cell));
 }
 
+MonthPage MonthlyGrid::page() const
+{
+    MonthPage page;
+    page.direction = layoutDirection();
+    for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
+        page.weekdays.append(header(column).text());
+    }
+    for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
+        page.cell(cell) = {
+            .day = dayNumber(cell).text(), .note = noteField(cell).note(), .isToday = dayNumber(cell).isToday()};
+    }
+    return page;
+}
+
 void MonthlyGrid::daysDidChange()
 {
+    m_rows = page().rowCount();
     for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
         dayNumber(cell).setVisible(!isBlank(cell));
         noteField(cell).setVisible(!isBlank(cell));
@@ -84,20 +99,10 @@ bool MonthlyGrid::isBlank(int cell) const
     return dayNumber(cell).text().isEmpty();
 }
 
-int MonthlyGrid::rowCount() const
-{
-    int last = MonthGrid::LastCell;
-    while (last > MonthGrid::FirstCell && isBlank(last)) {
-        --last;
-    }
-    return MonthGrid::rowOfCell(last) + 1;
-}
-
 QRect MonthlyGrid::cellRect(int row, int column) const
 {
-    const int rows = rowCount();
     const auto left = [this](int each) { return width() * each / MonthGrid::DaysPerWeek; };
-    const auto top = [this, rows](int each) { return headerHeight + (height() - headerHeight) * each / rows; };
+    const auto top = [this](int each) { return headerHeight + (height() - headerHeight) * each / m_rows; };
     const QRect cell(QPoint(left(column), top(row)), QPoint(left(column + 1) - 1, top(row + 1) - 1));
     return QStyle::visualRect(layoutDirection(), rect(), cell);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "calendar/CellGrid.h"
+#include "calendar/MonthPage.h"
 
 class DayNumber;
 class NoteField;
@@ -19,6 +20,9 @@ public:
     DayNumber& dayNumber(int cell) const;
     NoteField& noteField(int cell) const;
 
+    /// What the grid shows, without a title.
+    MonthPage page() const;
+
     /// Tells the grid that its cells were filled anew.
     void daysDidChange();
 
@@ -31,7 +35,8 @@ protected:
 
 private:
     bool isBlank(int cell) const;
-    int rowCount() const;
     QRect cellRect(int row, int column) const;
     void placeCells();
+
+    int m_rows = 1; ///< that hold a day
 };

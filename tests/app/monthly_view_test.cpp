@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr QColor red(0xd0, 0x02, 0x1b); ///< in the light appearance
+constexpr QColor red(0xba, 0x00, 0x19); ///< in the light appearance
 
 /// The clock of the fixture stands at 15 March 2024, a Friday; weekdays are those of Python's calendar.
 class MonthlyViewTest : public AppFixture {
@@ -258,4 +258,17 @@ TEST_F(MonthlyViewTest, TheMenusMonthKeysMoveThePageThatIsShown)
     ui->previousMonthAction->trigger();
     EXPECT_EQ(ui->myTabView->currentIndex(), 0);
     EXPECT_EQ(ui->miniCalMonthName->text(), QStringLiteral("February"));
+}
+
+TEST_F(MonthlyViewTest, AnotherAppearanceOfTheDesktopLeavesTheMonthAndRecoloursToday)
+{
+    startOpen();
+    ui->monthlyViewForwardBtn->click();
+    host.globalDefaults.setInterfaceStyle(QStringLiteral("Dark"));
+    EXPECT_EQ(title(), QStringLiteral("April 2024"));
+    ui->monthlyViewBackBtn->click();
+    EXPECT_EQ(redDays(), QString()) << "the red of the light appearance";
+    EXPECT_GT(ui->monthlyGrid->dayNumber(20).textColor().lightness(), 150);
+    host.globalDefaults.setInterfaceStyle(std::nullopt);
+    EXPECT_EQ(redDays(), QStringLiteral("15"));
 }

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr QColor red(0xd0, 0x02, 0x1b); ///< in the light appearance
+constexpr QColor red(0xba, 0x00, 0x19); ///< in the light appearance
 
 /// The clock of the fixture stands at 15 March 2024, a Friday; weekdays are those of Python's calendar.
 class WeeklyViewTest : public AppFixture {

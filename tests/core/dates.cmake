@@ -8,6 +8,7 @@ velumora_test(date-tests
     core/dates_utilities_test.cpp
     core/dates_week_test.cpp
     core/dates_zones_test.cpp
+    core/paper_size_test.cpp
     support/DateGuards.cpp
     support/DateGuards.h
     LABELS core
