@@ -57,6 +57,8 @@ target_sources(velumora-app PRIVATE
     calendar/NoteField.h
     calendar/WeeklyGrid.cpp
     calendar/WeeklyGrid.h
+    calendar/WholeNote.cpp
+    calendar/WholeNote.h
     dates/AppDelegate+ImportantDates.cpp
     dates/AppDelegate+Location.cpp
     notes/AppDelegate+NoteEditing.cpp

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/NoteField.h"
 
-#include <QDialog>
+#include "calendar/WholeNote.h"
+
 #include <QHelpEvent>
 #include <QScrollBar>
 #include <QToolTip>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -14,7 +14,6 @@ namespace {
 constexpr qreal textMargin = 2;
 constexpr QSize least(56, 20);
 constexpr qsizetype longestToolTip = 1200;
-constexpr QSize wholeNote(400, 280);
 
 /// `text` as a tool tip shows it to the letter, wrapped; never as markup.
 QString plainToolTip(const QString& text)
@@ -24,16 +23,6 @@ QString plainToolTip(const QString& text)
         shown += u'…';
     }
     return QStringLiteral("<p style='white-space: pre-wrap'>%1</p>").arg(shown.toHtmlEscaped());
-}
-
-void makeReadable(QPlainTextEdit& field)
-{
-    field.setReadOnly(true);
-    field.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    field.setTabChangesFocus(true);
-    field.setFrameShape(QFrame::NoFrame);
-    field.setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    field.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
 } // namespace
@@ -106,22 +95,6 @@ void NoteField::resizeEvent(QResizeEvent* event)
 
 void NoteField::showWholeNote()
 {
-    auto* frame = new QDialog(this, Qt::Popup);
-    frame->setAttribute(Qt::WA_DeleteOnClose);
-    frame->setObjectName(QStringLiteral("wholeNote"));
-    frame->setAccessibleName(accessibleName());
-    auto* text = new QPlainTextEdit(m_note, frame);
-    makeReadable(*text);
-    text->setAccessibleName(accessibleName());
-    auto* layout = new QVBoxLayout(frame);
-    layout->addWidget(text);
-    frame->resize(wholeNote.expandedTo(size()));
-    // Over its day, and inside the window as far as that has room.
-    const QWidget& page = *window();
-    const QPoint wanted = mapTo(&page, QPoint());
-    const QPoint corner(std::clamp(wanted.x(), 0, std::max(page.width() - frame->width(), 0)),
-                        std::clamp(wanted.y(), 0, std::max(page.height() - frame->height(), 0)));
-    frame->move(page.mapToGlobal(corner));
-    frame->show();
-    text->setFocus(Qt::PopupFocusReason);
+    auto* whole = new WholeNote(accessibleName(), m_note, this); // goes when it is closed
+    whole->showOver({mapToGlobal(QPoint()), size()});
 }

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/NoteField.h"
+#include "calendar/WholeNote.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDialog>
 #include <QHelpEvent>
+#include <QLabel>
+#include <QPointer>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolTip>
@@ -67,14 +69,26 @@ TEST_F(NoteFieldTest, ReturnShowsTheWholeNoteAndEscapeLeadsBack)
     field.setNote(longNote);
     field.setFocus();
     QTest::keyClick(&field, Qt::Key_Return);
-    auto* whole = field.findChild<QDialog*>(QStringLiteral("wholeNote"));
+    const QPointer<WholeNote> whole = field.findChild<WholeNote*>();
     ASSERT_TRUE(whole && whole->isVisible());
     auto* text = whole->findChild<QPlainTextEdit*>();
     EXPECT_EQ(text->toPlainText(), longNote);
     EXPECT_EQ(text->accessibleName(), QStringLiteral("Friday"));
     EXPECT_TRUE(text->isReadOnly());
+    EXPECT_EQ(whole->findChild<QLabel*>()->text(), QStringLiteral("Friday"));
     QTest::keyClick(text, Qt::Key_Escape);
-    EXPECT_FALSE(whole->isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(whole);
+}
+
+TEST_F(NoteFieldTest, TheWholeNoteGoesWhenSomethingElseIsClicked)
+{
+    field.setNote(longNote);
+    QTest::keyClick(&field, Qt::Key_Return);
+    const QPointer<WholeNote> whole = field.findChild<WholeNote*>();
+    QEvent elsewhere(QEvent::WindowDeactivate);
+    QApplication::sendEvent(whole, &elsewhere);
+    EXPECT_FALSE(whole && whole->isVisible());
 }
 
 TEST_F(NoteFieldTest, ThePointerShowsANoteThatIsCutToTheLetter)
