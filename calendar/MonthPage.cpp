@@ -6,7 +6,6 @@
 #include "notes/NamedColor.h"
 
 #include <QBuffer>
-#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QPageLayout>
 #include <QPageSize>
@@ -30,8 +29,23 @@ constexpr qreal weekdaySize = 10;
 constexpr qreal daySize = 12;
 constexpr std::array noteSizes{9.0, 8.0, 7.0}; ///< a long note is written smaller before it is cut
 
+const QString creator = QStringLiteral("Velumora");
+
 constexpr int dotsPerInch = 1200;
 constexpr qreal leastSpacing = 1.0 / 64; ///< what a font can tell from none
+
+/// What readers that look beyond a document's title are told: they call its maker the author.
+QByteArray metadataOf(const MonthPage& page)
+{
+    const QString packet = QStringLiteral(
+        "<?xpacket begin=\"\uFEFF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>"
+        "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
+        "<rdf:Description rdf:about=\"\" xmlns:dc=\"http://purl.org/dc/elements/1.1/\">"
+        "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">%1</rdf:li></rdf:Alt></dc:title>"
+        "<dc:creator><rdf:Seq><rdf:li>%2</rdf:li></rdf:Seq></dc:creator>"
+        "</rdf:Description></rdf:RDF></x:xmpmeta><?xpacket end=\"r\"?>");
+    return packet.arg(page.title.toHtmlEscaped(), creator).toUtf8();
+}
 
 /// Paints one page on a device of any resolution.
 class PagePainter {
@@ -150,7 +164,8 @@ QByteArray pdfOf(const MonthPage& page, PaperSize paper)
     {
         QPdfWriter writer(&buffer);
         writer.setTitle(page.title);
-        writer.setCreator(QStringLiteral("Velumora"));
+        writer.setCreator(creator);
+        writer.setDocumentXmpMetadata(metadataOf(page));
         writer.setResolution(dotsPerInch);
         writer.setPageLayout(QPageLayout(QPageSize(QSizeF(paper.width, paper.height), QPageSize::Millimeter),
                                          QPageLayout::Landscape, QMarginsF()));

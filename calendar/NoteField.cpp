@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr qreal textMargin = 2;
 constexpr QSize least(56, 20);
 constexpr qsizetype longestToolTip = 1200;
 
@@ -30,7 +29,7 @@ QString plainToolTip(const QString& text)
 NoteField::NoteField(QWidget* parent) : QPlainTextEdit(parent)
 {
     makeReadable(*this);
-    document()->setDocumentMargin(textMargin);
+    document()->setDocumentMargin(0);
     setFocusPolicy(Qt::NoFocus);
 }
 
@@ -82,11 +81,12 @@ void NoteField::keyPressEvent(QKeyEvent* event)
     QPlainTextEdit::keyPressEvent(event);
 }
 
-/// No line shows by half.
+/// Leaves free what is too low for a line, so that none shows by half.
 void NoteField::resizeEvent(QResizeEvent* event)
 {
-    const int room = contentsRect().height() - 2 * static_cast<int>(textMargin);
-    const int spare = std::max(room, 0) % fontMetrics().lineSpacing();
+    constexpr int around = 1; // what a field needs besides its lines to show them all
+    const int room = viewport()->height() + viewportMargins().bottom();
+    const int spare = std::max(room - around, 0) % fontMetrics().height();
     if (viewportMargins().bottom() != spare) {
         setViewportMargins(0, 0, 0, spare);
     }

@@ -10,7 +10,11 @@
 
 namespace {
 
-constexpr QSize leastSize(400, 280);
+constexpr int leastWidth = 400;
+constexpr int leastTextHeight = 48;
+constexpr int mostTextHeight = 320;
+constexpr qsizetype mostMeasured = 4000; ///< characters: more fill the frame anyway
+constexpr int scrollBarWidth = 12;
 constexpr int edge = 16;
 constexpr int gap = 8;
 
@@ -41,6 +45,7 @@ WholeNote::WholeNote(const QString& day, const QString& note, QWidget* parent)
     dayLabel->setTextFormat(Qt::PlainText);
     dayLabel->setProperty("secondary", true);
     makeReadable(*m_text);
+    m_text->document()->setDocumentMargin(0);
     m_text->setAccessibleName(day);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(edge, edge, edge, edge);
@@ -51,7 +56,12 @@ WholeNote::WholeNote(const QString& day, const QString& note, QWidget* parent)
 
 void WholeNote::showOver(const QRect& place)
 {
-    resize(leastSize.expandedTo(place.size()));
+    const int textWidth = std::max(leastWidth, place.width()) - 2 * edge;
+    const QRect needed = m_text->fontMetrics().boundingRect(QRect(0, 0, textWidth - scrollBarWidth, 0),
+                                                            Qt::TextWordWrap | Qt::TextWrapAnywhere,
+                                                            m_text->toPlainText().left(mostMeasured));
+    m_text->setFixedSize(textWidth, std::clamp(needed.height() + gap, leastTextHeight, mostTextHeight));
+    adjustSize();
     const QWidget& page = *parentWidget()->window();
     const QPoint wanted = page.mapFromGlobal(place.topLeft());
     move(page.mapToGlobal(

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QXmlStreamReader>
 
 #include <csignal>
 
@@ -150,6 +151,20 @@ TEST_F(MonthlyPrintTest, LiesOnThePaperOfTheLocale)
         const QImage sheet = picture(20);
         EXPECT_GT(sheet.width(), sheet.height());
     }
+}
+
+TEST_F(MonthlyPrintTest, TellsItsTitleAndItsAuthorAsWellFormedMetadata)
+{
+    print();
+    QXmlStreamReader xml(told(QStringLiteral("pdfinfo"), {QStringLiteral("-meta")}).trimmed());
+    QStringList texts;
+    while (!xml.atEnd()) {
+        if (xml.readNext() == QXmlStreamReader::Characters && !xml.isWhitespace()) {
+            texts.append(xml.text().toString());
+        }
+    }
+    EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+    EXPECT_EQ(texts, (QStringList{QStringLiteral("March 2024"), QStringLiteral("Velumora")}));
 }
 
 TEST_F(MonthlyPrintTest, ANoteThatItsCellDoesNotHoldEndsInASign)
