@@ -129,6 +129,7 @@ private:
               Qt::AlignLeading | Qt::AlignTop);
 
         std::vector<QFont> noteFonts;
+        noteFonts.reserve(noteSizes.size());
         for (const qreal size : noteSizes) {
             noteFonts.push_back(font(size));
         }

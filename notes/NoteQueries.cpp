@@ -71,8 +71,8 @@ std::vector<std::string> NoteQueries::textsOfDates(const Table& table, std::span
         if (!date || dates.empty() || *date < dates.front() || *date > dates.back()) {
             continue;
         }
-        const auto equal = std::ranges::equal_range(dates, *date);
-        for (auto place = equal.begin(); place != equal.end(); ++place) {
+        const auto equal = std::equal_range(dates.begin(), dates.end(), *date);
+        for (auto place = equal.first; place != equal.second; ++place) {
             const Value*& first = found.at(static_cast<std::size_t>(place - dates.begin()));
             first = first ? first : &element;
         }

@@ -9,9 +9,10 @@ namespace {
 /// True when the user owns the folder and, from now on, nobody else can look into it.
 bool isPrivate(const std::filesystem::path& folder)
 {
+    constexpr mode_t allPermissions = 07777;
     struct stat status {};
     return lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
-           ((status.st_mode & ~S_IFMT) == S_IRWXU || chmod(folder.c_str(), S_IRWXU) == 0);
+           ((status.st_mode & allPermissions) == S_IRWXU || chmod(folder.c_str(), S_IRWXU) == 0);
 }
 
 } // namespace

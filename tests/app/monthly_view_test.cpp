@@ -272,3 +272,14 @@ TEST_F(MonthlyViewTest, AnotherAppearanceOfTheDesktopLeavesTheMonthAndRecoloursT
     host.globalDefaults.setInterfaceStyle(std::nullopt);
     EXPECT_EQ(redDays(), QStringLiteral("15"));
 }
+
+TEST_F(MonthlyViewTest, CountsDaysAsTheCalendarOfTheLocaleDoes)
+{
+    const LocaleGuard persian("fa_IR", {"fa"}); // 15 March 2024 is 25 Esfand 1402, a month of 29 days from a Tuesday on
+    setWeekStart(1);
+    putNotes({makeNoteRecord(utcDate(2024, 3, 14, 23), "today's"), makeNoteRecord(utcDate(2024, 2, 19, 23), "first")});
+    startOpen();
+    expectDays(3, 29);
+    EXPECT_EQ(redDays(), QStringLiteral("25"));
+    EXPECT_EQ(notes(), QStringLiteral("1 first|25 today's"));
+}
