@@ -8,6 +8,8 @@ target_sources(velumora-core PRIVATE
     dates/DateUtilities.h
     dates/ElapsedDate.cpp
     dates/ElapsedDate.h
+    dates/Holidays.cpp
+    dates/Holidays.h
     dates/IcuTypes.h
     dates/IntegerValue.cpp
     dates/IntegerValue.h
