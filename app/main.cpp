@@ -12,6 +12,7 @@
 #include "host/linux/NoLocationManager.h"
 #include "host/linux/NoNotificationCenter.h"
 #include "host/linux/SettingsUserDefaults.h"
+#include "host/linux/TemporaryFolder.h"
 #include "host/linux/TerminationSignals.h"
 #include "ui_MainWindow.h"
 
@@ -37,6 +38,13 @@ std::optional<std::filesystem::path> applicationSupportFolder()
     }
     QDir().mkpath(folder); // a new account has none yet
     return folder.toStdString();
+}
+
+std::optional<std::filesystem::path> temporaryFolder()
+{
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    QDir().mkpath(cache); // a new account has none yet
+    return privateTemporaryFolder(environmentVariable("XDG_RUNTIME_DIR"), cache.toStdString());
 }
 
 } // namespace
@@ -82,7 +90,8 @@ int main(int argc, char** argv)
                           .userDefaults = userDefaults,
                           .notificationCenter = notificationCenter,
                           .workspace = workspace,
-                          .applicationSupport = applicationSupportFolder()});
+                          .applicationSupport = applicationSupportFolder(),
+                          .temporaryFolder = temporaryFolder()});
 
     // Not QApplication::quit, which a sheet that waits for its answer would refuse.
     const auto quit = [] { QApplication::exit(); };

@@ -36,6 +36,7 @@ target_sources(velumora-app PRIVATE
     app/Translations.h
     calendar/AppDelegate+DockIcon.cpp
     calendar/AppDelegate+MiniCalendar.cpp
+    calendar/AppDelegate+MonthlyPrint.cpp
     calendar/AppDelegate+MonthlyView.cpp
     calendar/AppDelegate+WeeklyView.cpp
     calendar/CellGrid.h
@@ -43,8 +44,23 @@ target_sources(velumora-app PRIVATE
     calendar/DayButton.h
     calendar/DockIcon.cpp
     calendar/DockIcon.h
+    calendar/DayNumber.cpp
+    calendar/DayNumber.h
+    calendar/FittedText.cpp
+    calendar/FittedText.h
+    calendar/HiddenDatePicker.h
     calendar/MiniCalendarGrid.cpp
     calendar/MiniCalendarGrid.h
+    calendar/MonthPage.cpp
+    calendar/MonthPage.h
+    calendar/MonthlyGrid.cpp
+    calendar/MonthlyGrid.h
+    calendar/NoteField.cpp
+    calendar/NoteField.h
+    calendar/WeeklyGrid.cpp
+    calendar/WeeklyGrid.h
+    calendar/WholeNote.cpp
+    calendar/WholeNote.h
     dates/AppDelegate+DateNotes.cpp
     dates/AppDelegate+HolidaySheet.cpp
     dates/AppDelegate+ImportantDates.cpp

@@ -28,4 +28,7 @@ struct HostServices {
 
     /// The user's application-support folder, in which the data folder lies; nullopt when there is none.
     std::optional<std::filesystem::path> applicationSupport;
+
+    /// A folder for files that are soon gone, which nobody but the user can look into; nullopt when there is none.
+    std::optional<std::filesystem::path> temporaryFolder;
 };

@@ -26,6 +26,8 @@ target_sources(velumora-app PRIVATE
     host/linux/NoNotificationCenter.h
     host/linux/SettingsUserDefaults.cpp
     host/linux/SettingsUserDefaults.h
+    host/linux/TemporaryFolder.cpp
+    host/linux/TemporaryFolder.h
     host/linux/TerminationSignals.cpp
     host/linux/TerminationSignals.h
 )

@@ -36,12 +36,17 @@ velumora_test(app-tests
     app/keyboard_test.cpp
     app/lifecycle_test.cpp
     app/mini_calendar_test.cpp
+    app/monthly_print_test.cpp
+    app/monthly_view_test.cpp
     app/note_deletion_test.cpp
     app/note_editing_test.cpp
+    app/note_field_test.cpp
     app/notes_list_test.cpp
     app/preferences_test.cpp
     app/reminders_test.cpp
     app/store_test.cpp
+    app/temporary_folder_test.cpp
+    app/weekly_view_test.cpp
     LIBRARIES app-test-support
     LABELS app)
 

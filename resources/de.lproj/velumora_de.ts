@@ -148,6 +148,10 @@
         <translation>Zur Webseite von Velumora</translation>
     </message>
     <message>
+        <source>For week beginning:</source>
+        <translation>Woche ab:</translation>
+    </message>
+    <message>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
     </message>
@@ -194,6 +198,14 @@
     <message>
         <source>Next Month</source>
         <translation>Nächster Monat</translation>
+    </message>
+    <message>
+        <source>Next Week</source>
+        <translation>Nächste Woche</translation>
+    </message>
+    <message>
+        <source>Next Wee&amp;k</source>
+        <translation>Nächs&amp;te Woche</translation>
     </message>
     <message>
         <source>Next Y&amp;ear</source>
@@ -284,6 +296,10 @@
         <translation>OK</translation>
     </message>
     <message>
+        <source>Open the month as a page to print</source>
+        <translation>Den Monat als Druckseite öffnen</translation>
+    </message>
+    <message>
         <source>&amp;Paste</source>
         <translation>&amp;Einfügen</translation>
     </message>
@@ -316,12 +332,28 @@
         <translation>Voriger Monat</translation>
     </message>
     <message>
+        <source>Previous Week</source>
+        <translation>Vorige Woche</translation>
+    </message>
+    <message>
+        <source>Previo&amp;us Week</source>
+        <translation>Vorige Woch&amp;e</translation>
+    </message>
+    <message>
         <source>Previous &amp;Year</source>
         <translation>Voriges &amp;Jahr</translation>
     </message>
     <message>
         <source>Previous Year</source>
         <translation>Voriges Jahr</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>Dr&amp;ucken …</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>Drucken …</translation>
     </message>
     <message>
         <source>&amp;Quit</source>

@@ -173,11 +173,15 @@ class FakeWorkspace : public Workspace {
 public:
     bool succeeds = true;
     QList<QUrl> opened;
+    std::function<void(const QUrl&)> onOpen; ///< looks at the program at that very moment
     QList<std::filesystem::path> shownFolders;
 
     bool openUrl(const QUrl& url) override
     {
         opened.append(url);
+        if (onOpen) {
+            onOpen(url);
+        }
         return succeeds;
     }
     bool showFolder(const std::filesystem::path& folder) override
@@ -199,6 +203,7 @@ struct FakeHost {
     FakeUserDefaults userDefaults{journal};
     FakeUserNotificationCenter notificationCenter{journal};
     FakeWorkspace workspace;
+    std::optional<std::filesystem::path> temporaryFolder;
 
     HostServices services(std::optional<std::filesystem::path> applicationSupport)
     {
@@ -211,6 +216,7 @@ struct FakeHost {
                 .userDefaults = userDefaults,
                 .notificationCenter = notificationCenter,
                 .workspace = workspace,
-                .applicationSupport = std::move(applicationSupport)};
+                .applicationSupport = std::move(applicationSupport),
+                .temporaryFolder = temporaryFolder};
     }
 };
