@@ -106,6 +106,12 @@ public:
     void openProductWebPage();
     void showAbout();
 
+    // --- Version check -----------------------------------------------------------------------------------------------
+
+    /// Fetches the newest version and tells whether it is newer than this one. Returns when the sheet that says so has
+    /// begun, or waits behind another.
+    void doNewVersionCheck();
+
     // --- Store -------------------------------------------------------------------------------------------------------
 
     /// Every note in file order; the rows of the notes list; every important date.

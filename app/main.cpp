@@ -13,6 +13,7 @@
 #include "host/linux/SettingsUserDefaults.h"
 #include "host/linux/TerminationSignals.h"
 #include "ui_MainWindow.h"
+#include "update/WebVersionServer.h"
 
 #include <QApplication>
 #include <QDir>
@@ -63,6 +64,7 @@ int main(int argc, char** argv)
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
     NoNotificationCenter notificationCenter;
+    WebVersionServer versionServer(QUrl(QStringLiteral(VELUMORA_VERSION_SERVER)));
     DesktopWorkspace workspace;
 
     QMainWindow window;
@@ -77,6 +79,7 @@ int main(int argc, char** argv)
                           .processInfo = processInfo,
                           .userDefaults = userDefaults,
                           .notificationCenter = notificationCenter,
+                          .versionServer = versionServer,
                           .workspace = workspace,
                           .applicationSupport = applicationSupportFolder()});
 

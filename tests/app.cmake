@@ -5,6 +5,7 @@ add_library(app-test-support STATIC
     support/DateGuards.cpp
     support/DateGuards.h
     support/FakeHost.h
+    support/LoopbackServer.h
     support/Screenshot.cpp
     support/Screenshot.h
     support/TranslationGuard.cpp
@@ -28,6 +29,8 @@ velumora_test(app-tests
     app/notes_list_test.cpp
     app/preferences_test.cpp
     app/store_test.cpp
+    app/version_check_test.cpp
+    app/web_version_server_test.cpp
     LIBRARIES app-test-support
     LABELS app)
 

@@ -12,6 +12,10 @@
         <translation>%@, mit Notiz</translation>
     </message>
     <message>
+        <source>A new version of Velumora (</source>
+        <translation>Eine neue Version von Velumora (</translation>
+    </message>
+    <message>
         <source>&amp;About Velumora</source>
         <translation>Ü&amp;ber Velumora</translation>
     </message>
@@ -108,6 +112,10 @@
         <translation>Zur Webseite von Velumora</translation>
     </message>
     <message>
+        <source>Go to web site</source>
+        <translation>Zur Website</translation>
+    </message>
+    <message>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
     </message>
@@ -126,6 +134,18 @@
     <message>
         <source>Important Dates TableView</source>
         <translation>Tabelle der wichtigen Tage</translation>
+    </message>
+    <message>
+        <source>) is available.</source>
+        <translation>) ist verfügbar.</translation>
+    </message>
+    <message>
+        <source>) is the current version.</source>
+        <translation>) ist die aktuelle Version.</translation>
+    </message>
+    <message>
+        <source>It can be downloaded from the Velumora web site. </source>
+        <translation>Sie kann von der Velumora-Website geladen werden. </translation>
     </message>
     <message>
         <source>Mini Calendar&apos;s Month</source>
@@ -328,8 +348,16 @@
         <translation>Der Kalender für Tagesnotizen</translation>
     </message>
     <message>
+        <source>The Velumora web site could not be contacted.</source>
+        <translation>Die Velumora-Website ist nicht erreichbar.</translation>
+    </message>
+    <message>
         <source>The week starts on:</source>
         <translation>Die Woche beginnt am:</translation>
+    </message>
+    <message>
+        <source>This version of Velumora (</source>
+        <translation>Diese Version von Velumora (</translation>
     </message>
     <message>
         <source>To Delete a Row, please select one</source>
@@ -370,6 +398,10 @@
     <message>
         <source>Velumora &amp;Web Page</source>
         <translation>&amp;Webseite von Velumora</translation>
+    </message>
+    <message>
+        <source>Version check failed.</source>
+        <translation>Die Versionsprüfung ist fehlgeschlagen.</translation>
     </message>
     <message>
         <source>&amp;View</source>

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QUrl>
+
+#include <functional>
+
+/// A web server on the loopback interface, in the event loop of the test. Each request is answered by `answer`, which
+/// gets the head of the request and writes what it likes to the connection.
+class LoopbackServer : public QTcpServer {
+public:
+    std::function<void(QTcpSocket& connection, const QByteArray& head)> answer;
+    QList<QByteArray> heads; ///< of the requests that came, in order
+
+    LoopbackServer()
+    {
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            while (QTcpSocket* connection = nextPendingConnection()) {
+                connect(connection, &QTcpSocket::readyRead, this, [this, connection] { read(*connection); });
+                connect(connection, &QTcpSocket::disconnected, connection, &QObject::deleteLater);
+            }
+        });
+    }
+
+    QUrl url() const { return QUrl(QStringLiteral("http://127.0.0.1:%1").arg(serverPort())); }
+
+    /// A whole reply of that status and body.
+    static QByteArray reply(const QByteArray& status, const QByteArray& body, const QByteArray& headers = {})
+    {
+        return "HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n" + headers +
+               "Connection: close\r\n\r\n" + body;
+    }
+
+    /// Answers every request so.
+    void answerAlways(const QByteArray& wholeReply)
+    {
+        answer = [wholeReply](QTcpSocket& connection, const QByteArray&) {
+            connection.write(wholeReply);
+            connection.disconnectFromHost();
+        };
+    }
+
+private:
+    void read(QTcpSocket& connection)
+    {
+        const QByteArray head = connection.readAll();
+        heads.append(head);
+        if (answer) {
+            answer(connection, head);
+        }
+    }
+};
