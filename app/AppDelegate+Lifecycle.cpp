@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/AlphaValue.h"
 #include "app/AppDelegate.h"
 #include "app/Localized.h"
 #include "app/PreferenceKeys.h"
@@ -67,8 +68,9 @@ void AppDelegate::applicationDidFinishLaunching()
 
     const icu::Locale locale(DateEnvironment::localePair().currentLocale.c_str());
     if (locale.getCountry() == holidayCountry) {
-        m_ui.importantDatesUSHolidays->setAlpha(1);
+        setAlphaValue(*m_ui.importantDatesUSHolidays, 1);
         buttonEnableDisable(*m_ui.importantDatesUSHolidays, true);
+        m_ui.usHolidaysAction->setEnabled(true);
     }
 
     loadTables();

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 
+#include "app/AlphaValue.h"
 #include "app/Localized.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "host/ClockMonitor.h"
 #include "notes/SegmentedControl.h"
 #include "notes/TextLines.h"
 #include "store/Record.h"
+#include "ui_HolidaySheet.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
 
@@ -46,16 +48,21 @@ TableColumn textColumn(std::string_view key, const QString& title)
 
 AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, const HostServices& host)
     : m_window(myMainWindow), m_ui(layout), m_prefsLayout(std::make_unique<Ui::PreferencesSheet>()),
-      m_prefsSheet(new QDialog(&myMainWindow)), m_host(host),
+      m_prefsSheet(new QDialog(&myMainWindow)), m_holidayLayout(std::make_unique<Ui::HolidaySheet>()),
+      m_holidaySheet(new QDialog(&myMainWindow)), m_host(host),
       m_folder(host.applicationSupport, DateEnvironment::clock()), m_saves(m_folder)
 {
     m_prefsLayout->setupUi(m_prefsSheet);
+    m_holidayLayout->setupUi(m_holidaySheet);
+    setAlphaValue(*m_ui.importantDatesUSHolidays, 0); // until it is known whether they are offered here
     m_ui.hideShowSegBtn->setLabels({QString(), localized("Show All"), localized("Mini Calendar's Month"), QString()});
     m_ui.hideShowSegBtn->standBehind(*m_ui.filterBtn);
     configureTables();
     connectActions();
     connectMenu();
     connectEditMenu();
+    connectHolidaySheet();
+    makeImportantDatesContextMenu();
 }
 
 AppDelegate::~AppDelegate() = default;
@@ -71,7 +78,10 @@ void AppDelegate::configureTables()
     elapsed.identifier = QStringLiteral("eventTimeColID");
     elapsed.headerCell = HeaderCell(localized("Elapsed"));
     elapsed.width = elapsedColumnWidth;
-    m_ui.importantDatesTableView->addColumn(sortedColumn(EventDateKey, localized("Date")));
+    TableColumn day = sortedColumn(EventDateKey, localized("Date"));
+    day.editing = TableColumn::Editing::Editable;
+    day.editorFactory = [this](QWidget* parent, int row) { return makeDatePicker(parent, row); };
+    m_ui.importantDatesTableView->addColumn(day);
     m_ui.importantDatesTableView->addColumn(textColumn(EventNameKey, localized("Description")));
     m_ui.importantDatesTableView->addColumn(elapsed);
     m_ui.importantDatesTableView->setLineHeight(eventLineHeight);
@@ -96,6 +106,11 @@ void AppDelegate::connectActions()
     wire(m_ui.importantDateSaveBtn, &AppDelegate::saveTVDataToFile);
     wire(m_ui.deleteRowFromListBtn, &AppDelegate::respondToDeleteRowFromList);
     wire(m_ui.deleteRowFromImpDateListBtn, &AppDelegate::respondToDeleteRowFromList);
+    connect(m_ui.addImportantDateBtn, &QAbstractButton::clicked, this, [this] {
+        addRowToImportDates();
+        editNewestDate();
+    });
+    connect(m_ui.importantDatesUSHolidays, &QAbstractButton::clicked, this, &AppDelegate::openHolidaySheet);
     connect(m_ui.todayBtn, &QAbstractButton::clicked, this, &AppDelegate::showTodayOnMiniCal);
     connect(m_ui.filterBtn, &QAbstractButton::clicked, this, &AppDelegate::filterNotes);
     connect(m_ui.filterField, &QLineEdit::textChanged, this, [this] { controlTextDidChange(*m_ui.filterField); });
@@ -117,12 +132,30 @@ void AppDelegate::connectActions()
 
     for (QRadioButton* choice : {m_prefsLayout->sundayPref, m_prefsLayout->mondayPref, m_prefsLayout->allVelumora,
                                  m_prefsLayout->currentMonthVelumora}) {
-        connect(choice, &QRadioButton::clicked, this, [this, choice] { userSetPref(*choice); });
+        // Not `clicked`, which a screen reader's toggle does not send.
+        connect(choice, &QRadioButton::toggled, this, [this, choice](bool on) {
+            if (on && m_prefsSheet->isVisible()) {
+                userSetPref(*choice);
+            }
+        });
     }
     connect(m_prefsLayout->closeBtn, &QAbstractButton::clicked, this,
             [this] { sheetCloseBtnPressed(*m_prefsLayout->closeBtn); });
     m_minuteTimer.setSingleShot(true);
     m_minuteTimer.setTimerType(Qt::PreciseTimer);
+}
+
+void AppDelegate::connectHolidaySheet()
+{
+    for (QCheckBox* box : m_holidaySheet->findChildren<QCheckBox*>()) {
+        // Not `clicked`, which a screen reader's toggle does not send.
+        connect(box, &QCheckBox::toggled, this, [this, box] { respondToHolidayPressed(*box); });
+    }
+    for (QPushButton* button : {m_holidayLayout->addDatesBtn, m_holidayLayout->addDatesAndNotesBtn}) {
+        connect(button, &QAbstractButton::clicked, this, [this, button] { addDatesFromHolidaySheet(*button); });
+    }
+    connect(m_holidayLayout->cancelBtn, &QAbstractButton::clicked, this,
+            [this] { sheetCloseBtnPressed(*m_holidayLayout->cancelBtn); });
 }
 
 /// The menu bar, one line an action. An action that a button has too presses that button.
@@ -158,6 +191,8 @@ void AppDelegate::connectMenu()
         m_ui.filterField->selectAll();
     });
     press(m_ui.deleteNoteAction, m_ui.deleteRowFromListBtn);
+    press(m_ui.addDateAction, m_ui.addImportantDateBtn);
+    press(m_ui.usHolidaysAction, m_ui.importantDatesUSHolidays);
     press(m_ui.deleteDateAction, m_ui.deleteRowFromImpDateListBtn);
     press(m_ui.todayAction, m_ui.todayBtn);
     press(m_ui.previousMonthAction, m_ui.backOneMonthOnMiniCal);

@@ -20,13 +20,18 @@
 #include <memory>
 #include <optional>
 
+class DatePicker;
 class QAbstractButton;
+class QAction;
+class QCheckBox;
 class QColor;
 class QMainWindow;
+class QMenu;
 class QRadioButton;
 class SegmentedControl;
 
 namespace Ui {
+class HolidaySheet;
 class MainWindow;
 class PreferencesSheet;
 } // namespace Ui
@@ -182,14 +187,32 @@ public:
     void tableViewSelectionIsChanging(TableView& tableView) override;
     void sortDescriptorsDidChange(TableView& tableView) override;
 
-    /// How long ago or ahead an important date is.
-    QString calcElapsedDate(const Value& event) const;
-
     // --- Editing and deleting ----------------------------------------------------------------------------------------
 
     void controlTextDidChange(QWidget& field) override;
     void controlTextDidEndEditing(QWidget& field) override;
     void respondToDeleteRowFromList(QAbstractButton& sender);
+
+    // --- Important dates ---------------------------------------------------------------------------------------------
+
+    /// Appends a date of this moment, to be given its day and its description.
+    void addRowToImportDates();
+    void datePickerChanged(DatePicker& sender);
+
+    /// How long ago or ahead an important date is.
+    QString calcElapsedDate(const Value& event) const;
+
+    void openHolidaySheet();
+    void respondToHolidayPressed(QCheckBox& sender);
+
+    /// Adds the ticked holidays as dates; for the one sender as notes of their days too.
+    void addDatesFromHolidaySheet(QAbstractButton& sender);
+
+    /// Retitles a context menu before it opens.
+    void menuNeedsUpdate(QMenu& menu);
+
+    /// Adds the description of the clicked date to the shown note of its day, or of the same day this year.
+    void importantDatesRespondToContextMenu(const QAction& sender);
 
     // --- Location ----------------------------------------------------------------------------------------------------
 
@@ -218,11 +241,30 @@ private:
     void showNoteOfDay(Date date, DayButton& button);
     void editSelectedNote(DayButton& day);
 
+    void connectHolidaySheet();
+    void addHoliday(Date date, const std::string& name);
+    void addHolidayNote(Date date, const std::string& name);
+    void showSavedNote(Date date);
+    void editNewestDate();
+    QWidget* makeDatePicker(QWidget* parent, int row);
+    void colorDatePicker(DatePicker& picker, int row) const;
+    void colorDatePickers();
+    void makeImportantDatesContextMenu();
+    const Value* clickedEvent() const;
+    void takeInDateNotes();
+    void forgetDateNotes(Date date);
+
     QMainWindow& m_window;
     Ui::MainWindow& m_ui;
     std::unique_ptr<Ui::PreferencesSheet> m_prefsLayout;
     QDialog* m_prefsSheet = nullptr; ///< the window's
+    std::unique_ptr<Ui::HolidaySheet> m_holidayLayout;
+    QDialog* m_holidaySheet = nullptr;            ///< the window's
+    QMenu* m_importantDatesContextMenu = nullptr; ///< the window's
     HostServices m_host;
+
+    /// Lines added to shown notes from important dates, each as a note of its day, until the notes are saved.
+    Table m_unsavedDateNotes;
 
     DataFolder m_folder;
     SaveQueue m_saves;

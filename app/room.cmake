@@ -18,6 +18,8 @@ set_source_files_properties(host/linux/InstalledBundle.cpp PROPERTIES COMPILE_DE
 target_sources(velumora-app PRIVATE
     app/Alert.cpp
     app/Alert.h
+    app/AlphaValue.cpp
+    app/AlphaValue.h
     app/AppDelegate+Alerts.cpp
     app/AppDelegate+Help.cpp
     app/AppDelegate+Lifecycle.cpp
@@ -26,8 +28,6 @@ target_sources(velumora-app PRIVATE
     app/AppDelegate.h
     app/Appearance.cpp
     app/Appearance.h
-    app/FadingButton.cpp
-    app/FadingButton.h
     app/Localized.cpp
     app/Localized.h
     app/PreferenceKeys.h
@@ -44,8 +44,12 @@ target_sources(velumora-app PRIVATE
     calendar/DayButton.h
     calendar/MiniCalendarGrid.cpp
     calendar/MiniCalendarGrid.h
+    dates/AppDelegate+DateNotes.cpp
+    dates/AppDelegate+HolidaySheet.cpp
     dates/AppDelegate+ImportantDates.cpp
     dates/AppDelegate+Location.cpp
+    dates/DatePicker.cpp
+    dates/DatePicker.h
     notes/AppDelegate+NoteEditing.cpp
     notes/AppDelegate+NotesList.cpp
     notes/SegmentedControl.cpp

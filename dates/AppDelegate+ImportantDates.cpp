@@ -1,8 +1,94 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Localized.h"
+#include "dates/DatePicker.h"
 #include "dates/ElapsedDate.h"
+#include "notes/NamedColor.h"
+#include "notes/NoteQueries.h"
+#include "notes/TableView.h"
 #include "store/Record.h"
+#include "ui_MainWindow.h"
+
+#include <QMainWindow>
+#include <QPushButton>
+
+namespace {
+
+constexpr int dateColumn = 0;
+
+} // namespace
+
+void AppDelegate::addRowToImportDates()
+{
+    if (!eventsTVData) {
+        return; // the file could not be read: what is added to it is lost
+    }
+    TableView& dates = *m_ui.importantDatesTableView;
+    dates.endEditing();
+    const auto row = static_cast<int>(eventsTVData->size());
+    eventsTVData->append(
+        makeEventRecord(DateEnvironment::now(), localized("** put new date Description here **").toStdString()));
+    dates.insertRow(row);
+    dates.scrollRowToVisible(row);
+    buttonEnableDisable(*m_ui.importantDateSaveBtn, true);
+    dates.reloadData();
+}
+
+/// A new date is there to be given its day, and with the tab key its description.
+void AppDelegate::editNewestDate()
+{
+    TableView& dates = *m_ui.importantDatesTableView;
+    dates.editColumn(dateColumn, dates.numberOfRows() - 1);
+}
+
+QWidget* AppDelegate::makeDatePicker(QWidget* parent, int row)
+{
+    const Value* event =
+        eventsTVData && row < eventsTVData->size() ? NoteQueries::recordOf(eventsTVData->at(row)) : nullptr;
+    const std::optional<Date> date = event ? dateOf(*event, EventDateKey) : std::nullopt;
+    if (!date || !DatePicker::canShow(*date)) {
+        return nullptr;
+    }
+    auto* picker = new DatePicker(parent);
+    picker->setAccessibleName(localized("Date"));
+    picker->setFirstDayOfWeek(startOnSunday() ? Qt::Sunday : Qt::Monday);
+    picker->setDateValue(*date);
+    colorDatePicker(*picker, row);
+    connect(picker, &DatePicker::dateValueChanged, this, [this, picker] { datePickerChanged(*picker); });
+    return picker;
+}
+
+/// White on the colour of the selected row.
+void AppDelegate::colorDatePicker(DatePicker& picker, int row) const
+{
+    const QPalette palette = m_window.palette();
+    if (row == m_ui.importantDatesTableView->selectedRow()) {
+        picker.setColors(Qt::white, namedColor(u"TableRowSelectionColor", palette));
+    } else {
+        picker.setColors(namedColor(u"ControlTextColor", palette), namedColor(u"ControlBackgroundColor", palette));
+    }
+}
+
+void AppDelegate::colorDatePickers()
+{
+    const TableView& dates = *m_ui.importantDatesTableView;
+    if (auto* picker = qobject_cast<DatePicker*>(dates.viewAt(dateColumn, dates.editedRow()))) {
+        colorDatePicker(*picker, dates.editedRow());
+    }
+}
+
+void AppDelegate::datePickerChanged(DatePicker& sender)
+{
+    TableView& dates = *m_ui.importantDatesTableView;
+    const int row = dates.rowForView(sender);
+    if (!eventsTVData || row < 0 || row >= eventsTVData->size()) {
+        return;
+    }
+    (*eventsTVData)[row] = withDate(eventsTVData->at(row), EventDateKey, sender.dateValue());
+    dates.noteHeightOfRowChanged(row);
+    dates.redrawRow(row); // how long ago it is
+    buttonEnableDisable(*m_ui.importantDateSaveBtn, true);
+}
 
 QString AppDelegate::calcElapsedDate(const Value& event) const
 {

@@ -271,6 +271,11 @@ int DateUtilities::daysInMonth(Date date)
     return currentCalendar(date)->getActualMaximum(UCAL_DAY_OF_MONTH, status);
 }
 
+std::int64_t DateUtilities::julianDayFromDate(Date date)
+{
+    return gregorianField(date, UCAL_JULIAN_DAY);
+}
+
 bool DateUtilities::isThisDate(Date dateA, Date equalToSecondDate)
 {
     return yearMonthDayFromDate(dateA) == yearMonthDayFromDate(equalToSecondDate);

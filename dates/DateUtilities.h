@@ -134,6 +134,10 @@ std::int64_t dayNumberFromName(const QString& dayName);
 /// The number of days of the month that holds the date.
 int daysInMonth(Date date);
 
+/// The Julian day number of the calendar day that holds the date, counted from midnight to midnight: 2440588 is 1
+/// January 1970, whatever the calendar.
+std::int64_t julianDayFromDate(Date date);
+
 /// Whether both lie on the same calendar day.
 bool isThisDate(Date dateA, Date equalToSecondDate);
 

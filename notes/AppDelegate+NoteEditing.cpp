@@ -68,15 +68,13 @@ void AppDelegate::controlTextDidEndEditing(QWidget& field)
     if (!editor || !notesTVData || !allNotesTVData || row < 0 || row >= notesTVData->size()) {
         return;
     }
-    if (!editor->isEdited()) {
-        return; // a day that was only looked at leaves no empty note behind
-    }
     const Value* record = NoteQueries::recordOf(notesTVData->at(row));
     const std::optional<Date> date = record ? dateOf(*record, NoteDateKey) : std::nullopt;
     const std::string* text = record ? textOf(*record, NoteDataKey) : nullptr;
-    if (!date || !text) {
-        return;
+    if (!date || !text || (text->empty() && !editor->isEdited())) {
+        return; // a day that was only looked at leaves no empty note behind
     }
+    forgetDateNotes(*date);
     const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, *date);
     if (index == DateUtilities::NotFound) {
         allNotesTVData->append(*record);
@@ -155,6 +153,7 @@ void AppDelegate::deleteNoteAtRow(int row)
     const Value* record = NoteQueries::recordOf(element);
     const std::optional<Date> date = record ? dateOf(*record, NoteDateKey) : std::nullopt;
     if (date && allNotesTVData) {
+        forgetDateNotes(*date);
         const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, *date);
         if (index != DateUtilities::NotFound) {
             allNotesTVData->removeAt(index);

@@ -303,6 +303,7 @@ void AppDelegate::tableViewSelectionIsChanging(TableView& tableView)
     if (&tableView == m_ui.notesTableView) {
         buttonEnableDisable(*m_ui.deleteRowFromListBtn, true);
     } else if (&tableView == m_ui.importantDatesTableView) {
+        colorDatePickers();
         buttonEnableDisable(*m_ui.deleteRowFromImpDateListBtn, true);
     }
 }

@@ -182,9 +182,13 @@ void CellEditor::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
     case Qt::Key_Escape:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
         Q_EMIT endRequested();
+        return;
+    case Qt::Key_Tab:
+        Q_EMIT moveRequested(1);
+        return;
+    case Qt::Key_Backtab:
+        Q_EMIT moveRequested(-1);
         return;
     case Qt::Key_Return:
     case Qt::Key_Enter:

@@ -6,7 +6,8 @@
 class FixedLineLayout;
 
 /// The text field that stands in a table's cell while its text is edited: plain text, never wrapped, one fixed height
-/// a line. Return adds a line; Escape, Tab and Backtab ask for the end of the edit.
+/// a line. Return adds a line; Escape asks for the end of the edit, Tab and Backtab for the next cell and the one
+/// before.
 ///
 /// A text is read back as it was written but for what was edited: every newline character that was not touched (CR, LF,
 /// CR LF, U+2028, ...) is still the one it was, through undo and redo as well. New lines are LF; pasted ones stay what
@@ -35,6 +36,7 @@ public:
 Q_SIGNALS:
     void edited(); ///< text() is another
     void endRequested();
+    void moveRequested(int step); ///< 1 to the next cell, -1 to the one before
     void menuRequested(QPoint globalPosition);
 
 protected:

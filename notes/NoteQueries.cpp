@@ -123,6 +123,36 @@ Table NoteQueries::filterNotes(const Table& table, const TextSearch& search)
     return matches;
 }
 
+std::optional<Value> NoteQueries::copyDictWithHolidayDateAndDesc(std::string_view nameKey,
+                                                                 const std::string& holidayName,
+                                                                 std::string_view dateKey, Date holidayDate,
+                                                                 const Table& inFileArray)
+{
+    const auto found = std::ranges::find_if(inFileArray, [&](const Value& element) {
+        const Value* name = valueOf(element, nameKey);
+        const Value* date = valueOf(element, dateKey);
+        return name && date && name->text() && *name->text() == holidayName && date->date() &&
+               *date->date() == holidayDate;
+    });
+    return found == inFileArray.end() ? std::nullopt : std::optional(*found);
+}
+
+void NoteQueries::addLineToNote(Table& table, Date date, const std::string& line)
+{
+    const std::int64_t index = doesTVDataHaveDate(table, date);
+    if (index == DateUtilities::NotFound) {
+        table.append(makeNoteRecord(date, line));
+        return;
+    }
+    const Value* present = valueOf(table.at(index), NoteDataKey);
+    std::string text = present && present->text() ? *present->text() : std::string();
+    if (text.find(line) == std::string::npos) {
+        text += '\r';
+        text += line;
+    }
+    table[index] = makeNoteRecord(date, std::move(text));
+}
+
 void NoteQueries::removeEqual(Table& table, const Value& element)
 {
     // Copies, for what the references point at can be an element of the table.

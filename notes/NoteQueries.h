@@ -6,8 +6,10 @@
 #include "store/Value.h"
 
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 class TextSearch;
@@ -48,6 +50,15 @@ IndexSet copyComplementOfSet(const IndexSet& indexes, std::int64_t count);
 
 /// The notes whose text contains what is searched for, in table order: fresh records of date and text alone.
 Table filterNotes(const Table& table, const TextSearch& search);
+
+/// The first element whose text under `nameKey` is `holidayName` and whose date under `dateKey` is that very instant.
+std::optional<Value> copyDictWithHolidayDateAndDesc(std::string_view nameKey, const std::string& holidayName,
+                                                    std::string_view dateKey, Date holidayDate,
+                                                    const Table& inFileArray);
+
+/// Puts `line` into the note of `date`: below the text of the first such note, unless that text holds it somewhere
+/// already, or as a new note at the table's end. The note is a fresh record of date and text alone.
+void addLineToNote(Table& table, Date date, const std::string& line);
 
 /// Removes every element that is equal to `element` or whose record equals its record.
 void removeEqual(Table& table, const Value& element);

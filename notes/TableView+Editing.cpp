@@ -78,6 +78,7 @@ QWidget* TableView::makeEditor(Cell cell)
     editor->setAccessibleName(column.headerCell.title());
     connect(editor, &CellEditor::edited, this, &TableView::editorTextChanged);
     connect(editor, &CellEditor::endRequested, this, &TableView::endEditing);
+    connect(editor, &CellEditor::moveRequested, this, &TableView::moveEdit);
     connect(editor, &CellEditor::menuRequested, this, &TableView::openEditorMenu);
     connect(editor, &QPlainTextEdit::cursorPositionChanged, this, &TableView::showCaret);
     return editor;
@@ -129,6 +130,24 @@ void TableView::endEditing()
     m_editRing->hide();
     viewport()->update();
     m_endingEdit = false;
+}
+
+/// To the next cell of the row that can be edited, its text selected, or the one before; past the last the edit ends.
+void TableView::moveEdit(int step)
+{
+    if (!m_edit) {
+        return;
+    }
+    const int row = m_edit->row;
+    int column = m_edit->column + step;
+    while (hasColumn(column) && !isEditable(column)) {
+        column += step;
+    }
+    endEditing();
+    beginEdit({column, row}, std::nullopt);
+    if (CellEditor* const editor = textEditor()) {
+        editor->selectAll();
+    }
 }
 
 void TableView::editorTextChanged()
@@ -220,9 +239,13 @@ bool TableView::eventFilter(QObject* watched, QEvent* event)
 {
     if (m_edit && watched == m_edit->view && event->type() == QEvent::KeyPress) {
         switch (static_cast<QKeyEvent*>(event)->key()) {
-        case Qt::Key_Escape:
         case Qt::Key_Tab:
+            moveEdit(1);
+            return true;
         case Qt::Key_Backtab:
+            moveEdit(-1);
+            return true;
+        case Qt::Key_Escape:
         case Qt::Key_Return:
         case Qt::Key_Enter:
             endEditing();

@@ -140,8 +140,8 @@ void TableView::keyPressEvent(QKeyEvent* event)
         return;
     }
     const bool starts = event->key() == Qt::Key_F2 || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (starts && hasRow(m_selectedRow) && firstEditableColumn() >= 0) {
-        editColumn(firstEditableColumn(), m_selectedRow);
+    if (starts && hasRow(m_selectedRow) && isEditable(spokenColumn())) {
+        editColumn(spokenColumn(), m_selectedRow);
         return;
     }
     if (!moveSelection(*event)) {
@@ -207,14 +207,6 @@ bool TableView::moveSelection(const QKeyEvent& event)
     }
     chooseRow(visibleRowFrom(row, step));
     return true;
-}
-
-int TableView::firstEditableColumn() const
-{
-    const auto found = std::find_if(m_columns.begin(), m_columns.end(), [](const TableColumn& column) {
-        return column.editing == TableColumn::Editing::Editable;
-    });
-    return found == m_columns.end() ? -1 : static_cast<int>(found - m_columns.begin());
 }
 
 void TableView::copySelectedRow() const

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "notes/CellEditor.h"
 #include "notes/CellLines.h"
 #include "notes/NamedColor.h"
 #include "notes/TableMetrics.h"
@@ -78,9 +79,11 @@ void TableView::paintCell(QPainter& painter, int column, int row, const QRect& e
     if (shown.isEmpty()) {
         return;
     }
-    if (viewAt(column, row)) {
-        painter.fillRect(shown, namedColor(u"ControlBackgroundColor", palette()));
-        return;
+    if (const QWidget* editor = viewAt(column, row)) {
+        if (editor == textEditor()) {
+            painter.fillRect(shown, namedColor(u"ControlBackgroundColor", palette()));
+        }
+        return; // a control of the column's own stands on the row as it is
     }
     const CellView view = cellView(column, row);
     const bool highlighted = row == m_selectedRow && m_highlightStyle != SelectionHighlightStyle::None;

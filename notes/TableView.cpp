@@ -291,7 +291,10 @@ void TableView::chooseRow(int row)
 
 int TableView::spokenColumn() const
 {
-    return std::max(0, firstEditableColumn());
+    const auto found = std::find_if(m_columns.begin(), m_columns.end(), [](const TableColumn& column) {
+        return column.editing == TableColumn::Editing::Editable && !column.editorFactory;
+    });
+    return found == m_columns.end() ? 0 : static_cast<int>(found - m_columns.begin());
 }
 
 void TableView::setSelectionHighlightStyle(SelectionHighlightStyle style)

@@ -102,8 +102,8 @@ public:
     /// view.
     void chooseRow(int row);
 
-    /// The column whose cell stands for the selected row when it is spoken: the first that can be edited, else the
-    /// first.
+    /// The column whose cell stands for the selected row when it is spoken and which Return edits: the first whose text
+    /// can be edited, else the first.
     int spokenColumn() const;
     SelectionHighlightStyle selectionHighlightStyle() const { return m_highlightStyle; }
     void setSelectionHighlightStyle(SelectionHighlightStyle style);
@@ -195,7 +195,6 @@ private:
     int visibleRowFrom(int row, int step) const;
     int rowPageAway(int direction) const;
     bool moveSelection(const QKeyEvent& event);
-    int firstEditableColumn() const;
     void copySelectedRow() const;
     void openMenu(int row, QPoint globalPosition);
 
@@ -203,6 +202,7 @@ private:
     void beginEdit(Cell cell, std::optional<QPoint> clicked);
     QWidget* makeEditor(Cell cell);
     CellEditor* textEditor() const;
+    void moveEdit(int step);
     void editorTextChanged();
     void layoutEditor();
     void showCaret();

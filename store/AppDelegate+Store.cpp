@@ -40,6 +40,7 @@ void AppDelegate::saveTVDataToFile(QAbstractButton& sender)
     if (isEvents) {
         m_saves.save(eventsTVData, std::string(EventsFileName));
     } else if (isNotes) {
+        takeInDateNotes();
         m_saves.save(allNotesTVData, std::string(NotesFileName));
     }
 }

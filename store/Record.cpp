@@ -9,6 +9,16 @@ const Value* find(const Value& record, std::string_view key)
     return dictionary ? dictionary->find(key) : nullptr;
 }
 
+Value withValue(const Value& record, std::string_view key, Value value)
+{
+    if (!record.dictionary()) {
+        return record;
+    }
+    Dictionary changed = *record.dictionary();
+    changed.set(key, std::move(value));
+    return Value(std::move(changed));
+}
+
 } // namespace
 
 Value makeNoteRecord(Date date, std::string text)
@@ -38,12 +48,12 @@ const std::string* textOf(const Value& record, std::string_view key)
 
 Value withText(const Value& record, std::string_view key, std::string text)
 {
-    if (!record.dictionary()) {
-        return record;
-    }
-    Dictionary changed = *record.dictionary();
-    changed.set(key, Value(std::move(text)));
-    return Value(std::move(changed));
+    return withValue(record, key, Value(std::move(text)));
+}
+
+Value withDate(const Value& record, std::string_view key, Date date)
+{
+    return withValue(record, key, Value(date));
 }
 
 Table cleanedNotes(const Table& notes)

@@ -31,5 +31,8 @@ const std::string* textOf(const Value& record, std::string_view key);
 /// it is.
 Value withText(const Value& record, std::string_view key, std::string text);
 
+/// The same with a date under `key`.
+Value withDate(const Value& record, std::string_view key, Date date);
+
 /// The notes that have both a date and a text, in their order and each with these two keys only. The rest is left out.
 Table cleanedNotes(const Table& notes);

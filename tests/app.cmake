@@ -17,6 +17,15 @@ target_include_directories(app-test-support PUBLIC ${CMAKE_SOURCE_DIR}/tests)
 set_source_files_properties(support/Screenshot.cpp PROPERTIES COMPILE_DEFINITIONS
     VELUMORA_SCREENSHOTS="${CMAKE_BINARY_DIR}/screenshots")
 
+# The important dates, their holidays and the notes made from them.
+velumora_test(important-dates-tests
+    app/date_notes_test.cpp
+    app/date_picker_test.cpp
+    app/holiday_sheet_test.cpp
+    app/important_dates_test.cpp
+    LIBRARIES app-test-support
+    LABELS app)
+
 velumora_test(app-tests
     app/alert_test.cpp
     app/help_test.cpp

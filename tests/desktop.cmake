@@ -13,6 +13,7 @@ endfunction()
 
 desktop_test(driver_test PROGRAM bare-window)
 desktop_test(first_day_test PROGRAM velumora)
+desktop_test(important_dates_test PROGRAM velumora)
 
 # The program, told to look for new versions on a server of the test. The port is one of this build's own.
 string(MD5 build_digest "${CMAKE_BINARY_DIR}")

@@ -4,12 +4,24 @@
 <context>
     <name>Velumora</name>
     <message>
+        <source>%@ has been selected. Choose an option below to continue.</source>
+        <translation>Gewählt: %@. Was soll geschehen?</translation>
+    </message>
+    <message>
         <source>%@ Notes</source>
         <translation>Notizen %@</translation>
     </message>
     <message>
         <source>%@, has a note</source>
         <translation>%@, mit Notiz</translation>
+    </message>
+    <message>
+        <source>'%@' added/appended to note for %@</source>
+        <translation>„%@“ wurde in die Notiz für den %@ aufgenommen</translation>
+    </message>
+    <message>
+        <source>** put new date Description here **</source>
+        <translation>** hier die neue Beschreibung eingeben **</translation>
     </message>
     <message>
         <source>A new version of Velumora (</source>
@@ -20,8 +32,32 @@
         <translation>Ü&amp;ber Velumora</translation>
     </message>
     <message>
+        <source>Add a note or update an existing note's description for this date: %@</source>
+        <translation>Notiz für diesen Tag anlegen oder ergänzen: %@</translation>
+    </message>
+    <message>
+        <source>Add Date</source>
+        <translation>Tag hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add Dates</source>
+        <translation>Tage hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add Dates and Notes</source>
+        <translation>Tage und Notizen hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add I&amp;mportant Date</source>
+        <translation>Wichtigen Ta&amp;g hinzufügen</translation>
+    </message>
+    <message>
         <source>All notes</source>
         <translation>Alle Notizen</translation>
+    </message>
+    <message>
+        <source>already saved as an 'Important Date'</source>
+        <translation>schon als wichtiger Tag gespeichert</translation>
     </message>
     <message>
         <source>&amp;Calendar</source>
@@ -30,6 +66,10 @@
     <message>
         <source>Calendar</source>
         <translation>Kalender</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Cancel Delete</source>
@@ -196,6 +236,10 @@
         <translation>Notiz</translation>
     </message>
     <message>
+        <source>Note Added/Appended</source>
+        <translation>Notiz ergänzt</translation>
+    </message>
+    <message>
         <source>Notes</source>
         <translation>Notizen</translation>
     </message>
@@ -256,12 +300,20 @@
         <translation>Bitte das Löschen bestätigen</translation>
     </message>
     <message>
+        <source>Please select a row with an Important Date on it</source>
+        <translation>Bitte eine Zeile mit einem wichtigen Tag wählen</translation>
+    </message>
+    <message>
         <source>Preferences</source>
         <translation>Einstellungen</translation>
     </message>
     <message>
         <source>Pr&amp;eferences…</source>
         <translation>E&amp;instellungen …</translation>
+    </message>
+    <message>
+        <source>Press Button to Select Date</source>
+        <translation>Anklicken, um das Datum zu wählen</translation>
     </message>
     <message>
         <source>&amp;Previous Month</source>
@@ -384,8 +436,16 @@
         <translation>Unerwarteter Fehler</translation>
     </message>
     <message>
+        <source>US Holidays</source>
+        <translation>US-Feiertage</translation>
+    </message>
+    <message>
         <source>US Holidays…</source>
         <translation>US-Feiertage …</translation>
+    </message>
+    <message>
+        <source>US &amp;Holidays…</source>
+        <translation>&amp;US-Feiertage …</translation>
     </message>
     <message>
         <source>Velumora &amp;Help</source>

@@ -147,13 +147,16 @@ TEST(CellEditor, EveryChangeIsToldOnceWithTheNewText)
     EXPECT_EQ(told, (QStringList{u"ab"_qs, u"abc"_qs, u"ac"_qs}));
 }
 
-TEST(CellEditor, EscapeAndTabAskForTheEndAndTypeNothing)
+TEST(CellEditor, EscapeAsksForTheEndAndTabForTheNextCellAndTypeNothing)
 {
+    CellEditor editor(u"a"_qs, 17.0, nullptr);
+    QStringList told;
+    QObject::connect(&editor, &CellEditor::endRequested, &editor, [&] { told.append(u"end"_qs); });
+    QObject::connect(&editor, &CellEditor::moveRequested, &editor,
+                     [&](int step) { told.append(QString::number(step)); });
     for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Tab, Qt::Key_Backtab}) {
-        CellEditor editor(u"a"_qs, 17.0, nullptr);
-        QSignalSpy end(&editor, &CellEditor::endRequested);
         QTest::keyClick(&editor, key);
-        EXPECT_EQ(end.count(), 1);
-        EXPECT_EQ(editor.text(), u"a"_qs);
     }
+    EXPECT_EQ(told, (QStringList{u"end"_qs, u"1"_qs, u"-1"_qs}));
+    EXPECT_EQ(editor.text(), u"a"_qs);
 }

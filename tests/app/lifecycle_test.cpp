@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/AlphaValue.h"
 #include "app/PreferenceKeys.h"
 #include "calendar/DayButton.h"
 #include "calendar/MiniCalendarGrid.h"
@@ -206,7 +207,7 @@ TEST_F(LifecycleTest, UsHolidaysAreOfferedInTheUnitedStatesAlone)
         const LocaleGuard locale(row.locale, {"en-US"});
         start();
         EXPECT_EQ(ui->importantDatesUSHolidays->isEnabled(), row.offered) << row.locale;
-        EXPECT_EQ(ui->importantDatesUSHolidays->alpha(), row.offered ? 1 : 0) << row.locale;
+        EXPECT_EQ(alphaValue(*ui->importantDatesUSHolidays), row.offered ? 1 : 0) << row.locale;
     }
 }
 

@@ -294,6 +294,39 @@ TEST_F(DatePickerTable, AFactoryMayRefuseARow)
     EXPECT_EQ(table.editedRow(), -1);
 }
 
+TEST_F(DatePickerTable, TheTabKeyGoesOnToTheNextCellThatCanBeEdited)
+{
+    table.editColumn(noteColumn, 2);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(table.editedColumn(), dayColumn);
+    EXPECT_EQ(table.editedRow(), 2);
+    QTest::keyClick(table.viewAt(dayColumn, 2), Qt::Key_Backtab);
+    EXPECT_EQ(table.editedColumn(), noteColumn);
+    EXPECT_EQ(editor().textCursor().selectedText(), u"note 2"_qs) << "typing replaces the text";
+    press(Qt::Key_Backtab);
+    EXPECT_EQ(table.editedRow(), -1);
+    EXPECT_TRUE(table.hasFocus());
+    table.editColumn(dayColumn, 2);
+    QTest::keyClick(table.viewAt(dayColumn, 2), Qt::Key_Tab);
+    EXPECT_EQ(table.editedRow(), -1) << "nothing comes after the last column";
+}
+
+TEST_F(DatePickerTable, TheTabKeyEndsTheEditWhereTheNextCellRefusesOne)
+{
+    table.editColumn(noteColumn, refusedRow);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(table.editedRow(), -1);
+}
+
+TEST_F(DatePickerTable, ReturnEditsTheTextAndThatIsSpoken)
+{
+    EXPECT_EQ(table.spokenColumn(), noteColumn);
+    table.setFocus();
+    table.selectRow(1);
+    QTest::keyClick(&table, Qt::Key_Return);
+    EXPECT_EQ(table.editedColumn(), noteColumn);
+}
+
 TEST_F(DatePickerTable, TheEndOfAControlsEditIsNotATextsEnd)
 {
     table.editColumn(dayColumn, 1);

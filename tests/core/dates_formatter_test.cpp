@@ -3,6 +3,7 @@
 #include "support/DateGuards.h"
 
 #include <gtest/gtest.h>
+#include <unicode/locid.h>
 
 namespace {
 
@@ -55,6 +56,24 @@ TEST_F(DateFormatterTest, StylesFollowTheLocale)
         DateFormatter formatter(row.locale);
         formatter.setDateStyle(row.style);
         EXPECT_EQ(formatter.stringFromDate(FifthOfMarch), row.text.toString()) << row.locale;
+    }
+}
+
+TEST_F(DateFormatterTest, LongStyleDatesParseBackToTheirDayInEveryLocale)
+{
+    int32_t count = 0;
+    const icu::Locale* locales = icu::Locale::getAvailableLocales(count);
+    ASSERT_GT(count, 500);
+    for (int32_t i = 0; i < count; ++i) {
+        DateFormatter formatter(locales[i].getName());
+        formatter.setDateStyle(DateFormatter::Style::Long);
+        for (unsigned month = 1; month <= 12; ++month) {
+            for (const unsigned day : {1U, 28U}) {
+                const Date date = utcDate(2026, month, day);
+                const QString text = formatter.stringFromDate(date);
+                EXPECT_EQ(formatter.dateFromString(text), date) << locales[i].getName() << ": " << text.toStdString();
+            }
+        }
     }
 }
 

@@ -165,6 +165,18 @@ TEST_F(DateUtilitiesTest, GregorianNumbersAndLengths)
     EXPECT_EQ(daysInMonth(utcDate(2024, 12, 31)), 31);
 }
 
+TEST_F(DateUtilitiesTest, JulianDaysCountFromMidnightToMidnightInTheZone)
+{
+    EXPECT_EQ(julianDayFromDate(utcDate(1970, 1, 1)), 2440588);
+    EXPECT_EQ(julianDayFromDate(utcDate(1969, 12, 31, 23, 59, 59)), 2440587);
+    EXPECT_EQ(julianDayFromDate(utcDate(2000, 1, 1, 12)), 2451545); // the epoch of astronomers
+    EXPECT_EQ(julianDayFromDate(utcDate(1800, 1, 1)), 2378497);
+    const TimeZoneGuard tokyo("Asia/Tokyo");
+    const LocaleGuard thai("th_TH", {"th"});
+    EXPECT_EQ(julianDayFromDate(utcDate(1969, 12, 31, 15)), 2440588);
+    EXPECT_EQ(julianDayFromDate(utcDate(1969, 12, 31, 14, 59)), 2440587);
+}
+
 TEST_F(DateUtilitiesTest, TwoDatesAreTheSameDayWhateverTheirTimes)
 {
     EXPECT_TRUE(isThisDate(FifthOfMarch, FifthOfMarch + 23h + 59min));

@@ -249,6 +249,43 @@ TEST_F(NoteQueriesTest, leavesATableAsItIsWithoutDescriptors)
     EXPECT_EQ(textsOf(table), (Texts{"b", "a"}));
 }
 
+TEST_F(NoteQueriesTest, findsTheRecordOfThatNameAtThatVeryInstant)
+{
+    const auto event = [](Date date, const char* name) {
+        return Value(Dictionary{{"EventDateKey", Value(date)}, {"EventNameKey", Value(name)}, {"x", Value(true)}});
+    };
+    const Table table = {Value("no record"), event(march1, "b"),       event(march1, "a"),
+                         event(march1, "a"), event(january31, "both"), withoutDate};
+    const auto find = [&](const char* name, Date date) {
+        return NoteQueries::copyDictWithHolidayDateAndDesc("EventNameKey", name, "EventDateKey", date, table);
+    };
+    EXPECT_EQ(find("a", march1), event(march1, "a"));
+    EXPECT_EQ(find("a", january31), std::nullopt);
+    EXPECT_EQ(find("A", march1), std::nullopt);
+    EXPECT_EQ(find("a", march1 + Date::duration(0.001)), std::nullopt);
+    EXPECT_EQ(find("both", january31), event(january31, "both"));
+}
+
+TEST_F(NoteQueriesTest, addsALineBelowANoteUnlessItIsInItAlready)
+{
+    Table table = {note(january31, "a"), note(march1, "Party at Ann's"), note(march1, "second")};
+    NoteQueries::addLineToNote(table, march1, "Ann");
+    EXPECT_EQ(textsOf(table), (Texts{"a", "Party at Ann's", "second"}));
+    NoteQueries::addLineToNote(table, march1, "ann");
+    EXPECT_EQ(textsOf(table), (Texts{"a", "Party at Ann's\rann", "second"}));
+    NoteQueries::addLineToNote(table, february29, "new");
+    EXPECT_EQ(textsOf(table), (Texts{"a", "Party at Ann's\rann", "second", "new"}));
+    EXPECT_EQ(table.last(), note(february29, "new"));
+}
+
+TEST_F(NoteQueriesTest, aLineIsAddedToAnEmptyNoteAndToOneWithoutAText)
+{
+    Table table = {note(march1, ""), Value(Dictionary{{"NoteDateKey", Value(february29)}, {"x", Value(true)}})};
+    NoteQueries::addLineToNote(table, march1, "Ann");
+    NoteQueries::addLineToNote(table, february29, "Ben");
+    EXPECT_EQ(table, (Table{note(march1, "\rAnn"), note(february29, "\rBen")}));
+}
+
 TEST_F(NoteQueriesTest, leavesACopyOfASortedTableAlone)
 {
     Table table = {note(march1, "b"), note(january31, "a")};

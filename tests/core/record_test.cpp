@@ -57,6 +57,16 @@ TEST(Record, WhatIsNoRecordGetsNoText)
     EXPECT_EQ(withText(Value("plain"), NoteDataKey, "new"), Value("plain"));
 }
 
+TEST(Record, ChangedDateLeavesForeignKeysAndTheOldRecordAlone)
+{
+    const Value old(Dictionary{{"Color", Value(2.5)}, {"EventDateKey", Value(day)}, {"EventNameKey", Value("a")}});
+    const Date later = day + Date::duration(86400);
+    EXPECT_EQ(withDate(old, EventDateKey, later),
+              Value(Dictionary{{"Color", Value(2.5)}, {"EventDateKey", Value(later)}, {"EventNameKey", Value("a")}}));
+    EXPECT_EQ(dateOf(old, EventDateKey), day);
+    EXPECT_EQ(withDate(Value("plain"), EventDateKey, later), Value("plain"));
+}
+
 TEST(CleanedNotes, KeepsOnlyTheTwoKeysOfNotesThatHaveBothInOrder)
 {
     const Value date(day);

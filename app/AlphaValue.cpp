@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include "app/AlphaValue.h"
+
+#include <QGraphicsOpacityEffect>
+#include <QWidget>
+
+void setAlphaValue(QWidget& control, double alpha)
+{
+    auto* effect = qobject_cast<QGraphicsOpacityEffect*>(control.graphicsEffect());
+    if (!effect) {
+        effect = new QGraphicsOpacityEffect(&control);
+        control.setGraphicsEffect(effect);
+    }
+    effect->setOpacity(alpha);
+}
+
+double alphaValue(const QWidget& control)
+{
+    const auto* effect = qobject_cast<QGraphicsOpacityEffect*>(control.graphicsEffect());
+    return effect ? effect->opacity() : 1.0;
+}

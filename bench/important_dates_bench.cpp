@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "app/Appearance.h"
+#include "dates/DatePicker.h"
+#include "host/linux/DesktopWorkspace.h"
+#include "host/linux/FolderOpenPanel.h"
+#include "host/linux/InstalledBundle.h"
+#include "host/linux/KernelClockMonitor.h"
+#include "host/linux/LinuxProcessInfo.h"
+#include "host/linux/NoLocationManager.h"
+#include "host/linux/NoNotificationCenter.h"
+#include "host/linux/SettingsUserDefaults.h"
+#include "notes/TableView.h"
+#include "store/Record.h"
+#include "ui_MainWindow.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QMainWindow>
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+// What a person waits for at the table of a hundred years of important dates. Each has to fit into one frame, 16 ms.
+
+namespace {
+
+constexpr int dateCount = 2'000;
+constexpr int dateColumn = 0;
+constexpr Date::duration daysBetween = std::chrono::hours(24) * 18;
+
+/// The program's window on a home of its own, with `dateCount` important dates up to today.
+struct Page {
+    Page()
+    {
+        layout.setupUi(&window);
+        applyStyleRules(window);
+        delegate = std::make_unique<AppDelegate>(window, layout,
+                                                 HostServices{.bundle = bundle,
+                                                              .clockMonitor = clockMonitor,
+                                                              .locationManager = locationManager,
+                                                              .openPanel = openPanel,
+                                                              .processInfo = processInfo,
+                                                              .userDefaults = userDefaults,
+                                                              .notificationCenter = notificationCenter,
+                                                              .workspace = workspace,
+                                                              .applicationSupport = home.path().toStdString()});
+        delegate->applicationWillFinishLaunching();
+        delegate->applicationDidFinishLaunching();
+        for (int i = 0; i < dateCount; ++i) {
+            delegate->eventsTVData->append(
+                makeEventRecord(DateEnvironment::now() - i * daysBetween,
+                                i % 7 == 0 ? "Somebody's birthday\nbring flowers" : "Somebody's birthday"));
+        }
+        table().reloadData();
+        paint();
+    }
+
+    TableView& table() { return *layout.importantDatesTableView; }
+    void paint() { table().render(&image); }
+
+    QTemporaryDir home;
+    InstalledBundle bundle;
+    KernelClockMonitor clockMonitor;
+    NoLocationManager locationManager;
+    FolderOpenPanel openPanel;
+    LinuxProcessInfo processInfo;
+    SettingsUserDefaults userDefaults;
+    NoNotificationCenter notificationCenter;
+    DesktopWorkspace workspace;
+    QMainWindow window;
+    Ui::MainWindow layout;
+    std::unique_ptr<AppDelegate> delegate;
+    QImage image{800, 600, QImage::Format_RGB32};
+};
+
+void reloadAndPaint(benchmark::State& state)
+{
+    Page page;
+    for (auto _ : state) {
+        page.table().reloadData();
+        page.paint();
+    }
+}
+
+void scrollByAPage(benchmark::State& state)
+{
+    Page page;
+    QScrollBar& bar = *page.table().verticalScrollBar();
+    for (auto _ : state) {
+        bar.setValue(bar.value() + bar.pageStep() < bar.maximum() ? bar.value() + bar.pageStep() : 0);
+        page.paint();
+    }
+}
+
+void openADatePicker(benchmark::State& state)
+{
+    Page page;
+    for (auto _ : state) {
+        page.table().editColumn(dateColumn, 1);
+        page.paint();
+        page.table().endEditing();
+    }
+}
+
+void pickAnotherDay(benchmark::State& state)
+{
+    Page page;
+    page.table().editColumn(dateColumn, 1);
+    auto* picker = qobject_cast<DatePicker*>(page.table().viewAt(dateColumn, 1));
+    for (auto _ : state) {
+        picker->setDate(picker->date().addDays(picker->date().day() % 2 == 0 ? 1 : -1));
+        page.paint();
+    }
+}
+
+void addARow(benchmark::State& state)
+{
+    Page page;
+    for (auto _ : state) {
+        page.delegate->addRowToImportDates();
+        page.paint();
+    }
+}
+
+} // namespace
+
+BENCHMARK(reloadAndPaint)->Unit(benchmark::kMillisecond);
+BENCHMARK(scrollByAPage)->Unit(benchmark::kMillisecond);
+BENCHMARK(openADatePicker)->Unit(benchmark::kMillisecond);
+BENCHMARK(pickAnotherDay)->Unit(benchmark::kMillisecond);
+BENCHMARK(addARow)->Unit(benchmark::kMillisecond)->Iterations(200);
+
+int main(int argc, char** argv)
+{
+    const QTemporaryDir settings;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
+    const QApplication application(argc, argv);
+    applyAppearance();
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}
