@@ -46,6 +46,7 @@ velumora_test(app-tests
 # The texts of the program and the room they have; with a catalogue of their own, of a language written from right to left.
 velumora_test(language-tests
     app/catalogue_test.cpp
+    app/help_pages_test.cpp
     app/translation_test.cpp
     app/window_fit_test.cpp
     LIBRARIES app-test-support
@@ -57,5 +58,5 @@ qt_add_resources(language-tests test_translations
     PREFIX /translations
     BASE ${CMAKE_CURRENT_BINARY_DIR}
     FILES ${test_catalogues})
-set_source_files_properties(app/catalogue_test.cpp PROPERTIES COMPILE_DEFINITIONS
+set_source_files_properties(app/catalogue_test.cpp app/help_pages_test.cpp PROPERTIES COMPILE_DEFINITIONS
     VELUMORA_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
