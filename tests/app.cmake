@@ -58,5 +58,5 @@ qt_add_resources(language-tests test_translations
     PREFIX /translations
     BASE ${CMAKE_CURRENT_BINARY_DIR}
     FILES ${test_catalogues})
-set_source_files_properties(app/catalogue_test.cpp app/help_pages_test.cpp PROPERTIES COMPILE_DEFINITIONS
+set_source_files_properties(app/catalogue_test.cpp app/help_pages_test.cpp app/web_version_server_test.cpp PROPERTIES COMPILE_DEFINITIONS
     VELUMORA_SOURCE_DIR="${CMAKE_SOURCE_DIR}")

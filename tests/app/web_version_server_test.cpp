@@ -2,7 +2,12 @@
 #include "support/LoopbackServer.h"
 #include "update/WebVersionServer.h"
 
+#include <QFile>
 #include <QNetworkProxy>
+#include <QSslCertificate>
+#include <QSslConfiguration>
+#include <QSslKey>
+#include <QSslServer>
 #include <QSslSocket>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -224,6 +229,76 @@ TEST_F(WebVersionServerTest, AnEncryptedServerMustBeOne)
     encrypted.setScheme(QStringLiteral("https"));
     server.answerAlways(LoopbackServer::reply("200 OK", "2.4"));
     EXPECT_EQ(WebVersionServer(encrypted, patience).newestVersion(), std::nullopt);
+}
+
+// --- Encrypted connections -------------------------------------------------------------------------------------------
+
+/// A server with a certificate of its own, which the system does not know.
+class EncryptedServerTest : public WebVersionServerTest {
+protected:
+    ~EncryptedServerTest() override { QSslConfiguration::setDefaultConfiguration(m_usual); }
+
+    static QByteArray testFile(const char* name)
+    {
+        QFile file(QStringLiteral(VELUMORA_SOURCE_DIR "/tests/data/tls/") + QString::fromLatin1(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        return file.readAll();
+    }
+
+    static std::unique_ptr<QTcpServer> encryptedServer()
+    {
+        QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+        configuration.setLocalCertificate(QSslCertificate(testFile("certificate.pem")));
+        configuration.setPrivateKey(QSslKey(testFile("key.pem"), QSsl::Ec));
+        auto made = std::make_unique<QSslServer>();
+        made->setSslConfiguration(configuration);
+        return made;
+    }
+
+    /// From now on the program knows the server's certificate, as it knows those of the system.
+    void trustTheServer() const
+    {
+        QSslConfiguration configuration = m_usual;
+        configuration.addCaCertificate(QSslCertificate(testFile("certificate.pem")));
+        QSslConfiguration::setDefaultConfiguration(configuration);
+    }
+
+    std::optional<QString> newestEncrypted() const
+    {
+        return WebVersionServer(encrypted.url(), patience).newestVersion();
+    }
+
+    LoopbackServer encrypted{QStringLiteral("https"), encryptedServer()};
+
+private:
+    QSslConfiguration m_usual = QSslConfiguration::defaultConfiguration();
+};
+
+TEST_F(EncryptedServerTest, OnlyOneWithATrustedCertificateIsHeard)
+{
+    encrypted.answerAlways(LoopbackServer::reply("200 OK", "2.4"));
+    EXPECT_EQ(newestEncrypted(), std::nullopt);
+    EXPECT_TRUE(encrypted.heads.isEmpty()) << "nothing was even asked";
+    trustTheServer();
+    EXPECT_EQ(newestEncrypted(), QStringLiteral("2.4"));
+}
+
+TEST_F(EncryptedServerTest, RedirectionsDoNotLeaveTheEncryption)
+{
+    trustTheServer();
+    server.answerAlways(LoopbackServer::reply("200 OK", "9.9"));
+    encrypted.answerAlways(
+        LoopbackServer::reply("302 Found", "", "Location: " + server.url().toString().toUtf8() + "/x\r\n"));
+    EXPECT_EQ(newestEncrypted(), std::nullopt);
+    EXPECT_TRUE(server.heads.isEmpty());
+}
+
+TEST_F(EncryptedServerTest, RedirectionsMayLeadIntoTheEncryption)
+{
+    trustTheServer();
+    encrypted.answerAlways(LoopbackServer::reply("200 OK", "2.4"));
+    redirectTo("302 Found", encrypted.url().toString().toUtf8() + "/x");
+    EXPECT_EQ(newest(), QStringLiteral("2.4"));
 }
 
 } // namespace

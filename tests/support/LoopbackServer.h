@@ -8,26 +8,33 @@
 #include <QUrl>
 
 #include <functional>
+#include <memory>
 
 /// A web server on the loopback interface, in the event loop of the test. Each request is answered by `answer`, which
 /// gets the head of the request and writes what it likes to the connection.
-class LoopbackServer : public QTcpServer {
+class LoopbackServer : public QObject {
 public:
     std::function<void(QTcpSocket& connection, const QByteArray& head)> answer;
     QList<QByteArray> heads; ///< of the requests that came, in order
 
-    LoopbackServer()
+    /// On a port of the system's choice. An encrypted `server` is spoken to as "https".
+    explicit LoopbackServer(const QString& scheme = QStringLiteral("http"),
+                            std::unique_ptr<QTcpServer> server = std::make_unique<QTcpServer>())
+        : m_scheme(scheme), m_server(std::move(server))
     {
-        listen(QHostAddress::LocalHost);
-        connect(this, &QTcpServer::newConnection, this, [this] {
-            while (QTcpSocket* connection = nextPendingConnection()) {
+        m_server->listen(QHostAddress::LocalHost);
+        connect(m_server.get(), &QTcpServer::pendingConnectionAvailable, this, [this] {
+            while (QTcpSocket* connection = m_server->nextPendingConnection()) {
                 connect(connection, &QTcpSocket::readyRead, this, [this, connection] { read(*connection); });
                 connect(connection, &QTcpSocket::disconnected, connection, &QObject::deleteLater);
             }
         });
     }
 
-    QUrl url() const { return QUrl(QStringLiteral("http://127.0.0.1:%1").arg(serverPort())); }
+    QUrl url() const { return QUrl(QStringLiteral("%1://127.0.0.1:%2").arg(m_scheme).arg(m_server->serverPort())); }
+
+    /// No connection is taken any more.
+    void close() { m_server->close(); }
 
     /// A whole reply of that status and body.
     static QByteArray reply(const QByteArray& status, const QByteArray& body, const QByteArray& headers = {})
@@ -54,4 +61,7 @@ private:
             answer(connection, head);
         }
     }
+
+    QString m_scheme;
+    std::unique_ptr<QTcpServer> m_server;
 };
