@@ -3,23 +3,30 @@
 
 import http.server
 import os
+import signal
 import threading
 import unittest
 
 from desktop.case import DesktopTest
+from desktop.waiting import PATIENCE
 
 PORT = int(os.environ["TEST_VERSION_PORT"])
 
 
 class VersionFile:
-    """A web server that holds the version file, or any other reply, while it is entered."""
+    """A web server that holds the version file, or any other reply, while it is entered. It answers when it may."""
 
     def __init__(self, body, status=200):
         self.paths = paths = []
+        self.asked = asked = threading.Event()
+        self.may_answer = may_answer = threading.Event()
+        may_answer.set()
 
         class Handler(http.server.BaseHTTPRequestHandler):
             def do_GET(self):
                 paths.append(self.path)
+                asked.set()
+                may_answer.wait()
                 self.send_response(status)
                 self.send_header("Content-Length", str(len(body)))
                 self.end_headers()
@@ -35,6 +42,7 @@ class VersionFile:
         return self
 
     def __exit__(self, *unused):
+        self.may_answer.set()
         self._server.shutdown()
         self._server.server_close()
 
@@ -50,7 +58,7 @@ class VersionCheckTest(DesktopTest):
 
     def ask(self, window):
         window.find("menu item", "Help").click()
-        window.find("menu item", "Check for a New Version…").press()
+        window.find("menu item", "Check for a New Version…").click()
 
     def test_a_newer_version_is_told_and_ok_opens_the_web_page(self):
         window = self.start_with_browser()
@@ -79,6 +87,26 @@ class VersionCheckTest(DesktopTest):
             self.assertEqual(dialog.description, "This version of Velumora (1.0) is the current version.")
             window.find("push button", "OK").press()
         window.wait_until_gone("dialog")
+
+    def test_nothing_that_is_typed_while_the_reply_is_on_its_way_is_done(self):
+        window = self.start()
+        with VersionFile(b"9.9") as file:
+            file.may_answer.clear()
+            self.ask(window)
+            self.assertTrue(file.asked.wait(PATIENCE))
+            window.key("ctrl+2")
+            file.may_answer.set()
+            window.find("dialog", "A new version of Velumora (9.9) is available.")
+            window.find("page tab list", "Calendar")
+
+    def test_the_system_can_end_the_program_while_the_reply_is_on_its_way(self):
+        window = self.start()
+        with VersionFile(b"9.9") as file:
+            file.may_answer.clear()
+            self.ask(window)
+            self.assertTrue(file.asked.wait(PATIENCE))
+            window.process.send_signal(signal.SIGTERM)
+            self.assertEqual(window.wait_for_end(), 0)
 
     def test_a_missing_file_and_a_missing_server_are_failures(self):
         window = self.start()
