@@ -24,7 +24,7 @@ constexpr int textWidth = 320;   ///< least width of the two texts
 constexpr int longestText = 320; ///< headline and body scroll when they are higher than this together
 constexpr int messagePixelSize = 14;
 constexpr qsizetype longestHeadline = 400; ///< characters; a longer one is shown without its middle
-constexpr qsizetype longestWord = 16;      ///< characters; a longer one goes on in the next line where it must
+constexpr qsizetype longestWord = 24;      ///< characters; a longer one goes on in the next line where it must
 
 /// A text as it is shown: carriage returns begin lines, as line feeds do, and the two together begin one.
 QString withLineFeeds(QString text)
@@ -61,7 +61,6 @@ QLabel* makeText(QWidget* parent)
     auto* label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setMinimumWidth(textWidth);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
 }
@@ -80,8 +79,12 @@ public:
 
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override { return std::min(widget()->heightForWidth(width), longestText); }
-    QSize sizeHint() const override { return {textWidth, heightForWidth(textWidth)}; }
-    QSize minimumSizeHint() const override { return {textWidth, fontMetrics().height()}; }
+    QSize sizeHint() const override { return {leastWidth(), heightForWidth(leastWidth())}; }
+    QSize minimumSizeHint() const override { return {leastWidth(), fontMetrics().height()}; }
+
+private:
+    /// What the longest word needs.
+    int leastWidth() const { return std::max(widget()->minimumSizeHint().width(), textWidth); }
 };
 
 } // namespace

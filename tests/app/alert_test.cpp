@@ -192,8 +192,9 @@ TEST_F(AlertTest, TextsOfAllLengthsLeaveTheButtonsInTheWindow)
 {
     const QString lines = QStringLiteral("\n").repeated(65536);
     const QString word(65536, QLatin1Char('w'));
+    const QString wideWord(23, QLatin1Char('W')); // one that is not broken
     const QString words = QStringLiteral("day note ").repeated(7000);
-    for (const QString& text : {lines, word, words, lines.first(400), word.first(400)}) {
+    for (const QString& text : {lines, word, words, wideWord, lines.first(400), word.first(400)}) {
         Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(body, text, ok, QString()));
         EXPECT_EQ(shown.messageText(), text);
         EXPECT_LT(shown.width(), window->width());
@@ -205,6 +206,15 @@ TEST_F(AlertTest, TextsOfAllLengthsLeaveTheButtonsInTheWindow)
             EXPECT_LE(label->minimumSizeHint().width(), label->width()) << "no word is cut off";
         }
         answer(1000);
+    }
+}
+
+TEST_F(AlertTest, ANarrowPanelGrowsWithAWideWord)
+{
+    const QString wideWord(23, QLatin1Char('W'));
+    AppDelegate::doSheetAlert(*window, wideWord, wideWord, ok, QString());
+    for (const QLabel* label : alert()->findChild<QScrollArea*>()->findChildren<QLabel*>()) {
+        EXPECT_LE(label->minimumSizeHint().width(), label->visibleRegion().boundingRect().width());
     }
 }
 

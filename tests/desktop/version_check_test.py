@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """The check for a new version, asked for from the menu and answered by a real web server on the loopback interface."""
 
+import contextlib
 import http.server
 import os
 import signal
@@ -27,10 +28,11 @@ class VersionFile:
                 paths.append(self.path)
                 asked.set()
                 may_answer.wait()
-                self.send_response(status)
-                self.send_header("Content-Length", str(len(body)))
-                self.end_headers()
-                self.wfile.write(body)
+                with contextlib.suppress(ConnectionError):  # the program may have gone
+                    self.send_response(status)
+                    self.send_header("Content-Length", str(len(body)))
+                    self.end_headers()
+                    self.wfile.write(body)
 
             def log_message(self, *arguments):
                 pass
