@@ -121,6 +121,12 @@ public:
     /// Every colour that the window shows is drawn anew.
     void appearanceHasChanged();
 
+    // --- Version check -----------------------------------------------------------------------------------------------
+
+    /// Fetches the newest version and tells whether it is newer than this one. Returns when the sheet that says so has
+    /// begun, or waits behind another.
+    void doNewVersionCheck();
+
     // --- Store -------------------------------------------------------------------------------------------------------
 
     /// Every note in file order; the rows of the notes list; every important date.

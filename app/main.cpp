@@ -15,6 +15,7 @@
 #include "host/linux/TemporaryFolder.h"
 #include "host/linux/TerminationSignals.h"
 #include "ui_MainWindow.h"
+#include "update/WebVersionServer.h"
 
 #include <QApplication>
 #include <QDir>
@@ -73,6 +74,7 @@ int main(int argc, char** argv)
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
     NoNotificationCenter notificationCenter;
+    WebVersionServer versionServer(QUrl(QStringLiteral(VELUMORA_VERSION_SERVER)));
     DesktopWorkspace workspace;
 
     QMainWindow window;
@@ -89,6 +91,7 @@ int main(int argc, char** argv)
                           .processInfo = processInfo,
                           .userDefaults = userDefaults,
                           .notificationCenter = notificationCenter,
+                          .versionServer = versionServer,
                           .workspace = workspace,
                           .applicationSupport = applicationSupportFolder(),
                           .temporaryFolder = temporaryFolder()});

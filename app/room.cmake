@@ -1,5 +1,7 @@
 set(VELUMORA_WEB_PAGE "https://velumora.invalid/" CACHE STRING
     "The product's web page; the default resolves nowhere")
+set(VELUMORA_VERSION_SERVER "https://velumora.invalid" CACHE STRING
+    "Scheme and host of the web server that tells the newest version; the default resolves nowhere")
 
 # Texts of layouts come from the same catalogue, in the same context, as those of the code.
 set_target_properties(velumora-app PROPERTIES
@@ -74,7 +76,11 @@ target_sources(velumora-app PRIVATE
     notes/SegmentedControl.h
     resources/velumora.qrc
     store/AppDelegate+Store.cpp
+    update/AppDelegate+VersionCheck.cpp
+    update/WebVersionServer.cpp
+    update/WebVersionServer.h
 )
 
 add_executable(velumora app/main.cpp)
 target_link_libraries(velumora PRIVATE velumora-app)
+target_compile_definitions(velumora PRIVATE VELUMORA_VERSION_SERVER="${VELUMORA_VERSION_SERVER}")

@@ -20,6 +20,18 @@
         <translation>„%@“ wurde in die Notiz für den %@ aufgenommen</translation>
     </message>
     <message>
+        <source>) is available.</source>
+        <translation>) ist verfügbar.</translation>
+    </message>
+    <message>
+        <source>) is the current version.</source>
+        <translation>) ist die aktuelle Version.</translation>
+    </message>
+    <message>
+        <source>A new version of Velumora (</source>
+        <translation>Eine neue Version von Velumora (</translation>
+    </message>
+    <message>
         <source>&amp;About Velumora</source>
         <translation>Ü&amp;ber Velumora</translation>
     </message>
@@ -144,12 +156,16 @@
         <translation>Notizen &amp;suchen …</translation>
     </message>
     <message>
+        <source>For week beginning:</source>
+        <translation>Woche ab:</translation>
+    </message>
+    <message>
         <source>Go to Velumora web page</source>
         <translation>Zur Webseite von Velumora</translation>
     </message>
     <message>
-        <source>For week beginning:</source>
-        <translation>Woche ab:</translation>
+        <source>Go to web site</source>
+        <translation>Zur Website</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -170,6 +186,10 @@
     <message>
         <source>Important Dates TableView</source>
         <translation>Tabelle der wichtigen Tage</translation>
+    </message>
+    <message>
+        <source>It can be downloaded from the Velumora web site. </source>
+        <translation>Sie kann von der Velumora-Website geladen werden. </translation>
     </message>
     <message>
         <source>Mini Calendar&apos;s Month</source>
@@ -440,8 +460,16 @@
         <translation>Die Mitteilung gilt diesem Tag und dieser Notiz:</translation>
     </message>
     <message>
+        <source>The Velumora web site could not be contacted.</source>
+        <translation>Die Velumora-Website ist nicht erreichbar.</translation>
+    </message>
+    <message>
         <source>The week starts on:</source>
         <translation>Die Woche beginnt am:</translation>
+    </message>
+    <message>
+        <source>This version of Velumora (</source>
+        <translation>Diese Version von Velumora (</translation>
     </message>
     <message>
         <source>To Delete a Row, please select one</source>
@@ -498,6 +526,10 @@
     <message>
         <source>Velumora &amp;Web Page</source>
         <translation>&amp;Webseite von Velumora</translation>
+    </message>
+    <message>
+        <source>Version check failed.</source>
+        <translation>Die Versionsprüfung ist fehlgeschlagen.</translation>
     </message>
     <message>
         <source>&amp;View</source>

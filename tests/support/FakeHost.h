@@ -10,6 +10,7 @@
 #include "host/ProcessInfo.h"
 #include "host/UserDefaults.h"
 #include "host/UserNotificationCenter.h"
+#include "host/VersionServer.h"
 #include "host/Workspace.h"
 
 #include <QCoreApplication>
@@ -168,6 +169,23 @@ private:
     Journal& m_journal;
 };
 
+/// Answers at once with `reply`, after `onFetch`.
+class FakeVersionServer : public VersionServer {
+public:
+    std::optional<QString> reply;
+    std::function<void()> onFetch;
+    int fetches = 0;
+
+    std::optional<QString> newestVersion() override
+    {
+        ++fetches;
+        if (onFetch) {
+            onFetch();
+        }
+        return reply;
+    }
+};
+
 /// Opens nothing; remembers what was asked for.
 class FakeWorkspace : public Workspace {
 public:
@@ -202,6 +220,7 @@ struct FakeHost {
     FakeProcessInfo processInfo{journal};
     FakeUserDefaults userDefaults{journal};
     FakeUserNotificationCenter notificationCenter{journal};
+    FakeVersionServer versionServer;
     FakeWorkspace workspace;
     std::optional<std::filesystem::path> temporaryFolder;
 
@@ -215,6 +234,7 @@ struct FakeHost {
                 .processInfo = processInfo,
                 .userDefaults = userDefaults,
                 .notificationCenter = notificationCenter,
+                .versionServer = versionServer,
                 .workspace = workspace,
                 .applicationSupport = std::move(applicationSupport),
                 .temporaryFolder = temporaryFolder};
