@@ -199,6 +199,7 @@ void AppDelegate::connectMenu()
         });
     };
     wire(m_ui.saveAction, &AppDelegate::saveAll);
+    wire(m_ui.importAction, &AppDelegate::askAboutImport);
     wire(m_ui.showDataFolderAction, &AppDelegate::showDataFilesInFinder);
     wire(m_ui.quitAction, [this] { Q_EMIT terminated(); });
     wire(m_ui.preferencesAction, &AppDelegate::openClosePrefsSheet);

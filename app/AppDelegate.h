@@ -138,6 +138,12 @@ public:
     void loadTables();
     void saveTVDataToFile(QAbstractButton& sender);
 
+    /// Asks for the older product's folder and takes its files over once that is confirmed. They are only read.
+    void askAboutImport();
+
+    /// Saves the table in `source` under `fileName` and gives it back; one that cannot be read removes the file.
+    std::optional<Table> importTALVDataFiles(const std::filesystem::path& source, const std::string& fileName);
+
     /// The save command of the menu: what the enabled save buttons do.
     void saveAll();
 
@@ -280,6 +286,10 @@ private:
     void connectEditMenu();
     void configureTables();
     void redrawPage(const QWidget& page);
+
+    void confirmImport(const std::filesystem::path& folder);
+    void importNotes(const std::filesystem::path& source);
+    void importEvents(const std::filesystem::path& source);
 
     MonthGrid::YearMonth shownOrCurrentMonth() const;
     Table notesOfMonth(Date date) const;

@@ -75,6 +75,7 @@ target_sources(velumora-app PRIVATE
     notes/SegmentedControl.cpp
     notes/SegmentedControl.h
     resources/velumora.qrc
+    store/AppDelegate+LegacyImport.cpp
     store/AppDelegate+Store.cpp
     update/AppDelegate+VersionCheck.cpp
     update/WebVersionServer.cpp

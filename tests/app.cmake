@@ -35,6 +35,7 @@ velumora_test(app-tests
     app/help_test.cpp
     app/host_test.cpp
     app/keyboard_test.cpp
+    app/legacy_import_test.cpp
     app/lifecycle_test.cpp
     app/mini_calendar_test.cpp
     app/monthly_print_test.cpp

@@ -4,6 +4,14 @@
 <context>
     <name>Velumora</name>
     <message>
+        <source>	• TALV was never installed and used on this Mac, so data files weren't created.<byte value="xd"/><byte value="xd"/></source>
+        <translation>	• TALV wurde auf diesem Rechner nie benutzt, es gibt also keine Dateien.<byte value="xd"/><byte value="xd"/></translation>
+    </message>
+    <message>
+        <source>	• TALV's data folder exists but its data files are missing.<byte value="xd"/><byte value="xd"/></source>
+        <translation>	• Den Ordner von TALV gibt es, aber die Dateien fehlen.<byte value="xd"/><byte value="xd"/></translation>
+    </message>
+    <message>
         <source>%@ has been selected. Choose an option below to continue.</source>
         <translation>Gewählt: %@. Was soll geschehen?</translation>
     </message>
@@ -26,6 +34,14 @@
     <message>
         <source>) is the current version.</source>
         <translation>) ist die aktuelle Version.</translation>
+    </message>
+    <message>
+        <source>1. First select the 'TALV' folder. If the TALV folder exists, it should already be selected in this open dialog.<byte value="xd"/><byte value="xd"/></source>
+        <translation>1. Zuerst den Ordner „TALV“ auswählen. Wenn es ihn gibt, ist er hier schon ausgewählt.<byte value="xd"/><byte value="xd"/></translation>
+    </message>
+    <message>
+        <source>2. Use the 'Choose' button to grant permission to the TALV files.<byte value="xd"/></source>
+        <translation>2. Mit „Auswählen“ den Zugriff auf die Dateien erlauben.<byte value="xd"/></translation>
     </message>
     <message>
         <source>A new version of Velumora (</source>
@@ -64,6 +80,12 @@
         <translation>schon als wichtiger Tag gespeichert</translation>
     </message>
     <message>
+        <source>Any existing Velumora data will be overwritten, so be prepared.
+</source>
+        <translation>Was Velumora schon enthält, wird überschrieben.
+</translation>
+    </message>
+    <message>
         <source>&amp;Calendar</source>
         <translation>&amp;Kalender</translation>
     </message>
@@ -80,8 +102,16 @@
         <translation>Nicht löschen</translation>
     </message>
     <message>
+        <source>Cancel TALV Data Import</source>
+        <translation>Nicht importieren</translation>
+    </message>
+    <message>
         <source>&amp;Check for a New Version…</source>
         <translation>Nach &amp;neuer Version suchen …</translation>
+    </message>
+    <message>
+        <source>Choose</source>
+        <translation>Auswählen</translation>
     </message>
     <message>
         <source>Close</source>
@@ -92,8 +122,16 @@
         <translation>Löschen</translation>
     </message>
     <message>
+        <source>Confirm TALV Data Import</source>
+        <translation>Daten von TALV importieren</translation>
+    </message>
+    <message>
         <source>&amp;Copy</source>
         <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Could not find TALV's data files( notes or events ).<byte value="xd"/> No import possible.</source>
+        <translation>Die Dateien von TALV (Notizen oder Tage) wurden nicht gefunden.<byte value="xd"/> Ein Import ist nicht möglich.</translation>
     </message>
     <message>
         <source>Cu&amp;t</source>
@@ -144,6 +182,12 @@
         <translation>Vergangen</translation>
     </message>
     <message>
+        <source>Existing TALV data remains intact for those running TALV.
+</source>
+        <translation>Die Daten von TALV bleiben unverändert.
+</translation>
+    </message>
+    <message>
         <source>Failed to post notification</source>
         <translation>Keine Mitteilung möglich</translation>
     </message>
@@ -176,8 +220,26 @@
         <translation>Alle verbergen</translation>
     </message>
     <message>
+        <source>If TALV's data is imported, please be aware of these *impacts*:
+</source>
+        <translation>Der Import hat diese *Folgen*:
+</translation>
+    </message>
+    <message>
+        <source>If the folder and files exist, they should be located at the following path:<byte value="xd"/>/Users/YourUserName/Library/Application Support/TALV<byte value="xd"/><byte value="xd"/></source>
+        <translation>Wenn es Ordner und Dateien gibt, liegen sie hier:<byte value="xd"/>/Users/YourUserName/Library/Application Support/TALV<byte value="xd"/><byte value="xd"/></translation>
+    </message>
+    <message>
+        <source>Import Notes and Dates</source>
+        <translation>Notizen und Tage importieren</translation>
+    </message>
+    <message>
         <source>&amp;Import Notes and Dates…</source>
         <translation>Notizen und Tage &amp;importieren …</translation>
+    </message>
+    <message>
+        <source>Import TALV's notes &amp; events data?</source>
+        <translation>Notizen und Tage von TALV importieren?</translation>
     </message>
     <message>
         <source>Important Dates</source>
@@ -448,6 +510,10 @@
         <translation>Fehler in tableView:heightOfRow</translation>
     </message>
     <message>
+        <source>Thanks for letting me know. I'll look for my TALV data or enter myself</source>
+        <translation>Danke, ich suche meine Daten von TALV oder gebe sie selbst ein</translation>
+    </message>
+    <message>
         <source>The current month&apos;s notes</source>
         <translation>Die Notizen des aktuellen Monats</translation>
     </message>
@@ -466,6 +532,18 @@
     <message>
         <source>The week starts on:</source>
         <translation>Die Woche beginnt am:</translation>
+    </message>
+    <message>
+        <source>There is no undo from the import. Backups make good sense. Hint
+
+</source>
+        <translation>Der Import lässt sich nicht rückgängig machen. Eine Sicherung ist ratsam.
+
+</translation>
+    </message>
+    <message>
+        <source>This usually means one of the following:<byte value="xd"/><byte value="xd"/></source>
+        <translation>Meist hat das einen dieser Gründe:<byte value="xd"/><byte value="xd"/></translation>
     </message>
     <message>
         <source>This version of Velumora (</source>
@@ -514,6 +592,10 @@
     <message>
         <source>Velumora is attempting to respond to a Notification Center message but cannot.</source>
         <translation>Velumora kann auf eine Mitteilung nicht antworten.</translation>
+    </message>
+    <message>
+        <source>Velumora needs permission to access your TALV data files.<byte value="xd"/></source>
+        <translation>Velumora braucht Zugriff auf die Dateien von TALV.<byte value="xd"/></translation>
     </message>
     <message>
         <source>Velumora opens with:</source>
