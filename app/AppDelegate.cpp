@@ -69,6 +69,7 @@ AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, cons
     connectEditMenu();
     connectHolidaySheet();
     makeImportantDatesContextMenu();
+    makeSendNotificationContextMenu();
 }
 
 AppDelegate::~AppDelegate() = default;

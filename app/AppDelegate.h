@@ -10,6 +10,7 @@
 #include "host/UserNotificationCenter.h"
 #include "notes/TableViewDelegate.h"
 #include "store/DataFolder.h"
+#include "store/Record.h"
 #include "store/SaveQueue.h"
 #include "store/Value.h"
 
@@ -193,6 +194,9 @@ public:
 
     void drawCurrMonthsDayOnAppIcon();
 
+    /// Waits for the window's first picture, after which the icon is handed over.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     // --- Notes list --------------------------------------------------------------------------------------------------
 
     void showNotesForThisMonthYear(Date date);
@@ -238,11 +242,23 @@ public:
     /// Adds the ticked holidays as dates; for the one sender as notes of their days too.
     void addDatesFromHolidaySheet(QAbstractButton& sender);
 
-    /// Retitles a context menu before it opens.
-    void menuNeedsUpdate(QMenu& menu);
-
     /// Adds the description of the clicked date to the shown note of its day, or of the same day this year.
     void importantDatesRespondToContextMenu(const QAction& sender);
+
+    // --- Reminders ---------------------------------------------------------------------------------------------------
+
+    /// Retitles a context menu, of the notes or of the important dates, before it opens.
+    void menuNeedsUpdate(QMenu& menu);
+
+    /// Schedules the one reminder: the clicked note's, at midnight at the start of its day.
+    void respondToContextualMenuTab1(const QAction& sender);
+
+    /// Shows the note of a reminder that was clicked, also as the only row of the notes list.
+    void respondWithContent(const NotificationContent& content);
+
+    NotificationOptions willPresentNotification(const NotificationRequest& request) override;
+    void didReceiveNotificationResponse(const NotificationResponse& response,
+                                        const std::function<void()>& completionHandler) override;
 
     // --- Location ----------------------------------------------------------------------------------------------------
 
@@ -281,9 +297,17 @@ private:
     void colorDatePicker(DatePicker& picker, int row) const;
     void colorDatePickers();
     void makeImportantDatesContextMenu();
+    void updateImportantDatesContextMenu();
     const Value* clickedEvent() const;
     void takeInDateNotes();
     void forgetDateNotes(Date date);
+
+    void makeSendNotificationContextMenu();
+    void updateSendNotificationContextMenu();
+    std::optional<DatedText> clickedNote() const;
+    void answerReminderRequest(AuthorizationStatus status, const DatedText& note);
+    void scheduleReminder(const DatedText& note);
+    void showOnlyNoteOf(Date date);
 
     QMainWindow& m_window;
     Ui::MainWindow& m_ui;
@@ -292,6 +316,7 @@ private:
     std::unique_ptr<Ui::HolidaySheet> m_holidayLayout;
     QDialog* m_holidaySheet = nullptr;            ///< the window's
     QMenu* m_importantDatesContextMenu = nullptr; ///< the window's
+    QMenu* m_sendNotificationContextMenu = nullptr;
     HostServices m_host;
 
     /// Lines added to shown notes from important dates, each as a note of its day, until the notes are saved.
@@ -308,5 +333,6 @@ private:
     std::optional<DateFormatter> m_sharedListDateFormatter;
 
     QTimer m_minuteTimer{this};
+    QTimer m_iconTimer;                 ///< hands the desktop the icon
     bool m_missingTextReported = false; ///< while the alert about a missing text is up
 };

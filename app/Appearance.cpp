@@ -84,9 +84,8 @@ void applyStyle()
 
 void applyAppearance(Appearance appearance, QWidget& window)
 {
-    window.setStyleSheet({}); // widgets under a style sheet keep the palette that it made for them
     QApplication::setPalette(calmPalette(appearance));
-    applyStyleRules(window);
+    applyStyleRules(window); // anew: widgets under a style sheet keep the palette that it made for them
 }
 
 void applyStyleRules(QWidget& window)

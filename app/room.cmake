@@ -44,6 +44,8 @@ target_sources(velumora-app PRIVATE
     calendar/DayButton.h
     calendar/DayNumber.cpp
     calendar/DayNumber.h
+    calendar/DockIcon.cpp
+    calendar/DockIcon.h
     calendar/FittedText.cpp
     calendar/FittedText.h
     calendar/HiddenDatePicker.h
@@ -67,6 +69,7 @@ target_sources(velumora-app PRIVATE
     dates/DatePicker.h
     notes/AppDelegate+NoteEditing.cpp
     notes/AppDelegate+NotesList.cpp
+    notes/AppDelegate+Reminders.cpp
     notes/SegmentedControl.cpp
     notes/SegmentedControl.h
     resources/velumora.qrc

@@ -109,7 +109,7 @@ void pickAnotherDay(benchmark::State& state)
     page.table().editColumn(dateColumn, 1);
     auto* picker = qobject_cast<DatePicker*>(page.table().viewAt(dateColumn, 1));
     for (auto _ : state) {
-        picker->setDate(picker->date().addDays(picker->date().day() % 2 == 0 ? 1 : -1));
+        picker->chooseDay(picker->day().addDays(picker->day().day() % 2 == 0 ? 1 : -1));
         page.paint();
     }
 }

@@ -118,3 +118,11 @@ const std::string& DateEnvironment::timeZone()
 {
     return environment().timeZone;
 }
+
+std::string DateEnvironment::timeZoneIdentifier()
+{
+    const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createDefault());
+    icu::UnicodeString identifier;
+    std::string utf8;
+    return zone->getID(identifier).toUTF8String(utf8);
+}

@@ -6,6 +6,8 @@ target_sources(velumora-core PRIVATE
     dates/DateFormatter.h
     dates/DateUtilities.cpp
     dates/DateUtilities.h
+    dates/DayText.cpp
+    dates/DayText.h
     dates/ElapsedDate.cpp
     dates/ElapsedDate.h
     dates/Holidays.cpp

@@ -30,6 +30,7 @@ velumora_test(app-tests
     app/alert_test.cpp
     app/appearance_test.cpp
     app/contrast_test.cpp
+    app/dock_icon_test.cpp
     app/help_test.cpp
     app/host_test.cpp
     app/keyboard_test.cpp
@@ -42,6 +43,7 @@ velumora_test(app-tests
     app/note_field_test.cpp
     app/notes_list_test.cpp
     app/preferences_test.cpp
+    app/reminders_test.cpp
     app/store_test.cpp
     app/temporary_folder_test.cpp
     app/weekly_view_test.cpp

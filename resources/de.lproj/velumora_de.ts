@@ -20,10 +20,6 @@
         <translation>„%@“ wurde in die Notiz für den %@ aufgenommen</translation>
     </message>
     <message>
-        <source>** put new date Description here **</source>
-        <translation>** hier die neue Beschreibung eingeben **</translation>
-    </message>
-    <message>
         <source>&amp;About Velumora</source>
         <translation>Ü&amp;ber Velumora</translation>
     </message>
@@ -136,6 +132,10 @@
         <translation>Vergangen</translation>
     </message>
     <message>
+        <source>Failed to post notification</source>
+        <translation>Keine Mitteilung möglich</translation>
+    </message>
+    <message>
         <source>&amp;File</source>
         <translation>&amp;Datei</translation>
     </message>
@@ -188,6 +188,10 @@
         <translation>Monate</translation>
     </message>
     <message>
+        <source>Need User Permission to post a notification for %@<byte value="xd"/><byte value="xd"/>%@<byte value="xd"/><byte value="xd"/>Recommend granting permission in System Preferences</source>
+        <translation>Für die Mitteilung am %@ fehlt die Erlaubnis<byte value="xd"/><byte value="xd"/>%@<byte value="xd"/><byte value="xd"/>Mitteilungen lassen sich in den Systemeinstellungen erlauben</translation>
+    </message>
+    <message>
         <source>&amp;Next Month</source>
         <translation>&amp;Nächster Monat</translation>
     </message>
@@ -232,6 +236,10 @@
         <translation>Notiz ergänzt</translation>
     </message>
     <message>
+        <source>Note not selected, please try again</source>
+        <translation>Keine Notiz gewählt, bitte noch einmal versuchen</translation>
+    </message>
+    <message>
         <source>Notes</source>
         <translation>Notizen</translation>
     </message>
@@ -270,6 +278,10 @@
     <message>
         <source>Notes TableView</source>
         <translation>Tabelle der Notizen</translation>
+    </message>
+    <message>
+        <source>Notification failed to schedule for the following:</source>
+        <translation>Diese Mitteilung konnte nicht vorgemerkt werden:</translation>
     </message>
     <message>
         <source>of important note for %@ ?</source>
@@ -352,6 +364,18 @@
         <translation>&amp;Wiederholen</translation>
     </message>
     <message>
+        <source>Remind me about this note via the System Notification Center on: %@</source>
+        <translation>Mit einer Mitteilung an diese Notiz erinnern am: %@</translation>
+    </message>
+    <message>
+        <source>Reminder '%@'<byte value="xd"/><byte value="xd"/>scheduled for date: %@</source>
+        <translation>Erinnerung „%@“<byte value="xd"/><byte value="xd"/>vorgemerkt für: %@</translation>
+    </message>
+    <message>
+        <source>Reminders can be scheduled only for future dates. Try again.</source>
+        <translation>Erinnern lassen kann man sich nur an künftige Tage.</translation>
+    </message>
+    <message>
         <source>&amp;Save</source>
         <translation>&amp;Speichern</translation>
     </message>
@@ -412,6 +436,10 @@
         <translation>Der Kalender für Tagesnotizen</translation>
     </message>
     <message>
+        <source>The Notification Center message is for the following date and note:</source>
+        <translation>Die Mitteilung gilt diesem Tag und dieser Notiz:</translation>
+    </message>
+    <message>
         <source>The week starts on:</source>
         <translation>Die Woche beginnt am:</translation>
     </message>
@@ -456,8 +484,16 @@
         <translation>Velumora-&amp;Hilfe</translation>
     </message>
     <message>
+        <source>Velumora is attempting to respond to a Notification Center message but cannot.</source>
+        <translation>Velumora kann auf eine Mitteilung nicht antworten.</translation>
+    </message>
+    <message>
         <source>Velumora opens with:</source>
         <translation>Velumora zeigt beim Start:</translation>
+    </message>
+    <message>
+        <source>Velumora Reminder</source>
+        <translation>Erinnerung von Velumora</translation>
     </message>
     <message>
         <source>Velumora &amp;Web Page</source>
@@ -468,12 +504,20 @@
         <translation>&amp;Ansicht</translation>
     </message>
     <message>
+        <source>Warning: No Notes Data Found in 'respondWithContent:'</source>
+        <translation>Warnung: keine Notizen gefunden in „respondWithContent:“</translation>
+    </message>
+    <message>
         <source>&amp;Week</source>
         <translation>&amp;Woche</translation>
     </message>
     <message>
         <source>Week</source>
         <translation>Woche</translation>
+    </message>
+    <message>
+        <source>When the Notification Center reminder appears, click on it to open the note with Velumora</source>
+        <translation>Wenn die Erinnerung erscheint, öffnet ein Klick auf sie die Notiz in Velumora</translation>
     </message>
     <message>
         <source>Which notes to show</source>

@@ -2,9 +2,13 @@
 #include "app/Appearance.h"
 #include "notes/NamedColor.h"
 #include "support/AppFixture.h"
+#include "support/Contrast.h"
 #include "support/Screenshot.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QRadioButton>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -84,6 +88,42 @@ TEST_F(AppearanceTest, AnOpenSheetChangesWithTheWindow)
     EXPECT_EQ(picture(sheet), startedLight);
 }
 
+TEST_F(AppearanceTest, TheOpenHolidaySheetChangesWithTheWindow)
+{
+    const auto openSheet = [this](Appearance appearance) -> QWidget& {
+        startIn(appearance);
+        ui->importantDatesUSHolidays->click();
+        runQueued();
+        return *window->findChild<QWidget*>(QStringLiteral("holidaySheet"));
+    };
+    const QImage startedDark = picture(openSheet(Appearance::Dark));
+    QWidget& sheet = openSheet(Appearance::Light);
+    ASSERT_TRUE(sheet.isVisible());
+    const QImage startedLight = picture(sheet);
+    host.globalDefaults.setInterfaceStyle(dark);
+    EXPECT_EQ(picture(sheet), startedDark);
+    host.globalDefaults.setInterfaceStyle(std::nullopt);
+    EXPECT_EQ(picture(sheet), startedLight);
+}
+
+TEST_F(AppearanceTest, ADateThatIsBeingChosenChangesWithTheWindow)
+{
+    const auto editDate = [this](Appearance appearance) {
+        startIn(appearance);
+        ui->importantDatesTableView->editColumn(0, 0);
+        ASSERT_TRUE(ui->importantDatesTableView->viewAt(0, 0));
+    };
+    editDate(Appearance::Dark);
+    const QImage startedDark = picture(*window);
+    editDate(Appearance::Light);
+    const QImage startedLight = picture(*window);
+    host.globalDefaults.setInterfaceStyle(dark);
+    EXPECT_EQ(picture(*window), startedDark);
+    saveScreenshot(picture(*window));
+    host.globalDefaults.setInterfaceStyle(std::nullopt);
+    EXPECT_EQ(picture(*window), startedLight);
+}
+
 TEST_F(AppearanceTest, AnOpenAlertChangesWithTheWindow)
 {
     const auto openAlert = [this](Appearance appearance) -> QWidget& {
@@ -99,6 +139,42 @@ TEST_F(AppearanceTest, AnOpenAlertChangesWithTheWindow)
     saveScreenshot(picture(sheet));
     host.globalDefaults.setInterfaceStyle(std::nullopt);
     EXPECT_EQ(picture(sheet), startedLight);
+}
+
+TEST_F(AppearanceTest, ChosenAndUnchosenAreToldApartOnEveryGround)
+{
+    QWidget sheet;
+    QVBoxLayout column(&sheet);
+    QRadioButton radio;
+    QCheckBox box;
+    for (QAbstractButton* button : {static_cast<QAbstractButton*>(&radio), static_cast<QAbstractButton*>(&box)}) {
+        button->setText(QStringLiteral("Choice"));
+        button->setFocusPolicy(Qt::NoFocus);
+        column.addWidget(button);
+    }
+    radio.setAutoExclusive(false);
+    for (const Appearance appearance : {Appearance::Light, Appearance::Dark}) {
+        applyAppearance(appearance, sheet);
+        const QColor ground = calmPalette(appearance).color(QPalette::Window);
+        for (QAbstractButton* button : {static_cast<QAbstractButton*>(&radio), static_cast<QAbstractButton*>(&box)}) {
+            button->setChecked(false);
+            const QImage unchosen = picture(sheet);
+            button->setChecked(true);
+            const QImage chosen = picture(sheet);
+            saveScreenshot(chosen, QString::fromLatin1(button->metaObject()->className()) +
+                                       (appearance == Appearance::Dark ? QStringLiteral("-dark") : QString()));
+            button->setChecked(false);
+            const int middle = button->geometry().center().y();
+            double edge = 0;
+            double mark = 0;
+            for (int x = button->x(); x < button->x() + 16; ++x) { // the indicator
+                edge = std::max(edge, contrast(unchosen.pixelColor(x, middle), ground));
+                mark = std::max(mark, contrast(chosen.pixelColor(x, middle), unchosen.pixelColor(x, middle)));
+            }
+            EXPECT_GE(edge, 3) << button->metaObject()->className();
+            EXPECT_GE(mark, 3) << button->metaObject()->className();
+        }
+    }
 }
 
 TEST_F(AppearanceTest, AnEditGoesOnThroughTheChange)

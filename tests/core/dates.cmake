@@ -9,6 +9,7 @@ velumora_test(date-tests
     core/dates_week_test.cpp
     core/dates_zones_test.cpp
     core/holidays_easter_test.cpp
+    core/day_text_test.cpp
     core/holidays_test.cpp
     core/paper_size_test.cpp
     support/DateGuards.cpp

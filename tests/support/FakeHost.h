@@ -12,6 +12,7 @@
 #include "host/UserNotificationCenter.h"
 #include "host/Workspace.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <functional>
@@ -130,14 +131,40 @@ class FakeUserNotificationCenter : public UserNotificationCenter {
 public:
     explicit FakeUserNotificationCenter(Journal& journal) : m_journal(journal) {}
     UserNotificationCenterDelegate* delegate = nullptr;
+    AuthorizationStatus status = AuthorizationStatus::Authorized;
+    std::optional<QString> refusal; ///< of every request
+    QList<NotificationOptions> askedFor;
+    QList<NotificationRequest> requests;
+    QStringList removed;
 
     void setDelegate(UserNotificationCenterDelegate& newDelegate) override
     {
         delegate = &newDelegate;
         m_journal.add(QStringLiteral("setDelegate"));
     }
+    void requestAuthorization(NotificationOptions options, std::function<void(bool)> completion) override
+    {
+        askedFor.append(options);
+        later([completion] { completion(true); });
+    }
+    void getNotificationSettings(std::function<void(AuthorizationStatus)> completion) override
+    {
+        later([completion, now = status] { completion(now); });
+    }
+    void addNotificationRequest(const NotificationRequest& request,
+                                std::function<void(const std::optional<QString>&)> completion) override
+    {
+        requests.append(request);
+        later([completion, error = refusal] { completion(error); });
+    }
+    void removeDeliveredNotifications(const QStringList& identifiers) override { removed.append(identifiers); }
 
 private:
+    template <typename Step> static void later(Step step)
+    {
+        QMetaObject::invokeMethod(qApp, std::move(step), Qt::QueuedConnection);
+    }
+
     Journal& m_journal;
 };
 

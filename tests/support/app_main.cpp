@@ -10,6 +10,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_SCALE_FACTOR");
     const QApplication application(argc, argv);
+    Q_INIT_RESOURCE(velumora); // it stands in a library
     applyStyle();
     QApplication::setPalette(calmPalette(Appearance::Light));
     ::testing::InitGoogleTest(&argc, argv);
