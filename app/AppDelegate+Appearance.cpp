@@ -12,6 +12,7 @@ bool AppDelegate::isDarkMode() const
 void AppDelegate::appearanceHasChanged()
 {
     applyAppearance(isDarkMode() ? Appearance::Dark : Appearance::Light, m_window);
-    redrawMiniCal(); // its buttons keep the colours that they were given; the other pages' days do not
+    // What was given colours of its own keeps them; the days of the week and the month are given none.
+    redrawMiniCal();
     colorDatePickers();
 }

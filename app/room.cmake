@@ -44,10 +44,10 @@ target_sources(velumora-app PRIVATE
     calendar/CellGrid.h
     calendar/DayButton.cpp
     calendar/DayButton.h
-    calendar/DockIcon.cpp
-    calendar/DockIcon.h
     calendar/DayNumber.cpp
     calendar/DayNumber.h
+    calendar/DockIcon.cpp
+    calendar/DockIcon.h
     calendar/FittedText.cpp
     calendar/FittedText.h
     calendar/HiddenDatePicker.h
