@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
-#include "ui_MainWindow.h"
 
 #include <QMainWindow>
 
@@ -13,7 +12,7 @@ bool AppDelegate::isDarkMode() const
 void AppDelegate::appearanceHasChanged()
 {
     applyAppearance(isDarkMode() ? Appearance::Dark : Appearance::Light, m_window);
-    // What was given colours of its own keeps them.
-    redrawPage(*m_ui.myTabView->currentWidget());
+    // What was given colours of its own keeps them; the days of the week and the month are given none.
+    redrawMiniCal();
     colorDatePickers();
 }

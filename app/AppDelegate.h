@@ -18,6 +18,7 @@
 #include <QTimer>
 
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -120,6 +121,12 @@ public:
     /// Every colour that the window shows is drawn anew.
     void appearanceHasChanged();
 
+    // --- Version check -----------------------------------------------------------------------------------------------
+
+    /// Fetches the newest version and tells whether it is newer than this one. Returns when the sheet that says so has
+    /// begun, or waits behind another.
+    void doNewVersionCheck();
+
     // --- Store -------------------------------------------------------------------------------------------------------
 
     /// Every note in file order; the rows of the notes list; every important date.
@@ -130,6 +137,12 @@ public:
     /// Loads both tables, cleans the notes once, and shows them.
     void loadTables();
     void saveTVDataToFile(QAbstractButton& sender);
+
+    /// Asks for the older product's folder and takes its files over once that is confirmed. They are only read.
+    void askAboutImport();
+
+    /// Saves the table in `source` under `fileName` and gives it back; one that cannot be read removes the file.
+    std::optional<Table> importTALVDataFiles(const std::filesystem::path& source, const std::string& fileName);
 
     /// The save command of the menu: what the enabled save buttons do.
     void saveAll();
@@ -157,13 +170,40 @@ public:
     void backForwardYearOrMonth(QAbstractButton& sender);
     void dayBtnAction(DayButton& sender);
 
-    // --- Week, month, icon -------------------------------------------------------------------------------------------
+    // --- Week --------------------------------------------------------------------------------------------------------
 
     void setWeeklyViewThreeCharDayNames(bool startOnSunday, QWidget& window);
+    void setStringForWeeklyViewStartingDateMsg(Date date);
+
+    /// Opens the page on the week that holds today, or day 1 when the mini calendar shows another month.
     void setWeeklyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes);
+
+    /// Draws the week that begins `daysToAdd` days from `date`. The label of its first day is its only record.
+    void putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget& view, const std::optional<Table>& notes);
+    void backForwardWeek(QAbstractButton& sender);
+
+    // --- Month -------------------------------------------------------------------------------------------------------
+
     void setMonthlyViewThreeCharDayNames(bool startOnSunday, QWidget& window);
+
+    /// Opens the page on the month that the mini calendar shows, else on the current one.
     void setMonthlyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes);
+
+    /// Draws the month of `date`, its day 1, which falls on `weekdayOfFirst`. The hidden date picker is its only
+    /// record.
+    void putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, QWidget& view, const std::optional<Table>& notes,
+                                       bool startOnSunday);
+    void backForwardMonthlyView(QAbstractButton& sender);
+
+    /// Writes the page as a PDF file into the temporary folder and opens it with the user's viewer. Nothing is reported
+    /// when either fails.
+    void printMonthlyView();
+
+    /// Removes the file of the last print, if there was one.
     void deleteMonthlyPrintFile();
+
+    // --- Icon --------------------------------------------------------------------------------------------------------
+
     void drawCurrMonthsDayOnAppIcon();
 
     /// Waits for the window's first picture, after which the icon is handed over.
@@ -247,6 +287,11 @@ private:
     void configureTables();
     void redrawPage(const QWidget& page);
 
+    void confirmImport(const std::filesystem::path& folder);
+    void importNotes(const std::filesystem::path& source);
+    void importEvents(const std::filesystem::path& source);
+
+    MonthGrid::YearMonth shownOrCurrentMonth() const;
     Table notesOfMonth(Date date) const;
     void showRows(Table rows);
     void showCountUnlessEmpty();
@@ -295,6 +340,8 @@ private:
 
     DataFolder m_folder;
     SaveQueue m_saves;
+
+    std::optional<std::filesystem::path> m_monthlyPrintFile; ///< of the last print, whether it was written or not
 
     // Made at start-up and kept: the clock's format, the one whose style each user sets before use, the list's dates.
     std::optional<DateFormatter> m_sharedTimeFormatter;

@@ -13,8 +13,10 @@
 #include "host/linux/NoLocationManager.h"
 #include "host/linux/SettingsUserDefaults.h"
 #include "host/linux/SingleInstance.h"
+#include "host/linux/TemporaryFolder.h"
 #include "host/linux/TerminationSignals.h"
 #include "ui_MainWindow.h"
+#include "update/WebVersionServer.h"
 
 #include <QApplication>
 #include <QDir>
@@ -58,6 +60,13 @@ void bringForward(QWidget& window, const QString& activationToken)
     window.activateWindow();
 }
 
+std::optional<std::filesystem::path> temporaryFolder()
+{
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    QDir().mkpath(cache); // a new account has none yet
+    return privateTemporaryFolder(environmentVariable("XDG_RUNTIME_DIR"), cache.toStdString());
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -89,6 +98,7 @@ int main(int argc, char** argv)
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
     BusNotificationCenter notificationCenter;
+    WebVersionServer versionServer(QUrl(QStringLiteral(VELUMORA_VERSION_SERVER)));
     DesktopWorkspace workspace;
 
     QMainWindow window;
@@ -105,8 +115,10 @@ int main(int argc, char** argv)
                           .processInfo = processInfo,
                           .userDefaults = userDefaults,
                           .notificationCenter = notificationCenter,
+                          .versionServer = versionServer,
                           .workspace = workspace,
-                          .applicationSupport = applicationSupportFolder()});
+                          .applicationSupport = applicationSupportFolder(),
+                          .temporaryFolder = temporaryFolder()});
 
     QObject::connect(&instance, &SingleInstance::activated, &window,
                      [&window](const QString& token) { bringForward(window, token); });

@@ -12,6 +12,7 @@ class OpenPanel;
 class ProcessInfo;
 class UserDefaults;
 class UserNotificationCenter;
+class VersionServer;
 class Workspace;
 
 /// All that the delegate asks of the desktop. Every service outlives the delegate.
@@ -24,8 +25,12 @@ struct HostServices {
     ProcessInfo& processInfo;
     UserDefaults& userDefaults;
     UserNotificationCenter& notificationCenter;
+    VersionServer& versionServer;
     Workspace& workspace;
 
     /// The user's application-support folder, in which the data folder lies; nullopt when there is none.
     std::optional<std::filesystem::path> applicationSupport;
+
+    /// A folder for files that are soon gone, which nobody but the user can look into; nullopt when there is none.
+    std::optional<std::filesystem::path> temporaryFolder;
 };

@@ -7,6 +7,7 @@ target_sources(velumora-app PRIVATE
     host/OpenPanel.h
     host/ProcessInfo.h
     host/UserDefaults.h
+    host/VersionServer.h
     host/Workspace.h
     host/linux/ApplicationMessages.cpp
     host/linux/ApplicationMessages.h
@@ -32,6 +33,8 @@ target_sources(velumora-app PRIVATE
     host/linux/SingleInstance.h
     host/linux/StartedService.cpp
     host/linux/StartedService.h
+    host/linux/TemporaryFolder.cpp
+    host/linux/TemporaryFolder.h
     host/linux/TerminationSignals.cpp
     host/linux/TerminationSignals.h
 )

@@ -10,6 +10,7 @@
 #include "host/ProcessInfo.h"
 #include "host/UserDefaults.h"
 #include "host/UserNotificationCenter.h"
+#include "host/VersionServer.h"
 #include "host/Workspace.h"
 
 #include <QCoreApplication>
@@ -168,16 +169,37 @@ private:
     Journal& m_journal;
 };
 
+/// Answers at once with `reply`, after `onFetch`.
+class FakeVersionServer : public VersionServer {
+public:
+    std::optional<QString> reply;
+    std::function<void()> onFetch;
+    int fetches = 0;
+
+    std::optional<QString> newestVersion() override
+    {
+        ++fetches;
+        if (onFetch) {
+            onFetch();
+        }
+        return reply;
+    }
+};
+
 /// Opens nothing; remembers what was asked for.
 class FakeWorkspace : public Workspace {
 public:
     bool succeeds = true;
     QList<QUrl> opened;
+    std::function<void(const QUrl&)> onOpen; ///< looks at the program at that very moment
     QList<std::filesystem::path> shownFolders;
 
     bool openUrl(const QUrl& url) override
     {
         opened.append(url);
+        if (onOpen) {
+            onOpen(url);
+        }
         return succeeds;
     }
     bool showFolder(const std::filesystem::path& folder) override
@@ -198,7 +220,9 @@ struct FakeHost {
     FakeProcessInfo processInfo{journal};
     FakeUserDefaults userDefaults{journal};
     FakeUserNotificationCenter notificationCenter{journal};
+    FakeVersionServer versionServer;
     FakeWorkspace workspace;
+    std::optional<std::filesystem::path> temporaryFolder;
 
     HostServices services(std::optional<std::filesystem::path> applicationSupport)
     {
@@ -210,7 +234,9 @@ struct FakeHost {
                 .processInfo = processInfo,
                 .userDefaults = userDefaults,
                 .notificationCenter = notificationCenter,
+                .versionServer = versionServer,
                 .workspace = workspace,
-                .applicationSupport = std::move(applicationSupport)};
+                .applicationSupport = std::move(applicationSupport),
+                .temporaryFolder = temporaryFolder};
     }
 };

@@ -13,6 +13,7 @@ int main(int argc, char** argv)
     Q_INIT_RESOURCE(velumora); // it stands in a library
     applyStyle();
     QApplication::setPalette(calmPalette(Appearance::Light));
+    QApplication::setCursorFlashTime(0); // a picture is the same at any moment
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
