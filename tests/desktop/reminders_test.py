@@ -14,6 +14,7 @@ from desktop.application import ALWAYS_ACCESSIBLE, Application
 from desktop.bus import Connection, NotificationDaemon, pump_until
 from desktop.case import DesktopTest
 from desktop.reminders import IDENTIFIER, SERVICE, Agent, in_time, request
+from gi.repository import GLib
 
 BERLIN = zoneinfo.ZoneInfo("Europe/Berlin")
 PROGRAM_SERVICE = "app.velumora.Velumora"
@@ -120,6 +121,29 @@ class RemindersTest(DesktopTest):
         again = Application(self.session, self.home, self.program, process=process)
         self._running.append(again)
         self.wait_for_reminder(again)
+
+    def test_a_daemon_that_people_use_shows_the_note_as_plain_text_and_tells_of_the_click(self):
+        environment = self.home.environment | self.session.environment
+        configuration = self.home.path / "dunstrc"
+        configuration.write_text("[global]\nfont = Sans 12\nformat = \"<b>%s</b>\\n%b\"\nmarkup = full\n")
+        self.addCleanup(self.session.processes.end,
+                        self.session.processes.start(["dunst", "-config", str(configuration)], env=environment))
+        self.connection.wait_for_owner("org.freedesktop.Notifications")
+        window = self.start()
+        self.agent.start()
+        self.agent.add(request(in_time(-60), TEXT, UserInfo=NOTES[1]))
+
+        def displayed():
+            result = self.connection.call("org.freedesktop.Notifications", "/org/freedesktop/Notifications",
+                                          "org.freedesktop.DBus.Properties", "Get",
+                                          GLib.Variant("(ss)", ("org.dunstproject.cmd0", "displayedLength")))
+            return result.unpack()[0]
+
+        pump_until(lambda: displayed() == 1, "the notification on the screen")
+        self.picture("reminder-shown-by-dunst")
+        subprocess.run(["dunstctl", "action"], check=True, stdin=subprocess.DEVNULL, env=environment)
+        self.wait_for_reminder(window)
+        pump_until(lambda: displayed() == 0 and not self.agent.file.exists(), "nothing to be left of it")
 
     def test_a_dismissal_leaves_the_program_as_it_is(self):
         daemon = self.daemon()
