@@ -1,6 +1,7 @@
 target_sources(velumora-core PRIVATE
     dates/Clock.cpp
     dates/Clock.h
+    dates/Coordinate.h
     dates/Date.h
     dates/DateFormatter.cpp
     dates/DateFormatter.h
@@ -11,6 +12,11 @@ target_sources(velumora-core PRIVATE
     dates/IcuTypes.h
     dates/IntegerValue.cpp
     dates/IntegerValue.h
+    dates/SunTimes.cpp
+    dates/SunTimes.h
     dates/SystemTimeZone.cpp
     dates/SystemTimeZone.h
 )
+
+# The same times on every processor: no multiplication and addition in one rounding.
+set_source_files_properties(dates/SunTimes.cpp PROPERTIES COMPILE_OPTIONS -ffp-contract=off)
