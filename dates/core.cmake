@@ -16,6 +16,8 @@ target_sources(velumora-core PRIVATE
     dates/SunTimes.h
     dates/SystemTimeZone.cpp
     dates/SystemTimeZone.h
+    dates/ZonePlace.cpp
+    dates/ZonePlace.h
 )
 
 # The same times on every processor: no multiplication and addition in one rounding.

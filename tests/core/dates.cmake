@@ -7,6 +7,7 @@ velumora_test(date-tests
     core/dates_month_grid_test.cpp
     core/dates_sun_times_test.cpp
     core/dates_utilities_test.cpp
+    core/dates_zone_place_test.cpp
     core/dates_zones_test.cpp
     support/DateGuards.cpp
     support/DateGuards.h
