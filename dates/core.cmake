@@ -1,6 +1,7 @@
 target_sources(velumora-core PRIVATE
     dates/Clock.cpp
     dates/Clock.h
+    dates/Coordinate.h
     dates/Date.h
     dates/DateFormatter.cpp
     dates/DateFormatter.h
@@ -13,6 +14,13 @@ target_sources(velumora-core PRIVATE
     dates/IcuTypes.h
     dates/IntegerValue.cpp
     dates/IntegerValue.h
+    dates/SunTimes.cpp
+    dates/SunTimes.h
     dates/SystemTimeZone.cpp
     dates/SystemTimeZone.h
+    dates/ZonePlace.cpp
+    dates/ZonePlace.h
 )
+
+# The same times on every processor: no multiplication and addition in one rounding.
+set_source_files_properties(dates/SunTimes.cpp PROPERTIES COMPILE_OPTIONS -ffp-contract=off)
