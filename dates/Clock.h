@@ -51,4 +51,7 @@ void setTimeZone(const std::string& identifier);
 /// What `setTimeZone` was last given, so that a guard can put it back; empty at the start.
 const std::string& timeZone();
 
+/// The IANA name of the process's time zone, the system's as well, for example "Europe/Berlin".
+std::string nameOfZoneInForce();
+
 } // namespace DateEnvironment

@@ -8,3 +8,6 @@ struct Coordinate {
 
     bool operator==(const Coordinate&) const = default;
 };
+
+inline constexpr double greatestLatitude = 90;   ///< the poles
+inline constexpr double greatestLongitude = 180; ///< where east meets west

@@ -7,6 +7,8 @@ target_sources(velumora-core PRIVATE
     dates/DateFormatter.h
     dates/DateUtilities.cpp
     dates/DateUtilities.h
+    dates/DegreesText.cpp
+    dates/DegreesText.h
     dates/ElapsedDate.cpp
     dates/ElapsedDate.h
     dates/Holidays.cpp

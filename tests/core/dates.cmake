@@ -1,5 +1,6 @@
 velumora_test(date-tests
     core/dates_calendars_test.cpp
+    core/dates_degrees_text_test.cpp
     core/dates_elapsed_test.cpp
     core/dates_environment_test.cpp
     core/dates_formatter_test.cpp
