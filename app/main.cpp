@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
+#include "app/EnteredPlace.h"
 #include "app/Translations.h"
+#include "host/linux/DesktopLocationServices.h"
 #include "host/linux/DesktopWorkspace.h"
 #include "host/linux/FolderOpenPanel.h"
 #include "host/linux/InstalledBundle.h"
 #include "host/linux/KernelClockMonitor.h"
 #include "host/linux/LinuxProcessInfo.h"
 #include "host/linux/LocaleEnvironment.h"
-#include "host/linux/NoLocationManager.h"
 #include "host/linux/NoNotificationCenter.h"
 #include "host/linux/SettingsUserDefaults.h"
 #include "host/linux/TerminationSignals.h"
@@ -58,10 +59,14 @@ int main(int argc, char** argv)
 
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
-    NoLocationManager locationManager;
     FolderOpenPanel openPanel;
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
+    DesktopLocationServices locationServices(
+        {.systemBus = QDBusConnection::systemBus,
+         .desktopId = QApplication::desktopFileName(),
+         .enteredCoordinate = [&userDefaults] { return enteredPlace(userDefaults); },
+         .zoneDatabase = "/usr/share/zoneinfo"});
     NoNotificationCenter notificationCenter;
     DesktopWorkspace workspace;
 
@@ -72,7 +77,7 @@ int main(int argc, char** argv)
     AppDelegate delegate(window, layout,
                          {.bundle = bundle,
                           .clockMonitor = clockMonitor,
-                          .locationManager = locationManager,
+                          .locationServices = locationServices,
                           .openPanel = openPanel,
                           .processInfo = processInfo,
                           .userDefaults = userDefaults,

@@ -7,7 +7,6 @@
 #include "host/linux/InstalledBundle.h"
 #include "host/linux/KernelClockMonitor.h"
 #include "host/linux/LinuxProcessInfo.h"
-#include "host/linux/NoLocationManager.h"
 #include "host/linux/NoNotificationCenter.h"
 #include "host/linux/SettingsUserDefaults.h"
 #include "notes/TableView.h"
@@ -29,6 +28,13 @@ constexpr int dateCount = 2'000;
 constexpr int dateColumn = 0;
 constexpr Date::duration daysBetween = std::chrono::hours(24) * 18;
 
+class NoLocationServices : public LocationServices {
+public:
+    bool locationServicesEnabled() const override { return false; }
+    AuthorizationStatus authorizationStatus() const override { return AuthorizationStatus::Denied; }
+    std::unique_ptr<LocationManager> makeLocationManager() override { return nullptr; }
+};
+
 /// The program's window on a home of its own, with `dateCount` important dates up to today.
 struct Page {
     Page()
@@ -38,7 +44,7 @@ struct Page {
         delegate = std::make_unique<AppDelegate>(window, layout,
                                                  HostServices{.bundle = bundle,
                                                               .clockMonitor = clockMonitor,
-                                                              .locationManager = locationManager,
+                                                              .locationServices = locationServices,
                                                               .openPanel = openPanel,
                                                               .processInfo = processInfo,
                                                               .userDefaults = userDefaults,
@@ -62,7 +68,7 @@ struct Page {
     QTemporaryDir home;
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
-    NoLocationManager locationManager;
+    NoLocationServices locationServices;
     FolderOpenPanel openPanel;
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;

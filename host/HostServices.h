@@ -6,7 +6,7 @@
 
 class Bundle;
 class ClockMonitor;
-class LocationManager;
+class LocationServices;
 class OpenPanel;
 class ProcessInfo;
 class UserDefaults;
@@ -17,7 +17,7 @@ class Workspace;
 struct HostServices {
     Bundle& bundle;
     ClockMonitor& clockMonitor;
-    LocationManager& locationManager;
+    LocationServices& locationServices;
     OpenPanel& openPanel;
     ProcessInfo& processInfo;
     UserDefaults& userDefaults;

@@ -8,10 +8,15 @@ target_sources(velumora-app PRIVATE
     host/UserDefaults.h
     host/UserNotificationCenter.h
     host/Workspace.h
+    host/linux/DesktopLocationManager.cpp
+    host/linux/DesktopLocationManager.h
+    host/linux/DesktopLocationServices.h
     host/linux/DesktopWorkspace.cpp
     host/linux/DesktopWorkspace.h
     host/linux/FolderOpenPanel.cpp
     host/linux/FolderOpenPanel.h
+    host/linux/GeoClueClient.cpp
+    host/linux/GeoClueClient.h
     host/linux/InstalledBundle.cpp
     host/linux/InstalledBundle.h
     host/linux/KernelClockMonitor.cpp
@@ -19,7 +24,6 @@ target_sources(velumora-app PRIVATE
     host/linux/LinuxProcessInfo.h
     host/linux/LocaleEnvironment.cpp
     host/linux/LocaleEnvironment.h
-    host/linux/NoLocationManager.h
     host/linux/NoNotificationCenter.h
     host/linux/SettingsUserDefaults.cpp
     host/linux/SettingsUserDefaults.h

@@ -56,6 +56,10 @@
         <translation>schon als wichtiger Tag gespeichert</translation>
     </message>
     <message>
+        <source>automatic</source>
+        <translation>automatisch</translation>
+    </message>
+    <message>
         <source>&amp;Calendar</source>
         <translation>&amp;Kalender</translation>
     </message>
@@ -136,6 +140,10 @@
         <translation>Vergangen</translation>
     </message>
     <message>
+        <source>Enter both, or leave both empty</source>
+        <translation>Beide angeben oder beide leer lassen</translation>
+    </message>
+    <message>
         <source>&amp;File</source>
         <translation>&amp;Datei</translation>
     </message>
@@ -166,6 +174,38 @@
     <message>
         <source>Important Dates TableView</source>
         <translation>Tabelle der wichtigen Tage</translation>
+    </message>
+    <message>
+        <source>In degrees; north and east are positive. Used where
+the desktop's location service tells no place.</source>
+        <translation>In Grad; Norden und Osten sind positiv. Gilt, wenn
+der Ortungsdienst des Systems keinen Ort nennt.</translation>
+    </message>
+    <message>
+        <source>Latitude %@°, longitude %@°
+as entered in the preferences</source>
+        <translation>Breite %@°, Länge %@°
+wie in den Einstellungen angegeben</translation>
+    </message>
+    <message>
+        <source>Latitude %@°, longitude %@°
+from the desktop's location service</source>
+        <translation>Breite %@°, Länge %@°
+vom Ortungsdienst des Systems</translation>
+    </message>
+    <message>
+        <source>Latitude %@°, longitude %@°
+the principal city of the time zone</source>
+        <translation>Breite %@°, Länge %@°
+der Hauptort der Zeitzone</translation>
+    </message>
+    <message>
+        <source>&amp;Latitude:</source>
+        <translation>&amp;Breitengrad:</translation>
+    </message>
+    <message>
+        <source>Lo&amp;ngitude:</source>
+        <translation>&amp;Längengrad:</translation>
     </message>
     <message>
         <source>Mini Calendar&apos;s Month</source>
@@ -206,6 +246,10 @@
     <message>
         <source>No notes to show</source>
         <translation>Keine Notizen zu zeigen</translation>
+    </message>
+    <message>
+        <source>No place is known</source>
+        <translation>Kein Ort bekannt</translation>
     </message>
     <message>
         <source>No Row Selected</source>
@@ -320,6 +364,10 @@
         <translation>&amp;Wiederholen</translation>
     </message>
     <message>
+        <source>Rise/Set:</source>
+        <translation>Auf-/Untergang:</translation>
+    </message>
+    <message>
         <source>&amp;Save</source>
         <translation>&amp;Speichern</translation>
     </message>
@@ -368,6 +416,10 @@
         <translation>Velumora benötigt leider Mac OS X Version %d.%d oder neuer.</translation>
     </message>
     <message>
+        <source>Sunrise and sunset at:</source>
+        <translation>Sonnenzeiten für:</translation>
+    </message>
+    <message>
         <source>tableView:heightOfRow failure</source>
         <translation>Fehler in tableView:heightOfRow</translation>
     </message>
@@ -378,6 +430,14 @@
     <message>
         <source>The day-note calendar</source>
         <translation>Der Kalender für Tagesnotizen</translation>
+    </message>
+    <message>
+        <source>The latitude is a number from −90 to 90</source>
+        <translation>Der Breitengrad ist eine Zahl von −90 bis 90</translation>
+    </message>
+    <message>
+        <source>The longitude is a number from −180 to 180</source>
+        <translation>Der Längengrad ist eine Zahl von −180 bis 180</translation>
     </message>
     <message>
         <source>The week starts on:</source>
@@ -422,6 +482,10 @@
     <message>
         <source>Velumora &amp;Help</source>
         <translation>Velumora-&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Used at present:</source>
+        <translation>Jetzt verwendet:</translation>
     </message>
     <message>
         <source>Velumora opens with:</source>
