@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
+#include "app/EnteredPlace.h"
 #include "app/Translations.h"
 #include "host/linux/DesktopGlobalDefaults.h"
+#include "host/linux/DesktopLocationServices.h"
 #include "host/linux/DesktopWorkspace.h"
 #include "host/linux/FolderOpenPanel.h"
 #include "host/linux/InstalledBundle.h"
 #include "host/linux/KernelClockMonitor.h"
 #include "host/linux/LinuxProcessInfo.h"
 #include "host/linux/LocaleEnvironment.h"
-#include "host/linux/NoLocationManager.h"
 #include "host/linux/NoNotificationCenter.h"
 #include "host/linux/SettingsUserDefaults.h"
 #include "host/linux/TemporaryFolder.h"
@@ -69,10 +70,14 @@ int main(int argc, char** argv)
 
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
-    NoLocationManager locationManager;
     FolderOpenPanel openPanel;
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
+    DesktopLocationServices locationServices(
+        {.systemBus = QDBusConnection::systemBus,
+         .desktopId = QApplication::desktopFileName(),
+         .enteredCoordinate = [&userDefaults] { return enteredPlace(userDefaults); },
+         .zoneDatabase = "/usr/share/zoneinfo"});
     NoNotificationCenter notificationCenter;
     WebVersionServer versionServer(QUrl(QStringLiteral(VELUMORA_VERSION_SERVER)));
     DesktopWorkspace workspace;
@@ -86,7 +91,7 @@ int main(int argc, char** argv)
                          {.bundle = bundle,
                           .clockMonitor = clockMonitor,
                           .globalDefaults = globalDefaults,
-                          .locationManager = locationManager,
+                          .locationServices = locationServices,
                           .openPanel = openPanel,
                           .processInfo = processInfo,
                           .userDefaults = userDefaults,

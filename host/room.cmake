@@ -10,12 +10,17 @@ target_sources(velumora-app PRIVATE
     host/UserNotificationCenter.h
     host/VersionServer.h
     host/Workspace.h
+    host/linux/DesktopLocationManager.cpp
+    host/linux/DesktopLocationManager.h
+    host/linux/DesktopLocationServices.h
     host/linux/DesktopWorkspace.cpp
     host/linux/DesktopWorkspace.h
     host/linux/DesktopGlobalDefaults.cpp
     host/linux/DesktopGlobalDefaults.h
     host/linux/FolderOpenPanel.cpp
     host/linux/FolderOpenPanel.h
+    host/linux/GeoClueClient.cpp
+    host/linux/GeoClueClient.h
     host/linux/InstalledBundle.cpp
     host/linux/InstalledBundle.h
     host/linux/KernelClockMonitor.cpp
@@ -23,7 +28,6 @@ target_sources(velumora-app PRIVATE
     host/linux/LinuxProcessInfo.h
     host/linux/LocaleEnvironment.cpp
     host/linux/LocaleEnvironment.h
-    host/linux/NoLocationManager.h
     host/linux/NoNotificationCenter.h
     host/linux/SettingsUserDefaults.cpp
     host/linux/SettingsUserDefaults.h
