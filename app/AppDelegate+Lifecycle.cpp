@@ -4,7 +4,6 @@
 #include "app/Localized.h"
 #include "app/PreferenceKeys.h"
 #include "dates/DateUtilities.h"
-#include "host/LocationManager.h"
 #include "host/ProcessInfo.h"
 #include "host/UserDefaults.h"
 #include "host/UserNotificationCenter.h"

@@ -31,6 +31,7 @@ void AppDelegate::openClosePrefsSheet()
     const bool allNotes = m_host.userDefaults.integerForKey(PreferenceKeys::startList) != 0;
     sheet.allVelumora->setChecked(allNotes);
     sheet.currentMonthVelumora->setChecked(!allNotes);
+    showEnteredPlace();
     SheetQueue::of(m_window).begin(*m_prefsSheet);
 }
 

@@ -7,6 +7,7 @@
 #include "dates/Clock.h"
 #include "dates/DateFormatter.h"
 #include "host/HostServices.h"
+#include "host/LocationManager.h"
 #include "host/UserNotificationCenter.h"
 #include "notes/TableViewDelegate.h"
 #include "store/DataFolder.h"
@@ -44,7 +45,10 @@ class PreferencesSheet;
 ///
 /// A table is nullopt when its file could not be read. Such a table answers every query as an empty one does, and what
 /// is added to it is lost.
-class AppDelegate : public QObject, public TableViewDelegate, public UserNotificationCenterDelegate {
+class AppDelegate : public QObject,
+                    public LocationManagerDelegate,
+                    public TableViewDelegate,
+                    public UserNotificationCenterDelegate {
     Q_OBJECT
 
 public:
@@ -80,6 +84,9 @@ public:
     void establishDefaultPrefs();
     void openClosePrefsSheet();
     void userSetPref(QRadioButton& sender);
+
+    /// Stores the place that the sheet's two fields tell, or says what is wrong with them.
+    void userSetPlace();
 
     /// Closes the sheet that `sender` stands in.
     void sheetCloseBtnPressed(QWidget& sender);
@@ -274,7 +281,16 @@ public:
 
     // --- Location ----------------------------------------------------------------------------------------------------
 
+    /// Null until it is started, and where location services are turned off.
+    std::unique_ptr<LocationManager> locationManager;
+
     void startLocationManager();
+
+    /// Shows today's sunrise and sunset at the newest of the places.
+    void didUpdateLocations(LocationManager& manager, const QList<Location>& locations) override;
+    void didChangeAuthorizationStatus(LocationManager& manager, LocationAuthorizationStatus status) override;
+    void didFailWithError(LocationManager&, const QString&) override {}
+    void didUpdateToLocation(LocationManager&, const Location&, const Location&) override {}
 
 Q_SIGNALS:
     /// The program cannot go on and is to end.
@@ -303,6 +319,11 @@ private:
     void confirmDeletion(const QString& question, std::function<void()> deletion);
     void showNoteOfDay(Date date, DayButton& button);
     void editSelectedNote(DayButton& day);
+
+    void showEnteredPlace();
+    void showPlaceProblem(const QString& problem);
+    void askForLocationAgain();
+    void followZone();
 
     void connectHolidaySheet();
     void addHoliday(Date date, const std::string& name);
@@ -348,6 +369,7 @@ private:
     std::optional<DateFormatter> m_sharedStyleFormatter;
     std::optional<DateFormatter> m_sharedListDateFormatter;
 
+    std::string m_zoneOfLocation; ///< the zone in force when the location was last asked for
     QTimer m_minuteTimer{this};
     QTimer m_iconTimer;                 ///< hands the desktop the icon
     bool m_missingTextReported = false; ///< while the alert about a missing text is up

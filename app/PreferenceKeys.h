@@ -3,7 +3,7 @@
 
 #include <QString>
 
-/// The keys of the user defaults. Every value is an integer.
+/// The keys of the user defaults. Values are integers unless another kind is named.
 namespace PreferenceKeys {
 
 /// 0 is Monday, anything else Sunday.
@@ -14,5 +14,9 @@ inline const QString startList = QStringLiteral("Show all velumora or just curre
 
 /// 1 once the notes of an older file were stripped of what this program does not use.
 inline const QString notesCleaned = QStringLiteral("Velumora Dictionary cleaned of old TALV unused data");
+
+/// The entered place in degrees, north and east positive: a number each. Both or none is stored.
+inline const QString latitude = QStringLiteral("Latitude for sunrise and sunset");
+inline const QString longitude = QStringLiteral("Longitude for sunrise and sunset");
 
 } // namespace PreferenceKeys

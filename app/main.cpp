@@ -1,20 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
+#include "app/EnteredPlace.h"
 #include "app/Translations.h"
 #include "host/linux/BusNotificationCenter.h"
 #include "host/linux/DesktopGlobalDefaults.h"
+#include "host/linux/DesktopLocationServices.h"
 #include "host/linux/DesktopWorkspace.h"
 #include "host/linux/FolderOpenPanel.h"
 #include "host/linux/InstalledBundle.h"
 #include "host/linux/KernelClockMonitor.h"
 #include "host/linux/LinuxProcessInfo.h"
 #include "host/linux/LocaleEnvironment.h"
-#include "host/linux/NoLocationManager.h"
 #include "host/linux/SettingsUserDefaults.h"
 #include "host/linux/SingleInstance.h"
 #include "host/linux/TemporaryFolder.h"
 #include "host/linux/TerminationSignals.h"
+#include "host/linux/WindowActivation.h"
 #include "ui_MainWindow.h"
 #include "update/WebVersionServer.h"
 
@@ -42,24 +44,6 @@ std::optional<std::filesystem::path> applicationSupportFolder()
     return folder.toStdString();
 }
 
-/// What the desktop gave this start, so that its window may take the keyboard; may be empty.
-QString activationToken()
-{
-    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
-    return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
-}
-
-void bringForward(QWidget& window, const QString& activationToken)
-{
-    if (!activationToken.isEmpty()) {
-        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8()); // where the window system's plug-in looks for it
-    }
-    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
-    window.show();
-    window.raise();
-    window.activateWindow();
-}
-
 std::optional<std::filesystem::path> temporaryFolder()
 {
     const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
@@ -71,7 +55,7 @@ std::optional<std::filesystem::path> temporaryFolder()
 
 int main(int argc, char** argv)
 {
-    const QString startToken = activationToken(); // the application object takes it from the environment
+    const QString startToken = startActivationToken();
     TerminationSignals signals;
     QApplication application(argc, argv);
     signals.listen();
@@ -93,11 +77,15 @@ int main(int argc, char** argv)
 
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
-    NoLocationManager locationManager;
     FolderOpenPanel openPanel;
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
     BusNotificationCenter notificationCenter;
+    DesktopLocationServices locationServices(
+        {.systemBus = QDBusConnection::systemBus,
+         .desktopId = QApplication::desktopFileName(),
+         .enteredCoordinate = [&userDefaults] { return enteredPlace(userDefaults); },
+         .zoneDatabase = "/usr/share/zoneinfo"});
     WebVersionServer versionServer(QUrl(QStringLiteral(VELUMORA_VERSION_SERVER)));
     DesktopWorkspace workspace;
 
@@ -110,7 +98,7 @@ int main(int argc, char** argv)
                          {.bundle = bundle,
                           .clockMonitor = clockMonitor,
                           .globalDefaults = globalDefaults,
-                          .locationManager = locationManager,
+                          .locationServices = locationServices,
                           .openPanel = openPanel,
                           .processInfo = processInfo,
                           .userDefaults = userDefaults,

@@ -24,11 +24,14 @@ target_sources(velumora-app PRIVATE
     app/AppDelegate+Appearance.cpp
     app/AppDelegate+Help.cpp
     app/AppDelegate+Lifecycle.cpp
+    app/AppDelegate+PlacePreference.cpp
     app/AppDelegate+Preferences.cpp
     app/AppDelegate.cpp
     app/AppDelegate.h
     app/Appearance.cpp
     app/Appearance.h
+    app/EnteredPlace.cpp
+    app/EnteredPlace.h
     app/Localized.cpp
     app/Localized.h
     app/PreferenceKeys.h

@@ -3,16 +3,17 @@
 #include "app/Appearance.h"
 #include "dates/DatePicker.h"
 #include "host/linux/BusNotificationCenter.h"
+#include "host/linux/DesktopGlobalDefaults.h"
 #include "host/linux/DesktopWorkspace.h"
 #include "host/linux/FolderOpenPanel.h"
 #include "host/linux/InstalledBundle.h"
 #include "host/linux/KernelClockMonitor.h"
 #include "host/linux/LinuxProcessInfo.h"
-#include "host/linux/NoLocationManager.h"
 #include "host/linux/SettingsUserDefaults.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
 #include "ui_MainWindow.h"
+#include "update/WebVersionServer.h"
 
 #include <QApplication>
 #include <QImage>
@@ -29,22 +30,32 @@ constexpr int dateCount = 2'000;
 constexpr int dateColumn = 0;
 constexpr Date::duration daysBetween = std::chrono::hours(24) * 18;
 
+class NoLocationServices : public LocationServices {
+public:
+    bool locationServicesEnabled() const override { return false; }
+    LocationAuthorizationStatus authorizationStatus() const override { return LocationAuthorizationStatus::Denied; }
+    std::unique_ptr<LocationManager> makeLocationManager() override { return nullptr; }
+};
+
 /// The program's window on a home of its own, with `dateCount` important dates up to today.
 struct Page {
     Page()
     {
         layout.setupUi(&window);
-        applyStyleRules(window);
+        applyAppearance(Appearance::Light, window);
         delegate = std::make_unique<AppDelegate>(window, layout,
                                                  HostServices{.bundle = bundle,
                                                               .clockMonitor = clockMonitor,
-                                                              .locationManager = locationManager,
+                                                              .globalDefaults = globalDefaults,
+                                                              .locationServices = locationServices,
                                                               .openPanel = openPanel,
                                                               .processInfo = processInfo,
                                                               .userDefaults = userDefaults,
                                                               .notificationCenter = notificationCenter,
+                                                              .versionServer = versionServer,
                                                               .workspace = workspace,
-                                                              .applicationSupport = home.path().toStdString()});
+                                                              .applicationSupport = home.path().toStdString(),
+                                                              .temporaryFolder = std::nullopt});
         delegate->applicationWillFinishLaunching();
         delegate->applicationDidFinishLaunching();
         for (int i = 0; i < dateCount; ++i) {
@@ -62,11 +73,13 @@ struct Page {
     QTemporaryDir home;
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
-    NoLocationManager locationManager;
+    DesktopGlobalDefaults globalDefaults;
+    NoLocationServices locationServices;
     FolderOpenPanel openPanel;
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
     BusNotificationCenter notificationCenter;
+    WebVersionServer versionServer{QUrl()};
     DesktopWorkspace workspace;
     QMainWindow window;
     Ui::MainWindow layout;
@@ -137,7 +150,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
     const QApplication application(argc, argv);
-    applyAppearance();
+    applyStyle();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

@@ -199,6 +199,7 @@ void AppDelegate::clockHasJumped()
 {
     formatCopyMiniCalTime();
     minuteHasChanged();
+    followZone();
 }
 
 void AppDelegate::backForwardYearOrMonth(QAbstractButton& sender)

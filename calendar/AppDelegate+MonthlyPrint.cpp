@@ -8,7 +8,12 @@
 #include "store/Files.h"
 #include "ui_MainWindow.h"
 
+#include <QApplication>
+#include <QPointer>
 #include <QUrl>
+
+#include <initializer_list>
+#include <vector>
 
 namespace {
 
@@ -24,12 +29,41 @@ void writePrivately(const std::filesystem::path& path, const QByteArray& bytes)
     }
 }
 
+/// Takes controls out of sight while it lives, and puts the keyboard back where it was.
+class HiddenControls {
+public:
+    explicit HiddenControls(std::initializer_list<QWidget*> controls)
+        : m_controls(controls), m_focused(QApplication::focusWidget())
+    {
+        for (QWidget* control : m_controls) {
+            control->hide();
+        }
+    }
+    HiddenControls(const HiddenControls&) = delete;
+    HiddenControls& operator=(const HiddenControls&) = delete;
+    ~HiddenControls()
+    {
+        for (QWidget* control : m_controls) {
+            control->show();
+        }
+        if (m_focused) {
+            m_focused->setFocus();
+        }
+    }
+
+private:
+    std::vector<QWidget*> m_controls;
+    QPointer<QWidget> m_focused;
+};
+
 } // namespace
 
-// The page is painted for the paper itself, in its own light colours and without the page's buttons. So neither the
-// buttons nor the appearance of the window need to change for the time of the print, and neither can be left changed.
+// The page is painted for the paper itself, in its own light colours: the appearance of the window need not change for
+// the time of the print, so it cannot be left changed.
 void AppDelegate::printMonthlyView()
 {
+    const HiddenControls buttons(
+        {m_ui.monthlyViewPrintBtn, m_ui.monthlyViewForwardBtn, m_ui.monthlyViewBackBtn});
     deleteMonthlyPrintFile();
     if (!m_host.temporaryFolder) {
         return;

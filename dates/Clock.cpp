@@ -47,6 +47,13 @@ void setZoneVariable(const std::optional<std::string>& value)
     tzset();
 }
 
+std::string nameOf(const icu::TimeZone& zone)
+{
+    icu::UnicodeString identifier;
+    std::string utf8;
+    return zone.getID(identifier).toUTF8String(utf8);
+}
+
 /// By the machine's rules, else by those that ICU carries, else ICU's unknown zone.
 std::unique_ptr<icu::TimeZone> zoneNamed(const std::string& identifier)
 {
@@ -60,10 +67,7 @@ std::unique_ptr<icu::TimeZone> zoneNamed(const std::string& identifier)
 std::unique_ptr<icu::TimeZone> hostZone()
 {
     std::unique_ptr<icu::TimeZone> detected(icu::TimeZone::detectHostTimeZone());
-    icu::UnicodeString identifier;
-    std::string utf8;
-    detected->getID(identifier).toUTF8String(utf8);
-    std::unique_ptr<icu::TimeZone> zone = systemTimeZone(utf8);
+    std::unique_ptr<icu::TimeZone> zone = systemTimeZone(nameOf(*detected));
     return zone ? std::move(zone) : std::move(detected);
 }
 
@@ -119,10 +123,7 @@ const std::string& DateEnvironment::timeZone()
     return environment().timeZone;
 }
 
-std::string DateEnvironment::timeZoneIdentifier()
+std::string DateEnvironment::nameOfZoneInForce()
 {
-    const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createDefault());
-    icu::UnicodeString identifier;
-    std::string utf8;
-    return zone->getID(identifier).toUTF8String(utf8);
+    return nameOf(*std::unique_ptr<icu::TimeZone>(icu::TimeZone::createDefault()));
 }

@@ -51,7 +51,7 @@ void setTimeZone(const std::string& identifier);
 /// What `setTimeZone` was last given, so that a guard can put it back; empty at the start.
 const std::string& timeZone();
 
-/// The IANA identifier of the process's time zone, also where that is the machine's.
-std::string timeZoneIdentifier();
+/// The IANA name of the process's time zone, the system's as well, for example "Europe/Berlin".
+std::string nameOfZoneInForce();
 
 } // namespace DateEnvironment

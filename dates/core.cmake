@@ -1,6 +1,7 @@
 target_sources(velumora-core PRIVATE
     dates/Clock.cpp
     dates/Clock.h
+    dates/Coordinate.h
     dates/Date.h
     dates/DateFormatter.cpp
     dates/DateFormatter.h
@@ -8,6 +9,8 @@ target_sources(velumora-core PRIVATE
     dates/DateUtilities.h
     dates/DayText.cpp
     dates/DayText.h
+    dates/DegreesText.cpp
+    dates/DegreesText.h
     dates/ElapsedDate.cpp
     dates/ElapsedDate.h
     dates/Holidays.cpp
@@ -15,6 +18,13 @@ target_sources(velumora-core PRIVATE
     dates/IcuTypes.h
     dates/IntegerValue.cpp
     dates/IntegerValue.h
+    dates/SunTimes.cpp
+    dates/SunTimes.h
     dates/SystemTimeZone.cpp
     dates/SystemTimeZone.h
+    dates/ZonePlace.cpp
+    dates/ZonePlace.h
 )
+
+# The same times on every processor: no multiplication and addition in one rounding.
+set_source_files_properties(dates/SunTimes.cpp PROPERTIES COMPILE_OPTIONS -ffp-contract=off)

@@ -7,7 +7,7 @@
 class Bundle;
 class ClockMonitor;
 class GlobalDefaults;
-class LocationManager;
+class LocationServices;
 class OpenPanel;
 class ProcessInfo;
 class UserDefaults;
@@ -20,7 +20,7 @@ struct HostServices {
     Bundle& bundle;
     ClockMonitor& clockMonitor;
     GlobalDefaults& globalDefaults;
-    LocationManager& locationManager;
+    LocationServices& locationServices;
     OpenPanel& openPanel;
     ProcessInfo& processInfo;
     UserDefaults& userDefaults;

@@ -4,6 +4,8 @@
 #include <QHash>
 #include <QString>
 
+#include <optional>
+
 /// The user's settings, under literal keys. A key that the user never set reads as its registered default, and one
 /// without a registered default as 0.
 class UserDefaults {
@@ -18,6 +20,12 @@ public:
 
     virtual int integerForKey(const QString& key) const = 0;
     virtual void setInteger(int value, const QString& key) = 0;
+
+    /// Nothing for a key that the user never set, and for a value that is not a finite number.
+    virtual std::optional<double> numberForKey(const QString& key) const = 0;
+    virtual void setNumber(double value, const QString& key) = 0;
+
+    virtual void removeObjectForKey(const QString& key) = 0;
 
     /// Writes what was set to the disk now.
     virtual void synchronize() = 0;

@@ -13,12 +13,17 @@ target_sources(velumora-app PRIVATE
     host/linux/ApplicationMessages.h
     host/linux/BusNotificationCenter.cpp
     host/linux/BusNotificationCenter.h
+    host/linux/DesktopLocationManager.cpp
+    host/linux/DesktopLocationManager.h
+    host/linux/DesktopLocationServices.h
     host/linux/DesktopWorkspace.cpp
     host/linux/DesktopWorkspace.h
     host/linux/DesktopGlobalDefaults.cpp
     host/linux/DesktopGlobalDefaults.h
     host/linux/FolderOpenPanel.cpp
     host/linux/FolderOpenPanel.h
+    host/linux/GeoClueClient.cpp
+    host/linux/GeoClueClient.h
     host/linux/InstalledBundle.cpp
     host/linux/InstalledBundle.h
     host/linux/KernelClockMonitor.cpp
@@ -26,7 +31,6 @@ target_sources(velumora-app PRIVATE
     host/linux/LinuxProcessInfo.h
     host/linux/LocaleEnvironment.cpp
     host/linux/LocaleEnvironment.h
-    host/linux/NoLocationManager.h
     host/linux/SettingsUserDefaults.cpp
     host/linux/SettingsUserDefaults.h
     host/linux/SingleInstance.cpp
@@ -37,6 +41,8 @@ target_sources(velumora-app PRIVATE
     host/linux/TemporaryFolder.h
     host/linux/TerminationSignals.cpp
     host/linux/TerminationSignals.h
+    host/linux/WindowActivation.cpp
+    host/linux/WindowActivation.h
 )
 
 add_executable(velumora-reminder-agent

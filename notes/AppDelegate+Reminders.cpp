@@ -40,7 +40,7 @@ CalendarNotificationTrigger triggerFor(const DatedText& note)
 {
     const QDate day = QDate::fromJulianDay(DateUtilities::julianDayFromDate(note.date));
     return {
-        .year = day.year(), .month = day.month(), .day = day.day(), .timeZone = DateEnvironment::timeZoneIdentifier()};
+        .year = day.year(), .month = day.month(), .day = day.day(), .timeZone = DateEnvironment::nameOfZoneInForce()};
 }
 
 } // namespace

@@ -7,8 +7,12 @@ add_library(app-test-support STATIC
     support/DateGuards.h
     support/FakeHost.h
     support/LoopbackServer.h
+    support/PrivateBus.cpp
+    support/PrivateBus.h
     support/Screenshot.cpp
     support/Screenshot.h
+    support/StandInGeoClue.cpp
+    support/StandInGeoClue.h
     support/TranslationGuard.cpp
     support/TranslationGuard.h
     support/app_main.cpp
@@ -24,6 +28,14 @@ velumora_test(important-dates-tests
     app/date_picker_test.cpp
     app/holiday_sheet_test.cpp
     app/important_dates_test.cpp
+    LIBRARIES app-test-support
+    LABELS app)
+
+# Where the user is, and the line of sunrise and sunset.
+velumora_test(location-tests
+    app/desktop_location_test.cpp
+    app/location_test.cpp
+    app/place_preference_test.cpp
     LIBRARIES app-test-support
     LABELS app)
 

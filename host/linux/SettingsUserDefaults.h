@@ -11,6 +11,9 @@ public:
     void registerDefaults(const QHash<QString, int>& defaults) override;
     int integerForKey(const QString& key) const override;
     void setInteger(int value, const QString& key) override;
+    std::optional<double> numberForKey(const QString& key) const override;
+    void setNumber(double value, const QString& key) override;
+    void removeObjectForKey(const QString& key) override;
     void synchronize() override;
 
 private:

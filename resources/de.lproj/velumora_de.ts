@@ -86,6 +86,10 @@
 </translation>
     </message>
     <message>
+        <source>automatic</source>
+        <translation>automatisch</translation>
+    </message>
+    <message>
         <source>&amp;Calendar</source>
         <translation>&amp;Kalender</translation>
     </message>
@@ -182,6 +186,10 @@
         <translation>Vergangen</translation>
     </message>
     <message>
+        <source>Enter both, or leave both empty</source>
+        <translation>Beide angeben oder beide leer lassen</translation>
+    </message>
+    <message>
         <source>Existing TALV data remains intact for those running TALV.
 </source>
         <translation>Die Daten von TALV bleiben unverändert.
@@ -250,8 +258,40 @@
         <translation>Tabelle der wichtigen Tage</translation>
     </message>
     <message>
+        <source>In degrees; north and east are positive. Used where
+the desktop's location service tells no place.</source>
+        <translation>In Grad; Norden und Osten sind positiv. Gilt, wenn
+der Ortungsdienst des Systems keinen Ort nennt.</translation>
+    </message>
+    <message>
         <source>It can be downloaded from the Velumora web site. </source>
         <translation>Sie kann von der Velumora-Website geladen werden. </translation>
+    </message>
+    <message>
+        <source>Latitude %@°, longitude %@°
+as entered in the preferences</source>
+        <translation>Breite %@°, Länge %@°
+wie in den Einstellungen angegeben</translation>
+    </message>
+    <message>
+        <source>Latitude %@°, longitude %@°
+from the desktop's location service</source>
+        <translation>Breite %@°, Länge %@°
+vom Ortungsdienst des Systems</translation>
+    </message>
+    <message>
+        <source>Latitude %@°, longitude %@°
+the principal city of the time zone</source>
+        <translation>Breite %@°, Länge %@°
+der Hauptort der Zeitzone</translation>
+    </message>
+    <message>
+        <source>&amp;Latitude:</source>
+        <translation>&amp;Breitengrad:</translation>
+    </message>
+    <message>
+        <source>Lo&amp;ngitude:</source>
+        <translation>&amp;Längengrad:</translation>
     </message>
     <message>
         <source>Mini Calendar&apos;s Month</source>
@@ -304,6 +344,10 @@
     <message>
         <source>No notes to show</source>
         <translation>Keine Notizen zu zeigen</translation>
+    </message>
+    <message>
+        <source>No place is known</source>
+        <translation>Kein Ort bekannt</translation>
     </message>
     <message>
         <source>No Row Selected</source>
@@ -458,6 +502,10 @@
         <translation>Erinnern lassen kann man sich nur an künftige Tage.</translation>
     </message>
     <message>
+        <source>Rise/Set:</source>
+        <translation>Auf-/Untergang:</translation>
+    </message>
+    <message>
         <source>&amp;Save</source>
         <translation>&amp;Speichern</translation>
     </message>
@@ -506,6 +554,10 @@
         <translation>Velumora benötigt leider Mac OS X Version %d.%d oder neuer.</translation>
     </message>
     <message>
+        <source>Sunrise and sunset at:</source>
+        <translation>Sonnenzeiten für:</translation>
+    </message>
+    <message>
         <source>tableView:heightOfRow failure</source>
         <translation>Fehler in tableView:heightOfRow</translation>
     </message>
@@ -520,6 +572,14 @@
     <message>
         <source>The day-note calendar</source>
         <translation>Der Kalender für Tagesnotizen</translation>
+    </message>
+    <message>
+        <source>The latitude is a number from −90 to 90</source>
+        <translation>Der Breitengrad ist eine Zahl von −90 bis 90</translation>
+    </message>
+    <message>
+        <source>The longitude is a number from −180 to 180</source>
+        <translation>Der Längengrad ist eine Zahl von −180 bis 180</translation>
     </message>
     <message>
         <source>The Notification Center message is for the following date and note:</source>
@@ -584,6 +644,10 @@
     <message>
         <source>US &amp;Holidays…</source>
         <translation>&amp;US-Feiertage …</translation>
+    </message>
+    <message>
+        <source>Used at present:</source>
+        <translation>Jetzt verwendet:</translation>
     </message>
     <message>
         <source>Velumora &amp;Help</source>

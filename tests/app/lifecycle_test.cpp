@@ -18,7 +18,7 @@ namespace {
 const QString willFinish = QStringLiteral("setDelegate");
 const QString versionGate = QStringLiteral("operatingSystemVersion");
 const QString registerDefaults = QStringLiteral("registerDefaults");
-const QString locationService = QStringLiteral("startUpdatingLocation");
+const QString locationService = QStringLiteral("requestLocation");
 const QString readsWeekStart = QStringLiteral("integerForKey ") + PreferenceKeys::weekStart;
 const QString readsCleaned = QStringLiteral("integerForKey ") + PreferenceKeys::notesCleaned;
 const QString readsStartList = QStringLiteral("integerForKey ") + PreferenceKeys::startList;

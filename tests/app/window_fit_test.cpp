@@ -129,6 +129,8 @@ protected:
     void startShown()
     {
         start();
+        FakeLocationManager& location = *host.locationServices.manager;
+        location.delegate->didUpdateLocations(location, {{{40.71, -174.01}, Location::Source::ZoneCity}});
         window->resize(GetParam().size);
         window->show();
         runQueued();

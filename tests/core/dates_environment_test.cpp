@@ -31,6 +31,19 @@ TEST(DateEnvironment, AFixedClockMovesOnlyWhenTold)
     EXPECT_EQ(&DateEnvironment::clock(), &DateEnvironment::systemClock());
 }
 
+TEST(DateEnvironment, TheZoneInForceIsNamedTheSystemsAndAnUnknownOneAsWell)
+{
+    const TimeZoneGuard outer("Asia/Kolkata");
+    EXPECT_EQ(DateEnvironment::nameOfZoneInForce(), "Asia/Kolkata");
+    {
+        const TimeZoneGuard unknown("Mars/Olympus");
+        EXPECT_EQ(DateEnvironment::nameOfZoneInForce(), "UTC");
+        const TimeZoneGuard systems("");
+        EXPECT_NE(DateEnvironment::nameOfZoneInForce(), "");
+    }
+    EXPECT_EQ(DateEnvironment::nameOfZoneInForce(), "Asia/Kolkata");
+}
+
 TEST(DateEnvironment, ALocaleGuardPutsTheFormerPairBack)
 {
     const LocaleGuard outer("de_DE", {"de"});

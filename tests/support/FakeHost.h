@@ -17,6 +17,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 
 /// What was asked of the fakes, in order, for example "registerDefaults". `onCall` runs at each entry, so that a test
 /// can look at the program at that very moment.
@@ -67,10 +68,59 @@ public:
     }
 };
 
+/// Does nothing by itself: a test tells `delegate` what is found.
 class FakeLocationManager : public LocationManager {
 public:
     explicit FakeLocationManager(Journal& journal) : m_journal(journal) {}
+    LocationManagerDelegate* delegate = nullptr;
+
+    void setDistanceFilter(double metres) override
+    {
+        m_journal.add(QStringLiteral("setDistanceFilter %1").arg(metres));
+    }
+    void setDesiredAccuracy(double metres) override
+    {
+        m_journal.add(QStringLiteral("setDesiredAccuracy %1").arg(metres));
+    }
+    void setDelegate(LocationManagerDelegate& newDelegate) override
+    {
+        delegate = &newDelegate;
+        m_journal.add(QStringLiteral("setDelegate of location"));
+    }
+    void requestAlwaysAuthorization() override { m_journal.add(QStringLiteral("requestAlwaysAuthorization")); }
+    void requestWhenInUseAuthorization() override { m_journal.add(QStringLiteral("requestWhenInUseAuthorization")); }
     void startUpdatingLocation() override { m_journal.add(QStringLiteral("startUpdatingLocation")); }
+    void stopUpdatingLocation() override { m_journal.add(QStringLiteral("stopUpdatingLocation")); }
+    void requestLocation() override { m_journal.add(QStringLiteral("requestLocation")); }
+
+private:
+    Journal& m_journal;
+};
+
+class FakeLocationServices : public LocationServices {
+public:
+    explicit FakeLocationServices(Journal& journal) : m_journal(journal) {}
+    bool enabled = true;
+    LocationAuthorizationStatus status = LocationAuthorizationStatus::NotDetermined;
+    FakeLocationManager* manager = nullptr; ///< the last one made, its maker's
+
+    bool locationServicesEnabled() const override
+    {
+        m_journal.add(QStringLiteral("locationServicesEnabled"));
+        return enabled;
+    }
+    LocationAuthorizationStatus authorizationStatus() const override
+    {
+        m_journal.add(QStringLiteral("authorizationStatus"));
+        return status;
+    }
+    std::unique_ptr<LocationManager> makeLocationManager() override
+    {
+        m_journal.add(QStringLiteral("makeLocationManager"));
+        auto made = std::make_unique<FakeLocationManager>(m_journal);
+        manager = made.get();
+        return made;
+    }
 
 private:
     Journal& m_journal;
@@ -109,6 +159,7 @@ public:
     explicit FakeUserDefaults(Journal& journal) : m_journal(journal) {}
     QHash<QString, int> registered;
     QHash<QString, int> stored;
+    QHash<QString, double> storedNumbers;
     int synchronizations = 0;
 
     void registerDefaults(const QHash<QString, int>& defaults) override
@@ -122,6 +173,16 @@ public:
         return stored.value(key, registered.value(key));
     }
     void setInteger(int value, const QString& key) override { stored.insert(key, value); }
+    std::optional<double> numberForKey(const QString& key) const override
+    {
+        return storedNumbers.contains(key) ? std::optional(storedNumbers.value(key)) : std::nullopt;
+    }
+    void setNumber(double value, const QString& key) override { storedNumbers.insert(key, value); }
+    void removeObjectForKey(const QString& key) override
+    {
+        stored.remove(key);
+        storedNumbers.remove(key);
+    }
     void synchronize() override { ++synchronizations; }
 
 private:
@@ -215,7 +276,7 @@ struct FakeHost {
     FakeBundle bundle;
     FakeClockMonitor clockMonitor;
     FakeGlobalDefaults globalDefaults;
-    FakeLocationManager locationManager{journal};
+    FakeLocationServices locationServices{journal};
     FakeOpenPanel openPanel;
     FakeProcessInfo processInfo{journal};
     FakeUserDefaults userDefaults{journal};
@@ -229,7 +290,7 @@ struct FakeHost {
         return {.bundle = bundle,
                 .clockMonitor = clockMonitor,
                 .globalDefaults = globalDefaults,
-                .locationManager = locationManager,
+                .locationServices = locationServices,
                 .openPanel = openPanel,
                 .processInfo = processInfo,
                 .userDefaults = userDefaults,

@@ -62,7 +62,8 @@ class Session:
     @property
     def environment(self):
         """What a program needs to run in this session."""
-        return {"DISPLAY": self.display, "DBUS_SESSION_BUS_ADDRESS": self.bus_address, "QT_QPA_PLATFORM": "xcb"}
+        return {"DISPLAY": self.display, "DBUS_SESSION_BUS_ADDRESS": self.bus_address, "QT_QPA_PLATFORM": "xcb",
+                "DBUS_SYSTEM_BUS_ADDRESS": f"unix:path={self.directory}/no-system-bus"}
 
     def close(self):
         if self._screen:

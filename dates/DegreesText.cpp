@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "dates/DegreesText.h"
+
+#include "dates/Clock.h"
+
+#include <QLocale>
+
+#include <charconv>
+#include <cmath>
+#include <string>
+#include <system_error>
+
+namespace {
+
+constexpr char16_t MinusSign = u'\u2212';
+constexpr char16_t ArabicDecimalSeparator = u'\u066b';
+constexpr char16_t DegreeSign = u'\u00b0';
+
+/// Marks of the direction of writing stand beside the signs of some locales' numbers.
+bool isInvisible(char32_t character)
+{
+    return QChar::category(character) == QChar::Other_Format;
+}
+
+/// The character's part in a C number; 0 where it has none.
+char inNumber(char32_t character)
+{
+    if (QChar::category(character) == QChar::Number_DecimalDigit) {
+        return static_cast<char>('0' + QChar::digitValue(character));
+    }
+    switch (character) {
+    case u'+':
+    case u'-':
+        return static_cast<char>(character);
+    case MinusSign:
+        return '-';
+    case u'.':
+    case u',':
+    case ArabicDecimalSeparator:
+        return '.';
+    default:
+        return 0;
+    }
+}
+
+QLocale currentLocale()
+{
+    return QLocale(QString::fromStdString(DateEnvironment::localePair().currentLocale));
+}
+
+} // namespace
+
+std::optional<double> DegreesText::degreesFromText(QStringView text, double limit)
+{
+    text = text.trimmed();
+    if (text.endsWith(DegreeSign)) {
+        text = text.chopped(1).trimmed();
+    }
+    std::string number;
+    for (const char32_t character : text.toUcs4()) {
+        if (isInvisible(character)) {
+            continue;
+        }
+        number += inNumber(character); // a 0 ends the number before the end of the text
+    }
+    if (number.starts_with('+') && !number.starts_with("+-")) {
+        number.erase(0, 1);
+    }
+    double degrees = 0;
+    const char* end = number.data() + number.size();
+    const auto [rest, error] = std::from_chars(number.data(), end, degrees, std::chars_format::fixed);
+    const bool isAngle = error == std::errc() && rest == end && std::abs(degrees) <= limit;
+    return isAngle ? std::optional(degrees + 0.0) : std::nullopt; // no negative zero
+}
+
+QString DegreesText::wholeText(double degrees)
+{
+    return currentLocale().toString(degrees, 'f', QLocale::FloatingPointShortest);
+}
+
+QString DegreesText::shortText(double degrees)
+{
+    constexpr int Decimals = 1;
+    return currentLocale().toString(std::round(degrees * 10) / 10 + 0.0, 'f', Decimals); // no negative zero
+}

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "dates/SunTimes.h"
+
+#include "dates/Clock.h"
+#include "dates/DateFormatter.h"
+#include "dates/DateUtilities.h"
+#include "dates/IcuTypes.h"
+#include "dates/IntegerValue.h"
+
+#include <unicode/gregocal.h>
+#include <unicode/timezone.h>
+
+#include <cmath>
+#include <cstdint>
+#include <memory>
+
+namespace {
+
+// Angles are radians. The last bits of the times depend on these very values.
+constexpr double Degree = 0.017453292519943295;
+constexpr double HourAngleUnit = 0.2617993877991494; // an hour of time
+constexpr double FullTurn = 6.283185307179586;
+constexpr double QuarterTurn = 1.5707963267948966; // 06:00 as an angle
+constexpr double ThreeQuarters = 4.71238898038469; // 18:00 as an angle
+constexpr double HalfTurn = 3.141592653589793;
+constexpr double LeapTolerance = 1e-05;
+constexpr double AnomalyRate = 0.017202; // a day
+constexpr double AnomalyOffset = -0.0574039;
+constexpr double LongitudeOffset = 4.93289;
+constexpr double CentreTerm1 = 0.0334405;
+constexpr double CentreTerm2 = 0.000349066;
+constexpr double BoundaryNudge = 4.84814e-06;
+constexpr double AscensionFactor = 0.91746;
+constexpr double DeclinationFactor = 0.39782; // sine of the obliquity of the ecliptic
+constexpr double HorizonCosine = -0.0145439;  // of the zenith angle 90°50′: the sun's upper limb, with refraction
+constexpr double SiderealRate = -0.0172028;   // a day
+constexpr double SiderealOffset = -1.73364;
+constexpr double HoursPerRadian = 3.81972;
+
+/// The angle within 0 to a full turn.
+double withinFullTurn(double angle)
+{
+    const double rest = angle - FullTurn * std::nearbyint(angle / FullTurn); // ties to even
+    return rest < 0 ? rest + FullTurn : rest;
+}
+
+/// Known to be a day off from March on; the times have always been shown so.
+double dayOfYear(double year, double month, double day)
+{
+    const double n1 = std::trunc(275 * month / 9);
+    const double n2 = std::trunc((month + 9) / 12);
+    const double f = std::abs(year * 0.25 - std::trunc(year * 0.25));
+    return f > LeapTolerance ? n1 - n2 + day - 30 : n1 - 2 * n2 + day - 30;
+}
+
+double trueLongitude(double meanAnomaly)
+{
+    const double longitude = withinFullTurn(meanAnomaly + LongitudeOffset + CentreTerm1 * std::sin(meanAnomaly) +
+                                            CentreTerm2 * std::sin(2 * meanAnomaly));
+    const double quadrants = longitude / QuarterTurn;
+    const bool isOnBoundary = !(std::abs(quadrants - std::trunc(quadrants)) > LeapTolerance);
+    return isOnBoundary ? longitude + BoundaryNudge : longitude; // keeps the tangent finite
+}
+
+/// In the same quadrant as the longitude.
+double rightAscension(double longitude)
+{
+    const double ascension = std::atan(AscensionFactor * std::tan(longitude));
+    if (longitude > ThreeQuarters) {
+        return ascension + FullTurn;
+    }
+    return longitude > QuarterTurn ? ascension + HalfTurn : ascension;
+}
+
+double cosineOfHourAngle(double longitude, double latitude)
+{
+    const double sine = DeclinationFactor * std::sin(longitude);
+    const double declination = std::atan(sine / std::sqrt(1 - sine * sine));
+    return (HorizonCosine - std::sin(declination) * std::sin(latitude)) / (std::cos(latitude) * std::cos(declination));
+}
+
+/// The event's angle on the clock; 0 where the sun does not cross the horizon. All arguments but the day in radians.
+double eventAngle(SunTimes::Event event, double day, double westLongitude, double latitude, double westZone)
+{
+    const double base = event == SunTimes::Event::Sunrise ? QuarterTurn : ThreeQuarters;
+    const double t = day + (westLongitude + base) / FullTurn;
+    const double longitude = trueLongitude(t * AnomalyRate + AnomalyOffset);
+    const std::optional<double> hour = SunTimes::hourAngle(event, cosineOfHourAngle(longitude, latitude));
+    if (!hour) {
+        return 0.0;
+    }
+    return rightAscension(longitude) + *hour + t * SiderealRate + SiderealOffset + westLongitude - westZone;
+}
+
+/// The number of today's year, month or day, in the 16 bits that it has always been handed over in.
+double shortInteger(const QString& text)
+{
+    return static_cast<std::int16_t>(integerValue(text));
+}
+
+} // namespace
+
+SunTimes::RiseAndSet SunTimes::sunTime(double westLongitude, double latitude, double westZoneHours, double year,
+                                       double month, double day)
+{
+    const double number = dayOfYear(year, month, day);
+    const auto clockTime = [&](Event event) {
+        return angleToClock(
+            eventAngle(event, number, westLongitude * Degree, latitude * Degree, westZoneHours * HourAngleUnit));
+    };
+    return {clockTime(Event::Sunrise), clockTime(Event::Sunset)};
+}
+
+std::optional<double> SunTimes::hourAngle(Event event, double cosine)
+{
+    if (std::abs(cosine) > 1) {
+        return std::nullopt;
+    }
+    const double arcsine = std::atan(cosine / std::sqrt(1 - cosine * cosine)); // atan of infinity at 1 and -1
+    return event == Event::Sunrise ? arcsine - QuarterTurn + FullTurn : QuarterTurn - arcsine;
+}
+
+double SunTimes::angleToClock(double angle)
+{
+    const double hours = withinFullTurn(angle) * HoursPerRadian;
+    const double hour = std::trunc(hours);
+    const double exactMinutes = (hours - hour) * 60;
+    double minutes = std::trunc(exactMinutes);
+    if (exactMinutes - minutes >= 0.5) {
+        minutes += 1;
+    }
+    return minutes >= 60 ? hour + 1 : hour + minutes / 100;
+}
+
+double SunTimes::timeZoneHours()
+{
+    constexpr double SecondsPerHourWest = -3600.0;
+    const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createDefault());
+    UErrorCode status = U_ZERO_ERROR;
+    int32_t raw = 0;
+    int32_t dst = 0;
+    zone->getOffset(udate(DateEnvironment::now()), static_cast<UBool>(false), raw, dst, status);
+    return static_cast<double>(raw + dst) / U_MILLIS_PER_SECOND / SecondsPerHourWest;
+}
+
+QString SunTimes::clockText(double packedTime, const DateFormatter& timeFormatter)
+{
+    const double hour = std::trunc(packedTime);
+    const QString fraction = QString::number(packedTime - hour, 'f', 6); // "0.310000"
+    const int minute = integerValue(QStringView(fraction).mid(fraction.indexOf(u'.') + 1, 2));
+    UErrorCode status = U_ZERO_ERROR;
+    icu::GregorianCalendar calendar(status);
+    calendar.clear();
+    calendar.set(1, UCAL_JANUARY, 1, static_cast<int32_t>(hour), minute); // no zone skips a time of that year
+    return timeFormatter.stringFromDate(dateFromUDate(calendar.getTime(status)));
+}
+
+std::optional<QString> SunTimes::sunLine(const Coordinate& place, const QString& heading,
+                                         const DateFormatter& timeFormatter)
+{
+    if (!std::isfinite(place.latitude) || !std::isfinite(place.longitude)) {
+        return std::nullopt;
+    }
+    const RiseAndSet times =
+        sunTime(-place.longitude, place.latitude, timeZoneHours(), shortInteger(DateUtilities::currentYear()),
+                shortInteger(DateUtilities::currentMonth()), shortInteger(DateUtilities::currentDay()));
+    return heading + u' ' + clockText(times.sunrise, timeFormatter) + u'/' + clockText(times.sunset, timeFormatter);
+}

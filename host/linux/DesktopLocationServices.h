@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/linux/DesktopLocationManager.h"
+
+#include <utility>
+
+/// Location services that are always there, since the zone's city is: whether the desktop has one, and whether it lets
+/// the program know, shows when that is asked.
+class DesktopLocationServices : public LocationServices {
+public:
+    explicit DesktopLocationServices(DesktopLocationManager::Sources sources) : m_sources(std::move(sources)) {}
+
+    bool locationServicesEnabled() const override { return true; }
+    LocationAuthorizationStatus authorizationStatus() const override { return LocationAuthorizationStatus::NotDetermined; }
+    std::unique_ptr<LocationManager> makeLocationManager() override
+    {
+        return std::make_unique<DesktopLocationManager>(m_sources);
+    }
+
+private:
+    DesktopLocationManager::Sources m_sources;
+};
