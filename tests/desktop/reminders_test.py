@@ -73,6 +73,14 @@ class RemindersTest(DesktopTest):
         window.find("label", re.compile(re.escape(TEXT) + "$"))
         window.wait_until(lambda: self.notes_shown(window) == [f"Note: {TEXT}"], "the note alone in the list")
 
+    def adopted_program(self):
+        """The program that a click started."""
+        self.connection.wait_for_owner(PROGRAM_SERVICE)
+        process = self.session.processes.adopt(self.connection.process_id(PROGRAM_SERVICE))
+        program = Application(self.session, self.home, self.program, process=process)
+        self._running.append(program)
+        return program
+
     def active_process(self):
         """The id of the process whose window has the keyboard; None for none."""
         found = subprocess.run(["xdotool", "getactivewindow", "getwindowpid"], check=False, stdin=subprocess.DEVNULL,
@@ -116,11 +124,7 @@ class RemindersTest(DesktopTest):
 
         number, _ = self.deliver(daemon)
         daemon.click(number)
-        self.connection.wait_for_owner(PROGRAM_SERVICE)
-        process = self.session.processes.adopt(self.connection.process_id(PROGRAM_SERVICE))
-        again = Application(self.session, self.home, self.program, process=process)
-        self._running.append(again)
-        self.wait_for_reminder(again)
+        self.wait_for_reminder(self.adopted_program())
 
     def test_a_daemon_that_people_use_shows_the_note_as_plain_text_and_tells_of_the_click(self):
         environment = self.home.environment | self.session.environment
@@ -160,6 +164,33 @@ class RemindersTest(DesktopTest):
         self.ask_for_reminder(window, TEXT)
         window.find("dialog", "Failed to post notification")
         self.assertFalse(self.connection.has_owner(SERVICE))
+
+    def test_installed_services_start_the_agent_and_the_program(self):
+        daemon = self.daemon()
+        agent = os.environ["TEST_PROGRAM"] + "-reminder-agent"
+        program = ["/usr/bin/env", *(f"{key}={value}" for key, value in self.home.environment.items()),
+                   *(f"{key}={value}" for key, value in (self.session.environment | ALWAYS_ACCESSIBLE).items()),
+                   self.program]
+        with (self.session.activatable(SERVICE, "/usr/bin/env", f"XDG_STATE_HOME={self.home.path}/by-bus", agent),
+              self.session.activatable(PROGRAM_SERVICE, *program)):
+            window = self.start()
+            self.ask_for_reminder(window, TEXT)
+            window.find("dialog", SCHEDULED)
+            pump_until((self.home.path / "by-bus/velumora/Reminders").exists, "the agent that the bus started")
+            window.key("Return")
+            window.wait_until_gone("dialog")
+            window.key("ctrl+q")
+            self.assertEqual(window.wait_for_end(), 0)
+            number, _ = self.deliver(daemon)
+            daemon.click(number)
+            self.wait_for_reminder(self.adopted_program())
+
+    def test_without_a_session_bus_the_program_runs(self):
+        process = self.session.processes.start(
+            [str(self.program)], env=self.home.environment | self.session.environment
+            | {"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"})
+        pump_until(self.session.screen.painted_window, "the window")
+        self.assertEqual(self.session.processes.end(process), 0)
 
     def test_a_program_that_ends_at_once_has_handed_its_reminder_over(self):
         self.daemon()

@@ -1,9 +1,12 @@
 # SPDX-License-Identifier: MIT
 """A desktop for one test process: an X server, a session bus and a place for private homes."""
 
+import contextlib
 import os
 import pathlib
+import shlex
 import shutil
+import subprocess
 import tempfile
 
 from .processes import Processes
@@ -55,6 +58,18 @@ class Session:
     def __exit__(self, *_):
         self.close()
 
+    @contextlib.contextmanager
+    def activatable(self, service, *command):
+        """Has the bus start the command when somebody calls the service, as an installed service file does."""
+        file = self.services / f"{service}.service"
+        file.write_text(f"[D-BUS Service]\nName={service}\nExec={shlex.join(command)}\n", encoding="utf-8")
+        self._reload_bus()
+        try:
+            yield
+        finally:
+            file.unlink()
+            self._reload_bus()
+
     @property
     def screen(self):
         return self._screen
@@ -99,6 +114,11 @@ class Session:
         finally:
             os.close(write)
         return _first_line(read, "dbus-daemon")
+
+    def _reload_bus(self):
+        subprocess.run(["dbus-send", f"--bus={self.bus_address}", "--print-reply=literal",
+                        "--dest=org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus.ReloadConfig"],
+                       check=True, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
 
     def _start_window_manager(self):
         ready = self.directory / "window-manager-ready"
