@@ -287,5 +287,19 @@ class ReminderAgentTest(unittest.TestCase):
         self.assertEqual(self.agent.delivered(), [])
 
 
+class EndOfSessionTest(unittest.TestCase):
+    def test_the_agent_ends_with_the_session_and_keeps_what_is_pending(self):
+        with Session(managed=False) as session:
+            connection = Connection(session.bus_address)
+            home = Home(session.directory / "home")
+            agent = Agent(session, connection, home, os.environ["TEST_PROGRAM"]).start()
+            agent.add(request(next_week()))
+            connection.close()
+            session.end_bus()
+            self.assertEqual(agent.process.wait(20), 0)
+            self.assertEqual(len(agent.in_file()), 1)
+            self.assertTrue(agent.autostart.exists())
+
+
 if __name__ == "__main__":
     unittest.main(verbosity=2)

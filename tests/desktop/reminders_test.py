@@ -6,6 +6,7 @@ import os
 import pathlib
 import plistlib
 import re
+import shutil
 import subprocess
 import unittest
 import zoneinfo
@@ -194,7 +195,14 @@ class RemindersTest(DesktopTest):
 
     def test_a_program_that_ends_at_once_has_handed_its_reminder_over(self):
         self.daemon()
-        window = self.start()
+        folder = self.home.path / "bin"
+        folder.mkdir()
+        shutil.copy(self.program, folder / "velumora")
+        slow_agent = folder / "velumora-reminder-agent"
+        slow_agent.write_text(f"#!/bin/sh\nsleep 2\nexec {self.program}-reminder-agent\n")
+        slow_agent.chmod(0o755)
+        window = Application(self.session, self.home, folder / "velumora")
+        self._running.append(window)
         self.ask_for_reminder(window, TEXT)
         window.find("dialog", SCHEDULED)
         window.process.terminate()

@@ -80,6 +80,10 @@ class Session:
         return {"DISPLAY": self.display, "DBUS_SESSION_BUS_ADDRESS": self.bus_address, "QT_QPA_PLATFORM": "xcb",
                 "DBUS_SYSTEM_BUS_ADDRESS": f"unix:path={self.directory}/no-system-bus"}
 
+    def end_bus(self):
+        """As at the end of a login session."""
+        self.processes.end(self._bus)
+
     def close(self):
         if self._screen:
             self._screen.close()
@@ -108,7 +112,7 @@ class Session:
             (self.services / service).symlink_to(pathlib.Path("/usr/share/dbus-1/services") / service)
         read, write = os.pipe()
         try:
-            self._start(["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile",
+            self._bus = self._start(["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile",
                          f"--print-address={write}"],
                         pass_fds=[write], env=environment)
         finally:
@@ -128,7 +132,7 @@ class Session:
 
     def _start(self, command, **options):
         with open(self.directory / f"{command[0]}.log", "wb") as log:
-            self.processes.start(command, stdout=log, stderr=log, **options)
+            return self.processes.start(command, stdout=log, stderr=log, **options)
 
 
 def _first_line(descriptor, program):
