@@ -54,7 +54,9 @@ std::string autostartText(const std::filesystem::path& program)
     return "[Desktop Entry]\n"
            "Type=Application\n"
            "Name=Velumora Reminders\n"
+           "Name[de]=Velumora-Erinnerungen\n"
            "Comment=Shows the reminder that is set for a note\n"
+           "Comment[de]=Zeigt die Erinnerung, die für eine Notiz gesetzt ist\n"
            "NoDisplay=true\n"
            "TryExec=" +
            stringValue(program.native()) + "\nExec=" + stringValue(quotedArgument(program.native())) + '\n';
