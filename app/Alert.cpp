@@ -21,8 +21,10 @@ constexpr int margin = 24;
 constexpr int gap = 12;
 constexpr int iconSize = 48;
 constexpr int textWidth = 320;   ///< least width of the two texts
-constexpr int longestBody = 280; ///< a body that is higher than this scrolls
+constexpr int longestText = 320; ///< headline and body scroll when they are higher than this together
 constexpr int messagePixelSize = 14;
+constexpr qsizetype longestHeadline = 400; ///< characters; a longer one is shown without its middle
+constexpr qsizetype longestWord = 24;      ///< characters; a longer one goes on in the next line where it must
 
 /// A text as it is shown: carriage returns begin lines, as line feeds do, and the two together begin one.
 QString withLineFeeds(QString text)
@@ -31,20 +33,42 @@ QString withLineFeeds(QString text)
     return text.replace(QChar::CarriageReturn, QChar::LineFeed);
 }
 
+/// Lets a line end within words that are too long for it.
+QString withBreakableWords(const QString& text)
+{
+    constexpr QChar zeroWidthSpace(0x200B);
+    QString breakable;
+    qsizetype length = 0; // of the word so far
+    for (const QChar unit : text) {
+        length = unit.isSpace() ? 0 : length + 1;
+        if (length > longestWord && !unit.isLowSurrogate() && !unit.isMark()) {
+            breakable += zeroWidthSpace;
+            length = 1;
+        }
+        breakable += unit;
+    }
+    return breakable;
+}
+
+QString withoutItsMiddle(const QString& headline)
+{
+    const qsizetype half = longestHeadline / 2;
+    return headline.size() <= longestHeadline ? headline : headline.first(half) + QChar(0x2026) + headline.last(half);
+}
+
 QLabel* makeText(QWidget* parent)
 {
     auto* label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setMinimumWidth(textWidth);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
 }
 
-/// Holds a label at its height, up to the longest body; beyond that it scrolls.
-class BodyArea : public QScrollArea {
+/// Holds the texts at their height, up to the longest; beyond that they scroll.
+class TextArea : public QScrollArea {
 public:
-    explicit BodyArea(QWidget* parent) : QScrollArea(parent)
+    explicit TextArea(QWidget* parent) : QScrollArea(parent)
     {
         setFrameShape(NoFrame);
         setWidgetResizable(true);
@@ -54,24 +78,20 @@ public:
     }
 
     bool hasHeightForWidth() const override { return true; }
-    int heightForWidth(int width) const override
-    {
-        const int height = widget()->heightForWidth(width);
-        return std::min(height < 0 ? widget()->sizeHint().height() : height, longestBody);
-    }
-    QSize sizeHint() const override
-    {
-        const int width = std::max(widget()->minimumWidth(), textWidth);
-        return {width, heightForWidth(width)};
-    }
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    int heightForWidth(int width) const override { return std::min(widget()->heightForWidth(width), longestText); }
+    QSize sizeHint() const override { return {leastWidth(), heightForWidth(leastWidth())}; }
+    QSize minimumSizeHint() const override { return {leastWidth(), fontMetrics().height()}; }
+
+private:
+    /// What the longest word needs.
+    int leastWidth() const { return std::max(widget()->minimumSizeHint().width(), textWidth); }
 };
 
 } // namespace
 
 Alert::Alert(QWidget* parent)
-    : QDialog(parent), m_icon(new QLabel(this)), m_message(makeText(this)), m_information(makeText(nullptr)),
-      m_body(new BodyArea(this)), m_buttonRow(new QHBoxLayout)
+    : QDialog(parent), m_icon(new QLabel(this)), m_message(makeText(nullptr)), m_information(makeText(nullptr)),
+      m_texts(new TextArea(this)), m_buttonRow(new QHBoxLayout)
 {
     setObjectName(QStringLiteral("alert"));
     QFont bold = m_message->font();
@@ -80,18 +100,19 @@ Alert::Alert(QWidget* parent)
     m_message->setFont(bold);
     m_information->setAlignment(Qt::AlignTop | Qt::AlignLeading);
 
-    m_body->setWidget(m_information);
-    m_information->setAutoFillBackground(false);
-
-    auto* texts = new QVBoxLayout;
+    auto* page = new QWidget;
+    auto* texts = new QVBoxLayout(page);
+    texts->setContentsMargins(0, 0, 0, 0);
     texts->setSpacing(gap);
     texts->addWidget(m_message);
-    texts->addWidget(m_body, 1);
+    texts->addWidget(m_information, 1);
+    m_texts->setWidget(page);
+    page->setAutoFillBackground(false);
 
     auto* content = new QHBoxLayout;
     content->setSpacing(margin - gap / 2);
     content->addWidget(m_icon, 0, Qt::AlignTop);
-    content->addLayout(texts, 1);
+    content->addWidget(m_texts, 1);
 
     m_buttonRow->setDirection(QBoxLayout::RightToLeft); // the first button stands outermost
     m_buttonRow->setSpacing(gap);
@@ -107,25 +128,28 @@ Alert::Alert(QWidget* parent)
 
 void Alert::setMessageText(const QString& headline)
 {
-    m_message->setText(withLineFeeds(headline));
-    setWindowTitle(headline.simplified());
-    setAccessibleName(headline.simplified());
+    m_headline = withLineFeeds(headline);
+    const QString shown = withoutItsMiddle(m_headline);
+    m_message->setText(withBreakableWords(shown));
+    setWindowTitle(shown.simplified());
+    setAccessibleName(shown.simplified());
 }
 
 QString Alert::messageText() const
 {
-    return m_message->text();
+    return m_headline;
 }
 
 void Alert::setInformativeText(const QString& body)
 {
-    m_information->setText(withLineFeeds(body));
-    setAccessibleDescription(m_information->text());
+    m_bodyText = withLineFeeds(body);
+    m_information->setText(withBreakableWords(m_bodyText));
+    setAccessibleDescription(m_bodyText);
 }
 
 QString Alert::informativeText() const
 {
-    return m_information->text();
+    return m_bodyText;
 }
 
 void Alert::setAlertStyle(Style style)
@@ -194,10 +218,10 @@ void Alert::keyPressEvent(QKeyEvent* event)
         press(1);
         break;
     case Qt::Key_PageUp:
-        m_body->verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepSub);
+        m_texts->verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepSub);
         break;
     case Qt::Key_PageDown:
-        m_body->verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
+        m_texts->verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
         break;
     default:
         QDialog::keyPressEvent(event);

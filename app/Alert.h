@@ -12,8 +12,9 @@ class QLabel;
 class QPushButton;
 class QScrollArea;
 
-/// A question or an error put to the user: a headline, a body and buttons. Headline and body are plain text. A body
-/// that is too long for the panel scrolls, with the page keys too.
+/// A question or an error put to the user: a headline, a body and buttons. Headline and body are plain text. Texts
+/// that are too long for the panel scroll, with the page keys too; of a headline beyond all measure only both ends are
+/// shown.
 class Alert : public QDialog {
     Q_OBJECT
 
@@ -58,10 +59,12 @@ private:
     void press(qsizetype button);
 
     Style m_style = Style::Warning;
+    QString m_headline;
+    QString m_bodyText;
     QLabel* m_icon;
     QLabel* m_message;
     QLabel* m_information;
-    QScrollArea* m_body;
+    QScrollArea* m_texts;
     QHBoxLayout* m_buttonRow;
     QList<QPushButton*> m_buttons;
 };

@@ -5,6 +5,7 @@
 #include "app/Localized.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "host/ClockMonitor.h"
+#include "host/GlobalDefaults.h"
 #include "notes/SegmentedControl.h"
 #include "notes/TextLines.h"
 #include "store/Record.h"
@@ -19,6 +20,11 @@ namespace {
 
 constexpr double dateColumnWidth = 176;
 constexpr double elapsedColumnWidth = 208;
+
+// The places of the pages in the tab view.
+constexpr int miniCalendarPage = 0;
+constexpr int weeklyViewPage = 1;
+constexpr int monthlyViewPage = 2;
 
 // How the two tables share the height of the page.
 constexpr int notesShare = 600;
@@ -63,6 +69,7 @@ AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, cons
     connectEditMenu();
     connectHolidaySheet();
     makeImportantDatesContextMenu();
+    makeSendNotificationContextMenu();
 }
 
 AppDelegate::~AppDelegate() = default;
@@ -100,6 +107,10 @@ void AppDelegate::connectActions()
     wire(m_ui.forwardOneMonthOnMiniCal, &AppDelegate::backForwardYearOrMonth);
     wire(m_ui.backOneYearOnMiniCal, &AppDelegate::backForwardYearOrMonth);
     wire(m_ui.forwardOneYearOnMiniCal, &AppDelegate::backForwardYearOrMonth);
+    wire(m_ui.weeklyViewBackWeek, &AppDelegate::backForwardWeek);
+    wire(m_ui.weeklyViewForwardWeek, &AppDelegate::backForwardWeek);
+    wire(m_ui.monthlyViewBackBtn, &AppDelegate::backForwardMonthlyView);
+    wire(m_ui.monthlyViewForwardBtn, &AppDelegate::backForwardMonthlyView);
     wire(m_ui.noteEntryPrevNotesBtn, &AppDelegate::backForwardNotesView);
     wire(m_ui.noteEntryNextNotesBtn, &AppDelegate::backForwardNotesView);
     wire(m_ui.noteEntryListSaveBtn, &AppDelegate::saveTVDataToFile);
@@ -112,6 +123,7 @@ void AppDelegate::connectActions()
     });
     connect(m_ui.importantDatesUSHolidays, &QAbstractButton::clicked, this, &AppDelegate::openHolidaySheet);
     connect(m_ui.todayBtn, &QAbstractButton::clicked, this, &AppDelegate::showTodayOnMiniCal);
+    connect(m_ui.monthlyViewPrintBtn, &QAbstractButton::clicked, this, &AppDelegate::printMonthlyView);
     connect(m_ui.filterBtn, &QAbstractButton::clicked, this, &AppDelegate::filterNotes);
     connect(m_ui.filterField, &QLineEdit::textChanged, this, [this] { controlTextDidChange(*m_ui.filterField); });
     connect(m_ui.filterField, &QLineEdit::returnPressed, m_ui.filterBtn, &QAbstractButton::click);
@@ -129,6 +141,7 @@ void AppDelegate::connectActions()
             [this] { didSelectTabViewItem(*m_ui.myTabView->currentWidget()); });
     connect(&m_minuteTimer, &QTimer::timeout, this, &AppDelegate::minuteHasChanged);
     connect(&m_host.clockMonitor, &ClockMonitor::clockJumped, this, &AppDelegate::clockHasJumped);
+    connect(&m_host.globalDefaults, &GlobalDefaults::didChange, this, &AppDelegate::appearanceHasChanged);
 
     for (QRadioButton* choice : {m_prefsLayout->sundayPref, m_prefsLayout->mondayPref, m_prefsLayout->allVelumora,
                                  m_prefsLayout->currentMonthVelumora}) {
@@ -165,30 +178,43 @@ void AppDelegate::connectHolidaySheet()
 void AppDelegate::connectMenu()
 {
     const auto wire = [this](QAction* action, auto handler) { connect(action, &QAction::triggered, this, handler); };
-    const auto press = [this](QAction* action, QAbstractButton* button) {
-        connect(action, &QAction::triggered, button, [this, button] {
-            m_ui.myTabView->setCurrentIndex(0);
+    const auto pressOn = [this](int page, QAction* action, QAbstractButton* button) {
+        connect(action, &QAction::triggered, button, [this, page, button] {
+            m_ui.myTabView->setCurrentIndex(page);
             button->click();
+        });
+    };
+    const auto press = [pressOn](QAction* action, QAbstractButton* button) {
+        pressOn(miniCalendarPage, action, button);
+    };
+    // A month's arrow of the menu is the one of the page shown, where that has one.
+    const auto pressMonth = [this](QAction* action, QAbstractButton* onMiniCalendar, QAbstractButton* onMonth) {
+        connect(action, &QAction::triggered, this, [this, onMiniCalendar, onMonth] {
+            const bool isOnMonth = m_ui.myTabView->currentIndex() == monthlyViewPage;
+            m_ui.myTabView->setCurrentIndex(isOnMonth ? monthlyViewPage : miniCalendarPage);
+            (isOnMonth ? onMonth : onMiniCalendar)->click();
         });
     };
     const auto segment = [this](QAction* action, int index) {
         connect(action, &QAction::triggered, this, [this, index] {
-            m_ui.myTabView->setCurrentIndex(0);
+            m_ui.myTabView->setCurrentIndex(miniCalendarPage);
             m_ui.hideShowSegBtn->press(index);
         });
     };
     wire(m_ui.saveAction, &AppDelegate::saveAll);
+    wire(m_ui.importAction, &AppDelegate::askAboutImport);
     wire(m_ui.showDataFolderAction, &AppDelegate::showDataFilesInFinder);
     wire(m_ui.quitAction, [this] { Q_EMIT terminated(); });
     wire(m_ui.preferencesAction, &AppDelegate::openClosePrefsSheet);
-    wire(m_ui.miniCalendarPageAction, [this] { m_ui.myTabView->setCurrentIndex(0); });
-    wire(m_ui.weeklyViewPageAction, [this] { m_ui.myTabView->setCurrentIndex(1); });
-    wire(m_ui.monthlyViewPageAction, [this] { m_ui.myTabView->setCurrentIndex(2); });
+    wire(m_ui.miniCalendarPageAction, [this] { m_ui.myTabView->setCurrentIndex(miniCalendarPage); });
+    wire(m_ui.weeklyViewPageAction, [this] { m_ui.myTabView->setCurrentIndex(weeklyViewPage); });
+    wire(m_ui.monthlyViewPageAction, [this] { m_ui.myTabView->setCurrentIndex(monthlyViewPage); });
     wire(m_ui.helpAction, &AppDelegate::myShowHelp);
+    wire(m_ui.versionCheckAction, &AppDelegate::doNewVersionCheck);
     wire(m_ui.webPageAction, &AppDelegate::openProductWebPage);
     wire(m_ui.aboutAction, &AppDelegate::showAbout);
     wire(m_ui.findAction, [this] {
-        m_ui.myTabView->setCurrentIndex(0);
+        m_ui.myTabView->setCurrentIndex(miniCalendarPage);
         m_ui.filterField->setFocus(Qt::ShortcutFocusReason);
         m_ui.filterField->selectAll();
     });
@@ -197,10 +223,13 @@ void AppDelegate::connectMenu()
     press(m_ui.usHolidaysAction, m_ui.importantDatesUSHolidays);
     press(m_ui.deleteDateAction, m_ui.deleteRowFromImpDateListBtn);
     press(m_ui.todayAction, m_ui.todayBtn);
-    press(m_ui.previousMonthAction, m_ui.backOneMonthOnMiniCal);
-    press(m_ui.nextMonthAction, m_ui.forwardOneMonthOnMiniCal);
+    pressMonth(m_ui.previousMonthAction, m_ui.backOneMonthOnMiniCal, m_ui.monthlyViewBackBtn);
+    pressMonth(m_ui.nextMonthAction, m_ui.forwardOneMonthOnMiniCal, m_ui.monthlyViewForwardBtn);
     press(m_ui.previousYearAction, m_ui.backOneYearOnMiniCal);
     press(m_ui.nextYearAction, m_ui.forwardOneYearOnMiniCal);
+    pressOn(weeklyViewPage, m_ui.previousWeekAction, m_ui.weeklyViewBackWeek);
+    pressOn(weeklyViewPage, m_ui.nextWeekAction, m_ui.weeklyViewForwardWeek);
+    pressOn(monthlyViewPage, m_ui.printAction, m_ui.monthlyViewPrintBtn);
     press(m_ui.previousNotesAction, m_ui.noteEntryPrevNotesBtn);
     press(m_ui.nextNotesAction, m_ui.noteEntryNextNotesBtn);
     segment(m_ui.currentMonthNotesAction, 0);

@@ -11,6 +11,7 @@
 #include "host/UserNotificationCenter.h"
 #include "notes/TableViewDelegate.h"
 #include "store/DataFolder.h"
+#include "store/Record.h"
 #include "store/SaveQueue.h"
 #include "store/Value.h"
 
@@ -18,6 +19,7 @@
 #include <QTimer>
 
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -118,6 +120,20 @@ public:
     void openProductWebPage();
     void showAbout();
 
+    // --- Appearance --------------------------------------------------------------------------------------------------
+
+    /// The dark appearance is in effect.
+    bool isDarkMode() const;
+
+    /// Every colour that the window shows is drawn anew.
+    void appearanceHasChanged();
+
+    // --- Version check -----------------------------------------------------------------------------------------------
+
+    /// Fetches the newest version and tells whether it is newer than this one. Returns when the sheet that says so has
+    /// begun, or waits behind another.
+    void doNewVersionCheck();
+
     // --- Store -------------------------------------------------------------------------------------------------------
 
     /// Every note in file order; the rows of the notes list; every important date.
@@ -128,6 +144,12 @@ public:
     /// Loads both tables, cleans the notes once, and shows them.
     void loadTables();
     void saveTVDataToFile(QAbstractButton& sender);
+
+    /// Asks for the older product's folder and takes its files over once that is confirmed. They are only read.
+    void askAboutImport();
+
+    /// Saves the table in `source` under `fileName` and gives it back; one that cannot be read removes the file.
+    std::optional<Table> importTALVDataFiles(const std::filesystem::path& source, const std::string& fileName);
 
     /// The save command of the menu: what the enabled save buttons do.
     void saveAll();
@@ -155,14 +177,44 @@ public:
     void backForwardYearOrMonth(QAbstractButton& sender);
     void dayBtnAction(DayButton& sender);
 
-    // --- Week, month, icon -------------------------------------------------------------------------------------------
+    // --- Week --------------------------------------------------------------------------------------------------------
 
     void setWeeklyViewThreeCharDayNames(bool startOnSunday, QWidget& window);
+    void setStringForWeeklyViewStartingDateMsg(Date date);
+
+    /// Opens the page on the week that holds today, or day 1 when the mini calendar shows another month.
     void setWeeklyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes);
+
+    /// Draws the week that begins `daysToAdd` days from `date`. The label of its first day is its only record.
+    void putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget& view, const std::optional<Table>& notes);
+    void backForwardWeek(QAbstractButton& sender);
+
+    // --- Month -------------------------------------------------------------------------------------------------------
+
     void setMonthlyViewThreeCharDayNames(bool startOnSunday, QWidget& window);
+
+    /// Opens the page on the month that the mini calendar shows, else on the current one.
     void setMonthlyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes);
+
+    /// Draws the month of `date`, its day 1, which falls on `weekdayOfFirst`. The hidden date picker is its only
+    /// record.
+    void putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, QWidget& view, const std::optional<Table>& notes,
+                                       bool startOnSunday);
+    void backForwardMonthlyView(QAbstractButton& sender);
+
+    /// Writes the page as a PDF file into the temporary folder and opens it with the user's viewer. Nothing is reported
+    /// when either fails.
+    void printMonthlyView();
+
+    /// Removes the file of the last print, if there was one.
     void deleteMonthlyPrintFile();
+
+    // --- Icon --------------------------------------------------------------------------------------------------------
+
     void drawCurrMonthsDayOnAppIcon();
+
+    /// Waits for the window's first picture, after which the icon is handed over.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     // --- Notes list --------------------------------------------------------------------------------------------------
 
@@ -209,11 +261,23 @@ public:
     /// Adds the ticked holidays as dates; for the one sender as notes of their days too.
     void addDatesFromHolidaySheet(QAbstractButton& sender);
 
-    /// Retitles a context menu before it opens.
-    void menuNeedsUpdate(QMenu& menu);
-
     /// Adds the description of the clicked date to the shown note of its day, or of the same day this year.
     void importantDatesRespondToContextMenu(const QAction& sender);
+
+    // --- Reminders ---------------------------------------------------------------------------------------------------
+
+    /// Retitles a context menu, of the notes or of the important dates, before it opens.
+    void menuNeedsUpdate(QMenu& menu);
+
+    /// Schedules the one reminder: the clicked note's, at midnight at the start of its day.
+    void respondToContextualMenuTab1(const QAction& sender);
+
+    /// Shows the note of a reminder that was clicked, also as the only row of the notes list.
+    void respondWithContent(const NotificationContent& content);
+
+    NotificationOptions willPresentNotification(const NotificationRequest& request) override;
+    void didReceiveNotificationResponse(const NotificationResponse& response,
+                                        const std::function<void()>& completionHandler) override;
 
     // --- Location ----------------------------------------------------------------------------------------------------
 
@@ -224,7 +288,7 @@ public:
 
     /// Shows today's sunrise and sunset at the newest of the places.
     void didUpdateLocations(LocationManager& manager, const QList<Location>& locations) override;
-    void didChangeAuthorizationStatus(LocationManager& manager, AuthorizationStatus status) override;
+    void didChangeAuthorizationStatus(LocationManager& manager, LocationAuthorizationStatus status) override;
     void didFailWithError(LocationManager&, const QString&) override {}
     void didUpdateToLocation(LocationManager&, const Location&, const Location&) override {}
 
@@ -239,6 +303,11 @@ private:
     void configureTables();
     void redrawPage(const QWidget& page);
 
+    void confirmImport(const std::filesystem::path& folder);
+    void importNotes(const std::filesystem::path& source);
+    void importEvents(const std::filesystem::path& source);
+
+    MonthGrid::YearMonth shownOrCurrentMonth() const;
     Table notesOfMonth(Date date) const;
     void showRows(Table rows);
     void showCountUnlessEmpty();
@@ -265,9 +334,17 @@ private:
     void colorDatePicker(DatePicker& picker, int row) const;
     void colorDatePickers();
     void makeImportantDatesContextMenu();
+    void updateImportantDatesContextMenu();
     const Value* clickedEvent() const;
     void takeInDateNotes();
     void forgetDateNotes(Date date);
+
+    void makeSendNotificationContextMenu();
+    void updateSendNotificationContextMenu();
+    std::optional<DatedText> clickedNote() const;
+    void answerReminderRequest(AuthorizationStatus status, const DatedText& note);
+    void scheduleReminder(const DatedText& note);
+    void showOnlyNoteOf(Date date);
 
     QMainWindow& m_window;
     Ui::MainWindow& m_ui;
@@ -276,6 +353,7 @@ private:
     std::unique_ptr<Ui::HolidaySheet> m_holidayLayout;
     QDialog* m_holidaySheet = nullptr;            ///< the window's
     QMenu* m_importantDatesContextMenu = nullptr; ///< the window's
+    QMenu* m_sendNotificationContextMenu = nullptr;
     HostServices m_host;
 
     /// Lines added to shown notes from important dates, each as a note of its day, until the notes are saved.
@@ -284,6 +362,8 @@ private:
     DataFolder m_folder;
     SaveQueue m_saves;
 
+    std::optional<std::filesystem::path> m_monthlyPrintFile; ///< of the last print, whether it was written or not
+
     // Made at start-up and kept: the clock's format, the one whose style each user sets before use, the list's dates.
     std::optional<DateFormatter> m_sharedTimeFormatter;
     std::optional<DateFormatter> m_sharedStyleFormatter;
@@ -291,5 +371,6 @@ private:
 
     std::string m_zoneOfLocation; ///< the zone in force when the location was last asked for
     QTimer m_minuteTimer{this};
+    QTimer m_iconTimer;                 ///< hands the desktop the icon
     bool m_missingTextReported = false; ///< while the alert about a missing text is up
 };

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/Appearance.h"
 
-#include "notes/NamedColor.h"
+#include "host/GlobalDefaults.h"
+#include "host/ProcessInfo.h"
 
 #include <QApplication>
 #include <QFile>
@@ -15,6 +16,7 @@
 namespace {
 
 constexpr int basePixelSize = 13;
+constexpr double firstReleaseWithDarkAppearance = 10.14;
 
 struct RoleColors {
     QPalette::ColorRole role;
@@ -22,8 +24,8 @@ struct RoleColors {
     QRgb dark;
 };
 
-/// Texts stand on Window, Base and Button at a contrast of 4.5:1 or better, Dark (secondary texts) included. What
-/// cannot be used now is in Shadow: it is told apart by its paleness.
+/// Texts stand on Window, Base and Button at a contrast of 4.5:1 or better, Dark (secondary texts) and Link (the accent
+/// colour as a text) included. What cannot be used now is in Shadow: it is told apart by its paleness.
 constexpr std::array roles{
     RoleColors{QPalette::Window, 0xfff5f5f7, 0xff1e1e20},
     RoleColors{QPalette::WindowText, 0xff1d1d1f, 0xfff2f2f4},
@@ -35,16 +37,29 @@ constexpr std::array roles{
     RoleColors{QPalette::Light, 0xffffffff, 0xff48484c},
     RoleColors{QPalette::Midlight, 0xffececf0, 0xff3f3f44},
     RoleColors{QPalette::Mid, 0xffd6d6dc, 0xff4c4c52},
-    RoleColors{QPalette::Dark, 0xff66666c, 0xffa6a6ad},
+    RoleColors{QPalette::Dark, 0xff5c5c62, 0xffb0b0b7},
     RoleColors{QPalette::Shadow, 0xffa6a6ac, 0xff77777d},
     RoleColors{QPalette::Highlight, 0xff2f6db5, 0xff3a76bd},
     RoleColors{QPalette::HighlightedText, 0xffffffff, 0xffffffff},
+    RoleColors{QPalette::Link, 0xff2a65aa, 0xff78aef2},
+    RoleColors{QPalette::LinkVisited, 0xff2a65aa, 0xff78aef2},
     RoleColors{QPalette::PlaceholderText, 0xff6a6a70, 0xffa0a0a6},
     RoleColors{QPalette::ToolTipBase, 0xffffffff, 0xff36363a},
     RoleColors{QPalette::ToolTipText, 0xff1d1d1f, 0xfff2f2f4},
 };
 
 } // namespace
+
+Appearance systemAppearance(const ProcessInfo& processInfo, const GlobalDefaults& globalDefaults)
+{
+    const ProcessInfo::SystemVersion version = processInfo.operatingSystemVersion();
+    const float release = QStringLiteral("%1.%2").arg(version.major).arg(version.minor).toFloat();
+    const std::optional<QString> style = globalDefaults.stringForKey(QStringLiteral("AppleInterfaceStyle"));
+    if (static_cast<double>(release) < firstReleaseWithDarkAppearance) {
+        return Appearance::Light;
+    }
+    return style && style->contains(QStringLiteral("Dark")) ? Appearance::Dark : Appearance::Light;
+}
 
 QPalette calmPalette(Appearance appearance)
 {
@@ -59,14 +74,18 @@ QPalette calmPalette(Appearance appearance)
     return palette;
 }
 
-void applyAppearance()
+void applyStyle()
 {
-    const bool dark = isDarkAppearance(QApplication::palette());
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setPalette(calmPalette(dark ? Appearance::Dark : Appearance::Light));
     QFont base = QApplication::font();
     base.setPixelSize(basePixelSize);
     QApplication::setFont(base);
+}
+
+void applyAppearance(Appearance appearance, QWidget& window)
+{
+    QApplication::setPalette(calmPalette(appearance));
+    applyStyleRules(window); // anew: widgets under a style sheet keep the palette that it made for them
 }
 
 void applyStyleRules(QWidget& window)

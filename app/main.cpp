@@ -3,6 +3,7 @@
 #include "app/Appearance.h"
 #include "app/EnteredPlace.h"
 #include "app/Translations.h"
+#include "host/linux/DesktopGlobalDefaults.h"
 #include "host/linux/DesktopLocationServices.h"
 #include "host/linux/DesktopWorkspace.h"
 #include "host/linux/FolderOpenPanel.h"
@@ -12,8 +13,10 @@
 #include "host/linux/LocaleEnvironment.h"
 #include "host/linux/NoNotificationCenter.h"
 #include "host/linux/SettingsUserDefaults.h"
+#include "host/linux/TemporaryFolder.h"
 #include "host/linux/TerminationSignals.h"
 #include "ui_MainWindow.h"
+#include "update/WebVersionServer.h"
 
 #include <QApplication>
 #include <QDir>
@@ -39,6 +42,13 @@ std::optional<std::filesystem::path> applicationSupportFolder()
     return folder.toStdString();
 }
 
+std::optional<std::filesystem::path> temporaryFolder()
+{
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    QDir().mkpath(cache); // a new account has none yet
+    return privateTemporaryFolder(environmentVariable("XDG_RUNTIME_DIR"), cache.toStdString());
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -46,6 +56,7 @@ int main(int argc, char** argv)
     TerminationSignals signals;
     QApplication application(argc, argv);
     signals.listen();
+    DesktopGlobalDefaults globalDefaults; // early: the desktop answers while the window is made
     QApplication::setApplicationName(QStringLiteral("velumora"));
     QApplication::setApplicationDisplayName(QStringLiteral("Velumora"));
     QApplication::setOrganizationName(QStringLiteral("velumora"));
@@ -55,7 +66,7 @@ int main(int argc, char** argv)
     DateEnvironment::setLocalePair(languages);
     DateEnvironment::setTimeZone({});
     installTranslation(languages.preferredLanguages);
-    applyAppearance();
+    applyStyle();
 
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
@@ -68,22 +79,27 @@ int main(int argc, char** argv)
          .enteredCoordinate = [&userDefaults] { return enteredPlace(userDefaults); },
          .zoneDatabase = "/usr/share/zoneinfo"});
     NoNotificationCenter notificationCenter;
+    WebVersionServer versionServer(QUrl(QStringLiteral(VELUMORA_VERSION_SERVER)));
     DesktopWorkspace workspace;
 
     QMainWindow window;
     Ui::MainWindow layout;
     layout.setupUi(&window);
-    applyStyleRules(window);
+    globalDefaults.takeInAnswer(); // a first picture in the right colours
+    applyAppearance(systemAppearance(processInfo, globalDefaults), window);
     AppDelegate delegate(window, layout,
                          {.bundle = bundle,
                           .clockMonitor = clockMonitor,
+                          .globalDefaults = globalDefaults,
                           .locationServices = locationServices,
                           .openPanel = openPanel,
                           .processInfo = processInfo,
                           .userDefaults = userDefaults,
                           .notificationCenter = notificationCenter,
+                          .versionServer = versionServer,
                           .workspace = workspace,
-                          .applicationSupport = applicationSupportFolder()});
+                          .applicationSupport = applicationSupportFolder(),
+                          .temporaryFolder = temporaryFolder()});
 
     // Not QApplication::quit, which a sheet that waits for its answer would refuse.
     const auto quit = [] { QApplication::exit(); };

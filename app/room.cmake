@@ -1,5 +1,7 @@
 set(VELUMORA_WEB_PAGE "https://velumora.invalid/" CACHE STRING
     "The product's web page; the default resolves nowhere")
+set(VELUMORA_VERSION_SERVER "https://velumora.invalid" CACHE STRING
+    "Scheme and host of the web server that tells the newest version; the default resolves nowhere")
 
 # Texts of layouts come from the same catalogue, in the same context, as those of the code.
 set_target_properties(velumora-app PROPERTIES
@@ -19,6 +21,7 @@ target_sources(velumora-app PRIVATE
     app/AlphaValue.cpp
     app/AlphaValue.h
     app/AppDelegate+Alerts.cpp
+    app/AppDelegate+Appearance.cpp
     app/AppDelegate+Help.cpp
     app/AppDelegate+Lifecycle.cpp
     app/AppDelegate+PlacePreference.cpp
@@ -38,13 +41,31 @@ target_sources(velumora-app PRIVATE
     app/Translations.h
     calendar/AppDelegate+DockIcon.cpp
     calendar/AppDelegate+MiniCalendar.cpp
+    calendar/AppDelegate+MonthlyPrint.cpp
     calendar/AppDelegate+MonthlyView.cpp
     calendar/AppDelegate+WeeklyView.cpp
     calendar/CellGrid.h
     calendar/DayButton.cpp
     calendar/DayButton.h
+    calendar/DayNumber.cpp
+    calendar/DayNumber.h
+    calendar/DockIcon.cpp
+    calendar/DockIcon.h
+    calendar/FittedText.cpp
+    calendar/FittedText.h
+    calendar/HiddenDatePicker.h
     calendar/MiniCalendarGrid.cpp
     calendar/MiniCalendarGrid.h
+    calendar/MonthPage.cpp
+    calendar/MonthPage.h
+    calendar/MonthlyGrid.cpp
+    calendar/MonthlyGrid.h
+    calendar/NoteField.cpp
+    calendar/NoteField.h
+    calendar/WeeklyGrid.cpp
+    calendar/WeeklyGrid.h
+    calendar/WholeNote.cpp
+    calendar/WholeNote.h
     dates/AppDelegate+DateNotes.cpp
     dates/AppDelegate+HolidaySheet.cpp
     dates/AppDelegate+ImportantDates.cpp
@@ -53,11 +74,17 @@ target_sources(velumora-app PRIVATE
     dates/DatePicker.h
     notes/AppDelegate+NoteEditing.cpp
     notes/AppDelegate+NotesList.cpp
+    notes/AppDelegate+Reminders.cpp
     notes/SegmentedControl.cpp
     notes/SegmentedControl.h
     resources/velumora.qrc
+    store/AppDelegate+LegacyImport.cpp
     store/AppDelegate+Store.cpp
+    update/AppDelegate+VersionCheck.cpp
+    update/WebVersionServer.cpp
+    update/WebVersionServer.h
 )
 
 add_executable(velumora app/main.cpp)
 target_link_libraries(velumora PRIVATE velumora-app)
+target_compile_definitions(velumora PRIVATE VELUMORA_VERSION_SERVER="${VELUMORA_VERSION_SERVER}")

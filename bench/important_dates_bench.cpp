@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
 #include "dates/DatePicker.h"
+#include "host/linux/DesktopGlobalDefaults.h"
 #include "host/linux/DesktopWorkspace.h"
 #include "host/linux/FolderOpenPanel.h"
 #include "host/linux/InstalledBundle.h"
@@ -12,6 +13,7 @@
 #include "notes/TableView.h"
 #include "store/Record.h"
 #include "ui_MainWindow.h"
+#include "update/WebVersionServer.h"
 
 #include <QApplication>
 #include <QImage>
@@ -31,7 +33,7 @@ constexpr Date::duration daysBetween = std::chrono::hours(24) * 18;
 class NoLocationServices : public LocationServices {
 public:
     bool locationServicesEnabled() const override { return false; }
-    AuthorizationStatus authorizationStatus() const override { return AuthorizationStatus::Denied; }
+    LocationAuthorizationStatus authorizationStatus() const override { return LocationAuthorizationStatus::Denied; }
     std::unique_ptr<LocationManager> makeLocationManager() override { return nullptr; }
 };
 
@@ -40,17 +42,20 @@ struct Page {
     Page()
     {
         layout.setupUi(&window);
-        applyStyleRules(window);
+        applyAppearance(Appearance::Light, window);
         delegate = std::make_unique<AppDelegate>(window, layout,
                                                  HostServices{.bundle = bundle,
                                                               .clockMonitor = clockMonitor,
+                                                              .globalDefaults = globalDefaults,
                                                               .locationServices = locationServices,
                                                               .openPanel = openPanel,
                                                               .processInfo = processInfo,
                                                               .userDefaults = userDefaults,
                                                               .notificationCenter = notificationCenter,
+                                                              .versionServer = versionServer,
                                                               .workspace = workspace,
-                                                              .applicationSupport = home.path().toStdString()});
+                                                              .applicationSupport = home.path().toStdString(),
+                                                              .temporaryFolder = std::nullopt});
         delegate->applicationWillFinishLaunching();
         delegate->applicationDidFinishLaunching();
         for (int i = 0; i < dateCount; ++i) {
@@ -68,11 +73,13 @@ struct Page {
     QTemporaryDir home;
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
+    DesktopGlobalDefaults globalDefaults;
     NoLocationServices locationServices;
     FolderOpenPanel openPanel;
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
     NoNotificationCenter notificationCenter;
+    WebVersionServer versionServer{QUrl()};
     DesktopWorkspace workspace;
     QMainWindow window;
     Ui::MainWindow layout;
@@ -115,7 +122,7 @@ void pickAnotherDay(benchmark::State& state)
     page.table().editColumn(dateColumn, 1);
     auto* picker = qobject_cast<DatePicker*>(page.table().viewAt(dateColumn, 1));
     for (auto _ : state) {
-        picker->setDate(picker->date().addDays(picker->date().day() % 2 == 0 ? 1 : -1));
+        picker->chooseDay(picker->day().addDays(picker->day().day() % 2 == 0 ? 1 : -1));
         page.paint();
     }
 }
@@ -143,7 +150,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
     const QApplication application(argc, argv);
-    applyAppearance();
+    applyStyle();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

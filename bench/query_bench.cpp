@@ -10,10 +10,13 @@
 #include <algorithm>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace {
 
 constexpr Date someDay = dateFromUnixSeconds(1709208000); // 29 February 2024, 12:00 UTC
+
+constexpr Date firstOfMarch = dateFromUnixSeconds(1709251200); // 1 March 2024, 00:00 UTC
 
 const Table& notes()
 {
@@ -41,6 +44,34 @@ void filterYear(benchmark::State& state)
     notes();
     for (auto _ : state) {
         benchmark::DoNotOptimize(NoteQueries::copyCurrentYearNotes(notes(), 2024));
+    }
+}
+
+std::vector<Date> daysOfMonth()
+{
+    std::vector<Date> days;
+    for (int day = 0; day < 31; ++day) {
+        days.push_back(firstOfMarch + std::chrono::days(day));
+    }
+    return days;
+}
+
+/// The notes of a month's days, looked up day by day.
+void lookUpMonthByDay(benchmark::State& state)
+{
+    const std::vector<Date> days = daysOfMonth();
+    for (auto _ : state) {
+        for (const Date day : days) {
+            benchmark::DoNotOptimize(NoteQueries::doesTVDataHaveDate(notes(), day));
+        }
+    }
+}
+
+void lookUpMonth(benchmark::State& state)
+{
+    const std::vector<Date> days = daysOfMonth();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(NoteQueries::textsOfDates(notes(), days));
     }
 }
 
@@ -87,6 +118,8 @@ void countLines(benchmark::State& state)
 constexpr auto unit = benchmark::kMillisecond;
 BENCHMARK(filterMonth)->Unit(unit);
 BENCHMARK(filterYear)->Unit(unit);
+BENCHMARK(lookUpMonthByDay)->Unit(unit);
+BENCHMARK(lookUpMonth)->Unit(unit);
 BENCHMARK_CAPTURE(sortShuffled, date, "NoteDateKey")->Unit(unit);
 BENCHMARK_CAPTURE(sortShuffled, text, "NoteDataKey")->Unit(unit);
 BENCHMARK(makeSearch)->Unit(unit);

@@ -1,8 +1,78 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
+#include "app/Localized.h"
+#include "calendar/DayNumber.h"
+#include "calendar/MonthGrid.h"
+#include "calendar/MonthlyGrid.h"
+#include "calendar/NoteField.h"
+#include "dates/DateUtilities.h"
+#include "dates/IntegerValue.h"
+#include "notes/NoteQueries.h"
+#include "ui_MainWindow.h"
 
-void AppDelegate::setMonthlyViewThreeCharDayNames(bool, QWidget&) {}
+#include <QMainWindow>
 
-void AppDelegate::setMonthlyViewDayNumbers(bool, QWidget&, const std::optional<Table>&) {}
+void AppDelegate::setMonthlyViewThreeCharDayNames(bool startOnSunday, QWidget& window)
+{
+    const auto* grid = window.findChild<MonthlyGrid*>();
+    const QStringList shortNames = MonthGrid::weekdayHeaders(startOnSunday);
+    const QStringList fullNames = DateUtilities::copyFormatterForLocaleDevice().standaloneWeekdaySymbols();
+    for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
+        grid->header(column).setText(shortNames.at(column));
+        grid->header(column).setAccessibleName(fullNames.at(MonthGrid::weekdayOfColumn(column, startOnSunday)));
+    }
+}
 
-void AppDelegate::deleteMonthlyPrintFile() {}
+MonthGrid::YearMonth AppDelegate::shownOrCurrentMonth() const
+{
+    const MonthGrid::YearMonth shown = fromMiniCalGetYearMonth();
+    return shown.year == 0 || shown.month == 0 ? MonthGrid::currentYearMonth() : shown;
+}
+
+void AppDelegate::setMonthlyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes)
+{
+    const MonthGrid::YearMonth shown = shownOrCurrentMonth();
+    const Date date = DateUtilities::dateFromYear(shown.year, shown.month, 1);
+    putDaysDatesTextOnMonthlyView(MonthGrid::dayOfWeekForDate(date), date, window, notes, startOnSunday);
+}
+
+void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, QWidget& view,
+                                                const std::optional<Table>& notes, bool startOnSunday)
+{
+    m_ui.monthlyViewHiddenDatePicker->setDateValue(date);
+    m_ui.monthlyViewMonthYear->setText(
+        filled(QStringLiteral("%@ %@"), {DateUtilities::monthNameFromDate(date), DateUtilities::yearFromDate(date)}));
+
+    const std::vector<Date> days = MonthGrid::daysOfMonth(date);
+    const std::vector<std::string> texts = NoteQueries::textsOfDates(notes.value_or(Table()), days);
+    const Date now = DateEnvironment::now();
+    DateFormatter spokenDate;
+    spokenDate.setDateStyle(DateFormatter::Style::Full);
+
+    auto* grid = view.findChild<MonthlyGrid*>();
+    for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
+        DayNumber& number = grid->dayNumber(cell);
+        NoteField& note = grid->noteField(cell);
+        const int day = MonthGrid::dayOfCell(cell, weekdayOfFirst, startOnSunday, static_cast<int>(days.size()));
+        if (day == 0) {
+            number.setText({});
+            number.setToday(false);
+            note.setNote({});
+            note.setAccessibleName({});
+            continue;
+        }
+        const auto index = static_cast<std::size_t>(day - 1);
+        number.setText(QString::number(day));
+        number.setToday(DateUtilities::isThisDate(days.at(index), now));
+        note.setNote(QString::fromStdString(texts.at(index)));
+        note.setAccessibleName(spokenDate.stringFromDate(days.at(index)));
+    }
+    grid->daysDidChange();
+}
+
+void AppDelegate::backForwardMonthlyView(QAbstractButton& sender)
+{
+    const int step = &sender == m_ui.monthlyViewBackBtn ? -1 : 1;
+    const Date date = DateUtilities::dateByAddingDays(m_ui.monthlyViewHiddenDatePicker->dateValue(), 0, step, 0);
+    putDaysDatesTextOnMonthlyView(MonthGrid::dayOfWeekForDate(date), date, m_window, notesTVData, startOnSunday());
+}

@@ -1,6 +1,77 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
+#include "app/Localized.h"
+#include "calendar/DayNumber.h"
+#include "calendar/MonthGrid.h"
+#include "calendar/NoteField.h"
+#include "calendar/Week.h"
+#include "calendar/WeeklyGrid.h"
+#include "dates/DateUtilities.h"
+#include "dates/IntegerValue.h"
+#include "notes/NoteQueries.h"
+#include "ui_MainWindow.h"
 
-void AppDelegate::setWeeklyViewThreeCharDayNames(bool, QWidget&) {}
+#include <QMainWindow>
 
-void AppDelegate::setWeeklyViewDayNumbers(bool, QWidget&, const std::optional<Table>&) {}
+void AppDelegate::setWeeklyViewThreeCharDayNames(bool startOnSunday, QWidget& window)
+{
+    const auto* grid = window.findChild<WeeklyGrid*>();
+    const QStringList shortNames = MonthGrid::weekdayHeaders(startOnSunday);
+    const QStringList fullNames = DateUtilities::copyFormatterForLocaleDevice().standaloneWeekdaySymbols();
+    for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
+        auto* header = grid->viewWithTag<QLineEdit>(MonthGrid::weeklyHeaderTag(column));
+        header->setPlaceholderText(shortNames.at(column));
+        header->setAccessibleName(fullNames.at(MonthGrid::weekdayOfColumn(column, startOnSunday)));
+    }
+}
+
+void AppDelegate::setStringForWeeklyViewStartingDateMsg(Date date)
+{
+    m_ui.weeklyViewStartingDateMsg->setText(localized("For week beginning:"));
+    m_sharedStyleFormatter->setDateStyle(DateFormatter::Style::Long);
+    m_ui.weeklyViewStartingDate->setText(m_sharedStyleFormatter->stringFromDate(date));
+}
+
+void AppDelegate::setWeeklyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes)
+{
+    const MonthGrid::YearMonth shown = shownOrCurrentMonth();
+    const int day = shown == MonthGrid::currentYearMonth() ? integerValue(DateUtilities::currentDay()) : 1;
+    const Date date = DateUtilities::dateFromYear(shown.year, shown.month, day);
+    putDaysDatesTextOnWeeklyView(MonthGrid::weekStartOffset(MonthGrid::dayOfWeekForDate(date), startOnSunday), date,
+                                 window, notes);
+}
+
+void AppDelegate::putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget& view,
+                                               const std::optional<Table>& notes)
+{
+    const auto days = Week::daysFrom(DateUtilities::dateByAddingDays(date, daysToAdd, 0, 0));
+    const std::vector<std::string> texts = NoteQueries::textsOfDates(notes.value_or(Table()), days);
+    setStringForWeeklyViewStartingDateMsg(days.front());
+
+    const auto* grid = view.findChild<WeeklyGrid*>();
+    const Date now = DateEnvironment::now();
+    DateFormatter spokenDate;
+    spokenDate.setDateStyle(DateFormatter::Style::Full);
+    for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
+        const auto index = static_cast<std::size_t>(column);
+        auto* number = grid->viewWithTag<DayNumber>(MonthGrid::weeklyDayTag(column));
+        number->setText(DateUtilities::dayFromDate(days.at(index)));
+        number->setToday(DateUtilities::isThisDate(days.at(index), now));
+        auto* note = grid->viewWithTag<NoteField>(MonthGrid::weeklyNoteTag(column));
+        note->setNote(QString::fromStdString(texts.at(index)));
+        note->setAccessibleName(spokenDate.stringFromDate(days.at(index)));
+    }
+}
+
+void AppDelegate::backForwardWeek(QAbstractButton& sender)
+{
+    const int step = &sender == m_ui.weeklyViewBackWeek ? -MonthGrid::DaysPerWeek : MonthGrid::DaysPerWeek;
+    const std::optional<Date> start =
+        Week::firstDayFromText(m_ui.weeklyViewStartingDate->text(), *m_sharedStyleFormatter);
+    if (!start) {
+        return; // the label is the week's only record: where it names none, the page stays as it is
+    }
+    const Date date = DateUtilities::dateByAddingDays(*start, step, 0, 0);
+    const int offset = MonthGrid::weekStartOffset(MonthGrid::dayOfWeekForDate(date), startOnSunday());
+    putDaysDatesTextOnWeeklyView(offset, date, m_window, notesTVData);
+}

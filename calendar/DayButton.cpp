@@ -8,9 +8,10 @@ namespace {
 constexpr int side = 34;
 constexpr qreal inset = 2;
 constexpr int titlePixelSize = 13;
-constexpr float noteFill = 0.20F;  ///< share of the accent colour behind a day with a note
-constexpr float hoverFill = 0.08F; ///< share of the text colour under the pointer
-constexpr float pressedFill = 0.16F;
+// Light enough together that today's red is still read on them.
+constexpr float noteFill = 0.18F;  ///< share of the accent colour behind a day with a note
+constexpr float hoverFill = 0.04F; ///< share of the text colour under the pointer
+constexpr float pressedFill = 0.07F;
 
 QColor withAlpha(QColor color, float alpha)
 {

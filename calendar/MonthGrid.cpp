@@ -33,6 +33,23 @@ Date MonthGrid::calcNewYear(bool forward, int month, int year)
     return firstDayOf(steppedYear(forward, {year, month}));
 }
 
+MonthGrid::YearMonth MonthGrid::currentYearMonth()
+{
+    return {integerValue(DateUtilities::currentYear()), integerValue(DateUtilities::currentMonth())};
+}
+
+std::vector<Date> MonthGrid::daysOfMonth(Date date)
+{
+    const auto [year, month, dayOfDate] = DateUtilities::yearMonthDayFromDate(date);
+    const int count = DateUtilities::daysInMonth(date);
+    std::vector<Date> days;
+    days.reserve(static_cast<std::size_t>(count));
+    for (int day = 1; day <= count; ++day) {
+        days.push_back(DateUtilities::dateFromYear(year, month, day));
+    }
+    return days;
+}
+
 MonthGrid::YearMonth MonthGrid::yearMonthFromTexts(const QString& yearText, const QString& monthName)
 {
     if (yearText.isEmpty() || monthName.isEmpty()) {

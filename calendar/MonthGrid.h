@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <vector>
+
 /// The arithmetic that the three calendar faces share, and the numbers (tags) by which they find their cells.
 ///
 /// A weekday number is 0 (Sunday) to 6 (Saturday). A cell number is 1 to 37, seven to a row; a column is 0 to 6.
@@ -92,6 +94,16 @@ constexpr int cellOfDay(int day, int weekdayOfFirst, bool startOnSunday)
     return startCell(weekdayOfFirst, startOnSunday) + day - 1;
 }
 
+/// Row (0 the first week) and column of a cell.
+constexpr int rowOfCell(int cell)
+{
+    return (cell - FirstCell) / DaysPerWeek;
+}
+constexpr int columnOfCell(int cell)
+{
+    return (cell - FirstCell) % DaysPerWeek;
+}
+
 /// The weekday number that heads `column`.
 constexpr int weekdayOfColumn(int column, bool startOnSunday)
 {
@@ -129,6 +141,12 @@ int firstDayofMonth(int month, int year);
 /// Midnight of day 1 of the month that `steppedMonth` and `steppedYear` give.
 Date calcNewMonthYear(bool forward, int month, int year);
 Date calcNewYear(bool forward, int month, int year);
+
+/// The month that holds now.
+YearMonth currentYearMonth();
+
+/// The first instant of each day of the month that holds `date`, the dates that its notes carry.
+std::vector<Date> daysOfMonth(Date date);
 
 /// The month that a year text and a month name show, as `yearFromDate` and `monthNameFromDate` write them.
 /// {0, 0} when either is empty; month 0 when the name is none of the first preferred language.

@@ -54,9 +54,9 @@ const Value* AppDelegate::clickedEvent() const
     return event && dateOf(*event, EventDateKey) ? event : nullptr;
 }
 
-void AppDelegate::menuNeedsUpdate(QMenu& menu)
+void AppDelegate::updateImportantDatesContextMenu()
 {
-    const QList<QAction*> items = menu.actions();
+    const QList<QAction*> items = m_importantDatesContextMenu->actions();
     const Value* event = clickedEvent();
     items.at(headingItem)->setEnabled(!event);
     items.at(ownDayItem)->setEnabled(event);
@@ -94,6 +94,8 @@ void AppDelegate::importantDatesRespondToContextMenu(const QAction& sender)
     m_ui.notesTableView->endEditing(); // before its rows change
     if (notesTVData) {
         NoteQueries::addLineToNote(*notesTVData, date, name);
+    }
+    if (notesTVData && allNotesTVData) { // else there is nothing that a save could put it into
         m_unsavedDateNotes.append(makeNoteRecord(date, name));
         buttonEnableDisable(*m_ui.noteEntryListSaveBtn, true);
     }
@@ -114,7 +116,9 @@ void AppDelegate::takeInDateNotes()
         return;
     }
     for (const Value& added : std::exchange(m_unsavedDateNotes, {})) {
-        NoteQueries::addLineToNote(*allNotesTVData, *dateOf(added, NoteDateKey), *textOf(added, NoteDataKey));
+        const Date date = *dateOf(added, NoteDateKey);
+        NoteQueries::addLineToNote(*allNotesTVData, date, *textOf(added, NoteDataKey));
+        showSavedNote(date);
     }
     redrawMiniCal();
 }

@@ -109,6 +109,9 @@ void AppDelegate::addDatesFromHolidaySheet(QAbstractButton& sender)
             addHolidayNote(date, name);
         }
     }
+    for (int holiday = 0; holiday < Holidays::count; ++holiday) {
+        checkBox(*m_holidaySheet, holiday).setChecked(false); // what was added is not added again
+    }
     sheetCloseBtnPressed(sender);
 }
 
@@ -127,9 +130,9 @@ void AppDelegate::addHolidayNote(Date date, const std::string& name)
 {
     if (allNotesTVData) {
         NoteQueries::addLineToNote(*allNotesTVData, date, name);
-        showSavedNote(date);
     }
     saveTVDataToFile(*m_ui.noteEntryListSaveBtn);
+    showSavedNote(date);
     redrawMiniCal();
 }
 
@@ -137,8 +140,9 @@ void AppDelegate::addHolidayNote(Date date, const std::string& name)
 void AppDelegate::showSavedNote(Date date)
 {
     const std::int64_t row = NoteQueries::doesTVDataHaveDate(notesTVData.value_or(Table()), date);
-    if (row != DateUtilities::NotFound) {
-        (*notesTVData)[row] = allNotesTVData->at(NoteQueries::doesTVDataHaveDate(*allNotesTVData, date));
+    const std::int64_t saved = NoteQueries::doesTVDataHaveDate(allNotesTVData.value_or(Table()), date);
+    if (row != DateUtilities::NotFound && saved != DateUtilities::NotFound) {
+        (*notesTVData)[row] = allNotesTVData->at(saved);
         m_ui.notesTableView->reloadData();
     }
 }

@@ -4,7 +4,6 @@
 #include "dates/DatePicker.h"
 #include "dates/ElapsedDate.h"
 #include "notes/NamedColor.h"
-#include "notes/NoteQueries.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
 #include "ui_MainWindow.h"
@@ -16,6 +15,9 @@ namespace {
 
 constexpr int dateColumn = 0;
 
+/// Kept in the record until it is typed over, so it is the same in every language.
+constexpr const char* newDescription = "** put new date Description here **";
+
 } // namespace
 
 void AppDelegate::addRowToImportDates()
@@ -26,8 +28,7 @@ void AppDelegate::addRowToImportDates()
     TableView& dates = *m_ui.importantDatesTableView;
     dates.endEditing();
     const auto row = static_cast<int>(eventsTVData->size());
-    eventsTVData->append(
-        makeEventRecord(DateEnvironment::now(), localized("** put new date Description here **").toStdString()));
+    eventsTVData->append(makeEventRecord(DateEnvironment::now(), newDescription));
     dates.insertRow(row);
     dates.scrollRowToVisible(row);
     buttonEnableDisable(*m_ui.importantDateSaveBtn, true);
@@ -43,9 +44,10 @@ void AppDelegate::editNewestDate()
 
 QWidget* AppDelegate::makeDatePicker(QWidget* parent, int row)
 {
-    const Value* event =
-        eventsTVData && row < eventsTVData->size() ? NoteQueries::recordOf(eventsTVData->at(row)) : nullptr;
-    const std::optional<Date> date = event ? dateOf(*event, EventDateKey) : std::nullopt;
+    if (!eventsTVData || row >= eventsTVData->size()) {
+        return nullptr;
+    }
+    const std::optional<Date> date = dateOf(eventsTVData->at(row), EventDateKey);
     if (!date || !DatePicker::canShow(*date)) {
         return nullptr;
     }

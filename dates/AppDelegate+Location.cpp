@@ -44,11 +44,11 @@ void AppDelegate::startLocationManager()
     m_zoneOfLocation = DateEnvironment::nameOfZoneInForce();
 }
 
-void AppDelegate::didChangeAuthorizationStatus(LocationManager& manager, AuthorizationStatus status)
+void AppDelegate::didChangeAuthorizationStatus(LocationManager& manager, LocationAuthorizationStatus status)
 {
-    if (status == AuthorizationStatus::NotDetermined) {
+    if (status == LocationAuthorizationStatus::NotDetermined) {
         manager.requestWhenInUseAuthorization();
-    } else if (status == AuthorizationStatus::AuthorizedAlways) {
+    } else if (status == LocationAuthorizationStatus::AuthorizedAlways) {
         manager.startUpdatingLocation();
     }
 }

@@ -74,6 +74,26 @@ QStringList weekdays(const icu::SimpleDateFormat& formatter, icu::DateFormatSymb
     return symbolList(symbols, UCAL_SUNDAY, count); // the list's entry 0 is unused
 }
 
+/// The fields that the whole of `text` stands for, the rest those of the calendar's first midnight; null when the text
+/// does not follow the format.
+std::unique_ptr<icu::Calendar> parsedFields(const icu::SimpleDateFormat& formatter, const QString& text)
+{
+    std::unique_ptr<icu::Calendar> fields(formatter.getCalendar()->clone());
+    fields->clear();
+    fields->setRepeatedWallTimeOption(UCAL_WALLTIME_FIRST);
+    icu::ParsePosition position(0);
+    formatter.parse(icuString(text), *fields, position);
+    const bool whole = !text.isEmpty() && position.getErrorIndex() < 0 && position.getIndex() == text.size();
+    return whole ? std::move(fields) : nullptr;
+}
+
+std::optional<Date> instantOf(const icu::Calendar& fields)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const UDate moment = fields.getTime(status);
+    return U_SUCCESS(status) ? std::optional(dateFromUDate(moment)) : std::nullopt;
+}
+
 } // namespace
 
 icu::Locale icuLocale(const std::string& identifier)
@@ -157,17 +177,24 @@ QString DateFormatter::stringFromDate(Date date) const
 
 std::optional<Date> DateFormatter::dateFromString(const QString& text) const
 {
-    const std::unique_ptr<icu::Calendar> fields(m_formatter->getCalendar()->clone());
-    fields->clear();
-    fields->setRepeatedWallTimeOption(UCAL_WALLTIME_FIRST);
-    icu::ParsePosition position(0);
-    m_formatter->parse(icuString(text), *fields, position);
-    if (text.isEmpty() || position.getErrorIndex() >= 0 || position.getIndex() != text.size()) {
+    const std::unique_ptr<icu::Calendar> fields = parsedFields(*m_formatter, text);
+    return fields ? instantOf(*fields) : std::nullopt;
+}
+
+std::optional<Date> DateFormatter::dayFromString(const QString& text) const
+{
+    constexpr int noon = 12;
+    const std::unique_ptr<icu::Calendar> fields = parsedFields(*m_formatter, text);
+    if (!fields) {
         return std::nullopt;
     }
-    UErrorCode status = U_ZERO_ERROR;
-    const UDate moment = fields->getTime(status);
-    return U_SUCCESS(status) ? std::optional(dateFromUDate(moment)) : std::nullopt;
+    fields->set(UCAL_HOUR_OF_DAY, noon); // what the text says is checked at an hour that no change of the clock takes
+    if (!instantOf(*fields)) {
+        return std::nullopt;
+    }
+    fields->setLenient(true); // a skipped midnight carries over to the first instant
+    fields->set(UCAL_HOUR_OF_DAY, 0);
+    return instantOf(*fields);
 }
 
 QStringList DateFormatter::monthSymbols() const

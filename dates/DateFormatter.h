@@ -53,6 +53,10 @@ public:
     /// Of a local time that the zone repeats, the first.
     std::optional<Date> dateFromString(const QString& text) const;
 
+    /// The first instant of the day that the whole of `text` stands for, in a zone that skips that day's midnight too.
+    /// Nothing in the other cases of `dateFromString`, and for a day that the zone leaves out altogether.
+    std::optional<Date> dayFromString(const QString& text) const;
+
     /// Names as they stand within a date, January (or the calendar's first month) at index 0.
     QStringList monthSymbols() const;
     QStringList shortMonthSymbols() const;

@@ -4,13 +4,13 @@
 #include "dates/Clock.h"
 #include "dates/DateUtilities.h"
 
-#include <QApplication>
 #include <QCalendarWidget>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QMouseEvent>
-#include <QPainter>
-#include <QStyleOptionComboBox>
+#include <QScreen>
+#include <QShortcut>
+#include <QStyle>
 #include <QTextCharFormat>
 #include <QToolButton>
 #include <QWheelEvent>
@@ -22,15 +22,12 @@
 
 namespace {
 
-constexpr double arrowSize = 4; ///< points from the arrow's tip to its side
-constexpr double arrowPen = 1.5;
-constexpr QSize calendarSize(272, 216);
-
-const QDate firstDay(100, 1, 1);
+const QDate firstDay(1, 1, 1);
 const QDate lastDay(9999, 12, 31);
-
-/// The first day that the keys and the calendar offer; a date before it can be kept and moved all the same.
 const QDate firstOfferedDay(1800, 1, 1);
+
+constexpr int arrowWidth = 24; ///< points
+constexpr QSize calendarSize(272, 216);
 
 QDate dayOf(Date date)
 {
@@ -50,49 +47,18 @@ QCalendar calendarOf(const std::string& languageIdentifier)
     return QCalendar(persian ? QCalendar::System::Jalali : QCalendar::System::Gregorian);
 }
 
-QString shortFormatWithWholeYear(const QLocale& locale)
-{
-    QString format = locale.dateFormat(QLocale::ShortFormat);
-    if (!format.contains(QStringLiteral("yyyy"))) {
-        format.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
-    }
-    return format;
-}
-
 } // namespace
 
-DatePicker::DatePicker(QWidget* parent) : QDateEdit(parent)
+DatePicker::DatePicker(QWidget* parent)
+    : QAbstractSpinBox(parent), m_dayText(language()), m_arrow(new QToolButton(this))
 {
-    setTimeSpec(Qt::UTC); // where every day has its midnight
-    const QLocale locale(QString::fromStdString(language()));
-    setLocale(locale);
-    setCalendar(calendarOf(language()));
-    setDisplayFormat(shortFormatWithWholeYear(locale));
-    setDateRange(firstOfferedDay, lastDay);
     setFrame(false);
-    setCalendarPopup(true);
-    setCalendarWidget(makeCalendar());
-    connect(this, &QDateEdit::dateChanged, this, &DatePicker::dateValueChanged);
-}
-
-QCalendarWidget* DatePicker::makeCalendar()
-{
-    auto* popup = new QCalendarWidget(this);
-    popup->setLocale(locale());
-    popup->setCalendar(calendar());
-    popup->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    popup->setMinimumSize(calendarSize);
-    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
-        popup->setWeekdayTextFormat(day, QTextCharFormat()); // no day of a week is an alarm
-    }
-    for (const auto& [name, sign] :
-         {std::pair("qt_calendar_prevmonth", u'‹'), std::pair("qt_calendar_nextmonth", u'›')}) {
-        if (auto* button = popup->findChild<QToolButton*>(QString::fromLatin1(name))) {
-            button->setIcon(QIcon());
-            button->setText(QString(QChar(sign)));
-        }
-    }
-    return popup;
+    setButtonSymbols(NoButtons);
+    m_arrow->setText(QStringLiteral("▾"));
+    m_arrow->setFocusPolicy(Qt::NoFocus);
+    m_arrow->setCursor(Qt::ArrowCursor);
+    connect(m_arrow, &QToolButton::clicked, this, &DatePicker::openCalendar);
+    connect(lineEdit(), &QLineEdit::textEdited, this, &DatePicker::takeTyped);
 }
 
 bool DatePicker::canShow(Date date)
@@ -103,25 +69,71 @@ bool DatePicker::canShow(Date date)
 
 Date DatePicker::dateValue() const
 {
-    return DateUtilities::dateByAddingDays(m_value, static_cast<int>(m_day.daysTo(date())), 0, 0);
+    return DateUtilities::dateByAddingDays(m_first, static_cast<int>(m_firstDay.daysTo(m_day)), 0, 0);
 }
 
 void DatePicker::setDateValue(Date date)
 {
-    m_value = date;
-    m_day = dayOf(date);
-    setMinimumDate(std::min(firstOfferedDay, m_day));
-    setDate(m_day);
+    m_first = date;
+    m_firstDay = dayOf(date);
+    m_day = m_firstDay;
+    showText();
+}
+
+/// Whether that day is one that can be chosen; it is, and is told when it is another.
+bool DatePicker::take(QDate day)
+{
+    if (!day.isValid() || day < std::min(firstOfferedDay, m_firstDay) || day > lastDay) {
+        return false;
+    }
+    if (day != std::exchange(m_day, day)) {
+        Q_EMIT dateValueChanged();
+    }
+    return true;
+}
+
+void DatePicker::chooseDay(QDate day)
+{
+    if (take(day)) {
+        showText();
+    }
+}
+
+void DatePicker::takeTyped(const QString& text)
+{
+    if (const std::optional<Date> date = m_dayText.dateFromText(text, m_first)) {
+        take(dayOf(*date));
+    }
+}
+
+void DatePicker::showText()
+{
+    lineEdit()->setText(m_dayText.textFromDate(dateValue()));
+}
+
+void DatePicker::stepBy(int steps)
+{
+    const DayText::Part part =
+        m_dayText.partAt(text(), lineEdit()->hasSelectedText() ? 0 : lineEdit()->cursorPosition());
+    const int days = part == DayText::Part::Day ? steps : 0;
+    const int months = part == DayText::Part::Month ? steps : 0;
+    const int years = part == DayText::Part::Year ? steps : 0;
+    const int caret = lineEdit()->cursorPosition();
+    const bool hadSelection = lineEdit()->hasSelectedText();
+    chooseDay(dayOf(DateUtilities::dateByAddingDays(dateValue(), days, months, years)));
+    lineEdit()->setCursorPosition(hadSelection ? 0 : caret);
 }
 
 void DatePicker::setColors(const QColor& text, const QColor& behind)
 {
     QPalette colors = palette();
     colors.setColor(QPalette::Text, text);
+    colors.setColor(QPalette::ButtonText, text); // the arrow's
     colors.setColor(QPalette::Highlight, text);
     colors.setColor(QPalette::HighlightedText, behind);
     setPalette(colors);
-    calendarWidget()->setPalette(QPalette());
+    lineEdit()->setPalette(colors); // under a style sheet it keeps what it once took over
+    m_arrow->setPalette(colors);
 }
 
 QColor DatePicker::textColor() const
@@ -129,9 +141,27 @@ QColor DatePicker::textColor() const
     return palette().color(QPalette::Text);
 }
 
-void DatePicker::setFirstDayOfWeek(Qt::DayOfWeek day)
+void DatePicker::resizeEvent(QResizeEvent* event)
 {
-    calendarWidget()->setFirstDayOfWeek(day);
+    QAbstractSpinBox::resizeEvent(event);
+    const QRect whole = rect();
+    const QRect arrow(whole.right() - arrowWidth + 1, whole.top(), arrowWidth, whole.height());
+    m_arrow->setGeometry(QStyle::visualRect(layoutDirection(), whole, arrow));
+    lineEdit()->setGeometry(QStyle::visualRect(layoutDirection(), whole, whole.adjusted(0, 0, -arrowWidth, 0)));
+}
+
+void DatePicker::focusInEvent(QFocusEvent* event)
+{
+    QAbstractSpinBox::focusInEvent(event);
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
+        selectAll(); // typing replaces the day
+    }
+}
+
+void DatePicker::focusOutEvent(QFocusEvent* event)
+{
+    QAbstractSpinBox::focusOutEvent(event);
+    showText();
 }
 
 void DatePicker::keyPressEvent(QKeyEvent* event)
@@ -141,39 +171,65 @@ void DatePicker::keyPressEvent(QKeyEvent* event)
         openCalendar();
         return;
     }
-    QDateEdit::keyPressEvent(event);
-}
-
-QRect DatePicker::arrowRect() const
-{
-    QStyleOptionComboBox option;
-    option.initFrom(this);
-    option.editable = true;
-    option.frame = hasFrame();
-    return style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
-}
-
-void DatePicker::paintEvent(QPaintEvent* event)
-{
-    QDateEdit::paintEvent(event);
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(textColor(), arrowPen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const QPointF middle = QRectF(arrowRect()).center();
-    painter.drawPolyline(QPolygonF{middle + QPointF(-arrowSize, -arrowSize / 2), middle + QPointF(0, arrowSize / 2),
-                                   middle + QPointF(arrowSize, -arrowSize / 2)});
-}
-
-/// The control opens its calendar for a press on its arrow alone.
-void DatePicker::openCalendar()
-{
-    const QPointF arrow = arrowRect().center();
-    QMouseEvent press(QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QApplication::sendEvent(this, &press);
+    QAbstractSpinBox::keyPressEvent(event);
 }
 
 void DatePicker::wheelEvent(QWheelEvent* event)
 {
     event->ignore(); // the wheel scrolls the table
+}
+
+void DatePicker::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->ignore(); // the row's own menu opens
+}
+
+QCalendarWidget* DatePicker::makeCalendar()
+{
+    auto* calendar = new QCalendarWidget(this);
+    calendar->setWindowFlag(Qt::Popup);
+    calendar->setAttribute(Qt::WA_DeleteOnClose);
+    calendar->setPalette(window()->palette());
+    calendar->setLocale(QLocale(QString::fromStdString(language())));
+    calendar->setCalendar(calendarOf(language()));
+    calendar->setFirstDayOfWeek(m_firstDayOfWeek);
+    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    calendar->setDateRange(std::min(firstOfferedDay, m_firstDay), lastDay);
+    calendar->setSelectedDate(m_day);
+    calendar->setMinimumSize(calendarSize);
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
+        calendar->setWeekdayTextFormat(day, QTextCharFormat()); // no day of a week is an alarm
+    }
+    const std::pair<QString, QString> steps[] = {{QStringLiteral("qt_calendar_prevmonth"), QStringLiteral("‹")},
+                                                 {QStringLiteral("qt_calendar_nextmonth"), QStringLiteral("›")}};
+    for (const auto& [name, sign] : steps) {
+        if (auto* button = calendar->findChild<QToolButton*>(name)) {
+            button->setIcon(QIcon());
+            button->setText(sign);
+        }
+    }
+    const auto choose = [this, calendar](QDate day) {
+        chooseDay(day);
+        calendar->close();
+    };
+    connect(calendar, &QCalendarWidget::clicked, this, choose);
+    connect(calendar, &QCalendarWidget::activated, this, choose);
+    connect(new QShortcut(Qt::Key_Escape, calendar), &QShortcut::activated, calendar, &QWidget::close);
+    return calendar;
+}
+
+/// Below the control, above it where the screen ends.
+void DatePicker::openCalendar()
+{
+    QCalendarWidget* calendar = makeCalendar();
+    calendar->adjustSize();
+    const QRect room = screen()->availableGeometry();
+    const QRect control(mapToGlobal(QPoint()), size());
+    const bool fitsBelow = control.bottom() + calendar->height() <= room.bottom();
+    const int top = fitsBelow ? control.bottom() + 1 : control.top() - calendar->height();
+    const int left = isRightToLeft() ? control.right() + 1 - calendar->width() : control.left();
+    calendar->move(std::clamp(left, room.left(), std::max(room.left(), room.right() - calendar->width())),
+                   std::max(room.top(), top));
+    calendar->show();
+    calendar->setFocus();
 }

@@ -2,21 +2,27 @@
 #pragma once
 
 #include "dates/Date.h"
+#include "dates/DayText.h"
 
-#include <QDateEdit>
+#include <QAbstractSpinBox>
+#include <QDate>
 
-/// Shows one date as its day and lets the user choose another by keys or in a calendar (F4 or Alt+Down). The time of
-/// day stays as it is.
+class QCalendarWidget;
+class QToolButton;
+
+/// Shows one date as its day and lets the user choose another: typed, by the arrow keys (the number at the caret), or
+/// in a calendar (F4 or Alt+Down). The time of day stays as it is.
 ///
-/// Days are those of the process's time zone. They are written with a year of four digits, in the first preferred
-/// language, and in the Persian calendar where that language's is the Persian, else in the Gregorian one.
-class DatePicker : public QDateEdit {
+/// Days are those of the process's time zone, written in the first preferred language and by its calendar with the
+/// whole year. A day takes effect as soon as its text is complete; what is not complete, or no day, is dropped at the
+/// end.
+class DatePicker : public QAbstractSpinBox {
     Q_OBJECT
 
 public:
     explicit DatePicker(QWidget* parent = nullptr);
 
-    /// Years 100 to 9999; any other date cannot be shown.
+    /// Years 1 to 9999; any other date cannot be shown.
     static bool canShow(Date date);
 
     /// What is shown, the time of day included: the date that was set, moved by the days that the user chose.
@@ -25,25 +31,43 @@ public:
     /// `date` must be one that can be shown.
     void setDateValue(Date date);
 
-    /// The chosen part of the date is drawn the other way round.
+    QDate day() const { return m_day; }
+
+    /// The user's choice of a day from 1800 on, or from the day on that was set where that is earlier; others are
+    /// ignored.
+    void chooseDay(QDate day);
+
+    /// The chosen part of the text is drawn the other way round.
     void setColors(const QColor& text, const QColor& behind);
     QColor textColor() const;
 
-    void setFirstDayOfWeek(Qt::DayOfWeek day);
+    void setFirstDayOfWeek(Qt::DayOfWeek day) { m_firstDayOfWeek = day; }
+
+    void stepBy(int steps) override;
 
 Q_SIGNALS:
     void dateValueChanged();
 
 protected:
+    StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    QCalendarWidget* makeCalendar();
-    QRect arrowRect() const;
+    bool take(QDate day);
+    void takeTyped(const QString& text);
+    void showText();
     void openCalendar();
+    QCalendarWidget* makeCalendar();
 
-    Date m_value{};
-    QDate m_day; ///< of m_value
+    DayText m_dayText;
+    Date m_first{};   ///< as it was set
+    QDate m_firstDay; ///< of m_first
+    QDate m_day;
+    QToolButton* m_arrow;
+    Qt::DayOfWeek m_firstDayOfWeek = Qt::Sunday;
 };

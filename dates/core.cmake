@@ -7,6 +7,8 @@ target_sources(velumora-core PRIVATE
     dates/DateFormatter.h
     dates/DateUtilities.cpp
     dates/DateUtilities.h
+    dates/DayText.cpp
+    dates/DayText.h
     dates/DegreesText.cpp
     dates/DegreesText.h
     dates/ElapsedDate.cpp

@@ -19,7 +19,7 @@ struct Location {
 };
 
 /// Whether the user lets the program know where it is.
-enum class AuthorizationStatus {
+enum class LocationAuthorizationStatus {
     NotDetermined = 0,
     Restricted = 1,
     Denied = 2,
@@ -42,7 +42,7 @@ public:
 
     /// `locations` in the order in which they were found, the newest last.
     virtual void didUpdateLocations(LocationManager& manager, const QList<Location>& locations) = 0;
-    virtual void didChangeAuthorizationStatus(LocationManager& manager, AuthorizationStatus status) = 0;
+    virtual void didChangeAuthorizationStatus(LocationManager& manager, LocationAuthorizationStatus status) = 0;
     virtual void didFailWithError(LocationManager& manager, const QString& error) = 0;
     virtual void didUpdateToLocation(LocationManager& manager, const Location& newLocation,
                                      const Location& oldLocation) = 0;
@@ -89,7 +89,7 @@ public:
     virtual bool locationServicesEnabled() const = 0;
 
     /// Where this program stands, as far as is known without asking.
-    virtual AuthorizationStatus authorizationStatus() const = 0;
+    virtual LocationAuthorizationStatus authorizationStatus() const = 0;
 
     /// A manager that outlives neither these services nor its delegate.
     virtual std::unique_ptr<LocationManager> makeLocationManager() = 0;

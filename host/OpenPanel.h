@@ -14,8 +14,9 @@ class OpenPanel {
 public:
     struct Request {
         QString title;
+        QString message; ///< plain text, shown above the folders
         QString acceptButton;
-        std::filesystem::path folder; ///< where the panel opens
+        std::filesystem::path folder; ///< where the panel opens; a leading "~/" is the user's home
     };
     /// Called once on the main thread: the folder chosen, nullopt when the user cancelled.
     using Completion = std::function<void(std::optional<std::filesystem::path>)>;

@@ -1,6 +1,68 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "store/Value.h"
+
+#include <QFlags>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+/// How a notification reaches the user.
+enum class NotificationOption : unsigned {
+    Badge = 1U << 0,
+    Sound = 1U << 1,
+    Alert = 1U << 2,
+};
+Q_DECLARE_FLAGS(NotificationOptions, NotificationOption)
+Q_DECLARE_OPERATORS_FOR_FLAGS(NotificationOptions)
+
+enum class AuthorizationStatus { NotDetermined = 0, Denied = 1, Authorized = 2, Provisional = 3 };
+
+/// What a notification says. All texts are plain text.
+struct NotificationContent {
+    QString title;
+    QString subtitle;
+    QString body;
+    bool defaultSound = false;
+    Dictionary userInfo; ///< handed back with the user's response
+
+    bool operator==(const NotificationContent&) const = default;
+};
+
+/// A moment by the Gregorian calendar, in a zone of its own.
+struct CalendarNotificationTrigger {
+    int year = 0;
+    int month = 0; ///< from 1
+    int day = 0;   ///< of the month, from 1
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    std::string timeZone; ///< an IANA identifier
+    bool repeats = false;
+
+    bool operator==(const CalendarNotificationTrigger&) const = default;
+};
+
+struct NotificationRequest {
+    QString identifier; ///< a request replaces the pending one of the same identifier
+    NotificationContent content;
+    CalendarNotificationTrigger trigger;
+
+    bool operator==(const NotificationRequest&) const = default;
+};
+
+/// What the user did with a delivered notification.
+struct NotificationResponse {
+    enum class Action { Default, Dismiss };
+
+    Action action = Action::Default;
+    NotificationRequest request;
+};
+
 /// What the notification centre calls on the main thread.
 class UserNotificationCenterDelegate {
 public:
@@ -8,9 +70,16 @@ public:
     UserNotificationCenterDelegate(const UserNotificationCenterDelegate&) = delete;
     UserNotificationCenterDelegate& operator=(const UserNotificationCenterDelegate&) = delete;
     virtual ~UserNotificationCenterDelegate() = default;
+
+    /// A notification is due while the program is in front; the answer says how it is shown.
+    virtual NotificationOptions willPresentNotification(const NotificationRequest& request) = 0;
+
+    /// `completionHandler` is called once the response has been dealt with.
+    virtual void didReceiveNotificationResponse(const NotificationResponse& response,
+                                                const std::function<void()>& completionHandler) = 0;
 };
 
-/// The desktop's notification service.
+/// The desktop's notification service. Completions come on the main thread, never before the call has returned.
 class UserNotificationCenter {
 public:
     UserNotificationCenter() = default;
@@ -20,4 +89,13 @@ public:
 
     /// `delegate` must outlive the centre or be replaced before it goes.
     virtual void setDelegate(UserNotificationCenterDelegate& delegate) = 0;
+
+    virtual void requestAuthorization(NotificationOptions options, std::function<void(bool granted)> completion) = 0;
+    virtual void getNotificationSettings(std::function<void(AuthorizationStatus)> completion) = 0;
+
+    /// The completion's `error` says why the request was refused; nullopt when it is pending now.
+    virtual void addNotificationRequest(const NotificationRequest& request,
+                                        std::function<void(const std::optional<QString>& error)> completion) = 0;
+
+    virtual void removeDeliveredNotifications(const QStringList& identifiers) = 0;
 };

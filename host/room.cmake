@@ -1,18 +1,22 @@
 target_sources(velumora-app PRIVATE
     host/Bundle.h
     host/ClockMonitor.h
+    host/GlobalDefaults.h
     host/HostServices.h
     host/LocationManager.h
     host/OpenPanel.h
     host/ProcessInfo.h
     host/UserDefaults.h
     host/UserNotificationCenter.h
+    host/VersionServer.h
     host/Workspace.h
     host/linux/DesktopLocationManager.cpp
     host/linux/DesktopLocationManager.h
     host/linux/DesktopLocationServices.h
     host/linux/DesktopWorkspace.cpp
     host/linux/DesktopWorkspace.h
+    host/linux/DesktopGlobalDefaults.cpp
+    host/linux/DesktopGlobalDefaults.h
     host/linux/FolderOpenPanel.cpp
     host/linux/FolderOpenPanel.h
     host/linux/GeoClueClient.cpp
@@ -27,6 +31,8 @@ target_sources(velumora-app PRIVATE
     host/linux/NoNotificationCenter.h
     host/linux/SettingsUserDefaults.cpp
     host/linux/SettingsUserDefaults.h
+    host/linux/TemporaryFolder.cpp
+    host/linux/TemporaryFolder.h
     host/linux/TerminationSignals.cpp
     host/linux/TerminationSignals.h
 )

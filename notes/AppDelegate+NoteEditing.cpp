@@ -74,7 +74,9 @@ void AppDelegate::controlTextDidEndEditing(QWidget& field)
     if (!date || !text || (text->empty() && !editor->isEdited())) {
         return; // a day that was only looked at leaves no empty note behind
     }
-    forgetDateNotes(*date);
+    if (editor->isEdited()) {
+        forgetDateNotes(*date); // the text as it is now is what the user wants
+    }
     const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, *date);
     if (index == DateUtilities::NotFound) {
         allNotesTVData->append(*record);

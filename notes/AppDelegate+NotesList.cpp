@@ -16,6 +16,8 @@
 #include <QLabel>
 #include <QMainWindow>
 
+#include <algorithm>
+
 namespace {
 
 constexpr const char* notesViewCurrentDateKey = "notesViewCurrentDateKey";
@@ -308,16 +310,25 @@ void AppDelegate::tableViewSelectionIsChanging(TableView& tableView)
     }
 }
 
+/// The selected record stays selected, wherever it goes.
 void AppDelegate::sortDescriptorsDidChange(TableView& tableView)
 {
     tableView.endEditing();
-    if (&tableView == m_ui.notesTableView) {
-        if (notesTVData) {
-            NoteQueries::sortArray(*notesTVData, tableView.sortDescriptors());
-        }
+    const bool isNotes = &tableView == m_ui.notesTableView;
+    std::optional<Table>& table = isNotes ? notesTVData : eventsTVData;
+    const Value* row = rowOf(table, tableView.selectedRow());
+    const std::optional<Value> selected = row ? std::optional(*row) : std::nullopt;
+    if (table) {
+        NoteQueries::sortArray(*table, tableView.sortDescriptors());
+    }
+    if (isNotes) {
         showNotesCount(visibleRowsForTV(tableView));
-    } else if (&tableView == m_ui.importantDatesTableView && eventsTVData) {
-        NoteQueries::sortArray(*eventsTVData, tableView.sortDescriptors());
     }
     tableView.reloadData();
+    if (selected) {
+        const auto found =
+            std::ranges::find_if(*table, [&](const Value& each) { return each.isSameObject(*selected); });
+        tableView.selectRow(static_cast<int>(found - table->begin()));
+        tableView.scrollRowToVisible(tableView.selectedRow());
+    }
 }

@@ -19,7 +19,7 @@ constexpr std::array<Entry, 7> entries = {{
     {u"HeaderBackgroundColor", 0xfff6f6f6, 0xff2a2a2c},
     {u"SecondaryLabelColor", 0xff6a6a6e, 0xffa0a0a6},
     {u"SeparatorColor", 0xffe4e4e6, 0xff3a3a3d},
-    {u"SystemRedColor", 0xffd0021b, 0xffff6b61},
+    {u"SystemRedColor", 0xffba0019, 0xffff958c},
     {u"TableRowSelectedTextColor", 0xffffffff, 0xffffffff},
     {u"TableRowSelectionColor", 0xff2f6db5, 0xff2c5c94},
 }};

@@ -63,6 +63,28 @@ std::int64_t NoteQueries::doesTVDataHaveDate(const Table& table, Date date)
     return found == table.end() ? DateUtilities::NotFound : found - table.begin();
 }
 
+std::vector<std::string> NoteQueries::textsOfDates(const Table& table, std::span<const Date> dates)
+{
+    std::vector<const Value*> found(dates.size());
+    for (const Value& element : table) {
+        const std::optional<Date> date = noteDateOf(element);
+        if (!date || dates.empty() || *date < dates.front() || *date > dates.back()) {
+            continue;
+        }
+        const auto equal = std::equal_range(dates.begin(), dates.end(), *date);
+        for (auto place = equal.first; place != equal.second; ++place) {
+            const Value*& first = found.at(static_cast<std::size_t>(place - dates.begin()));
+            first = first ? first : &element;
+        }
+    }
+    std::vector<std::string> texts(dates.size());
+    std::ranges::transform(found, texts.begin(), [](const Value* element) {
+        const Value* text = element ? valueOf(*element, NoteDataKey) : nullptr;
+        return text && text->text() ? *text->text() : std::string();
+    });
+    return texts;
+}
+
 Table NoteQueries::copySpecificNoteFromArray(const Table& table, Date forDate)
 {
     return notesBetween(table, forDate, forDate);

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,10 @@ const Value* valueOf(const Value& element, std::string_view key);
 
 /// The index of the first note whose date equals `date`, `DateUtilities::NotFound` when there is none.
 std::int64_t doesTVDataHaveDate(const Table& table, Date date);
+
+/// The text of the note that `doesTVDataHaveDate` finds for each of `dates`, the empty text where there is none; in one
+/// pass over the table. `dates` ascend.
+std::vector<std::string> textsOfDates(const Table& table, std::span<const Date> dates);
 
 /// The notes whose date equals `forDate`.
 Table copySpecificNoteFromArray(const Table& table, Date forDate);

@@ -46,6 +46,13 @@ const std::string* textOf(const Value& record, std::string_view key)
     return value ? value->text() : nullptr;
 }
 
+std::optional<DatedText> datedTextOf(const Value& record)
+{
+    const std::optional<Date> date = dateOf(record, NoteDateKey);
+    const std::string* text = textOf(record, NoteDataKey);
+    return date && text ? std::optional(DatedText{.date = *date, .text = *text}) : std::nullopt;
+}
+
 Value withText(const Value& record, std::string_view key, std::string text)
 {
     return withValue(record, key, Value(std::move(text)));

@@ -15,6 +15,12 @@ inline constexpr std::string_view NoteDataKey = "NoteDataKey";
 inline constexpr std::string_view EventDateKey = "EventDateKey";
 inline constexpr std::string_view EventNameKey = "EventNameKey";
 
+/// The two values of a note.
+struct DatedText {
+    Date date;
+    std::string text;
+};
+
 /// A note of the calendar day `date`.
 Value makeNoteRecord(Date date, std::string text);
 
@@ -23,6 +29,9 @@ Value makeEventRecord(Date date, std::string name);
 
 /// The date under `key`; nullopt when `record` is no dictionary, lacks the key or has something else there.
 std::optional<Date> dateOf(const Value& record, std::string_view key);
+
+/// Date and text of a note; nullopt when `record` lacks one of them.
+std::optional<DatedText> datedTextOf(const Value& record);
 
 /// The text under `key`, null in the same cases. It lives as long as some copy of the record does.
 const std::string* textOf(const Value& record, std::string_view key);

@@ -6,6 +6,8 @@ target_sources(velumora-core PRIVATE
     store/FileStamp.h
     store/Files.cpp
     store/Files.h
+    store/LegacyTable.cpp
+    store/LegacyTable.h
     store/PageMemory.cpp
     store/PageMemory.h
     store/ParserMemory.cpp

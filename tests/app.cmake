@@ -2,9 +2,11 @@
 add_library(app-test-support STATIC
     support/AppFixture.cpp
     support/AppFixture.h
+    support/Contrast.h
     support/DateGuards.cpp
     support/DateGuards.h
     support/FakeHost.h
+    support/LoopbackServer.h
     support/PrivateBus.cpp
     support/PrivateBus.h
     support/Screenshot.cpp
@@ -39,22 +41,35 @@ velumora_test(location-tests
 
 velumora_test(app-tests
     app/alert_test.cpp
+    app/appearance_test.cpp
+    app/contrast_test.cpp
+    app/dock_icon_test.cpp
     app/help_test.cpp
     app/host_test.cpp
     app/keyboard_test.cpp
+    app/legacy_import_test.cpp
     app/lifecycle_test.cpp
     app/mini_calendar_test.cpp
+    app/monthly_print_test.cpp
+    app/monthly_view_test.cpp
     app/note_deletion_test.cpp
     app/note_editing_test.cpp
+    app/note_field_test.cpp
     app/notes_list_test.cpp
     app/preferences_test.cpp
+    app/reminders_test.cpp
     app/store_test.cpp
+    app/temporary_folder_test.cpp
+    app/weekly_view_test.cpp
+    app/version_check_test.cpp
+    app/web_version_server_test.cpp
     LIBRARIES app-test-support
     LABELS app)
 
 # The texts of the program and the room they have; with a catalogue of their own, of a language written from right to left.
 velumora_test(language-tests
     app/catalogue_test.cpp
+    app/help_pages_test.cpp
     app/translation_test.cpp
     app/window_fit_test.cpp
     LIBRARIES app-test-support
@@ -66,5 +81,5 @@ qt_add_resources(language-tests test_translations
     PREFIX /translations
     BASE ${CMAKE_CURRENT_BINARY_DIR}
     FILES ${test_catalogues})
-set_source_files_properties(app/catalogue_test.cpp PROPERTIES COMPILE_DEFINITIONS
+set_source_files_properties(app/catalogue_test.cpp app/help_pages_test.cpp app/web_version_server_test.cpp PROPERTIES COMPILE_DEFINITIONS
     VELUMORA_SOURCE_DIR="${CMAKE_SOURCE_DIR}")

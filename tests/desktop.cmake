@@ -12,6 +12,18 @@ function(desktop_test name)
 endfunction()
 
 desktop_test(driver_test PROGRAM bare-window)
+desktop_test(appearance_test PROGRAM velumora)
 desktop_test(first_day_test PROGRAM velumora)
 desktop_test(important_dates_test PROGRAM velumora)
+desktop_test(pages_test PROGRAM velumora)
+
+# The program, told to look for new versions on a server of the test. The port is one of this build's own.
+string(MD5 build_digest "${CMAKE_BINARY_DIR}")
+string(SUBSTRING ${build_digest} 0 4 build_digest)
+math(EXPR version_port "20000 + 0x${build_digest} % 10000")
+add_executable(velumora-on-loopback ${CMAKE_SOURCE_DIR}/app/main.cpp)
+target_link_libraries(velumora-on-loopback PRIVATE velumora-app)
+target_compile_definitions(velumora-on-loopback PRIVATE VELUMORA_VERSION_SERVER="http://127.0.0.1:${version_port}")
+desktop_test(version_check_test PROGRAM velumora-on-loopback)
+set_property(TEST version_check_test APPEND PROPERTY ENVIRONMENT "TEST_VERSION_PORT=${version_port}")
 desktop_test(location_test PROGRAM velumora)

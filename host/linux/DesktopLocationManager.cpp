@@ -52,9 +52,9 @@ void DesktopLocationManager::askService()
     }
     m_service = new GeoClueClient(m_sources.systemBus(), this);
     connect(m_service, &GeoClueClient::granted, this,
-            [this] { m_delegate->didChangeAuthorizationStatus(*this, AuthorizationStatus::AuthorizedAlways); });
+            [this] { m_delegate->didChangeAuthorizationStatus(*this, LocationAuthorizationStatus::AuthorizedAlways); });
     connect(m_service, &GeoClueClient::refused, this,
-            [this] { m_delegate->didChangeAuthorizationStatus(*this, AuthorizationStatus::Denied); });
+            [this] { m_delegate->didChangeAuthorizationStatus(*this, LocationAuthorizationStatus::Denied); });
     connect(m_service, &GeoClueClient::failed, this,
             [this](const QString& error) { m_delegate->didFailWithError(*this, error); });
     connect(m_service, &GeoClueClient::located, this, [this](Coordinate place) {

@@ -1,22 +1,60 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/FolderOpenPanel.h"
 
+#include <QDialog>
+#include <QDir>
 #include <QFileDialog>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+/// `folder` with a leading tilde expanded, or the nearest folder above it that exists.
+QString existingFolder(const std::filesystem::path& folder)
+{
+    QString path = QString::fromStdString(folder.string());
+    if (path.startsWith(u"~/")) {
+        path = QDir::homePath() + path.mid(1);
+    }
+    while (!QDir(path).exists() && path.contains(u'/')) {
+        path = path.left(path.lastIndexOf(u'/'));
+    }
+    return path;
+}
+
+} // namespace
 
 void FolderOpenPanel::chooseFolder(QWidget& window, const Request& request, Completion completion)
 {
-    auto* panel = new QFileDialog(&window, request.title, QString::fromStdString(request.folder.string()));
+    auto* panel = new QDialog(&window);
     panel->setAttribute(Qt::WA_DeleteOnClose);
-    panel->setFileMode(QFileDialog::Directory);
-    panel->setOption(QFileDialog::ShowDirsOnly);
-    panel->setLabelText(QFileDialog::Accept, request.acceptButton);
-    QObject::connect(panel, &QFileDialog::finished, panel, [panel, completion = std::move(completion)](int result) {
-        const QStringList chosen = panel->selectedFiles();
+    panel->setWindowTitle(request.title);
+
+    auto* message = new QLabel(QString(request.message).replace(u'\r', u'\n').trimmed());
+    message->setTextFormat(Qt::PlainText);
+    message->setWordWrap(true);
+    message->setContentsMargins(16, 16, 16, 0);
+
+    auto* files = new QFileDialog(nullptr, request.title, existingFolder(request.folder));
+    files->setWindowFlags(Qt::Widget); // it stands in the panel, below the message
+    files->setOption(QFileDialog::DontUseNativeDialog);
+    files->setFileMode(QFileDialog::Directory);
+    files->setOption(QFileDialog::ShowDirsOnly);
+    files->setLabelText(QFileDialog::Accept, request.acceptButton);
+    files->setSizeGripEnabled(false);
+    QObject::connect(files, &QFileDialog::finished, panel, &QDialog::done);
+    QObject::connect(panel, &QDialog::finished, panel, [files, completion = std::move(completion)](int result) {
+        const QStringList chosen = files->selectedFiles();
         if (result == QDialog::Accepted && !chosen.isEmpty()) {
             completion(std::filesystem::path(chosen.first().toStdString()));
         } else {
             completion(std::nullopt);
         }
     });
+
+    auto* layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(message);
+    layout->addWidget(files);
     panel->open();
 }

@@ -4,6 +4,14 @@
 <context>
     <name>Velumora</name>
     <message>
+        <source>	• TALV was never installed and used on this Mac, so data files weren't created.<byte value="xd"/><byte value="xd"/></source>
+        <translation>	• TALV wurde auf diesem Rechner nie benutzt, es gibt also keine Dateien.<byte value="xd"/><byte value="xd"/></translation>
+    </message>
+    <message>
+        <source>	• TALV's data folder exists but its data files are missing.<byte value="xd"/><byte value="xd"/></source>
+        <translation>	• Den Ordner von TALV gibt es, aber die Dateien fehlen.<byte value="xd"/><byte value="xd"/></translation>
+    </message>
+    <message>
         <source>%@ has been selected. Choose an option below to continue.</source>
         <translation>Gewählt: %@. Was soll geschehen?</translation>
     </message>
@@ -20,8 +28,24 @@
         <translation>„%@“ wurde in die Notiz für den %@ aufgenommen</translation>
     </message>
     <message>
-        <source>** put new date Description here **</source>
-        <translation>** hier die neue Beschreibung eingeben **</translation>
+        <source>) is available.</source>
+        <translation>) ist verfügbar.</translation>
+    </message>
+    <message>
+        <source>) is the current version.</source>
+        <translation>) ist die aktuelle Version.</translation>
+    </message>
+    <message>
+        <source>1. First select the 'TALV' folder. If the TALV folder exists, it should already be selected in this open dialog.<byte value="xd"/><byte value="xd"/></source>
+        <translation>1. Zuerst den Ordner „TALV“ auswählen. Wenn es ihn gibt, ist er hier schon ausgewählt.<byte value="xd"/><byte value="xd"/></translation>
+    </message>
+    <message>
+        <source>2. Use the 'Choose' button to grant permission to the TALV files.<byte value="xd"/></source>
+        <translation>2. Mit „Auswählen“ den Zugriff auf die Dateien erlauben.<byte value="xd"/></translation>
+    </message>
+    <message>
+        <source>A new version of Velumora (</source>
+        <translation>Eine neue Version von Velumora (</translation>
     </message>
     <message>
         <source>&amp;About Velumora</source>
@@ -56,6 +80,12 @@
         <translation>schon als wichtiger Tag gespeichert</translation>
     </message>
     <message>
+        <source>Any existing Velumora data will be overwritten, so be prepared.
+</source>
+        <translation>Was Velumora schon enthält, wird überschrieben.
+</translation>
+    </message>
+    <message>
         <source>automatic</source>
         <translation>automatisch</translation>
     </message>
@@ -76,8 +106,16 @@
         <translation>Nicht löschen</translation>
     </message>
     <message>
+        <source>Cancel TALV Data Import</source>
+        <translation>Nicht importieren</translation>
+    </message>
+    <message>
         <source>&amp;Check for a New Version…</source>
         <translation>Nach &amp;neuer Version suchen …</translation>
+    </message>
+    <message>
+        <source>Choose</source>
+        <translation>Auswählen</translation>
     </message>
     <message>
         <source>Close</source>
@@ -88,8 +126,16 @@
         <translation>Löschen</translation>
     </message>
     <message>
+        <source>Confirm TALV Data Import</source>
+        <translation>Daten von TALV importieren</translation>
+    </message>
+    <message>
         <source>&amp;Copy</source>
         <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Could not find TALV's data files( notes or events ).<byte value="xd"/> No import possible.</source>
+        <translation>Die Dateien von TALV (Notizen oder Tage) wurden nicht gefunden.<byte value="xd"/> Ein Import ist nicht möglich.</translation>
     </message>
     <message>
         <source>Cu&amp;t</source>
@@ -144,6 +190,16 @@
         <translation>Beide angeben oder beide leer lassen</translation>
     </message>
     <message>
+        <source>Existing TALV data remains intact for those running TALV.
+</source>
+        <translation>Die Daten von TALV bleiben unverändert.
+</translation>
+    </message>
+    <message>
+        <source>Failed to post notification</source>
+        <translation>Keine Mitteilung möglich</translation>
+    </message>
+    <message>
         <source>&amp;File</source>
         <translation>&amp;Datei</translation>
     </message>
@@ -152,8 +208,16 @@
         <translation>Notizen &amp;suchen …</translation>
     </message>
     <message>
+        <source>For week beginning:</source>
+        <translation>Woche ab:</translation>
+    </message>
+    <message>
         <source>Go to Velumora web page</source>
         <translation>Zur Webseite von Velumora</translation>
+    </message>
+    <message>
+        <source>Go to web site</source>
+        <translation>Zur Website</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -164,8 +228,26 @@
         <translation>Alle verbergen</translation>
     </message>
     <message>
+        <source>If TALV's data is imported, please be aware of these *impacts*:
+</source>
+        <translation>Der Import hat diese *Folgen*:
+</translation>
+    </message>
+    <message>
+        <source>If the folder and files exist, they should be located at the following path:<byte value="xd"/>/Users/YourUserName/Library/Application Support/TALV<byte value="xd"/><byte value="xd"/></source>
+        <translation>Wenn es Ordner und Dateien gibt, liegen sie hier:<byte value="xd"/>/Users/YourUserName/Library/Application Support/TALV<byte value="xd"/><byte value="xd"/></translation>
+    </message>
+    <message>
+        <source>Import Notes and Dates</source>
+        <translation>Notizen und Tage importieren</translation>
+    </message>
+    <message>
         <source>&amp;Import Notes and Dates…</source>
         <translation>Notizen und Tage &amp;importieren …</translation>
+    </message>
+    <message>
+        <source>Import TALV's notes &amp; events data?</source>
+        <translation>Notizen und Tage von TALV importieren?</translation>
     </message>
     <message>
         <source>Important Dates</source>
@@ -180,6 +262,10 @@
 the desktop's location service tells no place.</source>
         <translation>In Grad; Norden und Osten sind positiv. Gilt, wenn
 der Ortungsdienst des Systems keinen Ort nennt.</translation>
+    </message>
+    <message>
+        <source>It can be downloaded from the Velumora web site. </source>
+        <translation>Sie kann von der Velumora-Website geladen werden. </translation>
     </message>
     <message>
         <source>Latitude %@°, longitude %@°
@@ -224,12 +310,24 @@ der Hauptort der Zeitzone</translation>
         <translation>Monate</translation>
     </message>
     <message>
+        <source>Need User Permission to post a notification for %@<byte value="xd"/><byte value="xd"/>%@<byte value="xd"/><byte value="xd"/>Recommend granting permission in System Preferences</source>
+        <translation>Für die Mitteilung am %@ fehlt die Erlaubnis<byte value="xd"/><byte value="xd"/>%@<byte value="xd"/><byte value="xd"/>Mitteilungen lassen sich in den Systemeinstellungen erlauben</translation>
+    </message>
+    <message>
         <source>&amp;Next Month</source>
         <translation>&amp;Nächster Monat</translation>
     </message>
     <message>
         <source>Next Month</source>
         <translation>Nächster Monat</translation>
+    </message>
+    <message>
+        <source>Next Week</source>
+        <translation>Nächste Woche</translation>
+    </message>
+    <message>
+        <source>Next Wee&amp;k</source>
+        <translation>Nächs&amp;te Woche</translation>
     </message>
     <message>
         <source>Next Y&amp;ear</source>
@@ -262,6 +360,10 @@ der Hauptort der Zeitzone</translation>
     <message>
         <source>Note Added/Appended</source>
         <translation>Notiz ergänzt</translation>
+    </message>
+    <message>
+        <source>Note not selected, please try again</source>
+        <translation>Keine Notiz gewählt, bitte noch einmal versuchen</translation>
     </message>
     <message>
         <source>Notes</source>
@@ -304,6 +406,10 @@ der Hauptort der Zeitzone</translation>
         <translation>Tabelle der Notizen</translation>
     </message>
     <message>
+        <source>Notification failed to schedule for the following:</source>
+        <translation>Diese Mitteilung konnte nicht vorgemerkt werden:</translation>
+    </message>
+    <message>
         <source>of important note for %@ ?</source>
         <translation>der wichtigen Notiz vom %@?</translation>
     </message>
@@ -314,6 +420,10 @@ der Hauptort der Zeitzone</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>Open the month as a page to print</source>
+        <translation>Den Monat als Druckseite öffnen</translation>
     </message>
     <message>
         <source>&amp;Paste</source>
@@ -348,6 +458,14 @@ der Hauptort der Zeitzone</translation>
         <translation>Voriger Monat</translation>
     </message>
     <message>
+        <source>Previous Week</source>
+        <translation>Vorige Woche</translation>
+    </message>
+    <message>
+        <source>Previo&amp;us Week</source>
+        <translation>Vorige Woch&amp;e</translation>
+    </message>
+    <message>
         <source>Previous &amp;Year</source>
         <translation>Voriges &amp;Jahr</translation>
     </message>
@@ -356,12 +474,32 @@ der Hauptort der Zeitzone</translation>
         <translation>Voriges Jahr</translation>
     </message>
     <message>
+        <source>&amp;Print…</source>
+        <translation>Dr&amp;ucken …</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>Drucken …</translation>
+    </message>
+    <message>
         <source>&amp;Quit</source>
         <translation>&amp;Beenden</translation>
     </message>
     <message>
         <source>&amp;Redo</source>
         <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Remind me about this note via the System Notification Center on: %@</source>
+        <translation>Mit einer Mitteilung an diese Notiz erinnern am: %@</translation>
+    </message>
+    <message>
+        <source>Reminder '%@'<byte value="xd"/><byte value="xd"/>scheduled for date: %@</source>
+        <translation>Erinnerung „%@“<byte value="xd"/><byte value="xd"/>vorgemerkt für: %@</translation>
+    </message>
+    <message>
+        <source>Reminders can be scheduled only for future dates. Try again.</source>
+        <translation>Erinnern lassen kann man sich nur an künftige Tage.</translation>
     </message>
     <message>
         <source>Rise/Set:</source>
@@ -424,6 +562,10 @@ der Hauptort der Zeitzone</translation>
         <translation>Fehler in tableView:heightOfRow</translation>
     </message>
     <message>
+        <source>Thanks for letting me know. I'll look for my TALV data or enter myself</source>
+        <translation>Danke, ich suche meine Daten von TALV oder gebe sie selbst ein</translation>
+    </message>
+    <message>
         <source>The current month&apos;s notes</source>
         <translation>Die Notizen des aktuellen Monats</translation>
     </message>
@@ -440,8 +582,32 @@ der Hauptort der Zeitzone</translation>
         <translation>Der Längengrad ist eine Zahl von −180 bis 180</translation>
     </message>
     <message>
+        <source>The Notification Center message is for the following date and note:</source>
+        <translation>Die Mitteilung gilt diesem Tag und dieser Notiz:</translation>
+    </message>
+    <message>
+        <source>The Velumora web site could not be contacted.</source>
+        <translation>Die Velumora-Website ist nicht erreichbar.</translation>
+    </message>
+    <message>
         <source>The week starts on:</source>
         <translation>Die Woche beginnt am:</translation>
+    </message>
+    <message>
+        <source>There is no undo from the import. Backups make good sense. Hint
+
+</source>
+        <translation>Der Import lässt sich nicht rückgängig machen. Eine Sicherung ist ratsam.
+
+</translation>
+    </message>
+    <message>
+        <source>This usually means one of the following:<byte value="xd"/><byte value="xd"/></source>
+        <translation>Meist hat das einen dieser Gründe:<byte value="xd"/><byte value="xd"/></translation>
+    </message>
+    <message>
+        <source>This version of Velumora (</source>
+        <translation>Diese Version von Velumora (</translation>
     </message>
     <message>
         <source>To Delete a Row, please select one</source>
@@ -480,24 +646,44 @@ der Hauptort der Zeitzone</translation>
         <translation>&amp;US-Feiertage …</translation>
     </message>
     <message>
+        <source>Used at present:</source>
+        <translation>Jetzt verwendet:</translation>
+    </message>
+    <message>
         <source>Velumora &amp;Help</source>
         <translation>Velumora-&amp;Hilfe</translation>
     </message>
     <message>
-        <source>Used at present:</source>
-        <translation>Jetzt verwendet:</translation>
+        <source>Velumora is attempting to respond to a Notification Center message but cannot.</source>
+        <translation>Velumora kann auf eine Mitteilung nicht antworten.</translation>
+    </message>
+    <message>
+        <source>Velumora needs permission to access your TALV data files.<byte value="xd"/></source>
+        <translation>Velumora braucht Zugriff auf die Dateien von TALV.<byte value="xd"/></translation>
     </message>
     <message>
         <source>Velumora opens with:</source>
         <translation>Velumora zeigt beim Start:</translation>
     </message>
     <message>
+        <source>Velumora Reminder</source>
+        <translation>Erinnerung von Velumora</translation>
+    </message>
+    <message>
         <source>Velumora &amp;Web Page</source>
         <translation>&amp;Webseite von Velumora</translation>
     </message>
     <message>
+        <source>Version check failed.</source>
+        <translation>Die Versionsprüfung ist fehlgeschlagen.</translation>
+    </message>
+    <message>
         <source>&amp;View</source>
         <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>Warning: No Notes Data Found in 'respondWithContent:'</source>
+        <translation>Warnung: keine Notizen gefunden in „respondWithContent:“</translation>
     </message>
     <message>
         <source>&amp;Week</source>
@@ -506,6 +692,10 @@ der Hauptort der Zeitzone</translation>
     <message>
         <source>Week</source>
         <translation>Woche</translation>
+    </message>
+    <message>
+        <source>When the Notification Center reminder appears, click on it to open the note with Velumora</source>
+        <translation>Wenn die Erinnerung erscheint, öffnet ein Klick auf sie die Notiz in Velumora</translation>
     </message>
     <message>
         <source>Which notes to show</source>

@@ -188,6 +188,55 @@ TEST_F(AlertTest, ALongWordDoesNotWidenThePanelPastTheWindow)
     EXPECT_LT(shown.width(), window->width());
 }
 
+TEST_F(AlertTest, TextsOfAllLengthsLeaveTheButtonsInTheWindow)
+{
+    const QString lines = QStringLiteral("\n").repeated(65536);
+    const QString word(65536, QLatin1Char('w'));
+    const QString wideWord(23, QLatin1Char('W')); // one that is not broken
+    const QString words = QStringLiteral("day note ").repeated(7000);
+    for (const QString& text : {lines, word, words, wideWord, lines.first(400), word.first(400)}) {
+        Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(body, text, ok, QString()));
+        EXPECT_EQ(shown.messageText(), text);
+        EXPECT_LT(shown.width(), window->width());
+        EXPECT_LT(shown.height(), window->height());
+        EXPECT_TRUE(shown.rect().contains(shown.buttons().at(0)->geometry()));
+        const auto& area = *shown.findChild<QScrollArea*>();
+        EXPECT_LE(area.widget()->width(), area.viewport()->width());
+        for (const QLabel* label : area.findChildren<QLabel*>()) {
+            EXPECT_LE(label->minimumSizeHint().width(), label->width()) << "no word is cut off";
+        }
+        answer(1000);
+    }
+}
+
+TEST_F(AlertTest, ANarrowPanelGrowsWithAWideWord)
+{
+    const QString wideWord(23, QLatin1Char('W'));
+    AppDelegate::doSheetAlert(*window, wideWord, wideWord, ok, QString());
+    for (const QLabel* label : alert()->findChild<QScrollArea*>()->findChildren<QLabel*>()) {
+        EXPECT_LE(label->minimumSizeHint().width(), label->visibleRegion().boundingRect().width());
+    }
+}
+
+TEST_F(AlertTest, OfAHeadlineBeyondAllMeasureBothEndsAreShown)
+{
+    const QString headlineText = QStringLiteral("begins ") + QString(65536, u'9') + QStringLiteral(" ends");
+    Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(body, headlineText, ok, QString()));
+    EXPECT_EQ(shown.messageText(), headlineText);
+    EXPECT_LT(shown.windowTitle().size(), 500);
+    EXPECT_TRUE(shown.windowTitle().startsWith(QStringLiteral("begins 99")));
+    EXPECT_TRUE(shown.windowTitle().contains(QStringLiteral("9…9")));
+    EXPECT_TRUE(shown.windowTitle().endsWith(QStringLiteral("99 ends")));
+}
+
+TEST_F(AlertTest, AHeadlineOfManyLinesScrolls)
+{
+    Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(body, QStringLiteral("9\n").repeated(100), ok, {}));
+    QScrollBar& bar = *shown.findChild<QScrollArea*>()->verticalScrollBar();
+    press(shown, Qt::Key_PageDown);
+    EXPECT_GT(bar.value(), 0);
+}
+
 TEST_F(AlertTest, AShortBodyDoesNotScroll)
 {
     EXPECT_EQ(show(twoButtons()).findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);

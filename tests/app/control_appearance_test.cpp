@@ -4,6 +4,7 @@
 #include "notes/TableRowView.h"
 #include "notes/ZTRButtonHover.h"
 #include "notes/ZTRSeparator.h"
+#include "support/Contrast.h"
 
 #include <QApplication>
 #include <QEnterEvent>
@@ -12,23 +13,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 namespace {
-
-// Contrast as the Web Content Accessibility Guidelines 2.1 define it.
-double luminance(const QColor& color)
-{
-    const auto linear = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b)
-{
-    const double high = std::max(luminance(a), luminance(b));
-    const double low = std::min(luminance(a), luminance(b));
-    return (high + 0.05) / (low + 0.05);
-}
 
 QPalette palette(QColor base, QColor text)
 {

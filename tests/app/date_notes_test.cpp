@@ -214,6 +214,35 @@ TEST_F(DateNotesTest, AnAddedNoteOutOfSightIsStillSaved)
     EXPECT_EQ(notesOnDisk(), Table{note(2024, 3, 20, "Ben")});
 }
 
+TEST_F(DateNotesTest, AnEditThatOnlyLooksLeavesAnAddedLineToBeSaved)
+{
+    putNotes({note(2024, 5, 20, "Cake")});
+    putEvents({event(1990, 5, 20, "Ann")});
+    start();
+    openMenu(0);
+    choose(2);
+    answer(Alert::firstButtonReturn);
+    ui->hideShowSegBtn->press(3); // the notes of the year, as they are saved
+    ui->notesTableView->editColumn(1, 0);
+    ui->notesTableView->endEditing();
+    ui->noteEntryListSaveBtn->click();
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 5, 20, "Cake\rAnn")});
+    ui->notesTableView->editColumn(1, 0);
+    ui->notesTableView->endEditing();
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 5, 20, "Cake\rAnn")}) << "the row shows what was saved";
+}
+
+TEST_F(DateNotesTest, AnUnreadableNotesFileTakesNoLineIn)
+{
+    std::filesystem::create_directory(notesFile());
+    putEvents({event(1990, 5, 20, "Ann")});
+    start();
+    openMenu(0);
+    choose(2);
+    EXPECT_FALSE(ui->noteEntryListSaveBtn->isEnabled());
+    EXPECT_FALSE(app->allNotesTVData);
+}
+
 TEST_F(DateNotesTest, TheMenuKeyOpensItForTheSelectedRow)
 {
     putEvents({event(1990, 5, 20, "Ann"), event(1991, 6, 21, "Ben")});

@@ -41,11 +41,11 @@ QVariantMap properties(const QVariant& latitude, const QVariant& longitude)
 class Listener : public LocationManagerDelegate {
 public:
     QList<Location> locations;
-    QList<AuthorizationStatus> statuses;
+    QList<LocationAuthorizationStatus> statuses;
     QStringList errors;
 
     void didUpdateLocations(LocationManager&, const QList<Location>& told) override { locations += told; }
-    void didChangeAuthorizationStatus(LocationManager&, AuthorizationStatus status) override { statuses += status; }
+    void didChangeAuthorizationStatus(LocationManager&, LocationAuthorizationStatus status) override { statuses += status; }
     void didFailWithError(LocationManager&, const QString& error) override { errors += error; }
     void didUpdateToLocation(LocationManager&, const Location&, const Location&) override { FAIL(); }
 };
@@ -66,7 +66,7 @@ protected:
                                           .enteredCoordinate = [this] { return entered; },
                                           .zoneDatabase = "/usr/share/zoneinfo"});
         EXPECT_TRUE(services.locationServicesEnabled());
-        EXPECT_EQ(services.authorizationStatus(), AuthorizationStatus::NotDetermined);
+        EXPECT_EQ(services.authorizationStatus(), LocationAuthorizationStatus::NotDetermined);
         manager = services.makeLocationManager();
         manager->setDistanceFilter(distanceFilterNone);
         manager->setDesiredAccuracy(locationAccuracyThreeKilometers);
@@ -126,7 +126,7 @@ TEST_F(DesktopLocationTest, TheCityOfTheZoneIsToldAtOnceAndTheServicesPlaceWhenI
     service.tell(properties(53.55, 9.99));
     waitFor([&] { return listener.locations.size() > 1; });
     EXPECT_EQ(listener.locations, (QList<Location>{berlin, hamburg}));
-    EXPECT_EQ(listener.statuses, QList<AuthorizationStatus>{AuthorizationStatus::AuthorizedAlways});
+    EXPECT_EQ(listener.statuses, QList<LocationAuthorizationStatus>{LocationAuthorizationStatus::AuthorizedAlways});
     EXPECT_TRUE(listener.errors.isEmpty());
 }
 
@@ -159,7 +159,7 @@ TEST_F(DesktopLocationTest, ARefusalLeavesWhatWasToldAtOnce)
     waitForCall(QStringLiteral("Start"));
     service.refuse(QStringLiteral("Start"), accessDenied);
     waitFor([&] { return !listener.statuses.isEmpty(); });
-    EXPECT_EQ(listener.statuses, QList<AuthorizationStatus>{AuthorizationStatus::Denied});
+    EXPECT_EQ(listener.statuses, QList<LocationAuthorizationStatus>{LocationAuthorizationStatus::Denied});
     EXPECT_EQ(listener.locations, QList<Location>{berlin});
     EXPECT_TRUE(listener.errors.isEmpty());
 }

@@ -10,6 +10,8 @@
 #include <QLabel>
 
 #include <array>
+#include <fstream>
+#include <set>
 
 namespace {
 
@@ -204,6 +206,17 @@ TEST_F(HolidaySheetTest, AnAddedHolidayIsGreyAtTheNextOpening)
     EXPECT_EQ(field(1).text(), QString());
 }
 
+TEST_F(HolidaySheetTest, ASecondPressAddsNothing)
+{
+    start();
+    tick({3});
+    QPushButton& addDates = button("addDatesAndNotesBtn");
+    addDates.click();
+    app->addDatesFromHolidaySheet(addDates);
+    EXPECT_EQ(eventsOnDisk(), Table{record(3)});
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 3, 31, "Easter Sunday")});
+}
+
 TEST_F(HolidaySheetTest, CancellingAddsNothing)
 {
     start();
@@ -251,14 +264,21 @@ TEST_F(HolidaySheetTest, ATickedHolidayLandsOnItsDayInEveryLanguage)
 
 TEST_F(HolidaySheetTest, UnreadableFilesTakeNothingIn)
 {
-    std::filesystem::create_directory(eventsFile());
-    std::filesystem::create_directory(notesFile());
+    std::ofstream(eventsFile()) << "no events";
+    std::ofstream(notesFile()) << "no notes";
     start();
     tick({1});
     add("addDatesAndNotesBtn");
     EXPECT_FALSE(sheet().isVisible());
     EXPECT_FALSE(app->eventsTVData);
     EXPECT_FALSE(app->allNotesTVData);
+    app->waitForSaves();
+    EXPECT_FALSE(std::filesystem::exists(eventsFile())) << "a save of no records takes the file away";
+    std::multiset<std::uintmax_t> kept;
+    for (const auto& copy : std::filesystem::directory_iterator(dataFolder() / "Recovered")) {
+        kept.insert(copy.file_size());
+    }
+    EXPECT_EQ(kept, (std::multiset<std::uintmax_t>{8, 9})) << "and its bytes are kept";
 }
 
 TEST_F(HolidaySheetTest, ACheckBoxThatIsNoHolidayClearsItsFieldAlone)

@@ -73,9 +73,7 @@ TEST_F(ImportantDatesTest, TheButtonLeadsThroughDateAndDescriptionByKeysAlone)
     auto* picker = qobject_cast<DatePicker*>(table().viewAt(dateColumn, 0));
     ASSERT_TRUE(picker);
     EXPECT_EQ(picker->text(), QStringLiteral("3/15/2024"));
-    QTest::keyClicks(picker, QStringLiteral("12"));
-    QTest::keyClicks(picker, QStringLiteral("24"));
-    QTest::keyClicks(picker, QStringLiteral("1965"));
+    QTest::keyClicks(picker, QStringLiteral("12/24/1965"));
     QTest::keyClick(picker, Qt::Key_Tab);
     auto* description = qobject_cast<CellEditor*>(table().viewAt(nameColumn, 0));
     ASSERT_TRUE(description);
@@ -114,7 +112,7 @@ TEST_F(ImportantDatesTest, AnotherDayKeepsTheTimeOfDayAndTheOtherKeys)
         Dictionary{{"Colour", Value("green")}, {"EventDateKey", Value(instant)}, {"EventNameKey", Value("Premiere")}});
     putEvents({foreign, event(2024, 2, 2, "b")});
     start();
-    pick(0).setDate(QDate(2024, 7, 1)); // summer time
+    pick(0).chooseDay(QDate(2024, 7, 1)); // summer time
     const Value moved(Dictionary{{"Colour", Value("green")},
                                  {"EventDateKey", Value(utcDate(2024, 7, 1, 16, 45, 12))},
                                  {"EventNameKey", Value("Premiere")}});
@@ -127,12 +125,14 @@ TEST_F(ImportantDatesTest, AnotherDayKeepsTheTimeOfDayAndTheOtherKeys)
 TEST_F(ImportantDatesTest, BackOnItsFirstDayADateIsTheVeryInstantItWas)
 {
     const Date instant = utcDate(2024, 3, 31, 0, 30) + Date::duration(0.25); // 01:30, the hour before the skipped one
-    putEvents({makeEventRecord(instant, "a")});
     start();
+    app->eventsTVData = Table{makeEventRecord(instant, "a")};
+    table().reloadData();
     DatePicker& picker = pick(0);
-    picker.setDate(QDate(1999, 1, 1));
-    picker.setDate(QDate(2024, 3, 31));
-    EXPECT_EQ(dateOf(app->eventsTVData->at(0), EventDateKey), dateOf(eventsOnDisk()->at(0), EventDateKey));
+    picker.chooseDay(QDate(1999, 1, 1));
+    EXPECT_EQ(app->eventsTVData->at(0), makeEventRecord(utcDate(1999, 1, 1, 0, 30) + Date::duration(0.25), "a"));
+    picker.chooseDay(QDate(2024, 3, 31));
+    EXPECT_EQ(app->eventsTVData->at(0), makeEventRecord(instant, "a"));
 }
 
 TEST_F(ImportantDatesTest, ThePickerIsWhiteOnTheSelectedRow)
@@ -162,7 +162,7 @@ TEST_F(ImportantDatesTest, QuittingSavesAnEditThatWasNotSaved)
 {
     putEvents({event(1990, 5, 20, "Ann")});
     start();
-    pick(0).setDate(QDate(1991, 5, 20));
+    pick(0).chooseDay(QDate(1991, 5, 20));
     table().editColumn(nameColumn, 0);
     QTest::keyClicks(table().viewAt(nameColumn, 0), QStringLiteral("ie"));
     app->applicationWillTerminate();
@@ -187,10 +187,32 @@ TEST_F(ImportantDatesTest, ALeapDayAndADateBefore1900AreShownAndMoved)
     EXPECT_EQ(shown(dateColumn, 0), QStringLiteral("Thu, Feb 29, 2024"));
     EXPECT_EQ(shown(dateColumn, 1), QStringLiteral("Sun, Jun 18, 1815"));
     EXPECT_EQ(shown(elapsedColumn, 1), QStringLiteral("208 Years 8 Months 26 Days")); // counted by hand
-    pick(1).setDate(QDate(1800, 1, 1));
+    pick(1).chooseDay(QDate(1800, 1, 1));
     EXPECT_EQ(app->eventsTVData->at(1), event(1800, 1, 1, "long ago"));
-    pick(0).setDate(QDate(2023, 2, 28));
+    pick(0).chooseDay(QDate(2023, 2, 28));
     EXPECT_EQ(app->eventsTVData->at(0), event(2023, 2, 28, "leap"));
+}
+
+TEST_F(ImportantDatesTest, QuittingLeavesTheFileOfAnEmptyTableAsItIs)
+{
+    putEvents({event(1990, 5, 20, "Ann")});
+    start();
+    app->eventsTVData->clear();
+    app->applicationWillTerminate();
+    EXPECT_EQ(eventsOnDisk(), Table{event(1990, 5, 20, "Ann")});
+}
+
+TEST_F(ImportantDatesTest, TheSelectedDateStaysSelectedWhenTheRowsAreSorted)
+{
+    putEvents({event(2001, 1, 1, "c"), event(2002, 1, 1, "a"), event(2003, 1, 1, "b")});
+    start();
+    table().selectRow(0);
+    table().sortByColumn(nameColumn);
+    EXPECT_EQ(shown(nameColumn, 0), QStringLiteral("a"));
+    EXPECT_EQ(table().selectedRow(), 2);
+    ui->deleteRowFromImpDateListBtn->click();
+    answer(Alert::firstButtonReturn);
+    EXPECT_EQ(eventsOnDisk(), (Table{event(2002, 1, 1, "a"), event(2003, 1, 1, "b")}));
 }
 
 TEST_F(ImportantDatesTest, TheMenuAddsADateFromAnyPage)

@@ -65,7 +65,7 @@ TEST_F(LocationTest, TurnedOffForTheMachineNothingIsAskedAndTheLineStaysAsLaidOu
 
 struct StatusCase {
     const char* name;
-    AuthorizationStatus status;
+    LocationAuthorizationStatus status;
     const char* step; ///< what follows from the status; empty for nothing
 };
 
@@ -104,17 +104,17 @@ TEST_P(LocationStatus, ThatChangesIsAnsweredAlike)
 
 INSTANTIATE_TEST_SUITE_P(
     All, LocationStatus,
-    ::testing::Values(StatusCase{"notDetermined", AuthorizationStatus::NotDetermined, "requestWhenInUseAuthorization"},
-                      StatusCase{"restricted", AuthorizationStatus::Restricted, ""},
-                      StatusCase{"denied", AuthorizationStatus::Denied, ""},
-                      StatusCase{"always", AuthorizationStatus::AuthorizedAlways, "startUpdatingLocation"},
-                      StatusCase{"whenInUse", AuthorizationStatus::AuthorizedWhenInUse, ""}),
+    ::testing::Values(StatusCase{"notDetermined", LocationAuthorizationStatus::NotDetermined, "requestWhenInUseAuthorization"},
+                      StatusCase{"restricted", LocationAuthorizationStatus::Restricted, ""},
+                      StatusCase{"denied", LocationAuthorizationStatus::Denied, ""},
+                      StatusCase{"always", LocationAuthorizationStatus::AuthorizedAlways, "startUpdatingLocation"},
+                      StatusCase{"whenInUse", LocationAuthorizationStatus::AuthorizedWhenInUse, ""}),
     [](const auto& each) { return std::string(each.param.name); });
 
 TEST(AuthorizationStatusNumbers, AreThoseOfTheServices)
 {
-    EXPECT_EQ(static_cast<int>(AuthorizationStatus::NotDetermined), 0);
-    EXPECT_EQ(static_cast<int>(AuthorizationStatus::AuthorizedAlways), 3);
+    EXPECT_EQ(static_cast<int>(LocationAuthorizationStatus::NotDetermined), 0);
+    EXPECT_EQ(static_cast<int>(LocationAuthorizationStatus::AuthorizedAlways), 3);
 }
 
 // --- Positions -------------------------------------------------------------------------------------------------------

@@ -118,7 +118,11 @@ protected:
     {
         QGuiApplication::setLayoutDirection(GetParam().direction);
         putNotes({note(2024, 3, 15, "Zahnarzt um 9 Uhr"), note(2024, 12, 24, "Weihnachten"),
-                  note(2024, 9, 25, "Wanderung")});
+                  note(2024, 9, 25, "Wanderung"), note(2024, 3, 1, "Miete überweisen"),
+                  note(2024, 3, 12,
+                       "Chorprobe: das Stück von letzter Woche, alle Strophen. Noten mitbringen und einen "
+                       "Kuchen für die Pause; danach Besprechung der Sommerreise bei Familie Hoffmann."),
+                  note(2024, 3, 31, "Uhren umstellen")});
         putEvents({event(1984, 5, 17, "Geburtstag von Mia"), event(1963, 4, 4, "Geburtstag von Oma")});
     }
 
@@ -130,6 +134,17 @@ protected:
         window->resize(GetParam().size);
         window->show();
         runQueued();
+    }
+
+    /// Pictures of the other pages, for people to look at.
+    void savePages(const QString& variant, int scale)
+    {
+        for (const QString& name : {QStringLiteral("week"), QStringLiteral("month")}) {
+            ui->myTabView->setCurrentIndex(ui->myTabView->currentIndex() + 1);
+            runQueued();
+            EXPECT_FALSE(saveScreenshot(grabbed(*window, scale), name + u'-' + variant).isEmpty());
+        }
+        ui->myTabView->setCurrentIndex(0);
     }
 
 private:
@@ -161,6 +176,23 @@ TEST_P(WindowFitTest, NothingIsCutOffInAnyMonth)
         ui->forwardOneMonthOnMiniCal->click();
         ui->noteEntryNextNotesBtn->click();
         runQueued();
+    }
+}
+
+TEST_P(WindowFitTest, WeekAndMonthShowTheirWholeTextsInEveryMonth)
+{
+    startShown();
+    ui->weeklyViewPageAction->trigger();
+    for (int week = 0; week < 53; ++week) {
+        ui->weeklyViewForwardWeek->click();
+        runQueued();
+        expectEverythingFits(*window);
+    }
+    ui->monthlyViewPageAction->trigger();
+    for (int month = 0; month < 12; ++month) {
+        ui->monthlyViewForwardBtn->click();
+        runQueued();
+        expectEverythingFits(*window);
     }
 }
 
@@ -232,6 +264,7 @@ TEST_P(WindowFitTest, IsPaintedInBothAppearancesAtBothScales)
                 appearance == Appearance::Dark ? QStringLiteral("dark") : QStringLiteral("light"),
                 QString::number(scale));
             EXPECT_FALSE(saveScreenshot(picture, variant).isEmpty());
+            savePages(variant, scale);
             EXPECT_EQ(picture.size(), GetParam().size * scale);
             const QPoint emptyCorner = QPoint(picture.width() - 4, picture.height() - 4);
             EXPECT_EQ(picture.pixelColor(GetParam().direction == Qt::LeftToRight ? emptyCorner

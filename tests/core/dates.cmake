@@ -8,10 +8,13 @@ velumora_test(date-tests
     core/dates_month_grid_test.cpp
     core/dates_sun_times_test.cpp
     core/dates_utilities_test.cpp
+    core/dates_week_test.cpp
     core/dates_zone_place_test.cpp
     core/dates_zones_test.cpp
     core/holidays_easter_test.cpp
+    core/day_text_test.cpp
     core/holidays_test.cpp
+    core/paper_size_test.cpp
     support/DateGuards.cpp
     support/DateGuards.h
     LABELS core

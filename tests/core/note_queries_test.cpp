@@ -224,6 +224,26 @@ TEST_F(NoteQueriesTest, sortsTextsByTheirUtf16Units)
     EXPECT_EQ(textsOf(table), sorted);
 }
 
+TEST_F(NoteQueriesTest, givesTheTextOfTheFirstNoteOfEachDate)
+{
+    const Value textlessNote{Dictionary{{"NoteDateKey", Value(march1)}}};
+    const Value list{Table{note(newYear2024, "in a list")}};
+    const Table table = {withoutDate,
+                         note(february29, "leap"),
+                         note(january31, "before"),
+                         note(february1, "one"),
+                         note(february1, "two"),
+                         textlessNote,
+                         note(march1, "later"),
+                         note(july15, "after"),
+                         list};
+    const std::vector<Date> dates{newYear2024, february1, february29, february29, march1, newYear2025};
+    EXPECT_EQ(NoteQueries::textsOfDates(table, dates), (Texts{"in a list", "one", "leap", "leap", "", ""}));
+    EXPECT_EQ(NoteQueries::textsOfDates(table, std::vector{january31 + std::chrono::seconds(1)}), Texts{""});
+    EXPECT_EQ(NoteQueries::textsOfDates({}, dates), Texts(6));
+    EXPECT_EQ(NoteQueries::textsOfDates(table, {}), Texts{});
+}
+
 TEST_F(NoteQueriesTest, keepsTheOrderOfEqualElementsInBothDirections)
 {
     const Table table = {note(march1, "b"), note(january31, "x"), note(march1, "a"), note(march1, "c")};

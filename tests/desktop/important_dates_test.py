@@ -26,7 +26,7 @@ class ImportantDatesTest(DesktopTest):
         window = self.start()
         window.key("ctrl+shift+d")
         window.find("spin button", "Date").wait_for_state("focused")
-        window.type("12241965")
+        window.type("12/24/1965")
         window.key("Tab")
         window.find("text", "Description").wait_for_state("focused")
         window.type("Grandma born\nin the snow")

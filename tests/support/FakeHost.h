@@ -3,14 +3,17 @@
 
 #include "host/Bundle.h"
 #include "host/ClockMonitor.h"
+#include "host/GlobalDefaults.h"
 #include "host/HostServices.h"
 #include "host/LocationManager.h"
 #include "host/OpenPanel.h"
 #include "host/ProcessInfo.h"
 #include "host/UserDefaults.h"
 #include "host/UserNotificationCenter.h"
+#include "host/VersionServer.h"
 #include "host/Workspace.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <functional>
@@ -49,6 +52,22 @@ public:
     void jump() { Q_EMIT clockJumped(); }
 };
 
+/// A desktop in the light appearance until it is told otherwise.
+class FakeGlobalDefaults : public GlobalDefaults {
+public:
+    std::optional<QString> interfaceStyle;
+
+    void setInterfaceStyle(const std::optional<QString>& style)
+    {
+        interfaceStyle = style;
+        Q_EMIT didChange();
+    }
+    std::optional<QString> stringForKey(const QString& key) const override
+    {
+        return key == QStringLiteral("AppleInterfaceStyle") ? interfaceStyle : std::nullopt;
+    }
+};
+
 /// Does nothing by itself: a test tells `delegate` what is found.
 class FakeLocationManager : public LocationManager {
 public:
@@ -82,7 +101,7 @@ class FakeLocationServices : public LocationServices {
 public:
     explicit FakeLocationServices(Journal& journal) : m_journal(journal) {}
     bool enabled = true;
-    AuthorizationStatus status = AuthorizationStatus::NotDetermined;
+    LocationAuthorizationStatus status = LocationAuthorizationStatus::NotDetermined;
     FakeLocationManager* manager = nullptr; ///< the last one made, its maker's
 
     bool locationServicesEnabled() const override
@@ -90,7 +109,7 @@ public:
         m_journal.add(QStringLiteral("locationServicesEnabled"));
         return enabled;
     }
-    AuthorizationStatus authorizationStatus() const override
+    LocationAuthorizationStatus authorizationStatus() const override
     {
         m_journal.add(QStringLiteral("authorizationStatus"));
         return status;
@@ -174,15 +193,58 @@ class FakeUserNotificationCenter : public UserNotificationCenter {
 public:
     explicit FakeUserNotificationCenter(Journal& journal) : m_journal(journal) {}
     UserNotificationCenterDelegate* delegate = nullptr;
+    AuthorizationStatus status = AuthorizationStatus::Authorized;
+    std::optional<QString> refusal; ///< of every request
+    QList<NotificationOptions> askedFor;
+    QList<NotificationRequest> requests;
+    QStringList removed;
 
     void setDelegate(UserNotificationCenterDelegate& newDelegate) override
     {
         delegate = &newDelegate;
         m_journal.add(QStringLiteral("setDelegate"));
     }
+    void requestAuthorization(NotificationOptions options, std::function<void(bool)> completion) override
+    {
+        askedFor.append(options);
+        later([completion] { completion(true); });
+    }
+    void getNotificationSettings(std::function<void(AuthorizationStatus)> completion) override
+    {
+        later([completion, now = status] { completion(now); });
+    }
+    void addNotificationRequest(const NotificationRequest& request,
+                                std::function<void(const std::optional<QString>&)> completion) override
+    {
+        requests.append(request);
+        later([completion, error = refusal] { completion(error); });
+    }
+    void removeDeliveredNotifications(const QStringList& identifiers) override { removed.append(identifiers); }
 
 private:
+    template <typename Step> static void later(Step step)
+    {
+        QMetaObject::invokeMethod(qApp, std::move(step), Qt::QueuedConnection);
+    }
+
     Journal& m_journal;
+};
+
+/// Answers at once with `reply`, after `onFetch`.
+class FakeVersionServer : public VersionServer {
+public:
+    std::optional<QString> reply;
+    std::function<void()> onFetch;
+    int fetches = 0;
+
+    std::optional<QString> newestVersion() override
+    {
+        ++fetches;
+        if (onFetch) {
+            onFetch();
+        }
+        return reply;
+    }
 };
 
 /// Opens nothing; remembers what was asked for.
@@ -190,11 +252,15 @@ class FakeWorkspace : public Workspace {
 public:
     bool succeeds = true;
     QList<QUrl> opened;
+    std::function<void(const QUrl&)> onOpen; ///< looks at the program at that very moment
     QList<std::filesystem::path> shownFolders;
 
     bool openUrl(const QUrl& url) override
     {
         opened.append(url);
+        if (onOpen) {
+            onOpen(url);
+        }
         return succeeds;
     }
     bool showFolder(const std::filesystem::path& folder) override
@@ -209,23 +275,29 @@ struct FakeHost {
     Journal journal;
     FakeBundle bundle;
     FakeClockMonitor clockMonitor;
+    FakeGlobalDefaults globalDefaults;
     FakeLocationServices locationServices{journal};
     FakeOpenPanel openPanel;
     FakeProcessInfo processInfo{journal};
     FakeUserDefaults userDefaults{journal};
     FakeUserNotificationCenter notificationCenter{journal};
+    FakeVersionServer versionServer;
     FakeWorkspace workspace;
+    std::optional<std::filesystem::path> temporaryFolder;
 
     HostServices services(std::optional<std::filesystem::path> applicationSupport)
     {
         return {.bundle = bundle,
                 .clockMonitor = clockMonitor,
+                .globalDefaults = globalDefaults,
                 .locationServices = locationServices,
                 .openPanel = openPanel,
                 .processInfo = processInfo,
                 .userDefaults = userDefaults,
                 .notificationCenter = notificationCenter,
+                .versionServer = versionServer,
                 .workspace = workspace,
-                .applicationSupport = std::move(applicationSupport)};
+                .applicationSupport = std::move(applicationSupport),
+                .temporaryFolder = temporaryFolder};
     }
 };

@@ -10,7 +10,10 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_SCALE_FACTOR");
     const QApplication application(argc, argv);
-    applyAppearance();
+    Q_INIT_RESOURCE(velumora); // it stands in a library
+    applyStyle();
+    QApplication::setPalette(calmPalette(Appearance::Light));
+    QApplication::setCursorFlashTime(0); // a picture is the same at any moment
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "calendar/MonthPage.h"
+#include "calendar/MonthlyGrid.h"
+#include "calendar/PaperSize.h"
+#include "dates/Clock.h"
+#include "host/Workspace.h"
+#include "store/Files.h"
+#include "ui_MainWindow.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QUrl>
+
+#include <initializer_list>
+#include <vector>
+
+namespace {
+
+constexpr const char* printFileName = "MyPrintedView.pdf";
+
+/// Writes the whole file or none, readable by the user alone.
+void writePrivately(const std::filesystem::path& path, const QByteArray& bytes)
+{
+    removeStaleTemporaries(path.parent_path(), path.filename().native());
+    TemporaryFile file(path);
+    if (!file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())}) && !file.sync()) {
+        (void)file.replaceTarget(); // nothing is reported: the viewer says that there is nothing to show
+    }
+}
+
+/// Takes controls out of sight while it lives, and puts the keyboard back where it was.
+class HiddenControls {
+public:
+    explicit HiddenControls(std::initializer_list<QWidget*> controls)
+        : m_controls(controls), m_focused(QApplication::focusWidget())
+    {
+        for (QWidget* control : m_controls) {
+            control->hide();
+        }
+    }
+    HiddenControls(const HiddenControls&) = delete;
+    HiddenControls& operator=(const HiddenControls&) = delete;
+    ~HiddenControls()
+    {
+        for (QWidget* control : m_controls) {
+            control->show();
+        }
+        if (m_focused) {
+            m_focused->setFocus();
+        }
+    }
+
+private:
+    std::vector<QWidget*> m_controls;
+    QPointer<QWidget> m_focused;
+};
+
+} // namespace
+
+// The page is painted for the paper itself, in its own light colours: the appearance of the window need not change for
+// the time of the print, so it cannot be left changed.
+void AppDelegate::printMonthlyView()
+{
+    const HiddenControls buttons(
+        {m_ui.monthlyViewPrintBtn, m_ui.monthlyViewForwardBtn, m_ui.monthlyViewBackBtn});
+    deleteMonthlyPrintFile();
+    if (!m_host.temporaryFolder) {
+        return;
+    }
+    MonthPage page = m_ui.monthlyGrid->page();
+    page.title = m_ui.monthlyViewMonthYear->text();
+    const std::filesystem::path path = *m_host.temporaryFolder / printFileName;
+    writePrivately(path, pdfOf(page, paperSizeOf(DateEnvironment::localePair().currentLocale)));
+    m_monthlyPrintFile = path;
+    m_host.workspace.openUrl(QUrl::fromLocalFile(QString::fromStdString(path.native())));
+}
+
+void AppDelegate::deleteMonthlyPrintFile()
+{
+    if (m_monthlyPrintFile) {
+        std::error_code ignored;
+        std::filesystem::remove(*m_monthlyPrintFile, ignored);
+        m_monthlyPrintFile.reset();
+    }
+}

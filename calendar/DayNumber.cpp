@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "calendar/DayNumber.h"
+
+#include "notes/NamedColor.h"
+
+#include <QPainter>
+#include <QStyle>
+
+DayNumber::DayNumber(int pixelSize, QWidget* parent) : QLabel(parent)
+{
+    QFont digits = font();
+    digits.setPixelSize(pixelSize);
+    setFont(digits);
+    setTextFormat(Qt::PlainText);
+}
+
+void DayNumber::setToday(bool today)
+{
+    m_today = today;
+    QFont digits = font();
+    digits.setBold(today);
+    setFont(digits);
+    update();
+}
+
+QColor DayNumber::textColor() const
+{
+    // A label's own palette has the ground that the style rules give labels, which is none.
+    return namedColor(m_today ? u"SystemRedColor" : u"ControlTextColor", parentWidget()->palette());
+}
+
+void DayNumber::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setPen(textColor());
+    painter.drawText(contentsRect(), static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())), text());
+}

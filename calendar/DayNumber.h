@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLabel>
+
+/// The number of a day on the weekly and the monthly page. Today's is red and bold.
+class DayNumber : public QLabel {
+    Q_OBJECT
+
+public:
+    DayNumber(int pixelSize, QWidget* parent);
+
+    void setToday(bool today);
+    bool isToday() const { return m_today; }
+
+    /// The colour of the number in the appearance of this moment.
+    QColor textColor() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool m_today = false;
+};

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "calendar/NoteField.h"
+
+#include "calendar/WholeNote.h"
+
+#include <QHelpEvent>
+#include <QScrollBar>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QSize least(56, 20);
+constexpr qsizetype longestToolTip = 1200;
+
+/// `text` as a tool tip shows it to the letter, wrapped; never as markup.
+QString plainToolTip(const QString& text)
+{
+    QString shown = text.left(longestToolTip);
+    if (shown.size() < text.size()) {
+        shown += u'…';
+    }
+    return QStringLiteral("<p style='white-space: pre-wrap'>%1</p>").arg(shown.toHtmlEscaped());
+}
+
+} // namespace
+
+NoteField::NoteField(QWidget* parent) : QPlainTextEdit(parent)
+{
+    makeReadable(*this);
+    document()->setDocumentMargin(0);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void NoteField::setNote(const QString& note)
+{
+    if (note != m_note) {
+        m_note = note;
+        setPlainText(note);
+    }
+    verticalScrollBar()->setValue(0);
+    setFocusPolicy(note.isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
+}
+
+bool NoteField::isCut() const
+{
+    return verticalScrollBar()->maximum() > 0;
+}
+
+QSize NoteField::minimumSizeHint() const
+{
+    return least;
+}
+
+bool NoteField::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->ignore(); // the keys of an editor belong to the menu here
+        return false;
+    }
+    return QPlainTextEdit::event(event);
+}
+
+bool NoteField::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const QPoint place = static_cast<const QHelpEvent*>(event)->globalPos();
+        QToolTip::showText(place, isCut() ? plainToolTip(m_note) : QString(), this);
+        return true;
+    }
+    return QPlainTextEdit::viewportEvent(event);
+}
+
+void NoteField::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        showWholeNote();
+        return;
+    }
+    QPlainTextEdit::keyPressEvent(event);
+}
+
+/// Leaves free what is too low for a line, so that none shows by half.
+void NoteField::resizeEvent(QResizeEvent* event)
+{
+    constexpr int around = 1; // what a field needs besides its lines to show them all
+    const int room = viewport()->height() + viewportMargins().bottom();
+    const int spare = std::max(room - around, 0) % fontMetrics().height();
+    if (viewportMargins().bottom() != spare) {
+        setViewportMargins(0, 0, 0, spare);
+    }
+    QPlainTextEdit::resizeEvent(event);
+}
+
+void NoteField::showWholeNote()
+{
+    auto* whole = new WholeNote(accessibleName(), m_note, this); // goes when it is closed
+    whole->showOver({mapToGlobal(QPoint()), size()});
+}

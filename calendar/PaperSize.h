@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+/// An upright sheet of paper, in millimetres.
+struct PaperSize {
+    int width = 0;
+    int height = 0;
+
+    bool operator==(const PaperSize&) const = default;
+};
+
+/// The paper that people use where `locale` is spoken: Letter in the United States, Canada and others, else A4.
+PaperSize paperSizeOf(const std::string& locale);

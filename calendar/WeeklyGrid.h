@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "calendar/CellGrid.h"
+
+/// The seven days of the weekly page: header, day number and note of each, tagged as MonthGrid.h says. The header is a
+/// field whose placeholder is the name of the weekday.
+class WeeklyGrid : public CellGrid {
+    Q_OBJECT
+
+public:
+    explicit WeeklyGrid(QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};

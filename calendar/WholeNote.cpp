@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "calendar/WholeNote.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int leastWidth = 400;
+constexpr int leastTextHeight = 48;
+constexpr int mostTextHeight = 320;
+constexpr qsizetype mostMeasured = 4000; ///< characters: more fill the frame anyway
+constexpr int scrollBarWidth = 12;
+constexpr int edge = 16;
+constexpr int gap = 8;
+
+/// Where `size` long from `wanted` on lies within 0 to `room`; at 0 when it is too long.
+int inside(int wanted, int size, int room)
+{
+    return std::clamp(wanted, 0, std::max(room - size, 0));
+}
+
+} // namespace
+
+void makeReadable(QPlainTextEdit& field)
+{
+    field.setReadOnly(true);
+    field.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    field.setTabChangesFocus(true);
+    field.setFrameShape(QFrame::NoFrame);
+    field.setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    field.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+WholeNote::WholeNote(const QString& day, const QString& note, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), m_text(new QPlainTextEdit(note, this))
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAccessibleName(day);
+    auto* dayLabel = new QLabel(day, this);
+    dayLabel->setTextFormat(Qt::PlainText);
+    dayLabel->setProperty("secondary", true);
+    makeReadable(*m_text);
+    m_text->document()->setDocumentMargin(0);
+    m_text->setAccessibleName(day);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(edge, edge, edge, edge);
+    layout->setSpacing(gap);
+    layout->addWidget(dayLabel);
+    layout->addWidget(m_text);
+}
+
+void WholeNote::showOver(const QRect& place)
+{
+    const int textWidth = std::max(leastWidth, place.width()) - 2 * edge;
+    const QRect needed = m_text->fontMetrics().boundingRect(QRect(0, 0, textWidth - scrollBarWidth, 0),
+                                                            Qt::TextWordWrap | Qt::TextWrapAnywhere,
+                                                            m_text->toPlainText().left(mostMeasured));
+    m_text->setFixedSize(textWidth, std::clamp(needed.height() + gap, leastTextHeight, mostTextHeight));
+    adjustSize();
+    const QWidget& page = *parentWidget()->window();
+    const QPoint wanted = page.mapFromGlobal(place.topLeft());
+    move(page.mapToGlobal(
+        QPoint(inside(wanted.x(), width(), page.width()), inside(wanted.y(), height(), page.height()))));
+    show();
+    m_text->setFocus(Qt::PopupFocusReason);
+}
+
+bool WholeNote::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowDeactivate) {
+        close();
+    }
+    return QDialog::event(event);
+}

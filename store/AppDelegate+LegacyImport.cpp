@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "app/Localized.h"
+#include "host/OpenPanel.h"
+#include "notes/TableView.h"
+#include "store/LegacyTable.h"
+#include "store/Record.h"
+#include "ui_MainWindow.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+namespace {
+
+constexpr const char* legacyFolder = "~/Library/Application Support/TALV";
+
+bool exists(const std::filesystem::path& file)
+{
+    std::error_code error;
+    return std::filesystem::exists(file, error);
+}
+
+bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b)
+{
+    std::error_code error;
+    return std::filesystem::equivalent(a, b, error);
+}
+
+} // namespace
+
+void AppDelegate::askAboutImport()
+{
+    const OpenPanel::Request request{
+        .title = localized("Import Notes and Dates"),
+        .message = localized("Velumora needs permission to access your TALV data files.\r") +
+                   localized("1. First select the 'TALV' folder. If the TALV folder exists, it should already be "
+                             "selected in this open dialog.\r\r") +
+                   localized("2. Use the 'Choose' button to grant permission to the TALV files.\r"),
+        .acceptButton = localized("Choose"),
+        .folder = legacyFolder};
+    const QPointer<AppDelegate> self(this);
+    m_host.openPanel.chooseFolder(m_window, request, [self](const std::optional<std::filesystem::path>& folder) {
+        if (self && folder) {
+            self->confirmImport(*folder);
+        }
+    });
+}
+
+void AppDelegate::confirmImport(const std::filesystem::path& folder)
+{
+    const std::filesystem::path notes = folder / NotesFileName;
+    const std::filesystem::path events = folder / EventsFileName;
+    const bool hasNotes = exists(notes);
+    const bool hasEvents = exists(events);
+    std::unique_ptr<Alert> alert =
+        hasNotes || hasEvents
+            ? copySheetAlertWithErrorString(
+                  localized("If TALV's data is imported, please be aware of these *impacts*:\n") +
+                      localized("Any existing Velumora data will be overwritten, so be prepared.\n") +
+                      localized("There is no undo from the import. Backups make good sense. Hint\n\n") +
+                      localized("Existing TALV data remains intact for those running TALV.\n"),
+                  localized("Import TALV's notes & events data?"), localized("Confirm TALV Data Import"),
+                  localized("Cancel TALV Data Import"))
+            : copySheetAlertWithErrorString(
+                  localized("This usually means one of the following:\r\r") +
+                      localized("\t• TALV was never installed and used on this Mac, so data files weren't "
+                                "created.\r\r") +
+                      localized("\t• TALV's data folder exists but its data files are missing.\r\r") +
+                      localized("If the folder and files exist, they should be located at the following "
+                                "path:\r/Users/YourUserName/Library/Application Support/TALV\r\r"),
+                  localized("Could not find TALV's data files( notes or events ).\r No import possible."), QString(),
+                  localized("Thanks for letting me know. I'll look for my TALV data or enter myself"));
+    alert->setAlertStyle(Alert::Style::Critical);
+    Alert::beginSheet(std::move(alert), m_window, [this, notes, events, hasNotes, hasEvents](int answer) {
+        if (answer != Alert::firstButtonReturn) {
+            return;
+        }
+        if (hasNotes) {
+            importNotes(notes);
+        }
+        if (hasEvents) {
+            importEvents(events);
+        }
+    });
+}
+
+std::optional<Table> AppDelegate::importTALVDataFiles(const std::filesystem::path& source, const std::string& fileName)
+{
+    if (const auto own = m_folder.fileUrl(fileName); own && isSameFile(source, *own)) {
+        m_saves.waitUntilDone(); // what is on its way to the file belongs to it
+    }
+    std::optional<Table> table = readLegacyTable(source);
+    m_saves.save(table, fileName, Replacing::Nothing);
+    return table;
+}
+
+/// The shown notes are the imported ones; those that a save writes are the earlier ones until the next start.
+void AppDelegate::importNotes(const std::filesystem::path& source)
+{
+    m_ui.notesTableView->endEditing();
+    std::optional<Table> imported = importTALVDataFiles(source, std::string(NotesFileName));
+    if (notesTVData) {
+        notesTVData = std::move(imported).value_or(Table());
+    }
+    m_ui.notesTableView->reloadData();
+    m_ui.notesTableView->selectRow(-1);
+    showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
+}
+
+void AppDelegate::importEvents(const std::filesystem::path& source)
+{
+    m_ui.importantDatesTableView->endEditing();
+    std::optional<Table> imported = importTALVDataFiles(source, std::string(EventsFileName));
+    if (eventsTVData) {
+        eventsTVData = std::move(imported).value_or(Table());
+    }
+    m_ui.importantDatesTableView->reloadData();
+    m_ui.importantDatesTableView->selectRow(-1);
+}

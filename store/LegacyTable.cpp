@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "store/LegacyTable.h"
+
+#include "notes/XmlCharacters.h"
+#include "store/Files.h"
+#include "store/PropertyList.h"
+
+#include <algorithm>
+
+namespace {
+
+/// Almost no text holds one of these bytes; U+FFFE and U+FFFF begin with the last.
+bool mayHoldForbidden(const std::string& utf8)
+{
+    return std::ranges::any_of(utf8, [](char character) {
+        const auto byte = static_cast<unsigned char>(character);
+        return (byte < 0x20 && byte != '\t' && byte != '\n' && byte != '\r') || byte == 0xEF;
+    });
+}
+
+Value cleaned(const Value& value)
+{
+    if (const std::string* text = value.text()) {
+        return mayHoldForbidden(*text)
+                   ? Value(withoutForbiddenXmlCharacters(QString::fromStdString(*text)).toStdString())
+                   : value;
+    }
+    if (const Array* array = value.array()) {
+        Array elements;
+        elements.reserve(array->size());
+        std::ranges::transform(*array, std::back_inserter(elements), cleaned);
+        return Value(std::move(elements));
+    }
+    if (const Dictionary* dictionary = value.dictionary()) {
+        Dictionary entries;
+        entries.reserve(dictionary->size());
+        for (const auto& [key, entry] : *dictionary) {
+            entries.set(key, cleaned(entry));
+        }
+        return Value(std::move(entries));
+    }
+    return value;
+}
+
+} // namespace
+
+std::optional<Table> readLegacyTable(const std::filesystem::path& file)
+{
+    std::optional<FileContent> content = readFile(file, PropertyList::maximumSize);
+    std::optional<Table> table = content ? PropertyList::readTableInPlace(content->bytes()) : std::nullopt;
+    if (table) {
+        std::ranges::transform(*table, table->begin(), cleaned);
+    }
+    return table;
+}

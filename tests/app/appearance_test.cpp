@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: MIT
+#include "app/Appearance.h"
+#include "notes/NamedColor.h"
+#include "support/AppFixture.h"
+#include "support/Contrast.h"
+#include "support/Screenshot.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace {
+
+const std::optional<QString> dark = QStringLiteral("Dark");
+
+class AppearanceTest : public AppFixture {
+protected:
+    AppearanceTest()
+    {
+        putNotes({note(2024, 3, 14, "yesterday"), note(2024, 3, 15, "today"), note(2024, 3, 16, "tomorrow")});
+        putEvents({event(1990, 5, 4, "Ada")});
+    }
+
+    /// A start in that appearance, with a selected note and an open editor.
+    void startIn(Appearance appearance, int page = 0)
+    {
+        QApplication::setPalette(calmPalette(appearance));
+        host.globalDefaults.interfaceStyle = appearance == Appearance::Dark ? dark : std::nullopt;
+        start();
+        window->resize(1080, 760);
+        ui->notesTableView->selectRow(0);
+        ui->notesTableView->editColumn(1, 2);
+        ui->myTabView->setCurrentIndex(page);
+        runQueued();
+    }
+
+    QImage picture(QWidget& widget)
+    {
+        runQueued();
+        return grabbed(widget);
+    }
+
+    const AppearanceGuard guard{Appearance::Light};
+};
+
+class AppearanceOfAPage : public AppearanceTest, public ::testing::WithParamInterface<int> {};
+
+/// Neither what stood in the window before the change nor what was coloured then keeps a trace of it.
+TEST_P(AppearanceOfAPage, ChangedWhileItShowsLooksAsIfStartedSo)
+{
+    startIn(Appearance::Dark, GetParam());
+    const QImage startedDark = picture(*window);
+    startIn(Appearance::Light, GetParam());
+    const QImage startedLight = picture(*window);
+    ASSERT_NE(startedLight, startedDark);
+
+    host.globalDefaults.setInterfaceStyle(dark);
+    const QImage changedToDark = picture(*window);
+    saveScreenshot(changedToDark, QStringLiteral("dark"));
+    EXPECT_EQ(changedToDark, startedDark);
+    EXPECT_EQ(QApplication::palette(), calmPalette(Appearance::Dark));
+    host.globalDefaults.setInterfaceStyle(std::nullopt);
+    const QImage changedToLight = picture(*window);
+    saveScreenshot(changedToLight, QStringLiteral("light"));
+    EXPECT_EQ(changedToLight, startedLight);
+    EXPECT_EQ(QApplication::palette(), calmPalette(Appearance::Light));
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, AppearanceOfAPage, ::testing::Values(0, 1, 2));
+
+TEST_F(AppearanceTest, AnOpenSheetChangesWithTheWindow)
+{
+    const auto openSheet = [this](Appearance appearance) -> QWidget& {
+        startIn(appearance);
+        app->openClosePrefsSheet();
+        runQueued();
+        return *window->findChild<QWidget*>(QStringLiteral("thePrefsSheet"));
+    };
+    const QImage startedDark = picture(openSheet(Appearance::Dark));
+    QWidget& sheet = openSheet(Appearance::Light);
+    ASSERT_TRUE(sheet.isVisible());
+    const QImage startedLight = picture(sheet);
+    host.globalDefaults.setInterfaceStyle(dark);
+    EXPECT_EQ(picture(sheet), startedDark);
+    saveScreenshot(picture(sheet));
+    host.globalDefaults.setInterfaceStyle(std::nullopt);
+    EXPECT_EQ(picture(sheet), startedLight);
+}
+
+TEST_F(AppearanceTest, TheOpenHolidaySheetChangesWithTheWindow)
+{
+    const auto openSheet = [this](Appearance appearance) -> QWidget& {
+        startIn(appearance);
+        ui->importantDatesUSHolidays->click();
+        runQueued();
+        return *window->findChild<QWidget*>(QStringLiteral("holidaySheet"));
+    };
+    const QImage startedDark = picture(openSheet(Appearance::Dark));
+    QWidget& sheet = openSheet(Appearance::Light);
+    ASSERT_TRUE(sheet.isVisible());
+    const QImage startedLight = picture(sheet);
+    host.globalDefaults.setInterfaceStyle(dark);
+    EXPECT_EQ(picture(sheet), startedDark);
+    host.globalDefaults.setInterfaceStyle(std::nullopt);
+    EXPECT_EQ(picture(sheet), startedLight);
+}
+
+TEST_F(AppearanceTest, ADateThatIsBeingChosenChangesWithTheWindow)
+{
+    const auto editDate = [this](Appearance appearance) {
+        startIn(appearance);
+        ui->importantDatesTableView->editColumn(0, 0);
+        ASSERT_TRUE(ui->importantDatesTableView->viewAt(0, 0));
+    };
+    editDate(Appearance::Dark);
+    const QImage startedDark = picture(*window);
+    editDate(Appearance::Light);
+    const QImage startedLight = picture(*window);
+    host.globalDefaults.setInterfaceStyle(dark);
+    EXPECT_EQ(picture(*window), startedDark);
+    saveScreenshot(picture(*window));
+    host.globalDefaults.setInterfaceStyle(std::nullopt);
+    EXPECT_EQ(picture(*window), startedLight);
+}
+
+TEST_F(AppearanceTest, AnOpenAlertChangesWithTheWindow)
+{
+    const auto openAlert = [this](Appearance appearance) -> QWidget& {
+        startIn(appearance);
+        app->showAbout();
+        return *alert();
+    };
+    const QImage startedDark = picture(openAlert(Appearance::Dark));
+    QWidget& sheet = openAlert(Appearance::Light);
+    const QImage startedLight = picture(sheet);
+    host.globalDefaults.setInterfaceStyle(dark);
+    EXPECT_EQ(picture(sheet), startedDark);
+    saveScreenshot(picture(sheet));
+    host.globalDefaults.setInterfaceStyle(std::nullopt);
+    EXPECT_EQ(picture(sheet), startedLight);
+}
+
+TEST_F(AppearanceTest, ChosenAndUnchosenAreToldApartOnEveryGround)
+{
+    QWidget sheet;
+    QVBoxLayout column(&sheet);
+    QRadioButton radio;
+    QCheckBox box;
+    for (QAbstractButton* button : {static_cast<QAbstractButton*>(&radio), static_cast<QAbstractButton*>(&box)}) {
+        button->setText(QStringLiteral("Choice"));
+        button->setFocusPolicy(Qt::NoFocus);
+        column.addWidget(button);
+    }
+    radio.setAutoExclusive(false);
+    for (const Appearance appearance : {Appearance::Light, Appearance::Dark}) {
+        applyAppearance(appearance, sheet);
+        const QColor ground = calmPalette(appearance).color(QPalette::Window);
+        for (QAbstractButton* button : {static_cast<QAbstractButton*>(&radio), static_cast<QAbstractButton*>(&box)}) {
+            button->setChecked(false);
+            const QImage unchosen = picture(sheet);
+            button->setChecked(true);
+            const QImage chosen = picture(sheet);
+            saveScreenshot(chosen, QString::fromLatin1(button->metaObject()->className()) +
+                                       (appearance == Appearance::Dark ? QStringLiteral("-dark") : QString()));
+            button->setChecked(false);
+            const int middle = button->geometry().center().y();
+            double edge = 0;
+            double mark = 0;
+            for (int x = button->x(); x < button->x() + 16; ++x) { // the indicator
+                edge = std::max(edge, contrast(unchosen.pixelColor(x, middle), ground));
+                mark = std::max(mark, contrast(chosen.pixelColor(x, middle), unchosen.pixelColor(x, middle)));
+            }
+            EXPECT_GE(edge, 3) << button->metaObject()->className();
+            EXPECT_GE(mark, 3) << button->metaObject()->className();
+        }
+    }
+}
+
+TEST_F(AppearanceTest, AnEditGoesOnThroughTheChange)
+{
+    startIn(Appearance::Light);
+    ASSERT_EQ(ui->notesTableView->editedRow(), 2);
+    host.globalDefaults.setInterfaceStyle(dark);
+    runQueued();
+    EXPECT_EQ(ui->notesTableView->editedRow(), 2);
+    EXPECT_EQ(ui->notesTableView->selectedRow(), 2);
+}
+
+TEST_F(AppearanceTest, TodayIsInTheRedOfTheAppearanceInCalendarAndList)
+{
+    startIn(Appearance::Light);
+    const auto colorOfTodaysRow = [this] {
+        const TableView& table = *ui->notesTableView;
+        return app->viewForTableColumn(table, table.tableColumns().front(), 1).textColor;
+    };
+    for (const std::optional<QString>& style : {dark, std::optional<QString>(), dark}) {
+        host.globalDefaults.setInterfaceStyle(style);
+        const QColor red = namedColor(u"SystemRedColor", calmPalette(style ? Appearance::Dark : Appearance::Light));
+        EXPECT_EQ(dayButton(15).titleColor(), red);
+        EXPECT_EQ(colorOfTodaysRow(), red);
+    }
+}
+
+TEST_F(AppearanceTest, AChangeBeforeTheWindowIsFilledIsHarmless)
+{
+    make();
+    host.globalDefaults.setInterfaceStyle(dark);
+    EXPECT_EQ(QApplication::palette(), calmPalette(Appearance::Dark));
+}
+
+TEST_F(AppearanceTest, IsDarkWhereTheStyleSaysSoAndTheReleaseHasIt)
+{
+    struct {
+        int major;
+        int minor;
+        std::optional<QString> style;
+        bool dark;
+    } const rows[] = {
+        {10, 15, QStringLiteral("Dark"), true},
+        {10, 15, QStringLiteral("DarkAqua"), true},
+        {10, 15, QStringLiteral("VeryDark"), true},
+        {10, 15, QStringLiteral("dark"), false},
+        {10, 15, QStringLiteral("Light"), false},
+        {10, 15, QString(), false},
+        {10, 15, std::nullopt, false},
+        {10, 14, QStringLiteral("Dark"), true},
+        {10, 13, QStringLiteral("Dark"), false},
+        {10, 0, QStringLiteral("Dark"), false},
+        {9, 15, QStringLiteral("Dark"), false},
+        {0, 0, QStringLiteral("Dark"), false},
+        {11, 0, QStringLiteral("Dark"), true},
+        {11, 0, std::nullopt, false},
+        // The minor number is read as a fraction.
+        {10, 2, QStringLiteral("Dark"), true},
+        {10, 9, QStringLiteral("Dark"), true},
+        {10, 1, QStringLiteral("Dark"), false},
+        {10, 140, QStringLiteral("Dark"), true},
+        {10, 139, QStringLiteral("Dark"), false},
+    };
+    make();
+    for (const auto& row : rows) {
+        host.processInfo.version = {.major = row.major, .minor = row.minor};
+        host.globalDefaults.interfaceStyle = row.style;
+        EXPECT_EQ(app->isDarkMode(), row.dark)
+            << row.major << '.' << row.minor << ' ' << row.style.value_or(QStringLiteral("absent")).toStdString();
+    }
+}
+
+} // namespace

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "app/Appearance.h"
+#include "calendar/DayButton.h"
+#include "notes/NamedColor.h"
+#include "support/Contrast.h"
+#include "support/Screenshot.h"
+
+#include <QCoreApplication>
+#include <QEnterEvent>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr double readable = 4.5;
+constexpr double visible = 3.0; ///< what a mark that is no text needs
+
+class ContrastTest : public ::testing::TestWithParam<Appearance> {
+protected:
+    const QPalette colors = calmPalette(GetParam());
+
+    QColor named(QStringView name) const { return namedColor(name, colors); }
+
+    void expectContrast(const QColor& text, const QColor& ground, double least, const char* what) const
+    {
+        EXPECT_GE(contrast(text, ground), least)
+            << what << ": " << text.name().toStdString() << " on " << ground.name().toStdString();
+    }
+};
+
+std::string nameOf(const ::testing::TestParamInfo<Appearance>& info)
+{
+    return info.param == Appearance::Dark ? "Dark" : "Light";
+}
+
+INSTANTIATE_TEST_SUITE_P(Both, ContrastTest, ::testing::Values(Appearance::Light, Appearance::Dark), nameOf);
+
+TEST_P(ContrastTest, EveryTextOfThePaletteIsRead)
+{
+    using Role = QPalette::ColorRole;
+    struct {
+        const char* what;
+        Role text;
+        Role ground;
+    } const rows[] = {
+        {"text on the window", Role::WindowText, Role::Window},
+        {"text on a card", Role::WindowText, Role::Base},
+        {"menu title under the pointer", Role::WindowText, Role::Midlight},
+        {"secondary text on the window", Role::Dark, Role::Window},
+        {"secondary text on a card", Role::Dark, Role::Base},
+        {"accented text on the window", Role::Link, Role::Window},
+        {"accented text on a card", Role::Link, Role::Base},
+        {"text of a list", Role::Text, Role::Base},
+        {"text of every other row", Role::Text, Role::AlternateBase},
+        {"placeholder", Role::PlaceholderText, Role::Base},
+        {"button", Role::ButtonText, Role::Button},
+        {"button on the window", Role::ButtonText, Role::Window},
+        {"button under the pointer", Role::ButtonText, Role::Midlight},
+        {"pressed button", Role::ButtonText, Role::Mid},
+        {"selection", Role::HighlightedText, Role::Highlight},
+        {"tool tip", Role::ToolTipText, Role::ToolTipBase},
+    };
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        for (const auto& row : rows) {
+            expectContrast(colors.color(group, row.text), colors.color(group, row.ground), readable, row.what);
+        }
+    }
+}
+
+TEST_P(ContrastTest, EveryTextOfATableIsReadFocusedOrNot)
+{
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        QPalette now = colors;
+        now.setCurrentColorGroup(group);
+        const auto color = [&now](QStringView name) { return namedColor(name, now); };
+        const QColor ground = color(u"ControlBackgroundColor");
+        expectContrast(color(u"ControlTextColor"), ground, readable, "cell");
+        expectContrast(color(u"SystemRedColor"), ground, readable, "today");
+        expectContrast(color(u"SecondaryLabelColor"), ground, readable, "placeholder");
+        expectContrast(color(u"ControlTextColor"), color(u"HeaderBackgroundColor"), readable, "header");
+        expectContrast(color(u"TableRowSelectedTextColor"), color(u"TableRowSelectionColor"), readable, "selected row");
+        expectContrast(color(u"FocusRingColor"), ground, visible, "focus ring");
+    }
+}
+
+TEST_P(ContrastTest, ASelectedRowStandsOutFromTheOthers)
+{
+    EXPECT_NE(named(u"TableRowSelectionColor"), named(u"ControlBackgroundColor"));
+    EXPECT_NE(named(u"SeparatorColor"), named(u"ControlBackgroundColor"));
+    EXPECT_GT(contrast(named(u"TableRowSelectionColor"), named(u"ControlBackgroundColor")), 1.5);
+}
+
+/// A day's number on every ground that its circle can have, as it is painted.
+TEST_P(ContrastTest, EveryDayIsReadTodayIncluded)
+{
+    const AppearanceGuard guard(GetParam());
+    for (const DayButton::State state : {DayButton::Off, DayButton::On}) {
+        for (const bool hovered : {false, true}) {
+            for (const bool pressed : {false, true}) {
+                DayButton day;
+                day.resize(34, 34);
+                day.setState(state);
+                day.setDown(pressed);
+                if (hovered) {
+                    QEnterEvent enter({}, {}, {});
+                    QCoreApplication::sendEvent(&day, &enter);
+                }
+                QImage card(day.size(), QImage::Format_ARGB32_Premultiplied);
+                card.fill(colors.color(QPalette::Base));
+                day.render(&card, {}, {}, {});
+                const QColor ground = card.pixelColor(17, 17); // without a title nothing covers it
+                const std::string what = std::string(state == DayButton::On ? "note" : "plain") +
+                                         (hovered ? ", hovered" : "") + (pressed ? ", pressed" : "");
+                expectContrast(colors.color(QPalette::Text), ground, readable, what.c_str());
+                expectContrast(named(u"SystemRedColor"), ground, readable, ("today, " + what).c_str());
+                EXPECT_EQ(ground == colors.color(QPalette::Base), state == DayButton::Off && !hovered && !pressed);
+            }
+        }
+    }
+}
+
+} // namespace

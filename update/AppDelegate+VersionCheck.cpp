@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "app/Localized.h"
+#include "host/Bundle.h"
+#include "host/VersionServer.h"
+#include "ui_MainWindow.h"
+
+#include <QGuiApplication>
+
+namespace {
+
+/// What is told of the reply of the version server, nullopt when there was none.
+std::unique_ptr<Alert> alertAbout(const std::optional<QString>& reply, const QString& ownVersion)
+{
+    if (!reply) {
+        return AppDelegate::copySheetAlertWithErrorString(localized("The Velumora web site could not be contacted."),
+                                                          localized("Version check failed."), localized("OK"), {});
+    }
+    // Plain texts in the order of their UTF-16 code units, not numbers: what differs last in 1.9 and 1.10 is "9" and
+    // "1".
+    if (*reply > ownVersion) {
+        return AppDelegate::copySheetAlertWithErrorString(
+            localized("It can be downloaded from the Velumora web site. "),
+            localized("A new version of Velumora (") + *reply + localized(") is available."),
+            localized("Go to web site"), localized("OK"));
+    }
+    return AppDelegate::copySheetAlertWithErrorString(localized("This version of Velumora (") + ownVersion +
+                                                          localized(") is the current version."),
+                                                      {}, localized("OK"), {});
+}
+
+} // namespace
+
+void AppDelegate::doNewVersionCheck()
+{
+    m_ui.versionCheckAction->setEnabled(false); // one check at a time, whoever asks in the meantime
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const std::optional<QString> reply = m_host.versionServer.newestVersion();
+    QGuiApplication::restoreOverrideCursor();
+    m_ui.versionCheckAction->setEnabled(true);
+
+    Alert::beginSheet(alertAbout(reply, m_host.bundle.shortVersionString()), m_window, [this](int answer) {
+        if (answer == Alert::secondButtonReturn) { // "OK"; "Go to web site" closes the sheet alone
+            openProductWebPage();
+        }
+    });
+}
