@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* legacyFolder = "~/Library/Application Support/TALV";
 
-bool exists(const std::filesystem::path& file)
+bool isThere(const std::filesystem::path& file)
 {
     std::error_code error;
     return std::filesystem::exists(file, error);
@@ -50,8 +50,8 @@ void AppDelegate::confirmImport(const std::filesystem::path& folder)
 {
     const std::filesystem::path notes = folder / NotesFileName;
     const std::filesystem::path events = folder / EventsFileName;
-    const bool hasNotes = exists(notes);
-    const bool hasEvents = exists(events);
+    const bool hasNotes = isThere(notes);
+    const bool hasEvents = isThere(events);
     std::unique_ptr<Alert> alert =
         hasNotes || hasEvents
             ? copySheetAlertWithErrorString(
