@@ -3,6 +3,7 @@
 #include "app/Appearance.h"
 #include "app/EnteredPlace.h"
 #include "app/Translations.h"
+#include "host/linux/BusNotificationCenter.h"
 #include "host/linux/DesktopGlobalDefaults.h"
 #include "host/linux/DesktopLocationServices.h"
 #include "host/linux/DesktopWorkspace.h"
@@ -11,10 +12,11 @@
 #include "host/linux/KernelClockMonitor.h"
 #include "host/linux/LinuxProcessInfo.h"
 #include "host/linux/LocaleEnvironment.h"
-#include "host/linux/NoNotificationCenter.h"
 #include "host/linux/SettingsUserDefaults.h"
+#include "host/linux/SingleInstance.h"
 #include "host/linux/TemporaryFolder.h"
 #include "host/linux/TerminationSignals.h"
+#include "host/linux/WindowActivation.h"
 #include "ui_MainWindow.h"
 #include "update/WebVersionServer.h"
 
@@ -53,9 +55,14 @@ std::optional<std::filesystem::path> temporaryFolder()
 
 int main(int argc, char** argv)
 {
+    const QString startToken = startActivationToken();
     TerminationSignals signals;
     QApplication application(argc, argv);
     signals.listen();
+    SingleInstance instance;
+    if (instance.claim(startToken) == SingleInstance::Start::HandedOver) {
+        return EXIT_SUCCESS;
+    }
     DesktopGlobalDefaults globalDefaults; // early: the desktop answers while the window is made
     QApplication::setApplicationName(QStringLiteral("velumora"));
     QApplication::setApplicationDisplayName(QStringLiteral("Velumora"));
@@ -73,12 +80,12 @@ int main(int argc, char** argv)
     FolderOpenPanel openPanel;
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
+    BusNotificationCenter notificationCenter;
     DesktopLocationServices locationServices(
         {.systemBus = QDBusConnection::systemBus,
          .desktopId = QApplication::desktopFileName(),
          .enteredCoordinate = [&userDefaults] { return enteredPlace(userDefaults); },
          .zoneDatabase = "/usr/share/zoneinfo"});
-    NoNotificationCenter notificationCenter;
     WebVersionServer versionServer(QUrl(QStringLiteral(VELUMORA_VERSION_SERVER)));
     DesktopWorkspace workspace;
 
@@ -101,12 +108,20 @@ int main(int argc, char** argv)
                           .applicationSupport = applicationSupportFolder(),
                           .temporaryFolder = temporaryFolder()});
 
+    QObject::connect(&instance, &SingleInstance::activated, &window,
+                     [&window](const QString& token) { bringForward(window, token); });
+    instance.setReminderHandler([&notificationCenter](const QByteArray& request, const auto& done) {
+        notificationCenter.reminderClicked(request, done);
+    });
+
     // Not QApplication::quit, which a sheet that waits for its answer would refuse.
     const auto quit = [] { QApplication::exit(); };
     // Queued, so that a quit asked for before the event loop runs is heard as well.
     QObject::connect(&delegate, &AppDelegate::terminated, &application, quit, Qt::QueuedConnection);
     QObject::connect(&signals, &TerminationSignals::terminationRequested, &application, quit);
     QObject::connect(&application, &QApplication::aboutToQuit, &delegate, &AppDelegate::applicationWillTerminate);
+    // Last: the next program reads what this one has saved.
+    QObject::connect(&application, &QApplication::aboutToQuit, &instance, &SingleInstance::release);
     QApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
 
     delegate.applicationWillFinishLaunching();

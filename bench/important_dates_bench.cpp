@@ -2,13 +2,13 @@
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
 #include "dates/DatePicker.h"
+#include "host/linux/BusNotificationCenter.h"
 #include "host/linux/DesktopGlobalDefaults.h"
 #include "host/linux/DesktopWorkspace.h"
 #include "host/linux/FolderOpenPanel.h"
 #include "host/linux/InstalledBundle.h"
 #include "host/linux/KernelClockMonitor.h"
 #include "host/linux/LinuxProcessInfo.h"
-#include "host/linux/NoNotificationCenter.h"
 #include "host/linux/SettingsUserDefaults.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
@@ -78,7 +78,7 @@ struct Page {
     FolderOpenPanel openPanel;
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
-    NoNotificationCenter notificationCenter;
+    BusNotificationCenter notificationCenter;
     WebVersionServer versionServer{QUrl()};
     DesktopWorkspace workspace;
     QMainWindow window;

@@ -7,9 +7,12 @@ target_sources(velumora-app PRIVATE
     host/OpenPanel.h
     host/ProcessInfo.h
     host/UserDefaults.h
-    host/UserNotificationCenter.h
     host/VersionServer.h
     host/Workspace.h
+    host/linux/ApplicationMessages.cpp
+    host/linux/ApplicationMessages.h
+    host/linux/BusNotificationCenter.cpp
+    host/linux/BusNotificationCenter.h
     host/linux/DesktopLocationManager.cpp
     host/linux/DesktopLocationManager.h
     host/linux/DesktopLocationServices.h
@@ -28,11 +31,32 @@ target_sources(velumora-app PRIVATE
     host/linux/LinuxProcessInfo.h
     host/linux/LocaleEnvironment.cpp
     host/linux/LocaleEnvironment.h
-    host/linux/NoNotificationCenter.h
     host/linux/SettingsUserDefaults.cpp
     host/linux/SettingsUserDefaults.h
+    host/linux/SingleInstance.cpp
+    host/linux/SingleInstance.h
+    host/linux/StartedService.cpp
+    host/linux/StartedService.h
     host/linux/TemporaryFolder.cpp
     host/linux/TemporaryFolder.h
     host/linux/TerminationSignals.cpp
     host/linux/TerminationSignals.h
+    host/linux/WindowActivation.cpp
+    host/linux/WindowActivation.h
 )
+
+add_executable(velumora-reminder-agent
+    host/agent/DueTimer.cpp
+    host/agent/DueTimer.h
+    host/agent/NotificationDaemon.cpp
+    host/agent/NotificationDaemon.h
+    host/agent/ReminderAgent.cpp
+    host/agent/ReminderAgent.h
+    host/agent/main.cpp
+    host/linux/ApplicationMessages.cpp
+    host/linux/ApplicationMessages.h
+    host/linux/StartedService.cpp
+    host/linux/StartedService.h
+)
+target_link_libraries(velumora-reminder-agent PRIVATE velumora-core Qt6::DBus)
+add_dependencies(velumora velumora-reminder-agent)

@@ -16,20 +16,23 @@ from .waiting import PATIENCE, wait_until
 # library would wait up to 15 s).
 Atspi.set_timeout(1000, 1000)
 
+# What has a program be on the accessibility bus though no assistive technology runs.
+ALWAYS_ACCESSIBLE = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
+
 
 class Application:
     """A running program. Start it with a Session and a Home; end it with quit() or with the session."""
 
-    def __init__(self, session, home, program, *arguments, environment=None):
+    def __init__(self, session, home, program, *arguments, environment=None, process=None):
+        """With a `process` that something else started, nothing is started."""
         self._session = session
         # The accessibility library finds its bus through this process's own environment.
         os.environ.update(session.environment)
         self.log = home.path / "program.log"
         with open(self.log, "ab") as log:
-            self.process = session.processes.start(
+            self.process = process or session.processes.start(
                 [str(program), *arguments], stdout=log, stderr=log, cwd=home.path,
-                env=home.environment | session.environment | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
-                | (environment or {}))
+                env=home.environment | session.environment | ALWAYS_ACCESSIBLE | (environment or {}))
         self._root = self.wait_until(self._find_root, f"{program} on the accessibility bus")
 
     def find(self, role, name=None, patience=PATIENCE):

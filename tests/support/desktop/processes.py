@@ -29,6 +29,12 @@ class Processes:
         self._started.append(process)
         return process
 
+    def adopt(self, pid):
+        """Looks after a process that something else started, and ends it as the others."""
+        process = AdoptedProcess(pid)
+        self._started.append(process)
+        return process
+
     def end(self, process, patience=10):
         """Asks the process to end; after `patience` seconds makes it."""
         if process.poll() is None:
@@ -51,6 +57,37 @@ class Processes:
                 os.kill(pid, stop)
             time.sleep(0.02)
             _reap()
+
+
+class AdoptedProcess:
+    """A process that something else started, as far as tests need of subprocess.Popen."""
+
+    def __init__(self, pid):
+        self.pid = pid
+        self.returncode = None
+
+    def poll(self):
+        """None while it runs; of the status of one that ended only tells that there was none to be had."""
+        _reap()
+        try:
+            os.kill(self.pid, 0)
+        except ProcessLookupError:
+            self.returncode = 0
+        return self.returncode
+
+    def wait(self, patience):
+        deadline = time.monotonic() + patience
+        while self.poll() is None:
+            if time.monotonic() > deadline:
+                raise subprocess.TimeoutExpired(str(self.pid), patience)
+            time.sleep(0.02)
+        return self.returncode
+
+    def terminate(self):
+        os.kill(self.pid, signal.SIGTERM)
+
+    def kill(self):
+        os.kill(self.pid, signal.SIGKILL)
 
 
 def children():

@@ -10,6 +10,23 @@ from .processes import Processes
 from .screen import Screen
 from .waiting import wait_until
 
+# What a test needs the bus to start, and nothing else that the machine happens to have.
+_ACCESSIBILITY_SERVICES = ("org.a11y.Bus.service", "org.a11y.atspi.Registry.service")
+_BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:tmpdir=/tmp</listen>
+  <auth>EXTERNAL</auth>
+  <servicedir>{services}</servicedir>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+"""
+
 
 class Session:
     """An X server and a session bus of its own. Use it in a with statement: it leaves no process behind.
@@ -20,6 +37,7 @@ class Session:
     def __init__(self, managed=True, width=1600, height=1200):
         self.processes = Processes()
         self.directory = pathlib.Path(tempfile.mkdtemp(prefix="velumora-desktop-"))
+        self.services = self.directory / "services"  # the service files of what the bus can start
         self._screen = None
         try:
             self.display = self._start_x_server(width, height)
@@ -68,9 +86,15 @@ class Session:
         runtime.mkdir(mode=0o700)
         environment = os.environ | {"DISPLAY": self.display, "HOME": str(self.directory),
                                     "XDG_RUNTIME_DIR": str(runtime)}
+        configuration = self.directory / "bus.conf"
+        configuration.write_text(_BUS_CONFIGURATION.format(services=self.services), encoding="utf-8")
+        self.services.mkdir()
+        for service in _ACCESSIBILITY_SERVICES:
+            (self.services / service).symlink_to(pathlib.Path("/usr/share/dbus-1/services") / service)
         read, write = os.pipe()
         try:
-            self._start(["dbus-daemon", "--session", "--nofork", "--nopidfile", f"--print-address={write}"],
+            self._start(["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile",
+                         f"--print-address={write}"],
                         pass_fds=[write], env=environment)
         finally:
             os.close(write)

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "host/agent/AutostartEntry.h"
+
+#include "store/Files.h"
+
+#include <utility>
+
+namespace {
+
+/// A value of type string: what would end the line or be taken for an escape is escaped.
+std::string stringValue(const std::string& text)
+{
+    std::string value;
+    for (const char c : text) {
+        switch (c) {
+        case '\\':
+            value += R"(\\)";
+            break;
+        case '\n':
+            value += R"(\n)";
+            break;
+        case '\r':
+            value += R"(\r)";
+            break;
+        case '\t':
+            value += R"(\t)";
+            break;
+        default:
+            value += c;
+        }
+    }
+    return value;
+}
+
+/// One argument of a command line, in double quotes.
+std::string quotedArgument(const std::string& argument)
+{
+    std::string quoted = "\"";
+    for (const char c : argument) {
+        if (std::string_view("\"`$\\").find(c) != std::string_view::npos) {
+            quoted += '\\';
+        } else if (c == '%') {
+            quoted += '%'; // a single one begins a field code
+        }
+        quoted += c;
+    }
+    return quoted + '"';
+}
+
+} // namespace
+
+std::string autostartText(const std::filesystem::path& program)
+{
+    return "[Desktop Entry]\n"
+           "Type=Application\n"
+           "Name=Velumora Reminders\n"
+           "Comment=Shows the reminder that is set for a note\n"
+           "NoDisplay=true\n"
+           "TryExec=" +
+           stringValue(program.native()) + "\nExec=" + stringValue(quotedArgument(program.native())) + '\n';
+}
+
+AutostartEntry::AutostartEntry(const std::filesystem::path& folder, std::filesystem::path program)
+    : m_file(folder / "app.velumora.ReminderAgent1.desktop"), m_program(std::move(program))
+{
+}
+
+std::error_code AutostartEntry::enable() const
+{
+    const std::string text = autostartText(m_program);
+    const std::optional<FileContent> present = readFile(m_file, 2 * text.size());
+    if (present && present->text() == text) {
+        return {};
+    }
+    std::error_code error;
+    std::filesystem::create_directories(m_file.parent_path(), error);
+    if (error) {
+        return error;
+    }
+    TemporaryFile file(m_file);
+    if ((error = file.write(text)) || (error = file.sync())) {
+        return error;
+    }
+    return file.replaceTarget();
+}
+
+void AutostartEntry::disable() const
+{
+    std::error_code ignored;
+    std::filesystem::remove(m_file, ignored);
+}

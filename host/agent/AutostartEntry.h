@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+/// The desktop entry in the user's autostart folder that has the desktop start the agent at login. It stands there
+/// only while the agent has something to do.
+class AutostartEntry {
+public:
+    /// `folder` need not exist. `program` is an absolute path.
+    AutostartEntry(const std::filesystem::path& folder, std::filesystem::path program);
+
+    /// Writes the entry unless it is there already.
+    std::error_code enable() const;
+
+    void disable() const;
+
+private:
+    std::filesystem::path m_file;
+    std::filesystem::path m_program;
+};
+
+/// The text of an entry that starts `program`, by the Desktop Entry Specification 1.5: quoted and escaped so that any
+/// path is taken as it stands.
+std::string autostartText(const std::filesystem::path& program);

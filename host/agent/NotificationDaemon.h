@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/agent/NotificationText.h"
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+#include <QObject>
+
+#include <functional>
+#include <optional>
+
+/// The desktop's notification daemon, whichever it is (Desktop Notifications Specification 1.2).
+class NotificationDaemon : public QObject {
+    Q_OBJECT
+
+public:
+    struct Shown {
+        uint id = 0;            ///< by which the daemon knows the notification; never 0
+        bool clickable = false; ///< the daemon tells of clicks
+    };
+
+    /// nullopt when there is no daemon or it refused. Not called any more once the object is gone.
+    using Completion = std::function<void(const std::optional<Shown>& shown)>;
+
+    explicit NotificationDaemon(const QDBusConnection& bus, QObject* parent = nullptr);
+
+    /// Shows `content` until somebody clicks or dismisses it; in place of the notification `replacedId` unless that
+    /// is 0.
+    void show(const NotificationContent& content, NotificationSound sound, uint replacedId, Completion completion);
+
+    void close(uint id);
+
+Q_SIGNALS:
+    /// `activationToken` lets the program that is brought up take the keyboard; it may be empty.
+    void clicked(uint id, const QString& activationToken);
+    void closed(uint id);
+    void gone();
+    void appeared();
+
+private Q_SLOTS:
+    void actionInvoked(uint id, const QString& action);
+    void activationTokenGiven(uint id, const QString& token);
+    void notificationClosed(uint id, uint reason);
+
+private:
+    void notify(const NotificationText& text, uint replacedId, Completion completion);
+
+    QDBusConnection m_bus;
+    QDBusServiceWatcher m_watcher;
+    uint m_tokenId = 0; ///< the notification that `m_token` was given for
+    QString m_token;
+};

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "host/agent/NotificationText.h"
+
+namespace {
+
+constexpr qsizetype maximumLength = 2000;
+constexpr uchar normalUrgency = 1;
+
+QString shortened(const QString& text)
+{
+    if (text.size() <= maximumLength) {
+        return text;
+    }
+    qsizetype end = maximumLength;
+    if (text.at(end).isLowSurrogate()) {
+        --end; // not between the halves of a character
+    }
+    return text.first(end) + QChar(0x2026);
+}
+
+QString plainBody(const NotificationContent& content)
+{
+    QString body = content.body;
+    while (body.endsWith(QLatin1Char('\n'))) {
+        body.chop(1);
+    }
+    return shortened(content.subtitle.isEmpty() ? body : content.subtitle + QLatin1Char('\n') + body);
+}
+
+} // namespace
+
+NotificationText notificationText(const NotificationContent& content, const QStringList& capabilities,
+                                  NotificationSound sound)
+{
+    NotificationText text{.summary = content.title, .body = plainBody(content), .actions = {}, .hints = {}};
+    if (capabilities.contains(QStringLiteral("body-markup"))) {
+        text.body = text.body.toHtmlEscaped();
+    }
+    if (capabilities.contains(QStringLiteral("actions"))) {
+        // The key that stands for a click on the notification itself. Few daemons show the label.
+        text.actions = {QStringLiteral("default"), content.title};
+    }
+    text.hints = {{QStringLiteral("desktop-entry"), QStringLiteral("velumora")},
+                  {QStringLiteral("urgency"), QVariant::fromValue(normalUrgency)}};
+    const bool audible = content.defaultSound && sound == NotificationSound::Audible;
+    if (!audible) {
+        text.hints.insert(QStringLiteral("suppress-sound"), true);
+    } else if (capabilities.contains(QStringLiteral("sound"))) {
+        text.hints.insert(QStringLiteral("sound-name"), QStringLiteral("message-new-instant"));
+    }
+    return text;
+}

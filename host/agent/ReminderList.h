@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "dates/Date.h"
+#include "host/UserNotificationCenter.h"
+
+#include <filesystem>
+#include <optional>
+#include <system_error>
+#include <vector>
+
+/// One request that the agent answers for.
+struct Reminder {
+    enum class State {
+        Pending,   ///< its moment is to come
+        Delivered, ///< its moment has come; nobody has clicked it, dismissed it or taken it back
+    };
+
+    NotificationRequest request;
+    State state = State::Pending;
+    bool announced = false; ///< it was shown once; when it is shown again it makes no sound
+
+    bool operator==(const Reminder&) const = default;
+};
+
+/// The pending and the delivered requests, kept in one file that only the user can read. There is at most one of each
+/// state for an identifier. Every change is on the disk, whole, when the call returns; a program that is killed in
+/// between leaves the file as it was.
+class ReminderList {
+public:
+    explicit ReminderList(std::filesystem::path file) : m_file(std::move(file)) {}
+
+    /// Takes what the file holds: no property list, and entries that are no requests, count as none.
+    void load();
+
+    bool empty() const { return m_reminders.empty(); }
+    const std::vector<Reminder>& all() const { return m_reminders; }
+
+    /// The moment of the pending request that comes first, nullopt when none is pending.
+    std::optional<Date> nextMoment() const;
+
+    /// The delivered request of that identifier, null when there is none. It lives until the next change.
+    const Reminder* delivered(const QString& identifier) const;
+
+    /// Puts `request` in the place of the pending one of the same identifier. After an error nothing has changed.
+    std::error_code add(const NotificationRequest& request);
+
+    /// Delivers each pending request whose moment is not after `now`, in the place of the delivered one of the same
+    /// identifier. The identifiers of those delivered.
+    QStringList deliverDue(Date now);
+
+    void setAnnounced(const QString& identifier);
+    void removeDelivered(const QStringList& identifiers);
+
+private:
+    /// Puts it in the place of the one with the same identifier and state.
+    void put(Reminder reminder);
+    std::error_code save() const;
+
+    std::filesystem::path m_file;
+    std::vector<Reminder> m_reminders;
+};

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "host/agent/TriggerMoment.h"
+
+#include <QDateTime>
+#include <QTimeZone>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int reach = 2 * 24 * 60 * 60; ///< seconds; no zone's clock is that far from UTC
+
+/// The changes of the zone's clock from `from` to `to`, in their order. Qt ends a list where the changes that tzdata
+/// writes out end; those by rule come when asked for from there on.
+QTimeZone::OffsetDataList changes(const QTimeZone& zone, const QDateTime& from, const QDateTime& to)
+{
+    QTimeZone::OffsetDataList all;
+    QTimeZone::OffsetDataList some = zone.transitions(from, to);
+    while (!some.isEmpty()) {
+        all << some;
+        some = zone.transitions(some.last().atUtc.addSecs(1), to);
+    }
+    return all;
+}
+
+} // namespace
+
+Date momentOf(const CalendarNotificationTrigger& trigger)
+{
+    QTimeZone zone(QByteArray::fromStdString(trigger.timeZone));
+    if (!zone.isValid()) {
+        zone = QTimeZone::utc();
+    }
+    const QDate day = QDate(trigger.year, trigger.month, 1).addDays(trigger.day - 1);
+    // What the clock shows, as if it stood in UTC.
+    const QDateTime shown(day, QTime(trigger.hour, trigger.minute, trigger.second), Qt::UTC);
+
+    // The first instant at which the zone's clock shows this or is past it.
+    const QDateTime from = shown.addSecs(-reach);
+    QDateTime since = from;
+    int offset = zone.offsetFromUtc(from);
+    for (const QTimeZone::OffsetData& change : changes(zone, from, shown.addSecs(reach))) {
+        if (shown.addSecs(-offset) < change.atUtc) {
+            break;
+        }
+        since = change.atUtc;
+        offset = change.offsetFromUtc;
+    }
+    return dateFromUnixSeconds(static_cast<double>(std::max(since, shown.addSecs(-offset)).toSecsSinceEpoch()));
+}

@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "dates/Date.h"
+#include "host/UserNotificationCenter.h"
+
+/// The instant that the trigger's fields name in its own zone, by the machine's rules (tzdata). A time that the zone
+/// skips becomes the first instant after the gap; of one that it repeats, the first. A zone that the machine does not
+/// know counts as UTC. The trigger must hold fields in range; a day beyond the month's end carries into the next month.
+Date momentOf(const CalendarNotificationTrigger& trigger);

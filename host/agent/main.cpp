@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "host/agent/ReminderAgent.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDir>
+#include <QStandardPaths>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+std::filesystem::path stateFolder()
+{
+    const QString folder = qEnvironmentVariable("XDG_STATE_HOME");
+    if (folder.startsWith(QLatin1Char('/'))) { // a relative one is to be ignored
+        return folder.toStdString();
+    }
+    return std::filesystem::path(QDir::homePath().toStdString()) / ".local" / "state";
+}
+
+std::filesystem::path autostartFolder()
+{
+    const QString settings = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return std::filesystem::path(settings.toStdString()) / "autostart";
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        std::fputs("velumora-reminder-agent: there is no session bus\n", stderr);
+        return EXIT_FAILURE;
+    }
+    ReminderAgent agent(bus, stateFolder() / "velumora" / "Reminders",
+                        AutostartEntry(autostartFolder(), QCoreApplication::applicationFilePath().toStdString()));
+    bus.registerObject(QString::fromLatin1(ReminderAgent::path), &agent, QDBusConnection::ExportAllSlots);
+    const QString service = QString::fromLatin1(ReminderAgent::service);
+    if (!bus.registerService(service)) {
+        return EXIT_SUCCESS; // another one is at work
+    }
+    bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"), QStringLiteral("org.freedesktop.DBus.Local"),
+                QStringLiteral("Disconnected"), &application, SLOT(quit()));
+    QObject::connect(&agent, &ReminderAgent::finished, &application, [&] {
+        bus.unregisterService(service);
+        QCoreApplication::processEvents(); // what was sent to the name until now
+        if (agent.hasNothingToDo() || !bus.registerService(service)) {
+            QCoreApplication::quit();
+        }
+    });
+    agent.begin(); // now that the name is this one's, and the file with it; calls wait for the event loop
+    return QCoreApplication::exec();
+}

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/UserNotificationCenter.h"
+
+#include <QObject>
+
+#include <memory>
+
+class StartedService;
+
+/// The desktop's notification service: reminders are handed to the reminder agent, which keeps and delivers them
+/// whether the program runs or not. Nothing is asked of the bus before it is needed, and nothing waits for an answer
+/// but the end of the program, for the agent to have what was handed to it.
+class BusNotificationCenter : public QObject, public UserNotificationCenter {
+    Q_OBJECT
+
+public:
+    BusNotificationCenter();
+    ~BusNotificationCenter() override;
+
+    void setDelegate(UserNotificationCenterDelegate& delegate) override { m_delegate = &delegate; }
+
+    /// The desktop asks nobody: it is granted where a notification can be shown.
+    void requestAuthorization(NotificationOptions options, std::function<void(bool)> completion) override;
+
+    /// Authorized where a notification daemon runs or can be started by the bus, else Denied.
+    void getNotificationSettings(std::function<void(AuthorizationStatus)> completion) override;
+
+    void addNotificationRequest(const NotificationRequest& request,
+                                std::function<void(const std::optional<QString>&)> completion) override;
+    void removeDeliveredNotifications(const QStringList& identifiers) override;
+
+    /// Passes a reminder that was clicked, as it goes over the bus, to the delegate. `done` tells whether it was one.
+    void reminderClicked(const QByteArray& request, const std::function<void(bool)>& done);
+
+private:
+    StartedService& agent();
+
+    UserNotificationCenterDelegate* m_delegate = nullptr;
+    std::unique_ptr<StartedService> m_agent;
+    int m_unanswered = 0; ///< requests on their way to the agent
+    bool m_ending = false;
+};

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusContext>
+#include <QObject>
+#include <QVariantMap>
+
+#include <functional>
+
+/// Sees to it that one program runs in a session, the holder of a name on the session bus: a second start hands over
+/// to it and ends. Its public slots are the desktop's interface org.freedesktop.Application, by which launchers, the
+/// second start and the reminder agent reach the program.
+class SingleInstance : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    enum class Start {
+        First,      ///< this program runs
+        HandedOver, ///< another one runs and has come forward
+    };
+
+    /// `done` is called, at any later time, once the reminder has been dealt with, with whether that went well.
+    using ReminderHandler = std::function<void(const QByteArray& request, const std::function<void(bool)>& done)>;
+
+    /// Takes the name, or has its holder come forward. Without a session bus every program is the first. Needs the
+    /// application object; what others say meanwhile is told when the event loop runs.
+    Start claim(const QString& activationToken);
+
+    /// Gives the name back, for a program that ends: a new one may start, and whoever calls this one hears an error.
+    void release();
+
+    /// Takes clicked reminders from then on.
+    void setReminderHandler(ReminderHandler handler) { m_reminderHandler = std::move(handler); }
+
+public Q_SLOTS:
+    void Activate(const QVariantMap& platformData);
+
+    /// The program opens no files: it comes forward.
+    void Open(const QStringList& uris, const QVariantMap& platformData);
+
+    void ActivateAction(const QString& action, const QVariantList& parameters, const QVariantMap& platformData);
+
+Q_SIGNALS:
+    /// The window is to come forward. The token lets it take the keyboard; it may be empty.
+    void activated(const QString& activationToken);
+
+private:
+    bool refusesCalls();
+
+    ReminderHandler m_reminderHandler;
+    bool m_released = false;
+};

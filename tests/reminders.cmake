@@ -1,0 +1,2 @@
+velumora_test(reminder-tests core/reminders_test.cpp LABELS core)
+target_compile_definitions(reminder-tests PRIVATE TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}")
