@@ -62,8 +62,7 @@ private:
 // the time of the print, so it cannot be left changed.
 void AppDelegate::printMonthlyView()
 {
-    const HiddenControls buttons(
-        {m_ui.monthlyViewPrintBtn, m_ui.monthlyViewForwardBtn, m_ui.monthlyViewBackBtn});
+    const HiddenControls buttons({m_ui.monthlyViewPrintBtn, m_ui.monthlyViewForwardBtn, m_ui.monthlyViewBackBtn});
     deleteMonthlyPrintFile();
     if (!m_host.temporaryFolder) {
         return;

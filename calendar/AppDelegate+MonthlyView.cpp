@@ -73,6 +73,9 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
 void AppDelegate::backForwardMonthlyView(QAbstractButton& sender)
 {
     const int step = &sender == m_ui.monthlyViewBackBtn ? -1 : 1;
-    const Date date = DateUtilities::dateByAddingDays(m_ui.monthlyViewHiddenDatePicker->dateValue(), 0, step, 0);
+    // The picker may hold a midnight of a zone that was in force before: a day away from the first here, never two.
+    const auto [year, month, day] = DateUtilities::yearMonthDayFromDate(
+        DateUtilities::dateByAddingDays(m_ui.monthlyViewHiddenDatePicker->dateValue(), 2, 0, 0));
+    const Date date = DateUtilities::dateByAddingDays(DateUtilities::dateFromYear(year, month, 1), 0, step, 0);
     putDaysDatesTextOnMonthlyView(MonthGrid::dayOfWeekForDate(date), date, m_window, notesTVData, startOnSunday());
 }

@@ -2,6 +2,7 @@
 #include "calendar/NoteField.h"
 
 #include "calendar/WholeNote.h"
+#include "notes/TableMetrics.h"
 
 #include <QHelpEvent>
 #include <QScrollBar>
@@ -12,16 +13,17 @@
 namespace {
 
 constexpr QSize least(56, 20);
-constexpr qsizetype longestToolTip = 1200;
 
-/// `text` as a tool tip shows it to the letter, wrapped; never as markup.
-QString plainToolTip(const QString& text)
+/// UTF-16 units of a note that a field lays out. Nobody reads more of it in a cell; Return shows all.
+constexpr qsizetype longestShown = 8'000;
+
+QString shownPart(const QString& note)
 {
-    QString shown = text.left(longestToolTip);
-    if (shown.size() < text.size()) {
-        shown += u'…';
+    if (note.size() <= longestShown) {
+        return note;
     }
-    return QStringLiteral("<p style='white-space: pre-wrap'>%1</p>").arg(shown.toHtmlEscaped());
+    const bool halvesCharacter = note.at(longestShown - 1).isHighSurrogate();
+    return note.left(longestShown - (halvesCharacter ? 1 : 0)) + u'…';
 }
 
 } // namespace
@@ -37,9 +39,12 @@ void NoteField::setNote(const QString& note)
 {
     if (note != m_note) {
         m_note = note;
-        setPlainText(note);
+        setPlainText(shownPart(note));
     }
     verticalScrollBar()->setValue(0);
+    if (note.isEmpty() && hasFocus()) {
+        focusNextChild(); // there is nothing to read here any more
+    }
     setFocusPolicy(note.isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
 }
 
@@ -74,7 +79,8 @@ bool NoteField::viewportEvent(QEvent* event)
 
 void NoteField::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && !m_note.isEmpty()) {
         showWholeNote();
         return;
     }

@@ -9,7 +9,8 @@ class QDBusMessage;
 class QDBusVariant;
 
 /// The desktop portal's colour scheme as the global "AppleInterfaceStyle". Where no portal answers, or the user prefers
-/// neither light nor dark, the colours decide that the desktop gave the program.
+/// neither light nor dark, the colours decide that the desktop gave the program at its start; without a portal a change
+/// is seen at the next start.
 ///
 /// The portal is asked without waiting for it: until it answers, those colours count.
 class DesktopGlobalDefaults : public GlobalDefaults {

@@ -12,7 +12,10 @@ public:
     explicit DesktopLocationServices(DesktopLocationManager::Sources sources) : m_sources(std::move(sources)) {}
 
     bool locationServicesEnabled() const override { return true; }
-    LocationAuthorizationStatus authorizationStatus() const override { return LocationAuthorizationStatus::NotDetermined; }
+    LocationAuthorizationStatus authorizationStatus() const override
+    {
+        return LocationAuthorizationStatus::NotDetermined;
+    }
     std::unique_ptr<LocationManager> makeLocationManager() override
     {
         return std::make_unique<DesktopLocationManager>(m_sources);

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -53,7 +54,7 @@ std::optional<Coordinate> placeFromProperties(const QVariantMap& properties)
     return latitude && longitude ? std::optional(Coordinate{*latitude, *longitude}) : std::nullopt;
 }
 
-GeoClueClient::GeoClueClient(const QDBusConnection& bus, QObject* parent) : QObject(parent), m_bus(bus) {}
+GeoClueClient::GeoClueClient(QDBusConnection bus, QObject* parent) : QObject(parent), m_bus(std::move(bus)) {}
 
 void GeoClueClient::ask(const Request& request)
 {
@@ -143,7 +144,7 @@ void GeoClueClient::callClient(const QString& interface, const QString& method, 
 }
 
 /// Calls come to the service in the order in which they are made here.
-void GeoClueClient::call(QDBusMessage message, const Answer& answer)
+void GeoClueClient::call(const QDBusMessage& message, const Answer& answer)
 {
     const QDBusPendingCall pending = m_bus.asyncCall(message, noTimeout);
     if (!answer) {

@@ -28,7 +28,7 @@ public:
         double distanceFilter = 0; ///< metres between two updates; every one counts at 0 and below
     };
 
-    explicit GeoClueClient(const QDBusConnection& bus, QObject* parent = nullptr);
+    explicit GeoClueClient(QDBusConnection bus, QObject* parent = nullptr);
 
     /// To be called once.
     void ask(const Request& request);
@@ -49,7 +49,7 @@ private Q_SLOTS:
 private:
     using Answer = std::function<void(const QDBusMessage& reply)>;
 
-    void call(QDBusMessage message, const Answer& answer);
+    void call(const QDBusMessage& message, const Answer& answer);
     void callClient(const QString& interface, const QString& method, const QVariantList& arguments,
                     const Answer& answer = {});
     void setProperty(const QString& name, const QVariant& value);

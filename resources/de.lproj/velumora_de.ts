@@ -247,7 +247,7 @@
     </message>
     <message>
         <source>Import TALV's notes &amp; events data?</source>
-        <translation>Notizen und Tage von TALV importieren?</translation>
+        <translation>Notizen &amp; Tage von TALV importieren?</translation>
     </message>
     <message>
         <source>Important Dates</source>

@@ -45,7 +45,10 @@ public:
     QStringList errors;
 
     void didUpdateLocations(LocationManager&, const QList<Location>& told) override { locations += told; }
-    void didChangeAuthorizationStatus(LocationManager&, LocationAuthorizationStatus status) override { statuses += status; }
+    void didChangeAuthorizationStatus(LocationManager&, LocationAuthorizationStatus status) override
+    {
+        statuses += status;
+    }
     void didFailWithError(LocationManager&, const QString& error) override { errors += error; }
     void didUpdateToLocation(LocationManager&, const Location&, const Location&) override { FAIL(); }
 };

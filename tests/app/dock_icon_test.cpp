@@ -152,7 +152,8 @@ TEST(DockIconLeaf, IsNotMissedWhereItCannotBeRead)
     EXPECT_EQ(drawn.pixelColor(32, 10).alpha(), 0);
 }
 
-TEST(DockIconLeaf, ShowsOnLightAndDarkDesktops)
+/// A picture for people to look at: every size on a light and on a dark desktop.
+TEST(DockIconLeaf, IsPaintedOnLightAndDarkDesktops)
 {
     for (const bool dark : {false, true}) {
         QImage contactSheet(1240, 600, QImage::Format_RGB32);

@@ -104,7 +104,8 @@ TEST_P(LocationStatus, ThatChangesIsAnsweredAlike)
 
 INSTANTIATE_TEST_SUITE_P(
     All, LocationStatus,
-    ::testing::Values(StatusCase{"notDetermined", LocationAuthorizationStatus::NotDetermined, "requestWhenInUseAuthorization"},
+    ::testing::Values(StatusCase{"notDetermined", LocationAuthorizationStatus::NotDetermined,
+                                 "requestWhenInUseAuthorization"},
                       StatusCase{"restricted", LocationAuthorizationStatus::Restricted, ""},
                       StatusCase{"denied", LocationAuthorizationStatus::Denied, ""},
                       StatusCase{"always", LocationAuthorizationStatus::AuthorizedAlways, "startUpdatingLocation"},

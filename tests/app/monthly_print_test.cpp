@@ -221,12 +221,15 @@ TEST_F(MonthlyPrintTest, IsLightAndTheWindowStaysDark)
     EXPECT_GT(sum / (sheet.width() * sheet.height()), 230);
 }
 
-TEST_F(MonthlyPrintTest, LeavesTheButtonsWhereTheyAre)
+TEST_F(MonthlyPrintTest, TakesTheButtonsAwayForItsTimeAlone)
 {
-    bool visible = false;
-    host.workspace.onOpen = [&](const QUrl&) { visible = ui->monthlyViewPrintBtn->isVisible(); };
+    int visible = -1;
+    host.workspace.onOpen = [&](const QUrl&) {
+        visible = ui->monthlyViewPrintBtn->isVisible() + ui->monthlyViewBackBtn->isVisible() +
+                  ui->monthlyViewForwardBtn->isVisible();
+    };
     print();
-    EXPECT_TRUE(visible);
+    EXPECT_EQ(visible, 0);
     for (const QWidget* button :
          {static_cast<QWidget*>(ui->monthlyViewPrintBtn), static_cast<QWidget*>(ui->monthlyViewBackBtn),
           static_cast<QWidget*>(ui->monthlyViewForwardBtn)}) {
@@ -253,6 +256,11 @@ TEST_F(MonthlyPrintTest, TheNextPrintBeginsByRemovingTheLast)
     ui->monthlyViewPrintBtn->click();
     EXPECT_TRUE(text().contains(QStringLiteral("April 2024")));
     EXPECT_EQ(host.workspace.opened.size(), 2);
+    {
+        const FullDisk full(1000);
+        ui->monthlyViewPrintBtn->click();
+    }
+    EXPECT_FALSE(QFile::exists(file())) << "the last one goes before the next is written";
 }
 
 TEST_F(MonthlyPrintTest, AFullDiskLeavesNoPartOfAFile)

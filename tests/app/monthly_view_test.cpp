@@ -150,6 +150,21 @@ TEST_F(MonthlyViewTest, TheArrowsGoByTheHiddenDateAcrossTheYearsEnd)
     EXPECT_EQ(title(), QStringLiteral("November 1919"));
 }
 
+TEST_F(MonthlyViewTest, TheArrowsGoOnByMonthsInAnotherTimeZone)
+{
+    startOpen();
+    ui->monthlyViewForwardBtn->click(); // April in Berlin, whose midnight is still March in New York
+    const TimeZoneGuard newYork("America/New_York");
+    host.clockMonitor.jump();
+    ui->monthlyViewForwardBtn->click();
+    EXPECT_EQ(title(), QStringLiteral("May 2024"));
+    EXPECT_EQ(number(4).text(), QStringLiteral("1")) << "a Wednesday";
+    const TimeZoneGuard tokyo("Asia/Tokyo");
+    host.clockMonitor.jump();
+    ui->monthlyViewBackBtn->click();
+    EXPECT_EQ(title(), QStringLiteral("April 2024"));
+}
+
 TEST_F(MonthlyViewTest, HoldsTheMonthsOfFarYears)
 {
     start();
