@@ -66,8 +66,8 @@ void NotificationDaemon::show(const NotificationContent& content, NotificationSo
 void NotificationDaemon::notify(const NotificationText& text, uint replacedId, Completion completion)
 {
     QDBusMessage message = method(QStringLiteral("Notify"));
-    message << QStringLiteral("Velumora") << replacedId << QStringLiteral("x-office-calendar") << text.summary << text.body
-            << text.actions << text.hints << neverExpires;
+    message << QStringLiteral("Velumora") << replacedId << QStringLiteral("x-office-calendar") << text.summary
+            << text.body << text.actions << text.hints << neverExpires;
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, noTimeout), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
             [watcher, clickable = !text.actions.isEmpty(), completion = std::move(completion)] {
