@@ -128,8 +128,8 @@ Alert::Alert(QWidget* parent)
 
 void Alert::setMessageText(const QString& headline)
 {
-    m_headline = withLineFeeds(headline);
-    const QString shown = withoutItsMiddle(m_headline);
+    m_headline = headline;
+    const QString shown = withoutItsMiddle(withLineFeeds(headline));
     m_message->setText(withBreakableWords(shown));
     setWindowTitle(shown.simplified());
     setAccessibleName(shown.simplified());
@@ -142,9 +142,9 @@ QString Alert::messageText() const
 
 void Alert::setInformativeText(const QString& body)
 {
-    m_bodyText = withLineFeeds(body);
-    m_information->setText(withBreakableWords(m_bodyText));
-    setAccessibleDescription(m_bodyText);
+    m_bodyText = body;
+    m_information->setText(withBreakableWords(withLineFeeds(body)));
+    setAccessibleDescription(withLineFeeds(body));
 }
 
 QString Alert::informativeText() const
@@ -205,6 +205,14 @@ int Alert::runModal()
 void Alert::reject()
 {
     press(1);
+}
+
+/// Only now is it known how wide the texts are and in which font they stand.
+void Alert::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    layout()->activate();
+    m_texts->setMinimumHeight(m_texts->heightForWidth(m_texts->width()));
 }
 
 void Alert::keyPressEvent(QKeyEvent* event)

@@ -30,6 +30,7 @@ public:
 
     explicit Alert(QWidget* parent = nullptr);
 
+    /// Both texts are kept as they are given. Carriage returns show as ends of lines.
     void setMessageText(const QString& headline);
     QString messageText() const;
     void setInformativeText(const QString& body);
@@ -54,6 +55,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void press(qsizetype button);

@@ -9,6 +9,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QPushButton>
 
 namespace {
 
@@ -18,12 +19,6 @@ bool isThere(const std::filesystem::path& file)
 {
     std::error_code error;
     return std::filesystem::exists(file, error);
-}
-
-bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b)
-{
-    std::error_code error;
-    return std::filesystem::equivalent(a, b, error);
 }
 
 } // namespace
@@ -86,9 +81,7 @@ void AppDelegate::confirmImport(const std::filesystem::path& folder)
 
 std::optional<Table> AppDelegate::importTALVDataFiles(const std::filesystem::path& source, const std::string& fileName)
 {
-    if (const auto own = m_folder.fileUrl(fileName); own && isSameFile(source, *own)) {
-        m_saves.waitUntilDone(); // what is on its way to the file belongs to it
-    }
+    m_saves.waitUntilDone(); // what is on its way to the file is to be on the disk before it is replaced
     std::optional<Table> table = readLegacyTable(source);
     m_saves.save(table, fileName, Replacing::Nothing);
     return table;
@@ -110,10 +103,14 @@ void AppDelegate::importNotes(const std::filesystem::path& source)
 void AppDelegate::importEvents(const std::filesystem::path& source)
 {
     m_ui.importantDatesTableView->endEditing();
+    if (eventsTVData && m_ui.importantDateSaveBtn->isEnabled()) {
+        m_saves.save(eventsTVData, std::string(EventsFileName)); // what was not saved yet is kept aside too
+    }
     std::optional<Table> imported = importTALVDataFiles(source, std::string(EventsFileName));
     if (eventsTVData) {
         eventsTVData = std::move(imported).value_or(Table());
     }
     m_ui.importantDatesTableView->reloadData();
     m_ui.importantDatesTableView->selectRow(-1);
+    buttonEnableDisable(*m_ui.importantDateSaveBtn, false);
 }

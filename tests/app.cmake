@@ -56,6 +56,7 @@ velumora_test(app-tests
     app/note_editing_test.cpp
     app/note_field_test.cpp
     app/notes_list_test.cpp
+    app/open_panel_test.cpp
     app/preferences_test.cpp
     app/reminders_test.cpp
     app/store_test.cpp
@@ -65,6 +66,8 @@ velumora_test(app-tests
     app/web_version_server_test.cpp
     LIBRARIES app-test-support
     LABELS app)
+
+set_source_files_properties(app/help_test.cpp PROPERTIES COMPILE_DEFINITIONS VELUMORA_WEB_PAGE="${VELUMORA_WEB_PAGE}")
 
 # The texts of the program and the room they have; with a catalogue of their own, of a language written from right to left.
 velumora_test(language-tests

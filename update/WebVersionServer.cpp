@@ -24,6 +24,8 @@ QNetworkRequest requestFor(const QUrl& file)
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
     // A packed body would be unpacked before anyone can see how long it is.
     request.setRawHeader("Accept-Encoding", "identity");
+    // The library would tell the user's languages.
+    request.setRawHeader("Accept-Language", "en");
     return request;
 }
 

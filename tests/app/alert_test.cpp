@@ -160,7 +160,8 @@ TEST_F(AlertTest, TextsAreShownAsTheyStandAndEveryKindOfLineEndBeginsALine)
 {
     const QString markup = QStringLiteral("<b>x</b> &amp;");
     Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(QStringLiteral("a\rb\r\nc\nd"), markup, ok, {}));
-    EXPECT_EQ(shown.informativeText(), QStringLiteral("a\nb\nc\nd"));
+    EXPECT_EQ(shown.informativeText(), QStringLiteral("a\rb\r\nc\nd"));
+    EXPECT_EQ(shown.accessibleDescription(), QStringLiteral("a\nb\nc\nd")) << "each begins one line";
     bool found = false;
     for (const QLabel* label : shown.findChildren<QLabel*>()) {
         EXPECT_TRUE(!label->pixmap().isNull() || label->textFormat() == Qt::PlainText);
@@ -240,6 +241,19 @@ TEST_F(AlertTest, AHeadlineOfManyLinesScrolls)
 TEST_F(AlertTest, AShortBodyDoesNotScroll)
 {
     EXPECT_EQ(show(twoButtons()).findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
+}
+
+TEST_F(AlertTest, AFewLinesDoNotScrollWhateverLineEndsTheyHave)
+{
+    for (const char* headline : {"Reminder 'Fly'\r\rscheduled for date: Jul 4, 2024", "one line", "a\nb\nc\nd"}) {
+        Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(
+            QStringLiteral("When the Notification Center reminder appears, click on it to open the note with Velumora"),
+            QString::fromLatin1(headline), ok, {}));
+        runQueued();
+        EXPECT_EQ(shown.findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0) << headline;
+        press(shown, Qt::Key_Return);
+        runQueued();
+    }
 }
 
 TEST_F(AlertTest, ASheetHangsAtTheTopOfItsWindowAndBlocksItAlone)

@@ -43,7 +43,7 @@ TEST_F(HelpTest, TheDataFolderIsMadeIfItIsMissingAndShown)
 TEST_F(HelpTest, TheWebPageOpensWithoutAWord)
 {
     ui->webPageAction->trigger();
-    EXPECT_EQ(host.workspace.opened.size(), 1);
+    EXPECT_EQ(host.workspace.opened, QList<QUrl>{QUrl(QStringLiteral(VELUMORA_WEB_PAGE))});
     EXPECT_FALSE(alert());
 }
 

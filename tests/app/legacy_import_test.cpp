@@ -3,6 +3,7 @@
 #include "support/AppFixture.h"
 
 #include <QAction>
+#include <QTest>
 
 #include <fstream>
 #include <iterator>
@@ -96,14 +97,14 @@ TEST_F(LegacyImportTest, AFolderWithoutEitherFileIsExplained)
     choose(legacy());
     const Alert& shown = *alert();
     EXPECT_EQ(shown.alertStyle(), Alert::Style::Critical);
-    EXPECT_EQ(shown.messageText(), // a sheet shows CR as LF
-              QStringLiteral("Could not find TALV's data files( notes or events ).\n No import possible."));
+    EXPECT_EQ(shown.messageText(),
+              QStringLiteral("Could not find TALV's data files( notes or events ).\r No import possible."));
     EXPECT_EQ(shown.informativeText(),
-              QStringLiteral("This usually means one of the following:\n\n"
-                             "\t• TALV was never installed and used on this Mac, so data files weren't created.\n\n"
-                             "\t• TALV's data folder exists but its data files are missing.\n\n"
-                             "If the folder and files exist, they should be located at the following path:\n"
-                             "/Users/YourUserName/Library/Application Support/TALV\n\n"));
+              QStringLiteral("This usually means one of the following:\r\r"
+                             "\t• TALV was never installed and used on this Mac, so data files weren't created.\r\r"
+                             "\t• TALV's data folder exists but its data files are missing.\r\r"
+                             "If the folder and files exist, they should be located at the following path:\r"
+                             "/Users/YourUserName/Library/Application Support/TALV\r\r"));
     EXPECT_EQ(shown.buttons().at(0)->text(),
               QStringLiteral("Thanks for letting me know. I'll look for my TALV data or enter myself"));
     answer(Alert::firstButtonReturn);
@@ -228,6 +229,61 @@ TEST_F(LegacyImportTest, TheProgramsOwnFolderDoesNoHarm)
     EXPECT_EQ(eventsOnDisk(), Table{event(1990, 5, 20, "Ann")});
 }
 
+TEST_F(LegacyImportTest, ADateThatWasNotSavedYetIsKeptAside)
+{
+    putLegacy(eventsName, PropertyList::writeXml({event(1970, 6, 1, "Born")}));
+    start();
+    app->addRowToImportDates();
+    const Table unsaved = *app->eventsTVData;
+    import(legacy());
+    EXPECT_EQ(app->eventsTVData, Table{event(1970, 6, 1, "Born")});
+    EXPECT_FALSE(ui->importantDateSaveBtn->isEnabled());
+    EXPECT_TRUE(recovered().contains(PropertyList::writeXml(unsaved)));
+}
+
+TEST_F(LegacyImportTest, ADateThatWasNotSavedYetSurvivesTheProgramsOwnFolder)
+{
+    putEvents({event(1990, 5, 20, "Ann")});
+    start();
+    app->addRowToImportDates();
+    const Table unsaved = *app->eventsTVData;
+    import(dataFolder());
+    EXPECT_EQ(app->eventsTVData, unsaved);
+    EXPECT_EQ(eventsOnDisk(), unsaved);
+}
+
+TEST_F(LegacyImportTest, ANoteThatIsBeingTypedIsKeptAside)
+{
+    putLegacy(notesName, PropertyList::writeXml({note(1999, 12, 31, "Fireworks")}));
+    putNotes({note(2024, 3, 5, "mine")});
+    start();
+    ui->notesTableView->editColumn(1, 0);
+    QTest::keyClicks(ui->notesTableView->viewAt(1, 0), QStringLiteral("!"));
+    import(legacy());
+    EXPECT_EQ(notesOnDisk(), Table{note(1999, 12, 31, "Fireworks")});
+    EXPECT_TRUE(recovered().contains(PropertyList::writeXml({note(2024, 3, 5, "mine!")})));
+}
+
+TEST_F(LegacyImportTest, NotesAloneLeaveTheEvents)
+{
+    putLegacy(notesName, PropertyList::writeXml({note(1999, 12, 31, "Fireworks")}));
+    putEvents({event(1990, 5, 20, "Ann")});
+    start();
+    import(legacy());
+    EXPECT_EQ(eventsOnDisk(), Table{event(1990, 5, 20, "Ann")});
+    EXPECT_EQ(app->eventsTVData, Table{event(1990, 5, 20, "Ann")});
+}
+
+TEST_F(LegacyImportTest, AnEmptyListTakesTheProgramsOwnFileAway)
+{
+    putLegacy(notesName, PropertyList::writeXml(Table()));
+    putNotes({note(2024, 3, 5, "mine")});
+    start();
+    import(legacy());
+    EXPECT_EQ(notesOnDisk(), std::nullopt);
+    EXPECT_EQ(app->notesTVData, Table());
+}
+
 TEST_F(LegacyImportTest, CharactersThatXmlCannotCarryAreLeftOut)
 {
     // A binary property list: an array of one note that says "a", a vertical tab, "b", made with Python's plistlib:
@@ -246,7 +302,7 @@ TEST_F(LegacyImportTest, CharactersThatXmlCannotCarryAreLeftOut)
     EXPECT_EQ(app->notesTVData, Table{note(2024, 3, 5, "ab")});
 }
 
-TEST_F(LegacyImportTest, ANotesFileThatCouldNotBeReadStaysWithoutATable)
+TEST_F(LegacyImportTest, DatesThatCouldNotBeReadAtTheStartStayWithoutATable)
 {
     std::ofstream(eventsFile()) << "broken";
     putLegacy(eventsName, PropertyList::writeXml({event(1970, 6, 1, "Born")}));

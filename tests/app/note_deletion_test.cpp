@@ -59,7 +59,7 @@ TEST_F(NoteDeletionTest, ItAsksForTheDateOfTheNote)
     putNotes({note(2024, 3, 5, "a"), note(2024, 3, 6, "b")});
     start();
     askForRow(1);
-    expectSheet("Please confirm deletion", text("of note for\n Mar 6, 2024")); // a sheet shows CR as LF
+    expectSheet("Please confirm deletion", text("of note for\r Mar 6, 2024"));
 }
 
 TEST_F(NoteDeletionTest, CancellingChangesNothing)
@@ -192,7 +192,7 @@ TEST_F(NoteDeletionTest, TheListThatAReminderLeftIsDeletedThroughToItsNote)
     app->notesTVData = Table{Value(Array{note(2024, 3, 5, "a")})};
     table().reloadData();
     askForRow(0);
-    expectSheet("Please confirm deletion", text("of note for\n Mar 5, 2024"));
+    expectSheet("Please confirm deletion", text("of note for\r Mar 5, 2024"));
     answer(Alert::firstButtonReturn);
     EXPECT_EQ(app->notesTVData, Table());
     EXPECT_EQ(notesOnDisk(), Table{note(2024, 3, 6, "b")});

@@ -114,7 +114,7 @@ TEST_F(RemindersTest, AReminderIsScheduledForMidnightOfItsDay)
                                                    .userInfo = *note(2024, 7, 4, "<b>Fly</b> %@ & dine").dictionary()},
                                        .trigger = {.year = 2024, .month = 7, .day = 4, .timeZone = "Europe/Berlin"}};
     EXPECT_EQ(center().requests, QList<NotificationRequest>{expected});
-    expectSheet(QStringLiteral("Reminder '<b>Fly</b> %@ & dine'\n\nscheduled for date: Jul 4, 2024"),
+    expectSheet(QStringLiteral("Reminder '<b>Fly</b> %@ & dine'\r\rscheduled for date: Jul 4, 2024"),
                 QStringLiteral("When the Notification Center reminder appears, click on it to open the note with "
                                "Velumora"));
 }
@@ -138,7 +138,7 @@ TEST_F(RemindersTest, WithoutPermissionItSaysSo)
     remind(0);
     EXPECT_TRUE(center().requests.isEmpty());
     expectSheet(QStringLiteral("Failed to post notification"),
-                QStringLiteral("Need User Permission to post a notification for 7/4/24\n\nFly\n\nRecommend granting "
+                QStringLiteral("Need User Permission to post a notification for 7/4/24\r\rFly\r\rRecommend granting "
                                "permission in System Preferences"));
 }
 
@@ -162,7 +162,7 @@ TEST_F(RemindersTest, ARefusedRequestIsTold)
     remind(0);
     answer(Alert::firstButtonReturn); // that it is scheduled
     expectSheet(QStringLiteral("Notification failed to schedule for the following:"),
-                QStringLiteral("Reminder 'Fly'\n\nscheduled for date: Jul 4, 2024"));
+                QStringLiteral("Reminder 'Fly'\r\rscheduled for date: Jul 4, 2024"));
 }
 
 TEST_F(RemindersTest, TheAnswerMayComeWhenTheProgramIsGone)
@@ -190,7 +190,7 @@ TEST_F(RemindersTest, AClickShowsTheNoteAloneAndInASheet)
     respond(NotificationResponse::Action::Default, note(2024, 3, 16, "as it was"));
     EXPECT_EQ(ui->myTabView->currentIndex(), 0);
     EXPECT_EQ(app->notesTVData, Table{Value(Array{note(2024, 3, 16, "as it is now")})});
-    expectSheet(QStringLiteral("Velumora Reminder"), QStringLiteral("Mar 16, 2024\nas it was"));
+    expectSheet(QStringLiteral("Velumora Reminder"), QStringLiteral("Mar 16, 2024\ras it was"));
     EXPECT_EQ(shownRows(), QStringList{QStringLiteral("Sat, Mar 16, 2024 | as it is now")});
     EXPECT_EQ(ui->notesTableView->numberOfRows(), 1);
     EXPECT_EQ(countLine(), QStringLiteral("Displaying 1 notes"));
@@ -228,9 +228,9 @@ TEST_F(RemindersTest, WithoutAnyNotesItWarns)
     start();
     respond(NotificationResponse::Action::Default, note(2024, 3, 16, "b"));
     expectSheet(QStringLiteral("Warning: No Notes Data Found in 'respondWithContent:'"),
-                QStringLiteral("Velumora is attempting to respond to a Notification Center message but cannot.\n"
-                               "The Notification Center message is for the following date and note:\n\n"
-                               "Mar 16, 2024\nb"));
+                QStringLiteral("Velumora is attempting to respond to a Notification Center message but cannot.\r"
+                               "The Notification Center message is for the following date and note:\r\r"
+                               "Mar 16, 2024\rb"));
     EXPECT_EQ(center().removed, QStringList{identifier});
 }
 

@@ -99,7 +99,7 @@ TEST_F(GermanTest, AnAlertSpeaksGermanThoughItsKeyHoldsACarriageReturn)
     ui->deleteRowFromListBtn->click();
     ASSERT_TRUE(alert());
     EXPECT_EQ(alert()->messageText(), QStringLiteral("Bitte das Löschen bestätigen"));
-    EXPECT_EQ(alert()->informativeText(), QStringLiteral("der Notiz vom\n 15.03.2024"));
+    EXPECT_EQ(alert()->informativeText(), QStringLiteral("der Notiz vom\r 15.03.2024"));
     EXPECT_EQ(alert()->buttons().at(0)->text(), QStringLiteral("Löschen"));
     EXPECT_EQ(alert()->buttons().at(1)->text(), QStringLiteral("Nicht löschen"));
 }

@@ -49,6 +49,7 @@ TEST_F(WebVersionServerTest, TheFileIsAskedForByItsPathAndNotPacked)
     ASSERT_EQ(server.heads.size(), 1);
     EXPECT_TRUE(server.heads.first().startsWith("GET /vm/Velumora_version.txt HTTP/1.1\r\n"));
     EXPECT_TRUE(server.heads.first().toLower().contains("\r\naccept-encoding: identity\r\n"));
+    EXPECT_TRUE(server.heads.first().toLower().contains("\r\naccept-language: en\r\n"));
     EXPECT_FALSE(server.heads.first().toLower().contains("\r\ncookie:"));
 }
 
