@@ -4,7 +4,7 @@
 #include "notes/CellLines.h"
 #include "notes/FixedLineLayout.h"
 #include "notes/TableMetrics.h"
-#include "notes/XmlCharacters.h"
+#include "store/XmlCharacters.h"
 
 #include <QContextMenuEvent>
 #include <QCoreApplication>

@@ -22,6 +22,4 @@ target_sources(velumora-core PRIVATE
     notes/TextLines.h
     notes/TextSearch.cpp
     notes/TextSearch.h
-    notes/XmlCharacters.cpp
-    notes/XmlCharacters.h
 )

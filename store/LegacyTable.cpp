@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "store/LegacyTable.h"
 
-#include "notes/XmlCharacters.h"
 #include "store/Files.h"
 #include "store/PropertyList.h"
+#include "store/XmlCharacters.h"
 
 #include <algorithm>
 

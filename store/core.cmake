@@ -25,6 +25,8 @@ target_sources(velumora-core PRIVATE
     store/SaveQueue.h
     store/Value.cpp
     store/Value.h
+    store/XmlCharacters.cpp
+    store/XmlCharacters.h
     store/XmlPropertyListReader.cpp
     store/XmlPropertyListWriter.cpp
 )

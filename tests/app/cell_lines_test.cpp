@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "notes/CellLines.h"
 #include "notes/TableMetrics.h"
-#include "notes/XmlCharacters.h"
+#include "store/XmlCharacters.h"
 
 #include <QString>
 #include <QTextDocument>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/XmlCharacters.h"
+#include "store/XmlCharacters.h"
 
 #include <QStringView>
 
