@@ -69,6 +69,12 @@ void BusNotificationCenter::requestAuthorization(NotificationOptions, std::funct
 
 void BusNotificationCenter::getNotificationSettings(std::function<void(AuthorizationStatus)> completion)
 {
+    if (!QDBusConnection::sessionBus().isConnected()) { // which would never answer
+        QMetaObject::invokeMethod(
+            this, [completion = std::move(completion)] { completion(AuthorizationStatus::Denied); },
+            Qt::QueuedConnection);
+        return;
+    }
     askBus<bool>(this, QStringLiteral("NameHasOwner"), {daemonService},
                  [this, completion = std::move(completion)](bool runs) {
                      if (runs) {

@@ -24,7 +24,7 @@ public:
     /// The desktop asks nobody: it is granted where a notification can be shown.
     void requestAuthorization(NotificationOptions options, std::function<void(bool)> completion) override;
 
-    /// Authorized where a notification daemon runs or can be started by the bus, else Denied.
+    /// Authorized where a notification daemon runs or can be started by the bus; else Denied, as where there is no bus.
     void getNotificationSettings(std::function<void(AuthorizationStatus)> completion) override;
 
     void addNotificationRequest(const NotificationRequest& request,

@@ -62,6 +62,15 @@ void StartedService::call(const QDBusMessage& message, Completion completion, co
 
 void StartedService::send(Call call)
 {
+    if (!m_bus.isConnected()) { // a call would never be answered
+        QMetaObject::invokeMethod(
+            this,
+            [call = std::move(call)] {
+                call.completion(call.message.createErrorReply(QDBusError::Disconnected, QStringLiteral("No bus")));
+            },
+            Qt::QueuedConnection);
+        return;
+    }
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call.message, noTimeout), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, call = std::move(call)]() mutable {
         watcher->deleteLater();
