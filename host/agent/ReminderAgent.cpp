@@ -126,6 +126,9 @@ void ReminderAgent::shown(const QString& identifier, const std::optional<Notific
     }
     notification->beingShown = false;
     notification->id = result ? result->id : 0;
+    if (std::exchange(notification->retryIfRefused, false) && !result) {
+        notification->upToDate = false;
+    }
     if (result && notification->upToDate) {
         m_reminders.setAnnounced(identifier);
         if (!result->clickable) {
@@ -187,7 +190,11 @@ void ReminderAgent::daemonGone()
 void ReminderAgent::daemonAppeared()
 {
     for (Notification& notification : m_notifications) {
-        notification.upToDate = false;
+        if (notification.beingShown) { // the bus may have started this daemon to show it
+            notification.retryIfRefused = true;
+        } else {
+            notification.upToDate = false;
+        }
     }
     update();
 }

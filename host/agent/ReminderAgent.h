@@ -53,8 +53,9 @@ private:
     struct Notification {
         uint id = 0; ///< 0 while the daemon shows none
         bool beingShown = false;
-        bool upToDate = false; ///< the daemon shows it as it is, has refused it, or is about to answer
-        bool clicked = false;  ///< the program is being told
+        bool upToDate = false;       ///< the daemon shows it as it is, has refused it, or is about to answer
+        bool retryIfRefused = false; ///< a daemon has come since it was sent
+        bool clicked = false;        ///< the program is being told
     };
 
     void update();

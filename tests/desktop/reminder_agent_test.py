@@ -199,6 +199,20 @@ class ReminderAgentTest(unittest.TestCase):
         self.agent.add(request(next_week()))
         self.assertEqual(len(daemon.shown), 1, "a new request leaves the delivered one")
 
+    def test_a_daemon_that_the_bus_starts_shows_a_reminder_once(self):
+        called = self.session.directory / "daemon-called"
+        stays = 'touch "$0"; while [ -e "$0" ]; do sleep 0.1; done'
+        with self.session.activatable("org.freedesktop.Notifications", "/bin/sh", "-c", stays, str(called)):
+            self.agent.start()
+            self.agent.add(request(in_time(-60), "First"))
+            pump_until(called.exists, "the bus to start the daemon")
+            daemon = self.daemon()
+            pump_until(lambda: self.agent.in_file()[0]["Announced"], "the agent to know")
+            self.agent.add(request(in_time(-60), "Second", identifier="other"))
+            pump_until(lambda: len(daemon.notified) > 1, "the second reminder")
+            self.assertEqual([shown["body"].split(":")[1] for shown in daemon.notified], ["First", "Second"])
+        called.unlink()
+
     def test_a_daemon_that_refuses_is_not_asked_again_but_the_next_one_is(self):
         daemon = self.daemon()
         daemon.refusing = True
