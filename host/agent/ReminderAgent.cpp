@@ -58,6 +58,9 @@ void ReminderAgent::AddRequest(const QByteArray& request)
     if (!error) {
         error = m_reminders.add(*parsed);
     }
+    if (error && m_reminders.empty()) {
+        m_autostart.disable();
+    }
     if (error) {
         sendErrorReply(QDBusError::Failed, QString::fromStdString(error.message()));
     }

@@ -95,6 +95,7 @@ class ReminderAgentTest(unittest.TestCase):
             self.agent.add(request(next_week()))
         self.assertEqual(self.agent.pending(), [])
         self.assertEqual([path.name for path in self.agent.file.parent.iterdir()], ["Reminders"])
+        self.assertFalse(self.agent.autostart.exists())
         self.assertEqual(self.agent.wait_for_end(), 0)
 
     def test_a_broken_file_is_no_request(self):
