@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto lingerTime = 3s; // whoever started it by way of the bus is about to call
+constexpr auto lingerTime = 3s;                           // whoever started it by way of the bus is about to call
 
 } // namespace
 
@@ -169,7 +169,7 @@ void ReminderAgent::clicked(uint id, const QString& activationToken)
         activationToken);
 }
 
-void ReminderAgent::closed(uint id)
+void ReminderAgent::closed(uint id, NotificationDaemon::Closing closing)
 {
     const QString identifier = identifierOf(id);
     const auto notification = m_notifications.find(identifier);
@@ -177,7 +177,7 @@ void ReminderAgent::closed(uint id)
         return;
     }
     notification->id = 0;
-    if (!notification->clicked) {
+    if (!notification->clicked && closing == NotificationDaemon::Closing::Wanted) {
         dismiss({identifier});
         update();
     }

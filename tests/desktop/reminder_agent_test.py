@@ -235,6 +235,22 @@ class ReminderAgentTest(unittest.TestCase):
         _, shown = self.daemon().wait_for_notification()
         self.assertEqual(shown["hints"], {"desktop-entry": "velumora", "urgency": 1, "suppress-sound": True})
 
+    def test_what_a_daemon_let_go_by_itself_is_shown_by_the_next_one_without_a_sound(self):
+        daemon = self.daemon()
+        self.agent.start()
+        wanted = request(in_time(-60))
+        self.agent.add(wanted)
+        for reason in (NotificationDaemon.EXPIRED, NotificationDaemon.UNDEFINED):
+            number, _ = daemon.wait_for_notification()
+            pump_until(lambda: self.agent.in_file()[0]["Announced"], "the agent to know")
+            daemon.close(number, reason)
+            daemon.die()
+            daemon = self.daemon()
+            _, shown = daemon.wait_for_notification()
+            self.assertEqual(shown["replaces"], 0)
+            self.assertIn("suppress-sound", shown["hints"])
+            self.assertEqual(self.agent.delivered(), [wanted])
+
     def test_a_later_delivery_takes_the_place_of_the_one_on_the_screen(self):
         daemon = self.daemon()
         self.agent.start()
