@@ -15,6 +15,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto lingerTime = 3s;                           // whoever started it by way of the bus is about to call
+constexpr qsizetype largestRequest = qsizetype{16} << 20; // bytes; see the largest file in ReminderList.cpp
 
 } // namespace
 
@@ -49,6 +50,10 @@ bool ReminderAgent::hasNothingToDo() const
 
 void ReminderAgent::AddRequest(const QByteArray& request)
 {
+    if (request.size() > largestRequest) {
+        sendErrorReply(QDBusError::LimitsExceeded, QStringLiteral("The request is too large"));
+        return;
+    }
     const std::optional<NotificationRequest> parsed = NotificationRequestFormat::requestFromBytes(request);
     if (!parsed || parsed->trigger.repeats) {
         sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("Not a request for one moment"));

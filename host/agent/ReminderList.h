@@ -30,7 +30,9 @@ class ReminderList {
 public:
     explicit ReminderList(std::filesystem::path file) : m_file(std::move(file)) {}
 
-    /// Takes what the file holds: no property list, and entries that are no requests, count as none.
+    /// Takes what the file holds; entries that are no requests count as none. A file that cannot be read, is above
+    /// 64 MiB or is no property list counts as none too: it is kept beside as Reminders.unreadable, in the place of an
+    /// earlier one.
     void load();
 
     bool empty() const { return m_reminders.empty(); }

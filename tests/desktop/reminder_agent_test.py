@@ -86,6 +86,16 @@ class ReminderAgentTest(unittest.TestCase):
             self.agent.add(wanted, wanted)
         self.assertEqual(self.agent.pending(), [wanted])
 
+    def test_a_request_above_the_limit_is_refused_and_changes_nothing(self):
+        self.agent.start()
+        whole = plistlib.dumps([request(next_week())])
+        limit = 16 * 1024 * 1024
+        with self.assertRaisesRegex(GLib.Error, "LimitsExceeded"):
+            self.agent.add_bytes(whole + b" " * (limit + 1 - len(whole)))
+        self.assertEqual(self.agent.pending(), [])
+        self.agent.add_bytes(whole + b" " * (limit - len(whole)))
+        self.assertEqual(len(self.agent.pending()), 1)
+
     def test_a_request_that_cannot_be_written_is_refused_with_the_reason(self):
         self.agent.file.parent.mkdir(parents=True)
         self.agent.file.mkdir()
