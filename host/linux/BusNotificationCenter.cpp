@@ -10,14 +10,9 @@
 #include <QEventLoop>
 #include <QTimer>
 
-#include <chrono>
 #include <utility>
 
-using namespace std::chrono_literals;
-
 namespace {
-
-constexpr auto patienceAtTheEnd = 5s;
 
 const QString daemonService = QStringLiteral("org.freedesktop.Notifications");
 
@@ -53,7 +48,7 @@ BusNotificationCenter::~BusNotificationCenter()
     m_ending = true;
     QTimer patience;
     patience.setSingleShot(true);
-    patience.start(patienceAtTheEnd);
+    patience.start(StartedService::patience);
     QEventLoop loop;
     while (m_unanswered > 0 && patience.isActive()) {
         loop.processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);

@@ -6,16 +6,12 @@
 #include <QDir>
 #include <QProcess>
 
-#include <chrono>
 #include <limits>
 #include <utility>
-
-using namespace std::chrono_literals;
 
 namespace {
 
 constexpr int noTimeout = std::numeric_limits<int>::max();
-constexpr auto patience = 30s; // a cold start from a slow disk included
 
 bool isAbsent(const QDBusMessage& reply)
 {

@@ -212,7 +212,7 @@ class RemindersTest(DesktopTest):
         folder.mkdir()
         shutil.copy(self.program, folder / "velumora")
         slow_agent = folder / "velumora-reminder-agent"
-        slow_agent.write_text(f"#!/bin/sh\nsleep 2\nexec {self.program}-reminder-agent\n")
+        slow_agent.write_text(f"#!/bin/sh\nsleep 6\nexec {self.program}-reminder-agent\n")
         slow_agent.chmod(0o755)
         window = Application(self.session, self.home, folder / "velumora")
         self._running.append(window)
