@@ -6,6 +6,8 @@
 #include "store/Files.h"
 #include "store/PropertyList.h"
 
+#include <QDir>
+
 #include <algorithm>
 #include <cerrno>
 #include <utility>
@@ -80,7 +82,21 @@ void keepAside(const fs::path& file)
     }
 }
 
+fs::path stateFolder()
+{
+    const QString folder = qEnvironmentVariable("XDG_STATE_HOME");
+    if (folder.startsWith(QLatin1Char('/'))) { // a relative one is to be ignored
+        return folder.toStdString();
+    }
+    return fs::path(QDir::homePath().toStdString()) / ".local" / "state";
+}
+
 } // namespace
+
+fs::path usersReminderFile()
+{
+    return stateFolder() / "velumora" / "Reminders";
+}
 
 void ReminderList::load()
 {

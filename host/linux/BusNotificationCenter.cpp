@@ -2,6 +2,7 @@
 #include "host/linux/BusNotificationCenter.h"
 
 #include "host/agent/NotificationRequestFormat.h"
+#include "host/agent/ReminderList.h"
 #include "host/linux/StartedService.h"
 
 #include <QDBusConnection>
@@ -104,6 +105,14 @@ void BusNotificationCenter::removeDeliveredNotifications(const QStringList& iden
     message.setAutoStartService(false); // one that does not run shows nothing
     message << identifiers;
     QDBusConnection::sessionBus().asyncCall(message);
+}
+
+void BusNotificationCenter::startAgentForReminders()
+{
+    std::error_code ignored;
+    if (std::filesystem::exists(usersReminderFile(), ignored)) {
+        agent().call(agentMethod(QStringLiteral("PendingRequests")), [](const QDBusMessage&) {});
+    }
 }
 
 void BusNotificationCenter::reminderClicked(const QByteArray& request, const std::function<void(bool)>& done)

@@ -31,6 +31,9 @@ public:
                                 std::function<void(const std::optional<QString>&)> completion) override;
     void removeDeliveredNotifications(const QStringList& identifiers) override;
 
+    /// Has the agent run where reminders wait for it: it may have been killed since login.
+    void startAgentForReminders();
+
     /// Passes a reminder that was clicked, as it goes over the bus, to the delegate. `done` tells whether it was one.
     void reminderClicked(const QByteArray& request, const std::function<void(bool)>& done);
 

@@ -127,6 +127,15 @@ class RemindersTest(DesktopTest):
         daemon.click(number)
         self.wait_for_reminder(self.adopted_program())
 
+    def test_the_program_starts_an_agent_that_was_killed_while_reminders_wait(self):
+        wanted = request(in_time(24 * 3600))
+        self.agent.start()
+        self.agent.add(wanted)
+        self.agent.kill()
+        self.start()
+        self.connection.wait_for_owner(SERVICE)
+        self.assertEqual(self.agent.pending(), [wanted])
+
     def test_a_daemon_that_people_use_shows_the_note_as_plain_text_and_tells_of_the_click(self):
         environment = self.home.environment | self.session.environment
         configuration = self.home.path / "dunstrc"
