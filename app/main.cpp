@@ -126,5 +126,6 @@ int main(int argc, char** argv)
 
     delegate.applicationWillFinishLaunching();
     delegate.applicationDidFinishLaunching();
+    notificationCenter.startAgentForReminders();
     return QApplication::exec();
 }

@@ -100,7 +100,9 @@ void NotificationDaemon::activationTokenGiven(uint id, const QString& token)
     m_token = token;
 }
 
-void NotificationDaemon::notificationClosed(uint id, uint)
+void NotificationDaemon::notificationClosed(uint id, uint reason)
 {
-    Q_EMIT closed(id);
+    constexpr uint dismissed = 2; // 1 has expired, 4 is undefined: that of a daemon which ends, for one
+    constexpr uint closedByCall = 3;
+    Q_EMIT closed(id, reason == dismissed || reason == closedByCall ? Closing::Wanted : Closing::ByItself);
 }

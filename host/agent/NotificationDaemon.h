@@ -20,6 +20,11 @@ public:
         bool clickable = false; ///< the daemon tells of clicks
     };
 
+    enum class Closing {
+        Wanted,   ///< somebody dismissed it or had it closed
+        ByItself, ///< the daemon let it go, whether it was seen or not
+    };
+
     /// nullopt when there is no daemon or it refused. Not called any more once the object is gone.
     using Completion = std::function<void(const std::optional<Shown>& shown)>;
 
@@ -34,7 +39,7 @@ public:
 Q_SIGNALS:
     /// `activationToken` lets the program that is brought up take the keyboard; it may be empty.
     void clicked(uint id, const QString& activationToken);
-    void closed(uint id);
+    void closed(uint id, NotificationDaemon::Closing closing);
     void gone();
     void appeared();
 

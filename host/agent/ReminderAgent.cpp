@@ -14,7 +14,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto lingerTime = 3s; // whoever started it by way of the bus is about to call
+constexpr auto lingerTime = 3s;                           // whoever started it by way of the bus is about to call
+constexpr qsizetype largestRequest = qsizetype{16} << 20; // bytes; see the largest file in ReminderList.cpp
 
 } // namespace
 
@@ -49,6 +50,10 @@ bool ReminderAgent::hasNothingToDo() const
 
 void ReminderAgent::AddRequest(const QByteArray& request)
 {
+    if (request.size() > largestRequest) {
+        sendErrorReply(QDBusError::LimitsExceeded, QStringLiteral("The request is too large"));
+        return;
+    }
     const std::optional<NotificationRequest> parsed = NotificationRequestFormat::requestFromBytes(request);
     if (!parsed || parsed->trigger.repeats) {
         sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("Not a request for one moment"));
@@ -57,6 +62,9 @@ void ReminderAgent::AddRequest(const QByteArray& request)
     std::error_code error = m_autostart.enable();
     if (!error) {
         error = m_reminders.add(*parsed);
+    }
+    if (error && m_reminders.empty()) {
+        m_autostart.disable();
     }
     if (error) {
         sendErrorReply(QDBusError::Failed, QString::fromStdString(error.message()));
@@ -126,6 +134,9 @@ void ReminderAgent::shown(const QString& identifier, const std::optional<Notific
     }
     notification->beingShown = false;
     notification->id = result ? result->id : 0;
+    if (std::exchange(notification->retryIfRefused, false) && !result) {
+        notification->upToDate = false;
+    }
     if (result && notification->upToDate) {
         m_reminders.setAnnounced(identifier);
         if (!result->clickable) {
@@ -163,7 +174,7 @@ void ReminderAgent::clicked(uint id, const QString& activationToken)
         activationToken);
 }
 
-void ReminderAgent::closed(uint id)
+void ReminderAgent::closed(uint id, NotificationDaemon::Closing closing)
 {
     const QString identifier = identifierOf(id);
     const auto notification = m_notifications.find(identifier);
@@ -171,7 +182,7 @@ void ReminderAgent::closed(uint id)
         return;
     }
     notification->id = 0;
-    if (!notification->clicked) {
+    if (!notification->clicked && closing == NotificationDaemon::Closing::Wanted) {
         dismiss({identifier});
         update();
     }
@@ -187,7 +198,11 @@ void ReminderAgent::daemonGone()
 void ReminderAgent::daemonAppeared()
 {
     for (Notification& notification : m_notifications) {
-        notification.upToDate = false;
+        if (notification.beingShown) { // the bus may have started this daemon to show it
+            notification.retryIfRefused = true;
+        } else {
+            notification.upToDate = false;
+        }
     }
     update();
 }

@@ -18,7 +18,8 @@
 /// request goes over the bus as the property list of NotificationRequestFormat.h.
 ///
 /// A delivered reminder stays until it is clicked, dismissed or taken back. Until then it is shown again, without
-/// a sound, when the daemon that showed it is gone and another one comes, after a restart of the machine too.
+/// a sound, when the daemon that showed it is gone and another one comes, after a restart of the machine too. So is one
+/// that the daemon let go by itself.
 class ReminderAgent : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "app.velumora.ReminderAgent1")
@@ -53,15 +54,16 @@ private:
     struct Notification {
         uint id = 0; ///< 0 while the daemon shows none
         bool beingShown = false;
-        bool upToDate = false; ///< the daemon shows it as it is, has refused it, or is about to answer
-        bool clicked = false;  ///< the program is being told
+        bool upToDate = false;       ///< the daemon shows it as it is, has refused it, or is about to answer
+        bool retryIfRefused = false; ///< a daemon has come since it was sent
+        bool clicked = false;        ///< the program is being told
     };
 
     void update();
     void show(const QString& identifier);
     void shown(const QString& identifier, const std::optional<NotificationDaemon::Shown>& result);
     void clicked(uint id, const QString& activationToken);
-    void closed(uint id);
+    void closed(uint id, NotificationDaemon::Closing closing);
     void daemonGone();
     void daemonAppeared();
     void dismiss(const QStringList& identifiers);

@@ -6,6 +6,8 @@
 #include "store/Files.h"
 #include "store/PropertyList.h"
 
+#include <QDir>
+
 #include <algorithm>
 #include <cerrno>
 #include <utility>
@@ -68,13 +70,42 @@ std::error_code makePrivateFolder(const fs::path& folder)
     return {};
 }
 
+/// Gives a file that cannot be read another name, so that no later one takes its place.
+void keepAside(const fs::path& file)
+{
+    std::error_code ignored; // what cannot be renamed cannot be replaced either
+    if (fs::is_regular_file(file, ignored) && !fs::is_empty(file, ignored)) {
+        fs::path aside = file;
+        aside += ".unreadable";
+        fs::rename(file, aside, ignored);
+        syncFolder(file.parent_path());
+    }
+}
+
+fs::path stateFolder()
+{
+    const QString folder = qEnvironmentVariable("XDG_STATE_HOME");
+    if (folder.startsWith(QLatin1Char('/'))) { // a relative one is to be ignored
+        return folder.toStdString();
+    }
+    return fs::path(QDir::homePath().toStdString()) / ".local" / "state";
+}
+
 } // namespace
+
+fs::path usersReminderFile()
+{
+    return stateFolder() / "velumora" / "Reminders";
+}
 
 void ReminderList::load()
 {
     removeStaleTemporaries(m_file.parent_path(), m_file.filename().native());
     std::optional<FileContent> content = readFile(m_file, maximumFileSize);
     const std::optional<Table> table = content ? PropertyList::readTableInPlace(content->bytes()) : std::nullopt;
+    if (!table) {
+        keepAside(m_file);
+    }
     for (const Value& value : table.value_or(Table())) {
         if (std::optional<Reminder> reminder = reminderFrom(value)) {
             put(*std::move(reminder));

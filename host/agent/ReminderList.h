@@ -23,6 +23,10 @@ struct Reminder {
     bool operator==(const Reminder&) const = default;
 };
 
+/// Where the agent of this user keeps its list: in the state folder of the XDG Base Directory Specification 0.8. There
+/// is such a file only while the agent has something to do.
+std::filesystem::path usersReminderFile();
+
 /// The pending and the delivered requests, kept in one file that only the user can read. There is at most one of each
 /// state for an identifier. Every change is on the disk, whole, when the call returns; a program that is killed in
 /// between leaves the file as it was.
@@ -30,7 +34,9 @@ class ReminderList {
 public:
     explicit ReminderList(std::filesystem::path file) : m_file(std::move(file)) {}
 
-    /// Takes what the file holds: no property list, and entries that are no requests, count as none.
+    /// Takes what the file holds; entries that are no requests count as none. A file that cannot be read, is above
+    /// 64 MiB or is no property list counts as none too: it is kept beside as Reminders.unreadable, in the place of an
+    /// earlier one.
     void load();
 
     bool empty() const { return m_reminders.empty(); }

@@ -3,22 +3,12 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
-#include <QDir>
 #include <QStandardPaths>
 
 #include <cstdio>
 #include <cstdlib>
 
 namespace {
-
-std::filesystem::path stateFolder()
-{
-    const QString folder = qEnvironmentVariable("XDG_STATE_HOME");
-    if (folder.startsWith(QLatin1Char('/'))) { // a relative one is to be ignored
-        return folder.toStdString();
-    }
-    return std::filesystem::path(QDir::homePath().toStdString()) / ".local" / "state";
-}
 
 std::filesystem::path autostartFolder()
 {
@@ -36,7 +26,7 @@ int main(int argc, char** argv)
         std::fputs("velumora-reminder-agent: there is no session bus\n", stderr);
         return EXIT_FAILURE;
     }
-    ReminderAgent agent(bus, stateFolder() / "velumora" / "Reminders",
+    ReminderAgent agent(bus, usersReminderFile(),
                         AutostartEntry(autostartFolder(), QCoreApplication::applicationFilePath().toStdString()));
     bus.registerObject(QString::fromLatin1(ReminderAgent::path), &agent, QDBusConnection::ExportAllSlots);
     const QString service = QString::fromLatin1(ReminderAgent::service);

@@ -2,6 +2,7 @@
 #include "host/linux/BusNotificationCenter.h"
 
 #include "host/agent/NotificationRequestFormat.h"
+#include "host/agent/ReminderList.h"
 #include "host/linux/StartedService.h"
 
 #include <QDBusConnection>
@@ -10,14 +11,9 @@
 #include <QEventLoop>
 #include <QTimer>
 
-#include <chrono>
 #include <utility>
 
-using namespace std::chrono_literals;
-
 namespace {
-
-constexpr auto patienceAtTheEnd = 5s;
 
 const QString daemonService = QStringLiteral("org.freedesktop.Notifications");
 
@@ -53,7 +49,7 @@ BusNotificationCenter::~BusNotificationCenter()
     m_ending = true;
     QTimer patience;
     patience.setSingleShot(true);
-    patience.start(patienceAtTheEnd);
+    patience.start(StartedService::patience);
     QEventLoop loop;
     while (m_unanswered > 0 && patience.isActive()) {
         loop.processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
@@ -69,6 +65,12 @@ void BusNotificationCenter::requestAuthorization(NotificationOptions, std::funct
 
 void BusNotificationCenter::getNotificationSettings(std::function<void(AuthorizationStatus)> completion)
 {
+    if (!QDBusConnection::sessionBus().isConnected()) { // which would never answer
+        QMetaObject::invokeMethod(
+            this, [completion = std::move(completion)] { completion(AuthorizationStatus::Denied); },
+            Qt::QueuedConnection);
+        return;
+    }
     askBus<bool>(this, QStringLiteral("NameHasOwner"), {daemonService},
                  [this, completion = std::move(completion)](bool runs) {
                      if (runs) {
@@ -103,6 +105,14 @@ void BusNotificationCenter::removeDeliveredNotifications(const QStringList& iden
     message.setAutoStartService(false); // one that does not run shows nothing
     message << identifiers;
     QDBusConnection::sessionBus().asyncCall(message);
+}
+
+void BusNotificationCenter::startAgentForReminders()
+{
+    std::error_code ignored;
+    if (std::filesystem::exists(usersReminderFile(), ignored)) {
+        agent().call(agentMethod(QStringLiteral("PendingRequests")), [](const QDBusMessage&) {});
+    }
 }
 
 void BusNotificationCenter::reminderClicked(const QByteArray& request, const std::function<void(bool)>& done)

@@ -24,12 +24,15 @@ public:
     /// The desktop asks nobody: it is granted where a notification can be shown.
     void requestAuthorization(NotificationOptions options, std::function<void(bool)> completion) override;
 
-    /// Authorized where a notification daemon runs or can be started by the bus, else Denied.
+    /// Authorized where a notification daemon runs or can be started by the bus; else Denied, as where there is no bus.
     void getNotificationSettings(std::function<void(AuthorizationStatus)> completion) override;
 
     void addNotificationRequest(const NotificationRequest& request,
                                 std::function<void(const std::optional<QString>&)> completion) override;
     void removeDeliveredNotifications(const QStringList& identifiers) override;
+
+    /// Has the agent run where reminders wait for it: it may have been killed since login.
+    void startAgentForReminders();
 
     /// Passes a reminder that was clicked, as it goes over the bus, to the delegate. `done` tells whether it was one.
     void reminderClicked(const QByteArray& request, const std::function<void(bool)>& done);

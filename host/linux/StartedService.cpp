@@ -6,16 +6,12 @@
 #include <QDir>
 #include <QProcess>
 
-#include <chrono>
 #include <limits>
 #include <utility>
-
-using namespace std::chrono_literals;
 
 namespace {
 
 constexpr int noTimeout = std::numeric_limits<int>::max();
-constexpr auto patience = 30s; // a cold start from a slow disk included
 
 bool isAbsent(const QDBusMessage& reply)
 {
@@ -62,6 +58,15 @@ void StartedService::call(const QDBusMessage& message, Completion completion, co
 
 void StartedService::send(Call call)
 {
+    if (!m_bus.isConnected()) { // a call would never be answered
+        QMetaObject::invokeMethod(
+            this,
+            [call = std::move(call)] {
+                call.completion(call.message.createErrorReply(QDBusError::Disconnected, QStringLiteral("No bus")));
+            },
+            Qt::QueuedConnection);
+        return;
+    }
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call.message, noTimeout), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, call = std::move(call)]() mutable {
         watcher->deleteLater();

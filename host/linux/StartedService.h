@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <vector>
 
@@ -16,6 +17,10 @@ class StartedService : public QObject {
     Q_OBJECT
 
 public:
+    /// How long a service that is being started may take to come: a cold start from a slow disk included. Whoever must
+    /// not end before a call has arrived waits as long.
+    static constexpr std::chrono::seconds patience{10};
+
     /// The reply, or the error, on the thread of the call. Not called any more once the object is gone.
     using Completion = std::function<void(const QDBusMessage& reply)>;
 

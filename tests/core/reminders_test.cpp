@@ -251,6 +251,29 @@ TEST_F(RemindersFile, OfAPartlyBadFileTheGoodRequestsCount)
     }
 }
 
+TEST_F(RemindersFile, AFileThatIsNoListIsKeptWhenTheNextOneIsWritten)
+{
+    std::filesystem::create_directories(file().parent_path());
+    for (const std::string bytes : {"text", "<plist><dict></dict></plist>", "bplist00\xff"}) {
+        put(file(), bytes);
+        ReminderList list = loaded();
+        ASSERT_FALSE(list.add(sampleRequest()));
+        EXPECT_EQ(bytesOf(file().parent_path() / "Reminders.unreadable"), bytes);
+        EXPECT_EQ(loaded().all(), list.all());
+    }
+}
+
+TEST_F(RemindersFile, AFileThatIsTooLargeIsKeptAside)
+{
+    constexpr std::uintmax_t size = (64 << 20) + 1;
+    std::filesystem::create_directories(file().parent_path());
+    put(file(), "<plist><array></array></plist>");
+    std::filesystem::resize_file(file(), size);
+    EXPECT_TRUE(loaded().empty());
+    EXPECT_FALSE(std::filesystem::exists(file()));
+    EXPECT_EQ(std::filesystem::file_size(file().parent_path() / "Reminders.unreadable"), size);
+}
+
 TEST_F(RemindersFile, AFileThatCannotBeWrittenLeavesTheListAsItWas)
 {
     put(file().parent_path().parent_path(), "a file where the folder would be");

@@ -86,6 +86,16 @@ class ReminderAgentTest(unittest.TestCase):
             self.agent.add(wanted, wanted)
         self.assertEqual(self.agent.pending(), [wanted])
 
+    def test_a_request_above_the_limit_is_refused_and_changes_nothing(self):
+        self.agent.start()
+        whole = plistlib.dumps([request(next_week())])
+        limit = 16 * 1024 * 1024
+        with self.assertRaisesRegex(GLib.Error, "LimitsExceeded"):
+            self.agent.add_bytes(whole + b" " * (limit + 1 - len(whole)))
+        self.assertEqual(self.agent.pending(), [])
+        self.agent.add_bytes(whole + b" " * (limit - len(whole)))
+        self.assertEqual(len(self.agent.pending()), 1)
+
     def test_a_request_that_cannot_be_written_is_refused_with_the_reason(self):
         self.agent.file.parent.mkdir(parents=True)
         self.agent.file.mkdir()
@@ -95,6 +105,7 @@ class ReminderAgentTest(unittest.TestCase):
             self.agent.add(request(next_week()))
         self.assertEqual(self.agent.pending(), [])
         self.assertEqual([path.name for path in self.agent.file.parent.iterdir()], ["Reminders"])
+        self.assertFalse(self.agent.autostart.exists())
         self.assertEqual(self.agent.wait_for_end(), 0)
 
     def test_a_broken_file_is_no_request(self):
@@ -199,6 +210,20 @@ class ReminderAgentTest(unittest.TestCase):
         self.agent.add(request(next_week()))
         self.assertEqual(len(daemon.shown), 1, "a new request leaves the delivered one")
 
+    def test_a_daemon_that_the_bus_starts_shows_a_reminder_once(self):
+        called = self.session.directory / "daemon-called"
+        stays = 'touch "$0"; while [ -e "$0" ]; do sleep 0.1; done'
+        with self.session.activatable("org.freedesktop.Notifications", "/bin/sh", "-c", stays, str(called)):
+            self.agent.start()
+            self.agent.add(request(in_time(-60), "First"))
+            pump_until(called.exists, "the bus to start the daemon")
+            daemon = self.daemon()
+            pump_until(lambda: self.agent.in_file()[0]["Announced"], "the agent to know")
+            self.agent.add(request(in_time(-60), "Second", identifier="other"))
+            pump_until(lambda: len(daemon.notified) > 1, "the second reminder")
+            self.assertEqual([shown["body"].split(":")[1] for shown in daemon.notified], ["First", "Second"])
+        called.unlink()
+
     def test_a_daemon_that_refuses_is_not_asked_again_but_the_next_one_is(self):
         daemon = self.daemon()
         daemon.refusing = True
@@ -219,6 +244,22 @@ class ReminderAgentTest(unittest.TestCase):
         daemon.die()
         _, shown = self.daemon().wait_for_notification()
         self.assertEqual(shown["hints"], {"desktop-entry": "velumora", "urgency": 1, "suppress-sound": True})
+
+    def test_what_a_daemon_let_go_by_itself_is_shown_by_the_next_one_without_a_sound(self):
+        daemon = self.daemon()
+        self.agent.start()
+        wanted = request(in_time(-60))
+        self.agent.add(wanted)
+        for reason in (NotificationDaemon.EXPIRED, NotificationDaemon.UNDEFINED):
+            number, _ = daemon.wait_for_notification()
+            pump_until(lambda: self.agent.in_file()[0]["Announced"], "the agent to know")
+            daemon.close(number, reason)
+            daemon.die()
+            daemon = self.daemon()
+            _, shown = daemon.wait_for_notification()
+            self.assertEqual(shown["replaces"], 0)
+            self.assertIn("suppress-sound", shown["hints"])
+            self.assertEqual(self.agent.delivered(), [wanted])
 
     def test_a_later_delivery_takes_the_place_of_the_one_on_the_screen(self):
         daemon = self.daemon()

@@ -127,6 +127,15 @@ class RemindersTest(DesktopTest):
         daemon.click(number)
         self.wait_for_reminder(self.adopted_program())
 
+    def test_the_program_starts_an_agent_that_was_killed_while_reminders_wait(self):
+        wanted = request(in_time(24 * 3600))
+        self.agent.start()
+        self.agent.add(wanted)
+        self.agent.kill()
+        self.start()
+        self.connection.wait_for_owner(SERVICE)
+        self.assertEqual(self.agent.pending(), [wanted])
+
     def test_a_daemon_that_people_use_shows_the_note_as_plain_text_and_tells_of_the_click(self):
         environment = self.home.environment | self.session.environment
         configuration = self.home.path / "dunstrc"
@@ -186,11 +195,24 @@ class RemindersTest(DesktopTest):
             daemon.click(number)
             self.wait_for_reminder(self.adopted_program())
 
-    def test_without_a_session_bus_the_program_runs(self):
+    def test_without_a_session_bus_the_program_runs_and_a_reminder_is_refused(self):
+        window = self.start()
+        x, y, width, height = window.find("table cell", f"Note: {TEXT}").rectangle
+        window.quit()
+        # Nor is there an accessibility bus then: the same place is clicked in the same window, and titles tell the rest.
+        environment = self.home.environment | self.session.environment
         process = self.session.processes.start(
-            [str(self.program)], env=self.home.environment | self.session.environment
-            | {"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"})
+            [str(self.program)], env=environment | {"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"})
+
+        def xdotool(*command):
+            return subprocess.run(["xdotool", *command], check=False, stdin=subprocess.DEVNULL, capture_output=True,
+                                  text=True, env=environment).stdout
+
         pump_until(self.session.screen.painted_window, "the window")
+        pump_until(lambda: self.active_process() == process.pid, "the window to have the keyboard")
+        xdotool("mousemove", str(x + width // 2), str(y + height // 2), "click", "3", "key", "--delay", "8", "Down",
+                "Return")
+        pump_until(lambda: xdotool("search", "--onlyvisible", "--name", "^Failed to post notification"), "the sheet")
         self.assertEqual(self.session.processes.end(process), 0)
 
     def test_a_program_that_ends_at_once_has_handed_its_reminder_over(self):
@@ -199,7 +221,7 @@ class RemindersTest(DesktopTest):
         folder.mkdir()
         shutil.copy(self.program, folder / "velumora")
         slow_agent = folder / "velumora-reminder-agent"
-        slow_agent.write_text(f"#!/bin/sh\nsleep 2\nexec {self.program}-reminder-agent\n")
+        slow_agent.write_text(f"#!/bin/sh\nsleep 6\nexec {self.program}-reminder-agent\n")
         slow_agent.chmod(0o755)
         window = Application(self.session, self.home, folder / "velumora")
         self._running.append(window)

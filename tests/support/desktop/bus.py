@@ -65,6 +65,9 @@ class Connection:
 class NotificationDaemon:
     """A stand-in for a desktop's notification daemon. It shows what it is told and does what a person would."""
 
+    # Why a notification is gone.
+    EXPIRED, DISMISSED, CLOSED_BY_CALL, UNDEFINED = 1, 2, 3, 4
+
     _INTERFACE = "org.freedesktop.Notifications"
     _PATH = "/org/freedesktop/Notifications"
     _DESCRIPTION = """<node><interface name="org.freedesktop.Notifications">
@@ -102,15 +105,17 @@ class NotificationDaemon:
         self.dismiss(number)
 
     def dismiss(self, number):
+        self.close(number, self.DISMISSED)
+
+    def close(self, number, reason):
         if self.shown.pop(number, None) is not None:
-            self._signal("NotificationClosed", "(uu)", number, 2)
+            self._signal("NotificationClosed", "(uu)", number, reason)
 
     def _handle(self, method, parameters):
         if method == "GetCapabilities":
             return GLib.Variant("(as)", (self.capabilities,))
         if method == "CloseNotification":
-            if self.shown.pop(parameters[0], None) is not None:
-                self._signal("NotificationClosed", "(uu)", parameters[0], 3)
+            self.close(parameters[0], self.CLOSED_BY_CALL)
             return None
         notification = dict(zip(self._FIELDS, parameters))
         self.notified.append(notification)
