@@ -245,12 +245,12 @@ TEST_F(AlertTest, AShortBodyDoesNotScroll)
 
 TEST_F(AlertTest, AFewLinesDoNotScrollWhateverLineEndsTheyHave)
 {
-    for (const char* headline : {"Reminder 'Fly'\r\rscheduled for date: Jul 4, 2024", "one line", "a\nb\nc\nd"}) {
+    for (const char* shownHeadline : {"Reminder 'Fly'\r\rscheduled for date: Jul 4, 2024", "one line", "a\nb\nc\nd"}) {
         Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(
             QStringLiteral("When the Notification Center reminder appears, click on it to open the note with Velumora"),
-            QString::fromLatin1(headline), ok, {}));
+            QString::fromLatin1(shownHeadline), ok, {}));
         runQueued();
-        EXPECT_EQ(shown.findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0) << headline;
+        EXPECT_EQ(shown.findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0) << shownHeadline;
         press(shown, Qt::Key_Return);
         runQueued();
     }
