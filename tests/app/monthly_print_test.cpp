@@ -2,6 +2,7 @@
 // The printed month, read back by other programs (poppler's tools).
 #include "calendar/MonthlyGrid.h"
 #include "support/AppFixture.h"
+#include "support/FileSizeLimit.h"
 #include "support/Screenshot.h"
 
 #include <QDir>
@@ -10,10 +11,6 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
-
-#include <csignal>
-
-#include <sys/resource.h>
 
 namespace {
 
@@ -24,28 +21,6 @@ const std::string longNote = "Hoffmann, Effi, find: " + [] {
     }
     return words;
 }();
-
-/// Lets no file grow beyond a size: a write stops in the middle, as on a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) : m_oldHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        const rlimit limited{bytes, m_old.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldHandler);
-    }
-
-private:
-    rlimit m_old{};
-    void (*m_oldHandler)(int);
-};
 
 class MonthlyPrintTest : public AppFixture {
 protected:
@@ -257,18 +232,18 @@ TEST_F(MonthlyPrintTest, TheNextPrintBeginsByRemovingTheLast)
     EXPECT_TRUE(text().contains(QStringLiteral("April 2024")));
     EXPECT_EQ(host.workspace.opened.size(), 2);
     {
-        const FullDisk full(1000);
+        const FileSizeLimit full(1000);
         ui->monthlyViewPrintBtn->click();
     }
     EXPECT_FALSE(QFile::exists(file())) << "the last one goes before the next is written";
 }
 
-TEST_F(MonthlyPrintTest, AFullDiskLeavesNoPartOfAFile)
+TEST_F(MonthlyPrintTest, AFileSizeLimitLeavesNoPartOfAFile)
 {
     start();
     ui->monthlyViewPageAction->trigger();
     {
-        const FullDisk full(1000);
+        const FileSizeLimit full(1000);
         ui->monthlyViewPrintBtn->click();
     }
     EXPECT_EQ(filesLeft(), QStringList());

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "core/store_fixture.h"
 #include "store/DataFolder.h"
+#include "support/FileSizeLimit.h"
 
-#include <csignal>
 #include <cstdio>
 
 #include <fcntl.h>
 #include <sched.h>
 #include <sys/fsuid.h>
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -32,28 +31,6 @@ protected:
     TestFolder m_home;
     StillClock m_clock;
     DataFolder m_folder{m_home.path(), m_clock};
-};
-
-/// Lets no file grow beyond `bytes`: a write stops in the middle, as on a full disk.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        const rlimit limited{bytes, m_old.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_old);
-        (void)std::signal(SIGXFSZ, m_handler);
-    }
-
-private:
-    void (*m_handler)(int);
-    rlimit m_old{};
 };
 
 /// Makes this thread meet file permissions as an ordinary user does, also where the tests run as root.
