@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "support/PinnedFonts.h"
+
 #include <QApplication>
 #include <gtest/gtest.h>
 
@@ -7,6 +9,7 @@ int main(int argc, char** argv)
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    pinFonts();
     ::testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
     QApplication::setStyle(QStringLiteral("Fusion"));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/Appearance.h"
+#include "support/PinnedFonts.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>
@@ -9,6 +10,7 @@ int main(int argc, char** argv)
     // No test of this kind needs or touches the desktop that it runs on.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_SCALE_FACTOR");
+    pinFonts();
     const QApplication application(argc, argv);
     Q_INIT_RESOURCE(velumora); // it stands in a library
     applyStyle();

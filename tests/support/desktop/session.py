@@ -13,6 +13,8 @@ from .processes import Processes
 from .screen import Screen
 from .waiting import wait_until
 
+_FONTS = pathlib.Path(__file__).resolve().parents[1] / "fonts"
+
 # What a test needs the bus to start, and nothing else that the machine happens to have.
 _ACCESSIBILITY_SERVICES = ("org.a11y.Bus.service", "org.a11y.atspi.Registry.service")
 _BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
@@ -78,7 +80,12 @@ class Session:
     def environment(self):
         """What a program needs to run in this session."""
         return {"DISPLAY": self.display, "DBUS_SESSION_BUS_ADDRESS": self.bus_address, "QT_QPA_PLATFORM": "xcb",
-                "DBUS_SYSTEM_BUS_ADDRESS": f"unix:path={self.directory}/no-system-bus"}
+                "DBUS_SYSTEM_BUS_ADDRESS": f"unix:path={self.directory}/no-system-bus"} | self.fonts("dejavu")
+
+    @staticmethod
+    def fonts(name):
+        """The environment in which the fonts of one configuration in tests/support/fonts are the only ones."""
+        return {"FONTCONFIG_FILE": str(_FONTS / f"{name}.conf")}
 
     def end_bus(self):
         """As at the end of a login session."""
