@@ -11,12 +11,10 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QMouseEvent>
-#include <QScrollBar>
+#include <QStyle>
 #include <QTextBlock>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -68,36 +66,30 @@ void insertHonestly(QTextCursor& cursor, const QString& text)
 } // namespace
 
 CellEditor::CellEditor(const QString& text, double lineHeight, QWidget* parent)
-    : QPlainTextEdit(parent), m_layout(new FixedLineLayout(*document(), lineHeight)), m_text(text)
+    : QTextEdit(parent), m_layout(new FixedLineLayout(*document(), lineHeight)), m_text(text)
 {
     setFrameShape(QFrame::NoFrame);
-    setLineWrapMode(QPlainTextEdit::NoWrap);
+    setLineWrapMode(QTextEdit::NoWrap);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFont(cellFont());
+    setAcceptRichText(false);
 
     document()->setDocumentLayout(m_layout);
     document()->setDocumentMargin(0);
     document()->setDefaultFont(cellFont());
+    setCursorWidth(style()->pixelMetric(QStyle::PM_TextCursorWidth, nullptr, this));
     document()->setUndoRedoEnabled(false);
     QTextCursor cursor(document());
     insertHonestly(cursor, text);
     document()->setUndoRedoEnabled(true);
 
-    connect(this, &QPlainTextEdit::textChanged, this, &CellEditor::noticeChange);
-    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &CellEditor::keepFirstLine);
-    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &CellEditor::keepFirstLine);
+    connect(this, &QTextEdit::textChanged, this, &CellEditor::noticeChange);
 }
 
 void CellEditor::setFirstLine(int line)
 {
-    m_firstLine = line;
-    keepFirstLine();
-}
-
-void CellEditor::keepFirstLine()
-{
-    verticalScrollBar()->setValue(m_firstLine);
+    m_layout->setFirstLine(line);
 }
 
 int CellEditor::caretLine() const
@@ -175,7 +167,7 @@ bool CellEditor::event(QEvent* event)
         event->accept(); // Escape ends the edit; it does not close the window
         return true;
     }
-    return QPlainTextEdit::event(event);
+    return QTextEdit::event(event);
 }
 
 void CellEditor::keyPressEvent(QKeyEvent* event)
@@ -197,7 +189,7 @@ void CellEditor::keyPressEvent(QKeyEvent* event)
     default:
         break;
     }
-    QPlainTextEdit::keyPressEvent(event);
+    QTextEdit::keyPressEvent(event);
 }
 
 void CellEditor::inputMethodEvent(QInputMethodEvent* event)
@@ -205,53 +197,35 @@ void CellEditor::inputMethodEvent(QInputMethodEvent* event)
     const QString commit = event->commitString();
     const QString clean = withoutForbiddenXmlCharacters(commit);
     if (clean == commit && std::none_of(clean.begin(), clean.end(), [](QChar c) { return endsLine(c.unicode()); })) {
-        QPlainTextEdit::inputMethodEvent(event);
+        QTextEdit::inputMethodEvent(event);
         return;
     }
     QInputMethodEvent rest(event->preeditString(), event->attributes());
     rest.setCommitString({}, event->replacementStart(), event->replacementLength());
-    QPlainTextEdit::inputMethodEvent(&rest);
+    QTextEdit::inputMethodEvent(&rest);
     insertTyped(clean);
     event->accept();
 }
 
+QVariant CellEditor::inputMethodQuery(Qt::InputMethodQuery property) const
+{
+    return inputMethodQuery(property, {});
+}
+
+QVariant CellEditor::inputMethodQuery(Qt::InputMethodQuery property, const QVariant& argument) const
+{
+    const QVariant answer = QTextEdit::inputMethodQuery(property, argument);
+    if (property != Qt::ImCursorRectangle && property != Qt::ImAnchorRectangle) {
+        return answer;
+    }
+    const QTextCursor caret = textCursor();
+    const int place = property == Qt::ImCursorRectangle ? caret.position() : caret.anchor();
+    const QRectF found = answer.toRectF(); // as high as its font
+    const double top = m_layout->blockBoundingRect(document()->findBlock(place)).top();
+    return QRectF(found.left(), top, found.width(), m_layout->lineHeight());
+}
+
 // The pointer
-
-/// `position` moved to the middle of its line, so that the points between two lines belong to the upper one.
-QPointF CellEditor::inLine(QPointF position) const
-{
-    const double height = m_layout->lineHeight();
-    return {position.x(), (std::floor(position.y() / height) + 0.5) * height};
-}
-
-QMouseEvent CellEditor::inLine(const QMouseEvent& event) const
-{
-    return {event.type(),   inLine(event.position()), event.scenePosition(), event.globalPosition(),
-            event.button(), event.buttons(),          event.modifiers(),     event.pointingDevice()};
-}
-
-QTextCursor CellEditor::caretAt(QPoint position) const
-{
-    return cursorForPosition(inLine(position).toPoint());
-}
-
-void CellEditor::mousePressEvent(QMouseEvent* event)
-{
-    QMouseEvent moved = inLine(*event);
-    QPlainTextEdit::mousePressEvent(&moved);
-}
-
-void CellEditor::mouseMoveEvent(QMouseEvent* event)
-{
-    QMouseEvent moved = inLine(*event);
-    QPlainTextEdit::mouseMoveEvent(&moved);
-}
-
-void CellEditor::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    QMouseEvent moved = inLine(*event);
-    QPlainTextEdit::mouseDoubleClickEvent(&moved);
-}
 
 void CellEditor::contextMenuEvent(QContextMenuEvent* event)
 {
@@ -267,7 +241,6 @@ void CellEditor::wheelEvent(QWheelEvent* event)
 
 void CellEditor::resizeEvent(QResizeEvent* event)
 {
-    m_layout->setViewWidth(viewport()->width());
-    QPlainTextEdit::resizeEvent(event);
-    keepFirstLine();
+    m_layout->setViewSize(viewport()->size());
+    QTextEdit::resizeEvent(event);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QPlainTextEdit>
+#include <QTextEdit>
 
 class FixedLineLayout;
 
@@ -12,7 +12,7 @@ class FixedLineLayout;
 /// A text is read back as it was written but for what was edited: every newline character that was not touched (CR, LF,
 /// CR LF, U+2028, ...) is still the one it was, through undo and redo as well. New lines are LF; pasted ones stay what
 /// they are. Characters that XML 1.0 cannot carry are left out of what is typed or pasted.
-class CellEditor : public QPlainTextEdit {
+class CellEditor : public QTextEdit {
     Q_OBJECT
 
 public:
@@ -30,8 +30,11 @@ public:
 
     int caretLine() const;
 
-    /// The place in the text at `position`, a point of this widget.
-    QTextCursor caretAt(QPoint position) const;
+    QVariant inputMethodQuery(Qt::InputMethodQuery property) const override;
+
+    /// The same; an input method asks for this one by its name. Places are those of whole lines, so that its window
+    /// stands clear of the line that is written.
+    Q_INVOKABLE QVariant inputMethodQuery(Qt::InputMethodQuery property, const QVariant& argument) const;
 
 Q_SIGNALS:
     void edited(); ///< text() is another
@@ -47,22 +50,15 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
     QString textBetween(int from, int to) const;
     void insertTyped(const QString& text);
-    void keepFirstLine();
     void noticeChange();
-    QPointF inLine(QPointF position) const;
-    QMouseEvent inLine(const QMouseEvent& event) const;
 
     FixedLineLayout* m_layout;
     QString m_text;
-    int m_firstLine = 0;
     bool m_edited = false;
 };

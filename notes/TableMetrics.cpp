@@ -7,6 +7,7 @@
 #include <QFontMetricsF>
 #include <QTextDocument>
 
+#include <algorithm>
 #include <cmath>
 
 QFont cellFont()
@@ -19,7 +20,10 @@ QFont cellFont()
 int baselineInLine(const QFont& font, double lineHeight)
 {
     const QFontMetricsF metrics(font);
-    return static_cast<int>(std::lround((lineHeight - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent()));
+    const double middle = std::round((lineHeight - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent());
+    const double lowest =
+        std::floor(lineHeight - metrics.descent()); // in a font higher than the line no descender is cut
+    return static_cast<int>(std::min(middle, lowest));
 }
 
 QString plainToolTip(const QString& text)

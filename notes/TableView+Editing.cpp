@@ -80,7 +80,7 @@ QWidget* TableView::makeEditor(Cell cell)
     connect(editor, &CellEditor::endRequested, this, &TableView::endEditing);
     connect(editor, &CellEditor::moveRequested, this, &TableView::moveEdit);
     connect(editor, &CellEditor::menuRequested, this, &TableView::openEditorMenu);
-    connect(editor, &QPlainTextEdit::cursorPositionChanged, this, &TableView::showCaret);
+    connect(editor, &QTextEdit::cursorPositionChanged, this, &TableView::showCaret);
     return editor;
 }
 
@@ -99,7 +99,7 @@ void TableView::placeCaret(std::optional<QPoint> clicked)
     QTextCursor caret = editor->textCursor();
     caret.movePosition(QTextCursor::End);
     if (clicked) {
-        caret = editor->caretAt(editor->mapFrom(viewport(), *clicked));
+        caret = editor->cursorForPosition(editor->mapFrom(viewport(), *clicked));
     }
     editor->setTextCursor(caret);
     showCaret();
@@ -155,6 +155,10 @@ void TableView::editorTextChanged()
     if (CellEditor* const editor = textEditor(); editor && m_delegate) {
         m_delegate->controlTextDidChange(*editor);
     }
+    if (m_edit && rectOfRow(m_edit->row).height() <= viewport()->height()) {
+        scrollRowToVisible(m_edit->row); // the row may have grown past the edge
+    }
+    showCaret();
 }
 
 QWidget* TableView::viewAt(int column, int row) const
