@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int textColumn = 1;
+constexpr int patience = 20'000; // milliseconds
 
 } // namespace
 
@@ -55,7 +56,8 @@ protected:
 
     void waitForTexts(const std::vector<std::string>& texts)
     {
-        ASSERT_TRUE(QTest::qWaitFor([&] { return draftTexts() == texts; })) << testing::PrintToString(draftTexts());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return draftTexts() == texts; }, patience))
+            << testing::PrintToString(draftTexts());
     }
 
     /// The delegate goes without having been told that the program ends.
@@ -99,11 +101,13 @@ TEST_F(DraftTest, IsWrittenDuringContinuousTyping)
     typeInto(*ui->notesTableView, 0, QString());
     auto* editor = qobject_cast<CellEditor*>(ui->notesTableView->viewAt(textColumn, 0));
     ASSERT_TRUE(editor);
-    // Never two seconds without a key.
-    ASSERT_TRUE(QTest::qWaitFor([&] {
-        QTest::keyClicks(editor, QStringLiteral("x"));
-        return draftIsWritten();
-    }));
+    // Hardly a moment without a key, which would put a timer off that each key starts anew.
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] {
+            QTest::keyClicks(editor, QStringLiteral("x"));
+            return draftIsWritten();
+        },
+        patience));
 }
 
 TEST_F(DraftTest, IsGoneOnceEverythingIsSaved)
