@@ -7,6 +7,8 @@
 #include "host/ProcessInfo.h"
 #include "host/UserDefaults.h"
 #include "host/UserNotificationCenter.h"
+#include "notes/CellEditor.h"
+#include "notes/TableView.h"
 #include "store/Record.h"
 #include "ui_MainWindow.h"
 
@@ -105,11 +107,28 @@ void AppDelegate::applicationWillTerminate()
     m_minuteTimer.stop();
     m_ui.notesTableView->endEditing();
     m_ui.importantDatesTableView->endEditing();
-    if (eventsTVData && !eventsTVData->isEmpty()) {
-        m_saves.save(eventsTVData, std::string(EventsFileName));
-    }
+    saveEvents();
     deleteMonthlyPrintFile();
-    m_saves.waitUntilDone();
+    waitForReports();
+}
+
+void AppDelegate::machineWillShutDown()
+{
+    m_ui.notesTableView->endEditing();
+    m_ui.importantDatesTableView->endEditing();
+    saveEvents();
+    buttonEnableDisable(*m_ui.importantDateSaveBtn, false);
+    waitForReports();
+}
+
+void AppDelegate::processWillExit()
+{
+    if (const int row = m_ui.notesTableView->editedRow(); row >= 0) {
+        const auto* editor = m_ui.notesTableView->findChild<CellEditor*>();
+        takeInNote(row, editor && editor->isEdited());
+    }
+    saveEvents();
+    waitForReports();
 }
 
 void AppDelegate::didSelectTabViewItem(QWidget& page)

@@ -6,6 +6,7 @@
 #include "calendar/MiniCalendarGrid.h"
 #include "host/ClockMonitor.h"
 #include "host/GlobalDefaults.h"
+#include "host/ShutdownMonitor.h"
 #include "notes/SegmentedControl.h"
 #include "notes/TextLines.h"
 #include "store/Record.h"
@@ -56,7 +57,11 @@ AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, cons
     : m_window(myMainWindow), m_ui(layout), m_prefsLayout(std::make_unique<Ui::PreferencesSheet>()),
       m_prefsSheet(new QDialog(&myMainWindow)), m_holidayLayout(std::make_unique<Ui::HolidaySheet>()),
       m_holidaySheet(new QDialog(&myMainWindow)), m_host(host),
-      m_folder(host.applicationSupport, DateEnvironment::clock()), m_saves(m_folder)
+      m_folder(host.applicationSupport, DateEnvironment::clock()), m_draftFile(host.stateFolder),
+      m_saves(m_folder, [this](const SaveResult& result) {
+          QMetaObject::invokeMethod(
+              this, [this, result] { saveHasEnded(result); }, Qt::QueuedConnection);
+      })
 {
     m_prefsLayout->setupUi(m_prefsSheet);
     m_holidayLayout->setupUi(m_holidaySheet);
@@ -142,6 +147,10 @@ void AppDelegate::connectActions()
     connect(&m_minuteTimer, &QTimer::timeout, this, &AppDelegate::minuteHasChanged);
     connect(&m_host.clockMonitor, &ClockMonitor::clockJumped, this, &AppDelegate::clockHasJumped);
     connect(&m_host.globalDefaults, &GlobalDefaults::didChange, this, &AppDelegate::appearanceHasChanged);
+    connect(&m_host.shutdownMonitor, &ShutdownMonitor::machineWillShutDown, this, &AppDelegate::machineWillShutDown);
+    m_draftTimer.setSingleShot(true);
+    m_draftTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_draftTimer, &QTimer::timeout, this, &AppDelegate::writeDraft);
 
     for (QRadioButton* choice : {m_prefsLayout->sundayPref, m_prefsLayout->mondayPref, m_prefsLayout->allVelumora,
                                  m_prefsLayout->currentMonthVelumora}) {

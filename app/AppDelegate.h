@@ -11,6 +11,7 @@
 #include "host/UserNotificationCenter.h"
 #include "notes/TableViewDelegate.h"
 #include "store/DataFolder.h"
+#include "store/DraftFile.h"
 #include "store/Record.h"
 #include "store/SaveQueue.h"
 #include "store/Value.h"
@@ -70,11 +71,17 @@ public:
     /// Closing the main window quits.
     static bool applicationShouldTerminateAfterLastWindowClosed() { return true; }
 
-    /// Waits until all that was saved is on the disk.
-    void waitForSaves() { m_saves.waitUntilDone(); }
+    /// Waits until all that was saved is on the disk, or was tried, and the draft with it.
+    void waitForSaves();
 
     /// Ends an edit in progress, saves the important dates, and waits until all that was saved is on the disk.
     void applicationWillTerminate();
+
+    /// The machine is about to be switched off: the same, but the program goes on.
+    void machineWillShutDown();
+
+    /// The same for a process that ends from within, without its display: touches nothing that is shown.
+    void processWillExit();
 
     /// Redraws the page that is being entered.
     void didSelectTabViewItem(QWidget& page);
@@ -153,6 +160,12 @@ public:
 
     /// The save command of the menu: what the enabled save buttons do.
     void saveAll();
+
+    /// Something that is not saved has changed: the draft follows shortly.
+    void draftHasChanged();
+
+    /// Shows what an earlier run left unsaved, if it did.
+    void offerDraft();
 
     // --- Mini calendar -----------------------------------------------------------------------------------------------
 
@@ -303,6 +316,27 @@ private:
     void configureTables();
     void redrawPage(const QWidget& page);
 
+    /// What is known of one file.
+    struct SaveState {
+        struct Failure {
+            Date since;
+            QString toolTip; ///< of the button before
+        };
+        Table onDisk;
+        std::optional<Failure> failure;
+    };
+    void saveEvents();
+    void waitForReports();
+    void saveHasEnded(const SaveResult& result);
+    void showSaveFailure(QAbstractButton& button, SaveState& state, std::error_code error);
+    void resetSaveFailure(QAbstractButton& button, SaveState& state, bool hasChanges);
+
+    std::optional<DatedText> editedNote() const;
+    void writeDraft();
+    void readDraft();
+    QString draftText() const;
+    void keepDraft();
+
     void confirmImport(const std::filesystem::path& folder);
     void importNotes(const std::filesystem::path& source);
     void importEvents(const std::filesystem::path& source);
@@ -317,6 +351,7 @@ private:
     void deleteNoteAtRow(int row);
     void deleteEvent(const Value& event);
     void confirmDeletion(const QString& question, std::function<void()> deletion);
+    bool takeInNote(int row, bool isEdited);
     void showNoteOfDay(Date date, DayButton& button);
     void editSelectedNote(DayButton& day);
 
@@ -360,6 +395,11 @@ private:
     Table m_unsavedDateNotes;
 
     DataFolder m_folder;
+    SaveState m_notesState;
+    SaveState m_eventsState;
+    Draft m_foundDraft; ///< of an earlier run, until it is answered
+    bool m_draftWasRead = false;
+    DraftFile m_draftFile;
     SaveQueue m_saves;
 
     std::optional<std::filesystem::path> m_monthlyPrintFile; ///< of the last print, whether it was written or not
@@ -372,5 +412,6 @@ private:
     std::string m_zoneOfLocation; ///< the zone in force when the location was last asked for
     QTimer m_minuteTimer{this};
     QTimer m_iconTimer;                 ///< hands the desktop the icon
+    QTimer m_draftTimer;                ///< runs while the draft is older than what it keeps
     bool m_missingTextReported = false; ///< while the alert about a missing text is up
 };

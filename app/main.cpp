@@ -2,7 +2,9 @@
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
 #include "app/EnteredPlace.h"
+#include "app/Localized.h"
 #include "app/Translations.h"
+#include "host/agent/StateFolder.h"
 #include "host/linux/BusNotificationCenter.h"
 #include "host/linux/DesktopGlobalDefaults.h"
 #include "host/linux/DesktopLocationServices.h"
@@ -12,10 +14,12 @@
 #include "host/linux/KernelClockMonitor.h"
 #include "host/linux/LinuxProcessInfo.h"
 #include "host/linux/LocaleEnvironment.h"
+#include "host/linux/LogindShutdownMonitor.h"
 #include "host/linux/SettingsUserDefaults.h"
 #include "host/linux/SingleInstance.h"
 #include "host/linux/TemporaryFolder.h"
 #include "host/linux/TerminationSignals.h"
+#include "host/linux/UnexpectedExit.h"
 #include "host/linux/WindowActivation.h"
 #include "ui_MainWindow.h"
 #include "update/WebVersionServer.h"
@@ -79,6 +83,7 @@ int main(int argc, char** argv)
     KernelClockMonitor clockMonitor;
     FolderOpenPanel openPanel;
     LinuxProcessInfo processInfo;
+    LogindShutdownMonitor shutdownMonitor;
     SettingsUserDefaults userDefaults;
     BusNotificationCenter notificationCenter;
     DesktopLocationServices locationServices(
@@ -101,12 +106,14 @@ int main(int argc, char** argv)
                           .locationServices = locationServices,
                           .openPanel = openPanel,
                           .processInfo = processInfo,
+                          .shutdownMonitor = shutdownMonitor,
                           .userDefaults = userDefaults,
                           .notificationCenter = notificationCenter,
                           .versionServer = versionServer,
                           .workspace = workspace,
                           .applicationSupport = applicationSupportFolder(),
-                          .temporaryFolder = temporaryFolder()});
+                          .temporaryFolder = temporaryFolder(),
+                          .stateFolder = usersStateFolder()});
 
     QObject::connect(&instance, &SingleInstance::activated, &window,
                      [&window](const QString& token) { bringForward(window, token); });
@@ -127,5 +134,7 @@ int main(int argc, char** argv)
     delegate.applicationWillFinishLaunching();
     delegate.applicationDidFinishLaunching();
     notificationCenter.startAgentForReminders();
+    shutdownMonitor.listen(QDBusConnection::systemBus(), localized("Notes are being saved"));
+    const UnexpectedExit atExit([&delegate] { delegate.processWillExit(); }); // when the display is gone
     return QApplication::exec();
 }

@@ -78,7 +78,9 @@ target_sources(velumora-app PRIVATE
     notes/SegmentedControl.cpp
     notes/SegmentedControl.h
     resources/velumora.qrc
+    store/AppDelegate+Draft.cpp
     store/AppDelegate+LegacyImport.cpp
+    store/AppDelegate+SaveFailure.cpp
     store/AppDelegate+Store.cpp
     update/AppDelegate+VersionCheck.cpp
     update/WebVersionServer.cpp

@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
 #include "dates/DatePicker.h"
+#include "host/ShutdownMonitor.h"
 #include "host/linux/BusNotificationCenter.h"
 #include "host/linux/DesktopGlobalDefaults.h"
 #include "host/linux/DesktopWorkspace.h"
@@ -50,12 +51,14 @@ struct Page {
                                                               .locationServices = locationServices,
                                                               .openPanel = openPanel,
                                                               .processInfo = processInfo,
+                                                              .shutdownMonitor = shutdownMonitor,
                                                               .userDefaults = userDefaults,
                                                               .notificationCenter = notificationCenter,
                                                               .versionServer = versionServer,
                                                               .workspace = workspace,
                                                               .applicationSupport = home.path().toStdString(),
-                                                              .temporaryFolder = std::nullopt});
+                                                              .temporaryFolder = std::nullopt,
+                                                              .stateFolder = std::nullopt});
         delegate->applicationWillFinishLaunching();
         delegate->applicationDidFinishLaunching();
         for (int i = 0; i < dateCount; ++i) {
@@ -77,6 +80,7 @@ struct Page {
     NoLocationServices locationServices;
     FolderOpenPanel openPanel;
     LinuxProcessInfo processInfo;
+    ShutdownMonitor shutdownMonitor;
     SettingsUserDefaults userDefaults;
     BusNotificationCenter notificationCenter;
     WebVersionServer versionServer{QUrl()};

@@ -26,6 +26,7 @@ bool AppDelegate::eventFilter(QObject* watched, QEvent* event)
     if (watched == &m_window && event->type() == QEvent::Paint) {
         m_window.removeEventFilter(this);
         m_iconTimer.start(0);
+        QMetaObject::invokeMethod(this, &AppDelegate::offerDraft, Qt::QueuedConnection);
     }
     return QObject::eventFilter(watched, event);
 }

@@ -190,6 +190,7 @@ void AppDelegate::minuteHasChanged()
     const auto now = std::chrono::floor<std::chrono::seconds>(DateEnvironment::now());
     const auto secondOfMinute = now - std::chrono::floor<std::chrono::minutes>(now);
     m_minuteTimer.start(std::chrono::minutes(1) - secondOfMinute);
+    m_saves.retry();
     // The rows' red of today and the elapsed texts go with the time; the rows themselves stay.
     m_ui.notesTableView->viewport()->update();
     m_ui.importantDatesTableView->viewport()->update();

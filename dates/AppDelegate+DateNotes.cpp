@@ -98,6 +98,7 @@ void AppDelegate::importantDatesRespondToContextMenu(const QAction& sender)
     if (notesTVData && allNotesTVData) { // else there is nothing that a save could put it into
         m_unsavedDateNotes.append(makeNoteRecord(date, name));
         buttonEnableDisable(*m_ui.noteEntryListSaveBtn, true);
+        draftHasChanged();
     }
 
     m_sharedStyleFormatter->setDateStyle(DateFormatter::Style::Long);

@@ -32,6 +32,7 @@ void AppDelegate::addRowToImportDates()
     dates.insertRow(row);
     dates.scrollRowToVisible(row);
     buttonEnableDisable(*m_ui.importantDateSaveBtn, true);
+    draftHasChanged();
     dates.reloadData();
 }
 
@@ -90,6 +91,7 @@ void AppDelegate::datePickerChanged(DatePicker& sender)
     dates.noteHeightOfRowChanged(row);
     dates.redrawRow(row); // how long ago it is
     buttonEnableDisable(*m_ui.importantDateSaveBtn, true);
+    draftHasChanged();
 }
 
 QString AppDelegate::calcElapsedDate(const Value& event) const

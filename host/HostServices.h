@@ -10,6 +10,7 @@ class GlobalDefaults;
 class LocationServices;
 class OpenPanel;
 class ProcessInfo;
+class ShutdownMonitor;
 class UserDefaults;
 class UserNotificationCenter;
 class VersionServer;
@@ -23,6 +24,7 @@ struct HostServices {
     LocationServices& locationServices;
     OpenPanel& openPanel;
     ProcessInfo& processInfo;
+    ShutdownMonitor& shutdownMonitor;
     UserDefaults& userDefaults;
     UserNotificationCenter& notificationCenter;
     VersionServer& versionServer;
@@ -33,4 +35,7 @@ struct HostServices {
 
     /// A folder for files that are soon gone, which nobody but the user can look into; nullopt when there is none.
     std::optional<std::filesystem::path> temporaryFolder;
+
+    /// The program's own folder for what is to outlast it but is no document; nullopt when there is none.
+    std::optional<std::filesystem::path> stateFolder;
 };

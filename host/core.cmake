@@ -9,6 +9,8 @@ target_sources(velumora-core PRIVATE
     host/agent/NotificationText.h
     host/agent/ReminderList.cpp
     host/agent/ReminderList.h
+    host/agent/StateFolder.cpp
+    host/agent/StateFolder.h
     host/agent/TriggerMoment.cpp
     host/agent/TriggerMoment.h
 )

@@ -6,6 +6,7 @@ target_sources(velumora-app PRIVATE
     host/LocationManager.h
     host/OpenPanel.h
     host/ProcessInfo.h
+    host/ShutdownMonitor.h
     host/UserDefaults.h
     host/VersionServer.h
     host/Workspace.h
@@ -29,6 +30,8 @@ target_sources(velumora-app PRIVATE
     host/linux/KernelClockMonitor.cpp
     host/linux/KernelClockMonitor.h
     host/linux/LinuxProcessInfo.h
+    host/linux/LogindShutdownMonitor.cpp
+    host/linux/LogindShutdownMonitor.h
     host/linux/LocaleEnvironment.cpp
     host/linux/LocaleEnvironment.h
     host/linux/SettingsUserDefaults.cpp
@@ -41,6 +44,8 @@ target_sources(velumora-app PRIVATE
     host/linux/TemporaryFolder.h
     host/linux/TerminationSignals.cpp
     host/linux/TerminationSignals.h
+    host/linux/UnexpectedExit.cpp
+    host/linux/UnexpectedExit.h
     host/linux/WindowActivation.cpp
     host/linux/WindowActivation.h
 )

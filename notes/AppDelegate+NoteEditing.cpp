@@ -59,22 +59,30 @@ void AppDelegate::controlTextDidChange(QWidget& field)
     (*table)[row] = withEditedText(table->at(row), key, editor->text().toStdString());
     tableView.noteHeightOfRowChanged(row);
     buttonEnableDisable(isNote ? *m_ui.noteEntryListSaveBtn : *m_ui.importantDateSaveBtn, true);
+    draftHasChanged();
 }
 
 void AppDelegate::controlTextDidEndEditing(QWidget& field)
 {
     const auto* editor = qobject_cast<const CellEditor*>(&field);
-    const int row = m_ui.notesTableView->rowForView(field);
-    if (!editor || !notesTVData || !allNotesTVData || row < 0 || row >= notesTVData->size()) {
-        return;
+    if (editor && takeInNote(m_ui.notesTableView->rowForView(field), editor->isEdited())) {
+        redrawMiniCal();
+    }
+}
+
+/// Saves the notes with that of the row; false when there is nothing to save.
+bool AppDelegate::takeInNote(int row, bool isEdited)
+{
+    if (!notesTVData || !allNotesTVData || row < 0 || row >= notesTVData->size()) {
+        return false;
     }
     const Value* record = NoteQueries::recordOf(notesTVData->at(row));
     const std::optional<Date> date = record ? dateOf(*record, NoteDateKey) : std::nullopt;
     const std::string* text = record ? textOf(*record, NoteDataKey) : nullptr;
-    if (!date || !text || (text->empty() && !editor->isEdited())) {
-        return; // a day that was only looked at leaves no empty note behind
+    if (!date || !text || (text->empty() && !isEdited)) {
+        return false; // a day that was only looked at leaves no empty note behind
     }
-    if (editor->isEdited()) {
+    if (isEdited) {
         forgetDateNotes(*date); // the text as it is now is what the user wants
     }
     const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, *date);
@@ -83,13 +91,13 @@ void AppDelegate::controlTextDidEndEditing(QWidget& field)
     } else {
         const std::string* saved = textOf(*NoteQueries::recordOf(allNotesTVData->at(index)), NoteDataKey);
         if (saved && *saved == *text) {
-            return;
+            return false;
         }
         (*allNotesTVData)[index] = *record;
         qInfo("CTDEE replaced in 'all' array");
     }
     m_saves.save(allNotesTVData, std::string(NotesFileName));
-    redrawMiniCal();
+    return true;
 }
 
 void AppDelegate::respondToDeleteRowFromList(QAbstractButton& sender)

@@ -11,6 +11,7 @@
 void AppDelegate::loadTables()
 {
     allNotesTVData = m_folder.loadTable(std::string(NotesFileName));
+    m_notesState.onDisk = allNotesTVData.value_or(Table());
     if (allNotesTVData && !allNotesTVData->isEmpty() && !m_host.userDefaults.boolForKey(PreferenceKeys::notesCleaned)) {
         allNotesTVData = cleanedNotes(*allNotesTVData);
         // What the cleaning leaves out is kept aside.
@@ -21,6 +22,7 @@ void AppDelegate::loadTables()
     m_ui.notesTableView->reloadData();
 
     eventsTVData = m_folder.loadTable(std::string(EventsFileName));
+    m_eventsState.onDisk = eventsTVData.value_or(Table());
     m_ui.importantDatesTableView->reloadData();
 }
 

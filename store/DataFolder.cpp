@@ -73,7 +73,7 @@ std::optional<Table> DataFolder::loadTable(const std::string& name)
         return Table();
     }
     const fs::path file = resolved(*fileUrl(name));
-    removeStaleTemporaries(file.parent_path(), name);
+    removeStaleTemporaries(file.parent_path(), file.filename().native()); // beside what a link points at
 
     std::error_code error;
     if (!fs::exists(file, error)) {

@@ -19,6 +19,8 @@ inline constexpr std::string_view EventNameKey = "EventNameKey";
 struct DatedText {
     Date date;
     std::string text;
+
+    bool operator==(const DatedText&) const = default;
 };
 
 /// A note of the calendar day `date`.

@@ -16,7 +16,10 @@ constexpr std::size_t discardedLimit = 4;
 
 } // namespace
 
-SaveQueue::SaveQueue(DataFolder& folder) : m_folder(folder), m_worker(&SaveQueue::run, this) {}
+SaveQueue::SaveQueue(DataFolder& folder, Report report)
+    : m_folder(folder), m_report(std::move(report)), m_worker(&SaveQueue::run, this)
+{
+}
 
 SaveQueue::~SaveQueue()
 {
@@ -36,18 +39,57 @@ void SaveQueue::save(std::optional<Table> table, const std::string& name, Replac
     {
         const std::lock_guard lock(m_mutex);
         std::ranges::move(std::exchange(m_written, {}), std::back_inserter(m_discarded));
-        const auto older = std::ranges::find(m_waiting, name, &Save::name);
-        if (older == m_waiting.end()) {
-            m_waiting.push_back({std::move(table), name, replacing});
-        } else {
-            std::swap(older->table, table);
-            older->replacing = std::max(older->replacing, replacing); // what the older one was to keep is still kept
-            if (m_discarded.size() < discardedLimit) {
-                m_discarded.push_back(std::move(table));
-            }
-        }
+        enqueueFailed();
+        enqueue({std::move(table), name, replacing});
     }
     m_changed.notify_all();
+}
+
+void SaveQueue::retry()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        enqueueFailed();
+    }
+    m_changed.notify_all();
+}
+
+/// In the place of an older save of the same file, which then is to be written no more.
+void SaveQueue::enqueue(Save save)
+{
+    const auto older = std::ranges::find(m_waiting, save.name, &Save::name);
+    if (older == m_waiting.end()) {
+        m_waiting.push_back(std::move(save));
+        return;
+    }
+    older->replacing = std::max(older->replacing, save.replacing); // what the older one was to keep is still kept
+    std::swap(older->table, save.table);
+    discard(std::move(save.table));
+}
+
+void SaveQueue::enqueueFailed()
+{
+    std::ranges::move(std::exchange(m_failed, {}), std::back_inserter(m_waiting)); // none of these files waits already
+}
+
+void SaveQueue::discard(std::optional<Table> table)
+{
+    if (m_discarded.size() < discardedLimit) {
+        m_discarded.push_back(std::move(table));
+    }
+}
+
+std::optional<Table> SaveQueue::unsaved(const std::string& name) const
+{
+    const std::lock_guard lock(m_mutex);
+    if (const auto waiting = std::ranges::find(m_waiting, name, &Save::name); waiting != m_waiting.end()) {
+        return waiting->table.value_or(Table());
+    }
+    if (m_writing && m_writing->name == name) {
+        return m_writing->table.value_or(Table());
+    }
+    const auto failed = std::ranges::find(m_failed, name, &Save::name);
+    return failed != m_failed.end() ? std::optional(failed->table.value_or(Table())) : std::nullopt;
 }
 
 void SaveQueue::waitUntilDone()
@@ -64,23 +106,43 @@ void SaveQueue::run()
         if (m_waiting.empty()) {
             return;
         }
-        Save next = std::move(m_waiting.front());
+        m_writing = std::move(m_waiting.front());
         m_waiting.erase(m_waiting.begin());
         Snapshots discarded = std::exchange(m_discarded, {});
-        m_writing = true;
         lock.unlock();
         discarded.clear();
-        write(next);
+        const bool isWritten = write(*m_writing);
         lock.lock();
-        m_written.push_back(std::move(next.table));
-        m_writing = false;
+        Save save = *std::exchange(m_writing, std::nullopt);
+        if (isWritten) {
+            m_written.push_back(std::move(save.table));
+        } else {
+            keepFailed(std::move(save));
+        }
         m_changed.notify_all();
     }
 }
 
-void SaveQueue::write(const Save& save)
+/// A newer save that came meanwhile takes its place.
+void SaveQueue::keepFailed(Save save)
 {
-    if (const std::error_code error = m_folder.saveTable(save.table, save.name, save.replacing)) {
+    const auto newer = std::ranges::find(m_waiting, save.name, &Save::name);
+    if (newer == m_waiting.end()) {
+        m_failed.push_back(std::move(save));
+        return;
+    }
+    newer->replacing = std::max(newer->replacing, save.replacing);
+    m_written.push_back(std::move(save.table)); // read, so not let go of here either
+}
+
+bool SaveQueue::write(const Save& save)
+{
+    const std::error_code error = m_folder.saveTable(save.table, save.name, save.replacing);
+    if (error) {
         qCWarning(logStore, "%s was not saved: %s", save.name.c_str(), error.message().c_str());
     }
+    if (m_report) {
+        m_report({save.name, save.table, error});
+    }
+    return !error;
 }

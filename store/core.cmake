@@ -2,6 +2,10 @@ target_sources(velumora-core PRIVATE
     store/BinaryPropertyListReader.cpp
     store/DataFolder.cpp
     store/DataFolder.h
+    store/Draft.cpp
+    store/Draft.h
+    store/DraftFile.cpp
+    store/DraftFile.h
     store/FileStamp.cpp
     store/FileStamp.h
     store/Files.cpp

@@ -14,6 +14,8 @@ add_library(app-test-support STATIC
     support/Screenshot.h
     support/StandInGeoClue.cpp
     support/StandInGeoClue.h
+    support/StandInLogind.cpp
+    support/StandInLogind.h
     support/TranslationGuard.cpp
     support/TranslationGuard.h
     support/app_main.cpp
@@ -30,6 +32,14 @@ velumora_test(important-dates-tests
     app/date_picker_test.cpp
     app/holiday_sheet_test.cpp
     app/important_dates_test.cpp
+    LIBRARIES app-test-support
+    LABELS app)
+
+# What keeps the user's words when a save fails, the program is killed or the machine ends.
+velumora_test(saving-tests
+    app/draft_test.cpp
+    app/saving_test.cpp
+    app/shutdown_monitor_test.cpp
     LIBRARIES app-test-support
     LABELS app)
 

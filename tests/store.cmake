@@ -1,11 +1,17 @@
 velumora_test(store-tests
     core/data_folder_test.cpp
+    core/draft_file_test.cpp
+    core/draft_test.cpp
     core/record_test.cpp
     core/recovered_test.cpp
     core/save_failure_test.cpp
     core/save_queue_test.cpp
     LABELS core store)
 target_compile_definitions(store-tests PRIVATE TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}")
+
+# The calls that make a save durable, counted: in a program of its own, as it stands in for them.
+velumora_test(durability-tests core/durability_test.cpp LABELS core store)
+target_compile_definitions(durability-tests PRIVATE TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}")
 
 # Tests with other programs that read, write and are killed. The thread sanitizer loses track of locks where processes are
 # started; store-tests has the same burst without them.

@@ -2,11 +2,10 @@
 #include "host/agent/ReminderList.h"
 
 #include "host/agent/NotificationRequestFormat.h"
+#include "host/agent/StateFolder.h"
 #include "host/agent/TriggerMoment.h"
 #include "store/Files.h"
 #include "store/PropertyList.h"
-
-#include <QDir>
 
 #include <algorithm>
 #include <cerrno>
@@ -82,20 +81,11 @@ void keepAside(const fs::path& file)
     }
 }
 
-fs::path stateFolder()
-{
-    const QString folder = qEnvironmentVariable("XDG_STATE_HOME");
-    if (folder.startsWith(QLatin1Char('/'))) { // a relative one is to be ignored
-        return folder.toStdString();
-    }
-    return fs::path(QDir::homePath().toStdString()) / ".local" / "state";
-}
-
 } // namespace
 
 fs::path usersReminderFile()
 {
-    return stateFolder() / "velumora" / "Reminders";
+    return usersStateFolder() / "Reminders";
 }
 
 void ReminderList::load()

@@ -518,6 +518,62 @@ der Hauptort der Zeitzone</translation>
         <translation>Notizen speichern</translation>
     </message>
     <message>
+        <source>Not saved since %@: %@</source>
+        <translation>Seit %@ nicht gespeichert: %@</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>Die Festplatte ist voll</translation>
+    </message>
+    <message>
+        <source>the file is too large for the disk</source>
+        <translation>Die Datei ist zu groß für die Festplatte</translation>
+    </message>
+    <message>
+        <source>the disk can only be read</source>
+        <translation>Die Festplatte kann nur gelesen werden</translation>
+    </message>
+    <message>
+        <source>the folder of the notes may not be written to</source>
+        <translation>In den Ordner der Notizen darf nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the folder of the notes is not there</source>
+        <translation>Der Ordner der Notizen ist nicht da</translation>
+    </message>
+    <message>
+        <source>the disk could not be written to</source>
+        <translation>Die Festplatte konnte nicht beschrieben werden</translation>
+    </message>
+    <message>
+        <source>Velumora ended before this was saved</source>
+        <translation>Velumora wurde beendet, bevor dies gesichert war</translation>
+    </message>
+    <message>
+        <source>%@: %@</source>
+        <translation>%@: %@</translation>
+    </message>
+    <message>
+        <source>%@: deleted</source>
+        <translation>%@: gelöscht</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Notes are being saved</source>
+        <translation>Notizen werden gespeichert</translation>
+    </message>
+    <message>
         <source>Search</source>
         <translation>Suchen</translation>
     </message>

@@ -304,6 +304,19 @@ TEST_F(DataFolderTest, LoadingRemovesWhatAKilledProgramLeft)
     EXPECT_EQ(namesIn(folderPath()), std::vector<std::string>{});
 }
 
+TEST_F(DataFolderTest, LoadingRemovesWhatAKilledSaveLeftBesideTheFileThatALinkPointsAt)
+{
+    const fs::path elsewhere = m_home.path() / "elsewhere";
+    fs::create_directories(elsewhere);
+    m_folder.ensure();
+    fs::create_symlink(elsewhere / "mine", notesFile());
+    ASSERT_FALSE(save(notes(1, "x")));
+    put(elsewhere / ".mine.tmp-abcdef", "half");
+    put(elsewhere / ".other.tmp-abcdef", "somebody else's");
+    EXPECT_EQ(m_folder.loadTable(notesName), notes(1, "x"));
+    EXPECT_EQ(namesIn(elsewhere), (std::vector<std::string>{".other.tmp-abcdef", "mine"}));
+}
+
 TEST_F(DataFolderTest, LoadingLeavesTheTemporaryFileOfALivingProgram)
 {
     m_folder.ensure();

@@ -118,6 +118,103 @@ TEST_F(SaveQueueTest, AFailedSaveIsToldToTheLogAndDoesNotStopTheNext)
     EXPECT_EQ(m_folder.loadTable(notesName), notes(2, "x"));
 }
 
+/// A queue whose folder cannot be made, because a file is in its place, until that is removed.
+class FailedSave : public SaveQueueTest {
+protected:
+    FailedSave() { put(folderPath(), "a file where the folder should be"); }
+
+    void saveInVain(int count)
+    {
+        queue.save(notes(count, "x"), notesName);
+        queue.waitUntilDone();
+        EXPECT_EQ(queue.unsaved(notesName), notes(count, "x"));
+    }
+
+    SaveQueue queue{m_folder};
+};
+
+TEST_F(FailedSave, IsTriedAgainWhenItIsAskedFor)
+{
+    saveInVain(2);
+    queue.retry();
+    queue.waitUntilDone();
+    EXPECT_EQ(queue.unsaved(notesName), notes(2, "x")) << "it failed again and is still kept";
+    fs::remove(folderPath());
+    queue.retry();
+    queue.waitUntilDone();
+    EXPECT_EQ(m_folder.loadTable(notesName), notes(2, "x"));
+    EXPECT_EQ(queue.unsaved(notesName), std::nullopt);
+}
+
+TEST_F(FailedSave, IsTriedAgainWithTheNextSaveOfAnotherFile)
+{
+    saveInVain(2);
+    fs::remove(folderPath());
+    queue.save(notes(1, "event"), eventsName);
+    queue.waitUntilDone();
+    EXPECT_EQ(m_folder.loadTable(notesName), notes(2, "x"));
+    EXPECT_EQ(m_folder.loadTable(eventsName), notes(1, "event"));
+}
+
+TEST_F(FailedSave, IsNotTriedByItself)
+{
+    saveInVain(2);
+    fs::remove(folderPath());
+    queue.waitUntilDone();
+    EXPECT_FALSE(fs::exists(folderPath()));
+}
+
+TEST_F(FailedSave, NeverWritesOverANewerOne)
+{
+    saveInVain(2);
+    fs::remove(folderPath());
+    queue.save(notes(3, "newer"), notesName);
+    queue.waitUntilDone();
+    queue.retry();
+    queue.save(notes(1, "event"), eventsName);
+    queue.waitUntilDone();
+    EXPECT_EQ(m_folder.loadTable(notesName), notes(3, "newer"));
+}
+
+TEST_F(FailedSave, OfARemovalIsTriedAgainToo)
+{
+    queue.save(Table(), notesName); // there is no such file: done
+    queue.waitUntilDone();
+    EXPECT_EQ(queue.unsaved(notesName), std::nullopt);
+    fs::remove(folderPath());
+    queue.save(notes(1, "x"), notesName);
+    queue.waitUntilDone();
+    put(folderPath() / "Recovered", "a file where the copies should go");
+    queue.save(std::nullopt, notesName);
+    queue.waitUntilDone();
+    EXPECT_EQ(queue.unsaved(notesName), Table());
+    fs::remove(folderPath() / "Recovered");
+    queue.retry();
+    queue.waitUntilDone();
+    EXPECT_FALSE(fs::exists(folderPath() / notesName));
+}
+
+TEST_F(SaveQueueTest, EveryAttemptIsReportedWithItsTableAndError)
+{
+    std::vector<SaveResult> results;
+    put(folderPath(), "a file where the folder should be");
+    {
+        SaveQueue queue(m_folder, [&results](const SaveResult& result) { results.push_back(result); });
+        queue.save(notes(2, "x"), notesName);
+        queue.waitUntilDone();
+        fs::remove(folderPath());
+        queue.save(notes(1, "event"), eventsName);
+    }
+    ASSERT_EQ(results.size(), 3U);
+    EXPECT_EQ(results[0].name, notesName);
+    EXPECT_EQ(results[0].error, std::errc::not_a_directory);
+    EXPECT_EQ(results[0].table, notes(2, "x"));
+    EXPECT_EQ(results[1].name, notesName);
+    EXPECT_FALSE(results[1].error);
+    EXPECT_EQ(results[2].name, eventsName);
+    EXPECT_FALSE(results[2].error);
+}
+
 /// Holds up whoever asks for the time first, until it is let go.
 class HoldingClock : public Clock {
 public:
@@ -134,6 +231,49 @@ private:
     mutable std::latch m_asked{1};
     std::latch m_released{1};
 };
+
+TEST(SaveQueue, WhatIsBeingWrittenAndWhatWaitsIsNotSavedYet)
+{
+    const TestFolder home;
+    HoldingClock clock;
+    DataFolder folder(home.path(), clock);
+    SaveQueue queue(folder);
+    queue.save(notes(1, "first"), notesName);
+    queue.waitUntilDone();
+    EXPECT_EQ(queue.unsaved(notesName), std::nullopt);
+    queue.save(notes(1, "second"), notesName, Replacing::Nothing);
+    clock.waitUntilAsked();
+    EXPECT_EQ(queue.unsaved(notesName), notes(1, "second"));
+    EXPECT_EQ(queue.unsaved(eventsName), std::nullopt);
+    queue.save(notes(1, "third"), notesName);
+    EXPECT_EQ(queue.unsaved(notesName), notes(1, "third"));
+    clock.release();
+    queue.waitUntilDone();
+    EXPECT_EQ(queue.unsaved(notesName), std::nullopt);
+}
+
+TEST(SaveQueue, AnOlderOneThatFailsWhileANewerWaitsIsNotTriedAgainButWhatItWasToKeepIsKept)
+{
+    const TestFolder home;
+    HoldingClock clock;
+    DataFolder folder(home.path(), clock);
+    SaveQueue queue(folder);
+    queue.save(notes(1, "first"), notesName);
+    queue.waitUntilDone();
+    const fs::path recovered = home.path() / "TALV" / "Recovered";
+    put(recovered, "a file where the copies should go");
+    queue.save(notes(1, "imported"), notesName, Replacing::Nothing);
+    clock.waitUntilAsked();
+    queue.save(notes(1, "newest"), notesName);
+    clock.release();
+    queue.waitUntilDone();
+    EXPECT_EQ(queue.unsaved(notesName), notes(1, "newest")) << "nothing may be replaced that cannot be kept";
+    fs::remove(recovered);
+    queue.retry();
+    queue.waitUntilDone();
+    EXPECT_EQ(folder.loadTable(notesName), notes(1, "newest"));
+    EXPECT_EQ(namesIn(recovered).size(), 1U);
+}
 
 TEST(SaveQueue, WhileOneIsWrittenTheNewestWaitingWinsAndKeepsWhatTheOlderOneWouldHaveKept)
 {

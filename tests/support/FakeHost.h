@@ -8,6 +8,7 @@
 #include "host/LocationManager.h"
 #include "host/OpenPanel.h"
 #include "host/ProcessInfo.h"
+#include "host/ShutdownMonitor.h"
 #include "host/UserDefaults.h"
 #include "host/UserNotificationCenter.h"
 #include "host/VersionServer.h"
@@ -154,6 +155,11 @@ private:
     Journal& m_journal;
 };
 
+class FakeShutdownMonitor : public ShutdownMonitor {
+public:
+    void shutDown() { Q_EMIT machineWillShutDown(); }
+};
+
 class FakeUserDefaults : public UserDefaults {
 public:
     explicit FakeUserDefaults(Journal& journal) : m_journal(journal) {}
@@ -279,11 +285,13 @@ struct FakeHost {
     FakeLocationServices locationServices{journal};
     FakeOpenPanel openPanel;
     FakeProcessInfo processInfo{journal};
+    FakeShutdownMonitor shutdownMonitor;
     FakeUserDefaults userDefaults{journal};
     FakeUserNotificationCenter notificationCenter{journal};
     FakeVersionServer versionServer;
     FakeWorkspace workspace;
     std::optional<std::filesystem::path> temporaryFolder;
+    std::optional<std::filesystem::path> stateFolder;
 
     HostServices services(std::optional<std::filesystem::path> applicationSupport)
     {
@@ -293,11 +301,13 @@ struct FakeHost {
                 .locationServices = locationServices,
                 .openPanel = openPanel,
                 .processInfo = processInfo,
+                .shutdownMonitor = shutdownMonitor,
                 .userDefaults = userDefaults,
                 .notificationCenter = notificationCenter,
                 .versionServer = versionServer,
                 .workspace = workspace,
                 .applicationSupport = std::move(applicationSupport),
-                .temporaryFolder = temporaryFolder};
+                .temporaryFolder = temporaryFolder,
+                .stateFolder = stateFolder};
     }
 };

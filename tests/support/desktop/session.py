@@ -91,6 +91,13 @@ class Session:
         """As at the end of a login session."""
         self.processes.end(self._bus)
 
+    def end_display(self):
+        """As when the X server crashes: every connection to it breaks."""
+        self._screen.close()
+        self._screen = None
+        self._x_server.kill()
+        self._x_server.wait()
+
     def close(self):
         if self._screen:
             self._screen.close()
@@ -100,7 +107,7 @@ class Session:
     def _start_x_server(self, width, height):
         read, write = os.pipe()
         try:
-            self._start(["Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
+            self._x_server = self._start(["Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
                          "-noreset"], pass_fds=[write])
         finally:
             os.close(write)

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "store/Draft.h"
+#include "store/PropertyList.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+/// A draft that can be read must be written and read again as a draft of as many changes, and can be taken in.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::optional<Table> table = PropertyList::readTable(std::string(data, data + size));
+    const std::optional<Draft> draft = table ? Drafts::draftFromTable(*table) : std::nullopt;
+    if (!draft) {
+        return 0;
+    }
+    const std::string written = PropertyList::writeXml(Drafts::tableFromDraft(*draft));
+    const std::optional<Table> again = PropertyList::readTable(written);
+    const std::optional<Draft> read = again ? Drafts::draftFromTable(*again) : std::nullopt;
+    if (!read || read->size() != draft->size()) {
+        std::cerr << "what was written cannot be read\n";
+        std::abort();
+    }
+    Table notes;
+    Table events;
+    Drafts::takeInNotes(*draft, notes);
+    Drafts::takeInEvents(*draft, events);
+    if (Drafts::changedNotes(notes, notes) != Draft() || Drafts::changedEvents(events, events) != Draft()) {
+        std::cerr << "equal tables have a draft\n";
+        std::abort();
+    }
+    return 0;
+}

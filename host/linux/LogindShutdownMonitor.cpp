@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "host/linux/LogindShutdownMonitor.h"
+
+#include <QCoreApplication>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+namespace {
+
+const QString service = QStringLiteral("org.freedesktop.login1");
+const QString path = QStringLiteral("/org/freedesktop/login1");
+const QString manager = QStringLiteral("org.freedesktop.login1.Manager");
+
+} // namespace
+
+void LogindShutdownMonitor::listen(const QDBusConnection& bus, const QString& reason)
+{
+    if (!bus.isConnected()) { // a call would have no end
+        return;
+    }
+    m_bus = bus;
+    m_reason = reason;
+    // From whoever has that path, so that the owner of the name need not be looked up, and waited for.
+    m_bus->connect(QString(), path, manager, QStringLiteral("PrepareForShutdown"), this,
+                   SLOT(prepareForShutdown(bool)));
+    takeLock();
+}
+
+void LogindShutdownMonitor::takeLock()
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(service, path, manager, QStringLiteral("Inhibit"));
+    call << QStringLiteral("shutdown") << QCoreApplication::applicationName() << m_reason << QStringLiteral("delay");
+    auto* watcher = new QDBusPendingCallWatcher(m_bus->asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
+        finished->deleteLater();
+        const QDBusPendingReply<QDBusUnixFileDescriptor> reply = *finished;
+        if (reply.isValid()) {
+            m_lock = reply.value();
+        }
+    });
+}
+
+void LogindShutdownMonitor::prepareForShutdown(bool active)
+{
+    if (active) {
+        Q_EMIT machineWillShutDown();
+        m_lock = QDBusUnixFileDescriptor(); // closed: the machine may go on
+    } else {
+        takeLock(); // it goes on running
+    }
+}

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/ShutdownMonitor.h"
+
+#include <QDBusConnection>
+#include <QDBusUnixFileDescriptor>
+#include <QString>
+
+#include <optional>
+
+/// Hears of it from the login manager, and holds it up with a delay lock until all have heard. Without a login manager
+/// nothing is ever heard.
+class LogindShutdownMonitor : public ShutdownMonitor {
+    Q_OBJECT
+
+public:
+    using ShutdownMonitor::ShutdownMonitor;
+
+    /// Begins to listen on the system's `bus`. `reason` is shown to whoever asks the system what holds it up.
+    void listen(const QDBusConnection& bus, const QString& reason);
+
+private Q_SLOTS:
+    void prepareForShutdown(bool active);
+
+private:
+    void takeLock();
+
+    std::optional<QDBusConnection> m_bus;
+    QString m_reason;
+    QDBusUnixFileDescriptor m_lock; ///< open while the machine is to wait for this program
+};

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "app/Localized.h"
+#include "dates/DateFormatter.h"
+#include "notes/TableView.h"
+#include "store/Record.h"
+#include "ui_MainWindow.h"
+
+#include <QCoreApplication>
+#include <QPushButton>
+
+#include <cerrno>
+
+namespace {
+
+/// Why the system refused, in plain words.
+QString reasonOf(std::error_code error)
+{
+    switch (error.value()) {
+    case ENOSPC:
+    case EDQUOT:
+        return localized("the disk is full");
+    case EFBIG:
+        return localized("the file is too large for the disk");
+    case EROFS:
+        return localized("the disk can only be read");
+    case EACCES:
+    case EPERM:
+        return localized("the folder of the notes may not be written to");
+    case ENOENT:
+    case ENOTDIR:
+        return localized("the folder of the notes is not there");
+    default:
+        return localized("the disk could not be written to");
+    }
+}
+
+QString momentText(Date moment)
+{
+    DateFormatter formatter;
+    formatter.setDateStyle(DateFormatter::Style::Medium);
+    formatter.setTimeStyle(DateFormatter::Style::Short);
+    return formatter.stringFromDate(moment);
+}
+
+} // namespace
+
+void AppDelegate::saveEvents()
+{
+    if (eventsTVData && !eventsTVData->isEmpty()) {
+        m_saves.save(eventsTVData, std::string(EventsFileName));
+    }
+}
+
+void AppDelegate::waitForSaves()
+{
+    m_saves.waitUntilDone();
+    m_draftFile.waitUntilDone();
+}
+
+/// Tries once more what failed and leaves a draft of what fails again.
+void AppDelegate::waitForReports()
+{
+    m_saves.retry();
+    m_saves.waitUntilDone();
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+    writeDraft();
+    m_draftFile.waitUntilDone();
+}
+
+void AppDelegate::saveHasEnded(const SaveResult& result)
+{
+    const bool isNotes = result.name == NotesFileName;
+    SaveState& state = isNotes ? m_notesState : m_eventsState;
+    QAbstractButton& button = isNotes ? *m_ui.noteEntryListSaveBtn : *m_ui.importantDateSaveBtn;
+    if (result.error) {
+        showSaveFailure(button, state, result.error);
+    } else {
+        state.onDisk = result.table.value_or(Table());
+        const bool hasChanges = isNotes ? !m_unsavedDateNotes.isEmpty() || m_ui.notesTableView->editedRow() >= 0
+                                        : eventsTVData && *eventsTVData != state.onDisk;
+        if (state.failure && !m_saves.unsaved(result.name)) {
+            resetSaveFailure(button, state, hasChanges);
+        }
+    }
+    writeDraft();
+}
+
+/// No message: the button says it to whoever looks, and saves again when pressed.
+void AppDelegate::showSaveFailure(QAbstractButton& button, SaveState& state, std::error_code error)
+{
+    if (!state.failure) {
+        state.failure = {DateEnvironment::now(), button.toolTip()};
+    }
+    const QString text =
+        filled(localized("Not saved since %@: %@"), {momentText(state.failure->since), reasonOf(error)});
+    button.setToolTip(text);
+    button.setAccessibleDescription(text);
+    buttonEnableDisable(button, true);
+}
+
+void AppDelegate::resetSaveFailure(QAbstractButton& button, SaveState& state, bool hasChanges)
+{
+    button.setToolTip(state.failure->toolTip);
+    button.setAccessibleDescription(QString());
+    state.failure.reset();
+    buttonEnableDisable(button, hasChanges);
+}

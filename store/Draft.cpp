@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: MIT
+#include "store/Draft.h"
+
+#include <algorithm>
+#include <chrono>
+#include <functional>
+#include <iterator>
+#include <map>
+#include <set>
+#include <string_view>
+#include <utility>
+
+namespace {
+
+constexpr std::string_view versionKey = "DraftVersion";
+constexpr std::uint64_t version = 1;
+constexpr std::string_view deletedKey = "DraftDeleted";
+
+/// Where the two values of a change stand in its record.
+struct Keys {
+    std::string_view date;
+    std::string_view text;
+    std::string_view savedDate;
+    std::string_view savedText;
+};
+
+constexpr Keys noteKeys{NoteDateKey, NoteDataKey, "SavedNoteDateKey", "SavedNoteDataKey"};
+constexpr Keys eventKeys{EventDateKey, EventNameKey, "SavedEventDateKey", "SavedEventNameKey"};
+
+const Keys& keysOf(DraftChange::Kind kind)
+{
+    return kind == DraftChange::Kind::Note ? noteKeys : eventKeys;
+}
+
+std::optional<DatedText> datedTextUnder(const Value& record, std::string_view dateKey, std::string_view textKey)
+{
+    const std::optional<Date> date = dateOf(record, dateKey);
+    const std::string* text = textOf(record, textKey);
+    return date && text ? std::optional(DatedText{*date, *text}) : std::nullopt;
+}
+
+/// Files carry whole seconds.
+Date inFile(Date date)
+{
+    return std::chrono::floor<std::chrono::seconds>(date);
+}
+
+bool isSame(const DatedText& a, const DatedText& b)
+{
+    return inFile(a.date) == inFile(b.date) && a.text == b.text;
+}
+
+/// The parts of two tables between what both begin with and what both end with.
+std::pair<Table, Table> differingParts(const Table& a, const Table& b)
+{
+    if (a.constData() == b.constData() && a.size() == b.size()) {
+        return {}; // the very same table: nothing to look through
+    }
+    const auto [beginOfA, beginOfB] = std::ranges::mismatch(a, b);
+    const auto endOfA = std::make_reverse_iterator(beginOfA);
+    const auto endOfB = std::make_reverse_iterator(beginOfB);
+    const auto [lastOfA, lastOfB] = std::mismatch(a.rbegin(), endOfA, b.rbegin(), endOfB);
+    return {Table(beginOfA, lastOfA.base()), Table(beginOfB, lastOfB.base())};
+}
+
+using TextsByDate = std::map<Date, std::string>;
+
+/// Of several notes of a day the first counts.
+TextsByDate textsByDate(const Table& notes)
+{
+    TextsByDate texts;
+    for (const Value& note : notes) {
+        if (std::optional<DatedText> read = datedTextOf(note)) {
+            texts.emplace(read->date, std::move(read->text));
+        }
+    }
+    return texts;
+}
+
+std::optional<DatedText> noteIn(const TextsByDate& texts, Date date)
+{
+    const auto found = texts.find(date);
+    return found != texts.end() ? std::optional(DatedText{date, found->second}) : std::nullopt;
+}
+
+/// The elements of `events` that `others` does not have, as often as they stand there more often.
+std::vector<DatedText> missingIn(const Table& others, const Table& events)
+{
+    std::map<std::pair<Date, std::string>, int> counts;
+    for (const Value& other : others) {
+        if (std::optional<DatedText> read = datedTextUnder(other, EventDateKey, EventNameKey)) {
+            ++counts[{read->date, std::move(read->text)}];
+        }
+    }
+    std::vector<DatedText> missing;
+    for (const Value& event : events) {
+        std::optional<DatedText> read = datedTextUnder(event, EventDateKey, EventNameKey);
+        if (read && --counts[{read->date, read->text}] < 0) {
+            missing.push_back(std::move(*read));
+        }
+    }
+    return missing;
+}
+
+std::optional<DatedText> elementAt(const std::vector<DatedText>& texts, std::size_t index)
+{
+    return index < texts.size() ? std::optional(texts[index]) : std::nullopt;
+}
+
+Value recordFrom(const DraftChange& change)
+{
+    const Keys& keys = keysOf(change.kind);
+    Dictionary record;
+    if (change.unsaved) {
+        record.set(keys.date, Value(change.unsaved->date));
+        record.set(keys.text, Value(change.unsaved->text));
+    } else {
+        record.set(deletedKey, Value(true));
+    }
+    if (change.saved) {
+        record.set(keys.savedDate, Value(change.saved->date));
+        record.set(keys.savedText, Value(change.saved->text));
+    }
+    return Value(std::move(record));
+}
+
+std::optional<DraftChange> changeFrom(const Value& record)
+{
+    const Dictionary* dictionary = record.dictionary();
+    for (const DraftChange::Kind kind : {DraftChange::Kind::Note, DraftChange::Kind::Event}) {
+        const Keys& keys = keysOf(kind);
+        DraftChange change{kind, datedTextUnder(record, keys.savedDate, keys.savedText),
+                           datedTextUnder(record, keys.date, keys.text)};
+        const bool isDeletion = change.saved && dictionary->find(deletedKey);
+        if (change.unsaved || isDeletion) {
+            return change;
+        }
+    }
+    return std::nullopt;
+}
+
+/// What becomes of a note that the draft has otherwise.
+std::string mergedText(const std::string& current, const DraftChange& change)
+{
+    const std::string& typed = change.unsaved->text;
+    const bool isUntouched = change.saved && change.saved->text == current;
+    if (isUntouched || typed.starts_with(current)) {
+        return typed;
+    }
+    return current.starts_with(typed) ? current : current + "\n\n" + typed;
+}
+
+Table::iterator findEvent(Table& events, const DatedText& wanted)
+{
+    return std::ranges::find_if(events, [&](const Value& event) {
+        const std::optional<DatedText> read = datedTextUnder(event, EventDateKey, EventNameKey);
+        return read && isSame(*read, wanted);
+    });
+}
+
+/// The first note of each day, by its index, so that a draft of many notes does not search for each.
+std::map<Date, qsizetype> indexesByDate(const Table& notes)
+{
+    std::map<Date, qsizetype> indexes;
+    for (qsizetype i = 0; i < notes.size(); ++i) {
+        if (const std::optional<Date> date = dateOf(notes.at(i), NoteDateKey)) {
+            indexes.emplace(*date, i);
+        }
+    }
+    return indexes;
+}
+
+void takeInEvent(const DraftChange& change, Table& events)
+{
+    const auto saved = change.saved ? findEvent(events, *change.saved) : events.end();
+    if (!change.unsaved) {
+        if (saved != events.end()) {
+            events.erase(saved);
+        }
+        return;
+    }
+    if (findEvent(events, *change.unsaved) != events.end()) {
+        return; // saved meanwhile
+    }
+    Value event = makeEventRecord(change.unsaved->date, change.unsaved->text);
+    if (saved != events.end()) {
+        *saved = std::move(event);
+    } else {
+        events.append(std::move(event));
+    }
+}
+
+} // namespace
+
+namespace Drafts {
+
+Draft changedNotes(const Table& saved, const Table& current)
+{
+    const auto [savedPart, currentPart] = differingParts(saved, current);
+    const TextsByDate before = textsByDate(savedPart);
+    const TextsByDate now = textsByDate(currentPart);
+    Draft draft;
+    for (const auto& [date, text] : now) {
+        std::optional<DatedText> former = noteIn(before, date);
+        if (!former || former->text != text) {
+            draft.push_back({DraftChange::Kind::Note, std::move(former), DatedText{date, text}});
+        }
+    }
+    for (const auto& [date, text] : before) {
+        if (!now.contains(date)) {
+            draft.push_back({DraftChange::Kind::Note, DatedText{date, text}, std::nullopt});
+        }
+    }
+    return draft;
+}
+
+Draft changedEvents(const Table& saved, const Table& current)
+{
+    const auto [savedPart, currentPart] = differingParts(saved, current);
+    const std::vector<DatedText> removed = missingIn(currentPart, savedPart);
+    const std::vector<DatedText> added = missingIn(savedPart, currentPart);
+    Draft draft;
+    for (std::size_t i = 0; i < std::max(removed.size(), added.size()); ++i) {
+        draft.push_back({DraftChange::Kind::Event, elementAt(removed, i), elementAt(added, i)});
+    }
+    return draft;
+}
+
+Table tableFromDraft(const Draft& draft)
+{
+    Table table{Value(Dictionary{{std::string(versionKey), Value(Integer{.magnitude = version})}})};
+    std::ranges::transform(draft, std::back_inserter(table), recordFrom);
+    return table;
+}
+
+std::optional<Draft> draftFromTable(const Table& table)
+{
+    const Dictionary* head = table.isEmpty() ? nullptr : table.front().dictionary();
+    const Value* written = head ? head->find(versionKey) : nullptr;
+    const Integer* number = written ? written->integer() : nullptr;
+    if (!number || *number != Integer{.magnitude = version}) {
+        return std::nullopt;
+    }
+    Draft draft;
+    for (const Value& record : table.sliced(1)) {
+        std::optional<DraftChange> change = changeFrom(record);
+        if (!change) {
+            return std::nullopt;
+        }
+        draft.push_back(std::move(*change));
+    }
+    return draft;
+}
+
+void takeInNotes(const Draft& draft, Table& notes)
+{
+    std::map<Date, qsizetype> indexes = indexesByDate(notes);
+    std::set<qsizetype, std::greater<>> deleted;
+    for (const DraftChange& change : draft) {
+        if (change.kind != DraftChange::Kind::Note) {
+            continue;
+        }
+        const auto found = indexes.find(change.unsaved ? change.unsaved->date : change.saved->date);
+        if (found == indexes.end()) {
+            if (change.unsaved) {
+                indexes.emplace(change.unsaved->date, notes.size());
+                notes.append(makeNoteRecord(change.unsaved->date, change.unsaved->text));
+            }
+            continue;
+        }
+        const std::string* current = textOf(notes.at(found->second), NoteDataKey);
+        if (!current) {
+            continue;
+        }
+        if (!change.unsaved) {
+            if (*current == change.saved->text) {
+                deleted.insert(found->second);
+                indexes.erase(found);
+            }
+        } else if (std::string merged = mergedText(*current, change); merged != *current) {
+            notes[found->second] = withText(notes.at(found->second), NoteDataKey, std::move(merged));
+        }
+    }
+    for (const qsizetype index : deleted) { // the last one first
+        notes.removeAt(index);
+    }
+}
+
+void takeInEvents(const Draft& draft, Table& events)
+{
+    for (const DraftChange& change : draft) {
+        if (change.kind == DraftChange::Kind::Event) {
+            takeInEvent(change, events);
+        }
+    }
+}
+
+} // namespace Drafts

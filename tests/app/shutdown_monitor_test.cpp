@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+// The shutdown monitor against a stand-in for the login manager on a bus of the test's own.
+#include "host/linux/LogindShutdownMonitor.h"
+#include "support/PrivateBus.h"
+#include "support/StandInLogind.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int patience = 20'000;
+
+class ShutdownMonitorTest : public ::testing::Test {
+protected:
+    static void waitFor(const std::function<bool()>& condition) { ASSERT_TRUE(QTest::qWaitFor(condition, patience)); }
+
+    void listen()
+    {
+        monitor.listen(bus.connection(QStringLiteral("program")), QStringLiteral("Notes are being saved"));
+    }
+
+    PrivateBus bus;
+    StandInLogind logind{bus.connection(QStringLiteral("service"))};
+    LogindShutdownMonitor monitor;
+    QSignalSpy told{&monitor, &ShutdownMonitor::machineWillShutDown};
+};
+
+TEST_F(ShutdownMonitorTest, HoldsAShutdownUpUntilEverybodyHasHeardOfIt)
+{
+    bool heldUpWhenTold = false;
+    QObject::connect(&monitor, &ShutdownMonitor::machineWillShutDown, [&] { heldUpWhenTold = logind.isHeldUp(); });
+    listen();
+    waitFor([this] { return logind.isHeldUp(); });
+    ASSERT_EQ(logind.locks.size(), 1);
+    EXPECT_EQ(logind.locks.first().first(), QStringLiteral("shutdown"));
+    EXPECT_EQ(logind.locks.first().sliced(2),
+              (QStringList{QStringLiteral("Notes are being saved"), QStringLiteral("delay")}));
+    logind.tell(true);
+    waitFor([this] { return told.count() == 1; });
+    waitFor([this] { return !logind.isHeldUp(); });
+    EXPECT_TRUE(heldUpWhenTold);
+}
+
+TEST_F(ShutdownMonitorTest, HoldsTheNextOneUpAfterOneWasCalledOff)
+{
+    listen();
+    waitFor([this] { return logind.isHeldUp(); });
+    logind.tell(true);
+    waitFor([this] { return told.count() == 1; });
+    logind.tell(false);
+    waitFor([this] { return logind.isHeldUp(); });
+    EXPECT_EQ(told.count(), 1);
+    logind.tell(true);
+    waitFor([this] { return told.count() == 2; });
+}
+
+TEST(ShutdownMonitor, WithoutABusNothingIsHeardOrWaitedFor)
+{
+    LogindShutdownMonitor monitor;
+    monitor.listen(QDBusConnection(QStringLiteral("no such connection")), QString());
+}
+
+} // namespace

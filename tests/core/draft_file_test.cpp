@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "core/store_fixture.h"
+#include "store/DraftFile.h"
+#include "store/Files.h"
+#include "store/PropertyList.h"
+#include "support/FileSizeLimit.h"
+
+#include <future>
+
+#include <sys/stat.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+Draft draftOf(const std::string& typed)
+{
+    return {{DraftChange::Kind::Note, std::nullopt, DatedText{dateFromUnixSeconds(0), typed}}};
+}
+
+class DraftFileTest : public testing::Test {
+protected:
+    fs::path folder() const { return m_home.path() / "state" / "velumora"; }
+    fs::path file() const { return folder() / "Draft"; }
+
+    void writeInAnotherRun(const Draft& draft) const
+    {
+        DraftFile run(folder());
+        run.write([draft] { return draft; });
+    }
+    Draft readInAnotherRun() const { return DraftFile(folder()).read(); }
+
+    TestFolder m_home;
+};
+
+mode_t modeOf(const fs::path& path)
+{
+    struct stat status {};
+    EXPECT_EQ(::stat(path.c_str(), &status), 0);
+    return status.st_mode & 07777;
+}
+
+TEST_F(DraftFileTest, WhatOneRunWroteTheNextOneReads)
+{
+    writeInAnotherRun(draftOf("typed"));
+    EXPECT_EQ(readInAnotherRun(), draftOf("typed"));
+}
+
+TEST_F(DraftFileTest, IsTheUsersAloneWhateverTheMask)
+{
+    const mode_t mask = ::umask(0);
+    writeInAnotherRun(draftOf("private"));
+    ::umask(mask);
+    EXPECT_EQ(modeOf(file()), 0600U);
+    EXPECT_EQ(modeOf(folder()), 0700U);
+    EXPECT_EQ(modeOf(folder().parent_path()), 0700U);
+}
+
+TEST_F(DraftFileTest, AnEmptyDraftRemovesTheFileAndMakesNoFolder)
+{
+    writeInAnotherRun({});
+    EXPECT_FALSE(fs::exists(folder()));
+    writeInAnotherRun(draftOf("typed"));
+    writeInAnotherRun({});
+    EXPECT_TRUE(namesIn(folder()).empty());
+}
+
+TEST_F(DraftFileTest, WithoutAFolderNothingIsReadOrWritten)
+{
+    DraftFile none(std::nullopt);
+    EXPECT_EQ(none.read(), Draft());
+    none.write([] { return draftOf("typed"); });
+    none.waitUntilDone();
+}
+
+TEST_F(DraftFileTest, IsMadeOffTheCallersThreadAndOfSeveralThatWaitTheNewestAlone)
+{
+    std::promise<void> release;
+    std::shared_future<void> released = release.get_future().share();
+    std::promise<std::thread::id> maker;
+    bool older = false;
+    DraftFile run(folder());
+    run.write([&maker, released] {
+        maker.set_value(std::this_thread::get_id());
+        released.wait();
+        return draftOf("first");
+    });
+    EXPECT_NE(maker.get_future().get(), std::this_thread::get_id());
+    run.write([&older] {
+        older = true;
+        return draftOf("older");
+    });
+    run.write([] { return draftOf("newest"); });
+    release.set_value();
+    run.waitUntilDone();
+    EXPECT_FALSE(older);
+    EXPECT_EQ(readInAnotherRun(), draftOf("newest"));
+}
+
+TEST_F(DraftFileTest, WhatIsNoDraftIsSetAsideAndNeverWrittenOver)
+{
+    const std::string whole = PropertyList::writeXml(Drafts::tableFromDraft(draftOf("typed")));
+    const std::string newer =
+        PropertyList::writeXml(Table{Value(Dictionary{{"DraftVersion", Value(Integer{.magnitude = 2})}})});
+    fs::create_directories(folder());
+    int number = 0;
+    for (const std::string& bytes : {std::string(), std::string("garbage"), whole.substr(0, whole.size() / 2), newer}) {
+        put(file(), bytes);
+        EXPECT_EQ(readInAnotherRun(), Draft());
+        EXPECT_FALSE(fs::exists(file()));
+        EXPECT_EQ(bytesOf(folder() / ("Draft unread " + std::to_string(++number))), bytes);
+    }
+    EXPECT_EQ(namesIn(folder()).size(), 4U);
+}
+
+TEST_F(DraftFileTest, AFailedWriteLeavesTheOlderDraftAndIsMadeUpForByTheNext)
+{
+    DraftFile run(folder());
+    run.write([] { return draftOf("older"); });
+    run.waitUntilDone();
+    const std::string large(100'000, 'x');
+    {
+        const FileSizeLimit limit(8192);
+        run.write([&large] { return draftOf(large); });
+        run.waitUntilDone();
+    }
+    EXPECT_EQ(readInAnotherRun(), draftOf("older"));
+    EXPECT_EQ(namesIn(folder()), std::vector<std::string>{"Draft"});
+    run.write([&large] { return draftOf(large); });
+    run.waitUntilDone();
+    EXPECT_EQ(readInAnotherRun(), draftOf(large));
+}
+
+TEST_F(DraftFileTest, AnUnchangedDraftIsNotWrittenAgain)
+{
+    DraftFile run(folder());
+    run.write([] { return draftOf("typed"); });
+    run.waitUntilDone();
+    fs::remove(file());
+    run.write([] { return draftOf("typed"); });
+    run.waitUntilDone();
+    EXPECT_FALSE(fs::exists(file()));
+}
+
+TEST_F(DraftFileTest, ReadingRemovesWhatAKilledRunLeftOfItsWriting)
+{
+    fs::create_directories(folder());
+    put(folder() / ".Draft.tmp-abcdef", "half");
+    EXPECT_EQ(readInAnotherRun(), Draft());
+    EXPECT_TRUE(namesIn(folder()).empty());
+}
+
+} // namespace

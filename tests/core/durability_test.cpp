@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+// What a save asks of the system, in order: this program's own fsync, rename and unlink stand before the system's.
+#include "core/store_fixture.h"
+#include "store/DataFolder.h"
+#include "store/DraftFile.h"
+#include "store/Files.h"
+#include "store/Recovered.h"
+
+#include <array>
+#include <mutex>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The calls so far: "sync <path> <size>", "sync <folder>", "rename <to>", "unlink <path>".
+class Trace {
+public:
+    void add(std::string call)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_calls.push_back(std::move(call));
+    }
+    std::vector<std::string> take()
+    {
+        const std::lock_guard lock(m_mutex);
+        return std::exchange(m_calls, {});
+    }
+
+private:
+    std::mutex m_mutex;
+    std::vector<std::string> m_calls;
+};
+
+Trace& trace()
+{
+    static Trace calls;
+    return calls;
+}
+
+/// Where the open file is, with "*" for the part of a temporary name that nobody can know.
+std::string nameOf(int descriptor)
+{
+    std::string name = fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor)).filename();
+    if (const std::size_t mark = name.find(".tmp-"); mark != std::string::npos) {
+        name = name.substr(0, mark) + ".tmp-*";
+    }
+    return name;
+}
+
+} // namespace
+
+extern "C" int fsync(int descriptor)
+{
+    struct stat status {};
+    fstat(descriptor, &status);
+    trace().add("sync " + nameOf(descriptor) +
+                (S_ISREG(status.st_mode) ? " " + std::to_string(status.st_size) : std::string()));
+    return static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
+
+extern "C" int rename(const char* from, const char* to) noexcept
+{
+    trace().add("rename to " + fs::path(to).filename().native());
+    return static_cast<int>(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
+
+extern "C" int unlink(const char* path) noexcept
+{
+    trace().add("unlink " + fs::path(path).filename().native());
+    return static_cast<int>(::syscall(SYS_unlinkat, AT_FDCWD, path, 0));
+}
+
+namespace {
+
+using Calls = std::vector<std::string>;
+
+const std::string notesName = "TALV VeluMora";
+
+class DurabilityTest : public testing::Test {
+protected:
+    fs::path notesFile() const { return m_home.path() / "TALV" / notesName; }
+    std::error_code save(const Table& table)
+    {
+        trace().take();
+        return m_folder.saveTable(table, notesName, Replacing::OwnFile);
+    }
+
+    TestFolder m_home;
+    StillClock m_clock;
+    DataFolder m_folder{m_home.path(), m_clock};
+};
+
+std::string sizeOf(const fs::path& file)
+{
+    return std::to_string(fs::file_size(file));
+}
+
+TEST_F(DurabilityTest, ASaveSyncsTheWholeFileThenTakesItsPlaceThenSyncsTheFolder)
+{
+    ASSERT_FALSE(save(notes(5000, "a text that fills more than one piece")));
+    EXPECT_EQ(trace().take(),
+              (Calls{"sync .TALV VeluMora.tmp-* " + sizeOf(notesFile()), "rename to TALV VeluMora", "sync TALV"}));
+}
+
+TEST_F(DurabilityTest, ALinkedFileIsSyncedWhereItIs)
+{
+    const fs::path elsewhere = m_home.path() / "elsewhere";
+    fs::create_directories(elsewhere);
+    m_folder.ensure();
+    fs::create_symlink(elsewhere / "mine", notesFile());
+    ASSERT_FALSE(save(notes(1, "x")));
+    EXPECT_EQ(trace().take(),
+              (Calls{"sync .mine.tmp-* " + sizeOf(elsewhere / "mine"), "rename to mine", "sync elsewhere"}));
+}
+
+TEST_F(DurabilityTest, ARemovalHasTheCopyOnTheDiskBeforeTheFileGoesAndThenTheFolder)
+{
+    ASSERT_FALSE(save(notes(1, "x")));
+    const std::string size = sizeOf(notesFile());
+    ASSERT_FALSE(save({}));
+    const std::string copy = "TALV VeluMora 2026-11-21 05.32.10.123";
+    EXPECT_EQ(trace().take(), (Calls{"sync TALV", // where the folder of the copies is new
+                                     "sync ." + copy + ".tmp-* " + size, "rename to " + copy, "sync Recovered",
+                                     "sync Recovered", "unlink TALV VeluMora", "sync TALV"}));
+}
+
+TEST_F(DurabilityTest, ADraftIsSyncedTooAndItsRemoval)
+{
+    const fs::path folder = m_home.path() / "velumora";
+    DraftFile file(folder);
+    trace().take();
+    file.write([] { return Draft{{DraftChange::Kind::Note, std::nullopt, DatedText{Date(), "typed"}}}; });
+    file.waitUntilDone();
+    EXPECT_EQ(trace().take(),
+              (Calls{"sync .Draft.tmp-* " + sizeOf(folder / "Draft"), "rename to Draft", "sync velumora"}));
+    file.write([] { return Draft(); });
+    file.waitUntilDone();
+    EXPECT_EQ(trace().take(), (Calls{"unlink Draft", "sync velumora"}));
+}
+
+} // namespace
