@@ -105,6 +105,9 @@ void AppDelegate::applicationWillTerminate()
     m_minuteTimer.stop();
     m_ui.notesTableView->endEditing();
     m_ui.importantDatesTableView->endEditing();
+    if (m_prefsSheet->isVisible()) {
+        userSetPlace(); // typed, and not left yet
+    }
     if (eventsTVData && !eventsTVData->isEmpty()) {
         m_saves.save(eventsTVData, std::string(EventsFileName));
     }
