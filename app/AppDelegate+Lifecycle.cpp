@@ -107,6 +107,9 @@ void AppDelegate::applicationWillTerminate()
     m_minuteTimer.stop();
     m_ui.notesTableView->endEditing();
     m_ui.importantDatesTableView->endEditing();
+    if (m_prefsSheet->isVisible()) {
+        userSetPlace(); // typed, and not left yet
+    }
     saveEvents();
     deleteMonthlyPrintFile();
     waitForReports();

@@ -8,6 +8,39 @@
 
 #include <QSignalBlocker>
 
+namespace {
+
+/// What stands in the sheet's two fields.
+struct TypedPlace {
+    explicit TypedPlace(const Ui::PreferencesSheet& sheet)
+        : latitudeText(sheet.latitudeField->text().trimmed()), longitudeText(sheet.longitudeField->text().trimmed()),
+          isBeingTyped(sheet.latitudeField->hasFocus() || sheet.longitudeField->hasFocus())
+    {
+    }
+
+    bool isHalf() const { return latitude.has_value() != longitude.has_value(); }
+
+    /// Empty when nothing is wrong. One half is no mistake yet while the other may be typed.
+    QString problem() const
+    {
+        if (!latitude && !latitudeText.isEmpty()) {
+            return localized("The latitude is a number from −90 to 90");
+        }
+        if (!longitude && !longitudeText.isEmpty()) {
+            return localized("The longitude is a number from −180 to 180");
+        }
+        return isHalf() && !isBeingTyped ? localized("Enter both, or leave both empty") : QString();
+    }
+
+    QString latitudeText;
+    QString longitudeText;
+    bool isBeingTyped = false;
+    std::optional<double> latitude = DegreesText::degreesFromText(latitudeText, greatestLatitude);
+    std::optional<double> longitude = DegreesText::degreesFromText(longitudeText, greatestLongitude);
+};
+
+} // namespace
+
 void AppDelegate::showEnteredPlace()
 {
     const std::optional<Coordinate> place = enteredPlace(m_host.userDefaults);
@@ -22,21 +55,23 @@ void AppDelegate::showEnteredPlace()
 
 void AppDelegate::userSetPlace()
 {
-    const QString latitudeText = m_prefsLayout->latitudeField->text().trimmed();
-    const QString longitudeText = m_prefsLayout->longitudeField->text().trimmed();
-    const auto latitude = DegreesText::degreesFromText(latitudeText, greatestLatitude);
-    const auto longitude = DegreesText::degreesFromText(longitudeText, greatestLongitude);
-    if (!latitude && !latitudeText.isEmpty()) {
-        showPlaceProblem(localized("The latitude is a number from −90 to 90"));
-    } else if (!longitude && !longitudeText.isEmpty()) {
-        showPlaceProblem(localized("The longitude is a number from −180 to 180"));
-    } else if (latitude.has_value() != longitude.has_value()) {
-        showPlaceProblem(localized("Enter both, or leave both empty"));
-    } else {
-        showPlaceProblem({});
-        setEnteredPlace(latitude ? std::optional(Coordinate{*latitude, *longitude}) : std::nullopt,
-                        m_host.userDefaults);
+    const TypedPlace typed(*m_prefsLayout);
+    showPlaceProblem(typed.problem());
+    if (!typed.problem().isEmpty() || typed.isHalf()) {
+        return;
+    }
+    const auto place = typed.latitude ? std::optional(Coordinate{*typed.latitude, *typed.longitude}) : std::nullopt;
+    if (place != enteredPlace(m_host.userDefaults)) {
+        setEnteredPlace(place, m_host.userDefaults);
         askForLocationAgain();
+    }
+}
+
+/// What was found wrong is said until it is mended; nothing new is found wrong before the typing ends.
+void AppDelegate::userTypesPlace()
+{
+    if (m_prefsLayout->placeProblem->isVisible()) {
+        showPlaceProblem(TypedPlace(*m_prefsLayout).problem());
     }
 }
 

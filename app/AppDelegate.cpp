@@ -162,8 +162,10 @@ void AppDelegate::connectActions()
         });
     }
     for (QLineEdit* field : {m_prefsLayout->latitudeField, m_prefsLayout->longitudeField}) {
-        connect(field, &QLineEdit::textChanged, this, &AppDelegate::userSetPlace);
+        connect(field, &QLineEdit::textEdited, this, &AppDelegate::userTypesPlace);
+        connect(field, &QLineEdit::editingFinished, this, &AppDelegate::userSetPlace);
     }
+    connect(m_prefsSheet, &QDialog::finished, this, &AppDelegate::userSetPlace);
     connect(m_prefsLayout->closeBtn, &QAbstractButton::clicked, this,
             [this] { sheetCloseBtnPressed(*m_prefsLayout->closeBtn); });
     m_minuteTimer.setSingleShot(true);

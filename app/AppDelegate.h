@@ -94,6 +94,7 @@ public:
 
     /// Stores the place that the sheet's two fields tell, or says what is wrong with them.
     void userSetPlace();
+    void userTypesPlace();
 
     /// Closes the sheet that `sender` stands in.
     void sheetCloseBtnPressed(QWidget& sender);

@@ -37,6 +37,17 @@ DateFormatter spokenDateFormatter()
     return formatter;
 }
 
+/// The first instant of the day of `shown` that `button` stands for; nothing for a blank cell, and for a day that the
+/// zone left out.
+std::optional<Date> dateOfDay(const DayButton& button, MonthGrid::YearMonth shown)
+{
+    const YearMonthDay day{shown.year, shown.month, integerValue(button.title())};
+    if (button.title().isEmpty() || DateUtilities::isLeftOut(day)) {
+        return std::nullopt;
+    }
+    return DateUtilities::dateFromYear(day.year, day.month, day.day);
+}
+
 /// Marks the button of the day `spokenDate`, also for a screen reader.
 void markDay(DayButton& button, DayButton::State state, const QString& spokenDate)
 {
@@ -134,6 +145,11 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
             button->setAccessibleName(QString());
             continue;
         }
+        if (DateUtilities::isLeftOut({year, month, day})) {
+            button->setState(DayButton::Off);
+            button->setAccessibleName(button->title());
+            continue;
+        }
         const Date dayDate = DateUtilities::dateFromYear(year, month, day);
         const bool hasNote = NoteQueries::doesTVDataHaveDate(datesWithNotes, dayDate) != DateUtilities::NotFound;
         markDay(*button, hasNote ? DayButton::On : DayButton::Off, spokenDate.stringFromDate(dayDate));
@@ -221,10 +237,8 @@ void AppDelegate::backForwardYearOrMonth(QAbstractButton& sender)
 void AppDelegate::dayBtnAction(DayButton& sender)
 {
     m_ui.notesTableView->endEditing(); // before the rows change under it
-    if (!sender.title().isEmpty()) {
-        const MonthGrid::YearMonth shown = fromMiniCalGetYearMonth();
-        const Date date = DateUtilities::dateFromYear(shown.year, shown.month, integerValue(sender.title()));
-        showNoteOfDay(date, sender);
+    if (const std::optional<Date> date = dateOfDay(sender, fromMiniCalGetYearMonth())) {
+        showNoteOfDay(*date, sender);
     }
     showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
 }
@@ -255,7 +269,7 @@ void AppDelegate::showNoteOfDay(Date date, DayButton& button)
 /// A click on a day leads into its note, ready to be typed.
 void AppDelegate::editSelectedNote(DayButton& day)
 {
-    if (!day.title().isEmpty()) {
+    if (dateOfDay(day, fromMiniCalGetYearMonth())) {
         const QString text = QString::fromLatin1(NoteDataKey.data(), static_cast<qsizetype>(NoteDataKey.size()));
         TableView& notes = *m_ui.notesTableView;
         notes.editColumn(notes.columnWithIdentifier(text), notes.selectedRow());

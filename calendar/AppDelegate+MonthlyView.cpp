@@ -43,6 +43,7 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
     m_ui.monthlyViewMonthYear->setText(
         filled(QStringLiteral("%@ %@"), {DateUtilities::monthNameFromDate(date), DateUtilities::yearFromDate(date)}));
 
+    const YearMonthDay month = DateUtilities::yearMonthDayFromDate(date);
     const std::vector<Date> days = MonthGrid::daysOfMonth(date);
     const std::vector<std::string> texts = NoteQueries::textsOfDates(notes.value_or(Table()), days);
     const Date now = DateEnvironment::now();
@@ -63,6 +64,12 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
         }
         const auto index = static_cast<std::size_t>(day - 1);
         number.setText(QString::number(day));
+        if (DateUtilities::isLeftOut({month.year, month.month, day})) {
+            number.setToday(false);
+            note.setNote({});
+            note.setAccessibleName({});
+            continue;
+        }
         number.setToday(DateUtilities::isThisDate(days.at(index), now));
         note.setNote(QString::fromStdString(texts.at(index)));
         note.setAccessibleName(spokenDate.stringFromDate(days.at(index)));

@@ -13,6 +13,9 @@
 
 #include <QMainWindow>
 
+#include <algorithm>
+#include <array>
+
 void AppDelegate::setWeeklyViewThreeCharDayNames(bool startOnSunday, QWidget& window)
 {
     const auto* grid = window.findChild<WeeklyGrid*>();
@@ -44,9 +47,11 @@ void AppDelegate::setWeeklyViewDayNumbers(bool startOnSunday, QWidget& window, c
 void AppDelegate::putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget& view,
                                                const std::optional<Table>& notes)
 {
-    const auto days = Week::daysFrom(DateUtilities::dateByAddingDays(date, daysToAdd, 0, 0));
-    const std::vector<std::string> texts = NoteQueries::textsOfDates(notes.value_or(Table()), days);
-    setStringForWeeklyViewStartingDateMsg(days.front());
+    const auto days = Week::daysFrom(date, daysToAdd);
+    std::array<Date, days.size()> dates;
+    std::ranges::transform(days, dates.begin(), &Week::Day::begin);
+    const std::vector<std::string> texts = NoteQueries::textsOfDates(notes.value_or(Table()), dates);
+    setStringForWeeklyViewStartingDateMsg(dates.front());
 
     const auto* grid = view.findChild<WeeklyGrid*>();
     const Date now = DateEnvironment::now();
@@ -55,11 +60,18 @@ void AppDelegate::putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget
     for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
         const auto index = static_cast<std::size_t>(column);
         auto* number = grid->viewWithTag<DayNumber>(MonthGrid::weeklyDayTag(column));
-        number->setText(DateUtilities::dayFromDate(days.at(index)));
-        number->setToday(DateUtilities::isThisDate(days.at(index), now));
         auto* note = grid->viewWithTag<NoteField>(MonthGrid::weeklyNoteTag(column));
+        if (days.at(index).isLeftOut) {
+            number->setText(QString::number(days.at(index).number.day));
+            number->setToday(false);
+            note->setNote({});
+            note->setAccessibleName({});
+            continue;
+        }
+        number->setText(DateUtilities::dayFromDate(dates.at(index)));
+        number->setToday(DateUtilities::isThisDate(dates.at(index), now));
         note->setNote(QString::fromStdString(texts.at(index)));
-        note->setAccessibleName(spokenDate.stringFromDate(days.at(index)));
+        note->setAccessibleName(spokenDate.stringFromDate(dates.at(index)));
     }
 }
 

@@ -145,7 +145,8 @@ Date calcNewYear(bool forward, int month, int year);
 /// The month that holds now.
 YearMonth currentYearMonth();
 
-/// The first instant of each day of the month that holds `date`, the dates that its notes carry.
+/// The first instant of each day of the month that holds `date`, the dates that its notes carry; for a day that the
+/// zone left out (`DateUtilities::isLeftOut`), that of the day after it.
 std::vector<Date> daysOfMonth(Date date);
 
 /// The month that a year text and a month name show, as `yearFromDate` and `monthNameFromDate` write them.

@@ -3,16 +3,15 @@
 
 #include "dates/DateUtilities.h"
 
-std::array<Date, MonthGrid::DaysPerWeek> Week::daysFrom(Date date)
+std::array<Week::Day, MonthGrid::DaysPerWeek> Week::daysFrom(Date date, int daysAhead)
 {
-    std::array<Date, MonthGrid::DaysPerWeek> days;
-    int daysAhead = 0;
-    for (Date& day : days) {
-        // Not each from the one before: the hour of a day without a midnight would stay with those after it.
-        const auto [year, month, dayOfMonth] =
-            DateUtilities::yearMonthDayFromDate(DateUtilities::dateByAddingDays(date, daysAhead, 0, 0));
-        day = DateUtilities::dateFromYear(year, month, dayOfMonth);
-        ++daysAhead;
+    std::array<Day, MonthGrid::DaysPerWeek> days;
+    std::int64_t julianDay = DateUtilities::julianDayFromDate(date) + daysAhead;
+    for (Day& day : days) {
+        day.number = DateUtilities::yearMonthDayFromJulianDay(julianDay);
+        day.begin = DateUtilities::dateFromYear(day.number.year, day.number.month, day.number.day);
+        day.isLeftOut = DateUtilities::isLeftOut(day.number);
+        ++julianDay;
     }
     return days;
 }

@@ -34,11 +34,6 @@ QDate dayOf(Date date)
     return QDate::fromJulianDay(DateUtilities::julianDayFromDate(date));
 }
 
-std::string language()
-{
-    return DateEnvironment::localePair().preferredLanguages.front();
-}
-
 QCalendar calendarOf(const std::string& languageIdentifier)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -50,7 +45,7 @@ QCalendar calendarOf(const std::string& languageIdentifier)
 } // namespace
 
 DatePicker::DatePicker(QWidget* parent)
-    : QAbstractSpinBox(parent), m_dayText(language()), m_arrow(new QToolButton(this))
+    : QAbstractSpinBox(parent), m_dayText(DateUtilities::localeDevice()), m_arrow(new QToolButton(this))
 {
     setFrame(false);
     setButtonSymbols(NoButtons);
@@ -190,8 +185,8 @@ QCalendarWidget* DatePicker::makeCalendar()
     calendar->setWindowFlag(Qt::Popup);
     calendar->setAttribute(Qt::WA_DeleteOnClose);
     calendar->setPalette(window()->palette());
-    calendar->setLocale(QLocale(QString::fromStdString(language())));
-    calendar->setCalendar(calendarOf(language()));
+    calendar->setLocale(QLocale(QString::fromStdString(DateEnvironment::localePair().preferredLanguages.front())));
+    calendar->setCalendar(calendarOf(DateUtilities::localeDevice()));
     calendar->setFirstDayOfWeek(m_firstDayOfWeek);
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     calendar->setDateRange(std::min(firstOfferedDay, m_firstDay), lastDay);

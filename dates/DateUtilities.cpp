@@ -30,10 +30,23 @@ std::unique_ptr<icu::Calendar> currentCalendar(Date date)
     return calendar;
 }
 
+/// The current calendar in a zone in which every day has all its hours.
+std::unique_ptr<icu::Calendar> calendarWithoutZone()
+{
+    std::unique_ptr<icu::Calendar> calendar = currentCalendar();
+    calendar->setTimeZone(*icu::TimeZone::getGMT());
+    return calendar;
+}
+
 int field(const icu::Calendar& calendar, UCalendarDateFields which)
 {
     UErrorCode status = U_ZERO_ERROR;
     return calendar.get(which, status);
+}
+
+YearMonthDay fieldsOf(const icu::Calendar& calendar)
+{
+    return {field(calendar, UCAL_YEAR), field(calendar, UCAL_MONTH) + 1, field(calendar, UCAL_DAY_OF_MONTH)};
 }
 
 Date dateOf(const icu::Calendar& calendar)
@@ -76,6 +89,23 @@ std::int64_t indexInList(const QStringList& list, const QString& name)
     return index < 0 ? DateUtilities::NotFound : index;
 }
 
+/// Moves `calendar` by days as they are counted, not by multiples of 24 hours: a zone may have left a day out.
+void addDays(icu::Calendar& calendar, int days)
+{
+    if (days == 0) {
+        return; // a time that the zone repeats stays the one that it is
+    }
+    UErrorCode status = U_ZERO_ERROR;
+    const UDate start = calendar.getTime(status);
+    const int wanted = field(calendar, UCAL_JULIAN_DAY) + days;
+    calendar.set(UCAL_JULIAN_DAY, wanted);
+    if (days < 0 && field(calendar, UCAL_JULIAN_DAY) > wanted) { // left out: the step back goes on
+        calendar.setTime(start, status);
+        static_cast<void>(field(calendar, UCAL_JULIAN_DAY)); // works out the time of day
+        calendar.set(UCAL_JULIAN_DAY, wanted - 1);
+    }
+}
+
 QString twoDigits(int number)
 {
     return number > 9 ? QString::number(number) : u'0' + QString::number(number);
@@ -98,8 +128,7 @@ Date DateUtilities::dateFromYYMMDDStr(const QString& compactDay)
 
 YearMonthDay DateUtilities::yearMonthDayFromDate(Date date)
 {
-    const std::unique_ptr<icu::Calendar> calendar = currentCalendar(date);
-    return {field(*calendar, UCAL_YEAR), field(*calendar, UCAL_MONTH) + 1, field(*calendar, UCAL_DAY_OF_MONTH)};
+    return fieldsOf(*currentCalendar(date));
 }
 
 QString DateUtilities::YYYYMMDDStrFromDate(Date date)
@@ -111,6 +140,19 @@ QString DateUtilities::YYYYMMDDStrFromDate(Date date)
 Date DateUtilities::janFirstThisYear()
 {
     return dateFromYear(integerValue(currentYear()), 1, 1);
+}
+
+YearMonthDay DateUtilities::yearMonthDayFromJulianDay(std::int64_t days)
+{
+    const std::unique_ptr<icu::Calendar> calendar = calendarWithoutZone();
+    calendar->clear();
+    calendar->set(UCAL_JULIAN_DAY, static_cast<int32_t>(days));
+    return fieldsOf(*calendar);
+}
+
+bool DateUtilities::isLeftOut(const YearMonthDay& day)
+{
+    return yearMonthDayFromDate(dateFromYear(day.year, day.month, day.day)) != day;
 }
 
 Date DateUtilities::dateFromYear(int year, int month, int day)
@@ -134,7 +176,7 @@ Date DateUtilities::dateByAddingDays(Date date, int days, int months, int years)
     const std::unique_ptr<icu::Calendar> calendar = currentCalendar(date);
     calendar->add(UCAL_YEAR, years, status);
     calendar->add(UCAL_MONTH, months, status);
-    calendar->add(UCAL_DAY_OF_MONTH, days, status);
+    addDays(*calendar, days);
     return dateOf(*calendar);
 }
 
@@ -206,9 +248,17 @@ QString DateUtilities::currentDay()
     return dayFromDate(DateEnvironment::now());
 }
 
+std::string DateUtilities::localeDevice()
+{
+    UErrorCode status = U_ZERO_ERROR;
+    icu::Locale locale = icuLocale(DateEnvironment::localePair().preferredLanguages.front());
+    locale.setKeywordValue("calendar", currentCalendar()->getType(), status);
+    return locale.toLanguageTag<std::string>(status);
+}
+
 DateFormatter DateUtilities::copyFormatterForLocaleDevice()
 {
-    return DateFormatter(DateEnvironment::localePair().preferredLanguages.front());
+    return DateFormatter(localeDevice());
 }
 
 QString DateUtilities::dayNameFromDate(Date date)

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <string>
 
 /// A calendar day as the current calendar counts it: `month` from 1, `day` of the month from 1.
 struct YearMonthDay {
@@ -51,7 +52,10 @@ struct DateComponents {
 ///
 /// Three sources of language are kept apart: numbers, weekday names and styles follow the current locale; names of
 /// months taken from a date, and their inverse, the first preferred language; `monthNameFromNumber` the current locale
-/// again.
+/// again. The calendar is always the current one, so that a month's name and a year beside it belong together.
+///
+/// A zone that crossed the date line may have left a whole day out. The calendar counts it all the same; the first
+/// instant after it stands for it.
 namespace DateUtilities {
 
 /// The index of a name that a list does not hold.
@@ -73,6 +77,12 @@ QString YYYYMMDDStrFromDate(Date date);
 /// Midnight of day 1 of month 1 of `currentYear`.
 Date janFirstThisYear();
 
+/// The day that begins `days` after 1 January 4713 BC (Julian), as `julianDayFromDate` counts them.
+YearMonthDay yearMonthDayFromJulianDay(std::int64_t days);
+
+/// Whether the zone left out the whole of that day, which must be one of the calendar.
+bool isLeftOut(const YearMonthDay& day);
+
 /// Midnight of that day. Nothing is checked: the calendar carries, so day 0 is the last day of the month before.
 /// A midnight that the zone skips becomes the day's first instant; of one that it repeats, the first.
 Date dateFromYear(int year, int month, int day);
@@ -80,7 +90,9 @@ Date dateFromYear(int year, int month, int day);
 /// Midnight at the start of the date's day; nothing when that midnight does not exist in the zone.
 std::optional<Date> cleanseDate(Date date);
 
-/// `date` moved by the three amounts, either way, its time of day kept; a day beyond a month's end becomes its last.
+/// `date` moved by the years, then the months, then the days, either way, its time of day kept; after each of the first
+/// two a day beyond a month's end becomes its last. The days are those of the calendar; a left-out one that would be
+/// the result gives way to the next day in the direction of the days.
 Date dateByAddingDays(Date date, int days, int months, int years);
 
 /// The difference from `dateA` to `dateB`, the largest asked unit taken whole first; all fields have the same sign,
@@ -103,7 +115,10 @@ QString currentYear();
 QString currentMonth();
 QString currentDay();
 
-/// A plain formatter in the first preferred language.
+/// The first preferred language, with the calendar of the current locale, as a locale identifier.
+std::string localeDevice();
+
+/// A plain formatter in the first preferred language: the calendar stays that of the current locale.
 DateFormatter copyFormatterForLocaleDevice();
 
 /// "Tuesday" and "Tue".

@@ -3,7 +3,6 @@
 
 #include "dates/Clock.h"
 #include "dates/DateFormatter.h"
-#include "dates/DateUtilities.h"
 #include "dates/IcuTypes.h"
 #include "dates/IntegerValue.h"
 
@@ -92,10 +91,11 @@ double eventAngle(SunTimes::Event event, double day, double westLongitude, doubl
     return rightAscension(longitude) + *hour + t * SiderealRate + SiderealOffset + westLongitude - westZone;
 }
 
-/// The number of today's year, month or day, in the 16 bits that it has always been handed over in.
-double shortInteger(const QString& text)
+/// A number of today's, in the 16 bits that it has always been handed over in.
+double shortInteger(const icu::Calendar& calendar, UCalendarDateFields which)
 {
-    return static_cast<std::int16_t>(integerValue(text));
+    UErrorCode status = U_ZERO_ERROR;
+    return static_cast<std::int16_t>(calendar.get(which, status));
 }
 
 } // namespace
@@ -161,8 +161,10 @@ std::optional<QString> SunTimes::sunLine(const Coordinate& place, const QString&
     if (!std::isfinite(place.latitude) || !std::isfinite(place.longitude)) {
         return std::nullopt;
     }
-    const RiseAndSet times =
-        sunTime(-place.longitude, place.latitude, timeZoneHours(), shortInteger(DateUtilities::currentYear()),
-                shortInteger(DateUtilities::currentMonth()), shortInteger(DateUtilities::currentDay()));
+    UErrorCode status = U_ZERO_ERROR;
+    icu::GregorianCalendar today(status); // the method's, whatever calendar the locale keeps
+    today.setTime(udate(DateEnvironment::now()), status);
+    const RiseAndSet times = sunTime(-place.longitude, place.latitude, timeZoneHours(), shortInteger(today, UCAL_YEAR),
+                                     shortInteger(today, UCAL_MONTH) + 1, shortInteger(today, UCAL_DAY_OF_MONTH));
     return heading + u' ' + clockText(times.sunrise, timeFormatter) + u'/' + clockText(times.sunset, timeFormatter);
 }

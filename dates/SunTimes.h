@@ -48,8 +48,8 @@ double timeZoneHours();
 /// process's present zone.
 QString clockText(double packedTime, const DateFormatter& timeFormatter);
 
-/// Today's line at `place`: `heading`, then both times, for example "Rise/Set: 5:31 AM/8:32 PM". Nothing when `place`
-/// is not a pair of finite numbers.
+/// Today's line at `place`, by the Gregorian calendar: `heading`, then both times, for example "Rise/Set: 5:31 AM/8:32
+/// PM". Nothing when `place` is not a pair of finite numbers.
 std::optional<QString> sunLine(const Coordinate& place, const QString& heading, const DateFormatter& timeFormatter);
 
 } // namespace SunTimes

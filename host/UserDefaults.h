@@ -6,8 +6,8 @@
 
 #include <optional>
 
-/// The user's settings, under literal keys. A key that the user never set reads as its registered default, and one
-/// without a registered default as 0.
+/// The user's settings, under literal keys. A key that the user never set, or whose value says no number, reads as its
+/// registered default, and one without a registered default as 0.
 class UserDefaults {
 public:
     UserDefaults() = default;

@@ -143,7 +143,10 @@ void AppDelegate::backForwardNotesView(QAbstractButton& sender)
 
 void AppDelegate::setDateForPrevNextArrows(Date date)
 {
-    m_window.setProperty(notesViewCurrentDateKey, unixSeconds(date));
+    // A day from the middle of the month: it stays in that month wherever the time zone moves.
+    const YearMonthDay day = DateUtilities::yearMonthDayFromDate(date);
+    const Date inMonth = DateUtilities::dateFromYear(day.year, day.month, 15);
+    m_window.setProperty(notesViewCurrentDateKey, unixSeconds(inMonth));
     m_ui.prevMonthYearDesc->setText(monthAndYear(DateUtilities::dateByAddingDays(date, 0, -1, 0)));
     m_ui.nextMonthYearDesc->setText(monthAndYear(DateUtilities::dateByAddingDays(date, 0, 1, 0)));
 }

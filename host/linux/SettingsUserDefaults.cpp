@@ -1,7 +1,38 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/SettingsUserDefaults.h"
 
+#include <QStringList>
+
+#include <algorithm>
 #include <cmath>
+#include <limits>
+
+namespace {
+
+/// What a person or a program may have written for an integer. Of a number with a fraction the whole number beyond it,
+/// so that nothing but 0 counts as 0; nothing for a text that says no value.
+std::optional<int> integerFromText(const QString& text)
+{
+    static const QStringList trueWords{QStringLiteral("true"), QStringLiteral("yes"), QStringLiteral("on")};
+    static const QStringList falseWords{QStringLiteral("false"), QStringLiteral("no"), QStringLiteral("off")};
+    const QString value = text.trimmed();
+    if (trueWords.contains(value, Qt::CaseInsensitive)) {
+        return 1;
+    }
+    if (falseWords.contains(value, Qt::CaseInsensitive)) {
+        return 0;
+    }
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(number)) {
+        return std::nullopt;
+    }
+    const double whole = number < 0 ? std::floor(number) : std::ceil(number);
+    constexpr std::numeric_limits<int> range;
+    return static_cast<int>(std::clamp<double>(whole, range.min(), range.max()));
+}
+
+} // namespace
 
 void SettingsUserDefaults::registerDefaults(const QHash<QString, int>& defaults)
 {
@@ -10,7 +41,7 @@ void SettingsUserDefaults::registerDefaults(const QHash<QString, int>& defaults)
 
 int SettingsUserDefaults::integerForKey(const QString& key) const
 {
-    return m_settings.value(key, m_registered.value(key)).toInt();
+    return integerFromText(m_settings.value(key).toString()).value_or(m_registered.value(key));
 }
 
 void SettingsUserDefaults::setInteger(int value, const QString& key)

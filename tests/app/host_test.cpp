@@ -9,6 +9,7 @@
 #include "support/DateGuards.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QSettings>
 #include <QSignalSpy>
@@ -18,6 +19,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <limits>
 #include <map>
 
 namespace {
@@ -148,12 +150,60 @@ TEST_F(SettingsTest, SynchronizingPutsItOnTheDiskAtOnce)
     EXPECT_TRUE(file.readAll().contains("=7\n"));
 }
 
-TEST_F(SettingsTest, AValueThatIsNoNumberReadsAsZero)
+TEST_F(SettingsTest, AValueWrittenByHandMeansWhatItSays)
 {
-    QSettings().setValue(PreferenceKeys::weekStart, QStringLiteral("Monday"));
-    SettingsUserDefaults defaults;
-    defaults.registerDefaults({{PreferenceKeys::weekStart, 1}});
-    EXPECT_EQ(defaults.integerForKey(PreferenceKeys::weekStart), 0);
+    struct {
+        const char* written;
+        int value;
+    } const rows[] = {
+        {"1", 1},
+        {"1.0", 1},
+        {"0", 0},
+        {"0.0", 0},
+        {"-0", 0},
+        {"5", 5},
+        {"-1", -1},
+        {"0.5", 1},
+        {"-0.5", -1},
+        {"1e3", 1000},
+        {" 1 ", 1},
+        {"true", 1},
+        {"True", 1},
+        {"YES", 1},
+        {"yes", 1},
+        {"on", 1},
+        {"false", 0},
+        {"FALSE", 0},
+        {"no", 0},
+        {"Off", 0},
+        {"\"true\"", 1},
+        {"\"0.0\"", 0},
+        {"1e300", std::numeric_limits<int>::max()},
+        {"4294967296", std::numeric_limits<int>::max()},
+    };
+    for (int i = 0; const auto& row : rows) {
+        QCoreApplication::setApplicationName(QStringLiteral("Velumora%1").arg(++i)); // a file of its own
+        QFile file(QSettings().fileName());
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(QByteArrayLiteral("[General]\nkey=") + row.written + '\n');
+        file.close();
+        SettingsUserDefaults defaults;
+        defaults.registerDefaults({{QStringLiteral("key"), 42}});
+        EXPECT_EQ(defaults.integerForKey(QStringLiteral("key")), row.value) << row.written;
+        EXPECT_EQ(defaults.boolForKey(QStringLiteral("key")), row.value != 0) << row.written;
+    }
+}
+
+TEST_F(SettingsTest, AValueThatSaysNoNumberReadsAsItsRegisteredDefaultElseAsZero)
+{
+    for (const char* written : {"Monday", "", "nan", "inf", "1,5", "0x1", "true false", "@Invalid()"}) {
+        QSettings().setValue(PreferenceKeys::weekStart, QString::fromLatin1(written));
+        SettingsUserDefaults defaults;
+        EXPECT_EQ(defaults.integerForKey(PreferenceKeys::weekStart), 0) << written;
+        defaults.registerDefaults({{PreferenceKeys::weekStart, 1}});
+        EXPECT_EQ(defaults.integerForKey(PreferenceKeys::weekStart), 1) << written;
+    }
 }
 
 // --- Bundle, system --------------------------------------------------------------------------------------------------

@@ -14,6 +14,7 @@
 #include <QSettings>
 #include <QTest>
 
+#include <functional>
 #include <limits>
 
 namespace {
@@ -40,6 +41,7 @@ protected:
     {
         ui->preferencesAction->trigger();
         runQueued();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&control<QDialog>("thePrefsSheet"))); // or no field has the focus
     }
 
     void startWithSheet()
@@ -49,12 +51,22 @@ protected:
         host.journal.entries.clear();
     }
 
+    /// Types in place of what stands in the field, and stays in it.
     static void type(QLineEdit& field, const QString& text)
     {
+        field.setFocus();
         field.selectAll();
         QTest::keyClick(&field, Qt::Key_Delete);
         QTest::keyClicks(&field, text);
     }
+    void leaveFields() { control<QPushButton>("closeBtn").setFocus(); }
+    void enter(const QString& latitudeText, const QString& longitudeText)
+    {
+        type(latitude(), latitudeText);
+        type(longitude(), longitudeText);
+        leaveFields();
+    }
+    void closeSheet() { control<QPushButton>("closeBtn").click(); }
 
     Numbers stored() const { return host.userDefaults.storedNumbers; }
 
@@ -78,29 +90,71 @@ TEST_F(PlacePreferenceTest, AFreshAccountHasNoneAndTheFieldsSayAutomatic)
     EXPECT_EQ(enteredPlace(host.userDefaults), std::nullopt);
 }
 
-TEST_F(PlacePreferenceTest, APairIsStoredFlushedAndAskedForAtOnce)
+TEST_F(PlacePreferenceTest, APairIsStoredFlushedAndAskedForOnceItIsWhole)
 {
     startWithSheet();
-    latitude().setText(QStringLiteral("53.55")); // as a screen reader does
-    EXPECT_EQ(problem(), halfProblem);
+    type(latitude(), QStringLiteral("53.55"));
+    longitude().setFocus();
+    EXPECT_EQ(problem(), QString()) << "the other half may come yet";
+    type(longitude(), QStringLiteral("9.99"));
     EXPECT_TRUE(stored().isEmpty());
     EXPECT_FALSE(host.journal.entries.contains(positionAsked));
-    longitude().setText(QStringLiteral("9.99"));
+    leaveFields();
     EXPECT_EQ(problem(), QString());
     EXPECT_EQ(stored(), (Numbers{{latitudeKey, 53.55}, {longitudeKey, 9.99}}));
     EXPECT_EQ(enteredPlace(host.userDefaults), (Coordinate{53.55, 9.99}));
     EXPECT_EQ(host.userDefaults.synchronizations, 1);
     EXPECT_EQ(host.journal.entries.count(positionAsked), 1);
+    closeSheet();
+    EXPECT_EQ(host.userDefaults.synchronizations, 1) << "nothing new to store";
+    EXPECT_EQ(host.journal.entries.count(positionAsked), 1);
 }
 
-TEST_F(PlacePreferenceTest, EveryKeyThatLeavesAPlaceIsFollowed)
+TEST_F(PlacePreferenceTest, ARefusedPlaceLeavesTheFormerOneAndNotItsFirstDigits)
+{
+    host.userDefaults.storedNumbers = {{latitudeKey, 53.55}, {longitudeKey, 9.99}};
+    startWithSheet();
+    type(latitude(), QStringLiteral("91"));
+    EXPECT_EQ(problem(), QString()) << "not while it is typed";
+    longitude().setFocus();
+    EXPECT_EQ(problem(), latitudeProblem);
+    closeSheet();
+    EXPECT_EQ(stored(), (Numbers{{latitudeKey, 53.55}, {longitudeKey, 9.99}}));
+    EXPECT_FALSE(host.journal.entries.contains(positionAsked));
+}
+
+TEST_F(PlacePreferenceTest, WhatIsTypedIsTakenInWhicheverWayItEnds)
+{
+    const std::function<void()> ends[] = {
+        [this] { leaveFields(); },
+        [this] { QTest::keyClick(&latitude(), Qt::Key_Return); },
+        [this] { QTest::keyClick(&latitude(), Qt::Key_Escape); },
+        [this] { closeSheet(); },
+        [this] { QTest::mouseClick(&control<QPushButton>("closeBtn"), Qt::LeftButton); },
+        [this] { app->applicationWillTerminate(); },
+    };
+    for (const auto& end : ends) {
+        host.userDefaults.storedNumbers = {{latitudeKey, 1}, {longitudeKey, 9}};
+        startWithSheet();
+        type(latitude(), QStringLiteral("-53,5"));
+        EXPECT_EQ(stored().value(latitudeKey), 1);
+        end();
+        EXPECT_EQ(stored(), (Numbers{{latitudeKey, -53.5}, {longitudeKey, 9}}));
+        EXPECT_EQ(host.journal.entries.count(positionAsked), 1);
+    }
+}
+
+TEST_F(PlacePreferenceTest, WhatIsWrongIsSaidUntilItIsMended)
 {
     startWithSheet();
-    type(longitude(), QStringLiteral("9"));
-    type(latitude(), QStringLiteral("-5"));
-    EXPECT_EQ(stored(), (Numbers{{latitudeKey, -5}, {longitudeKey, 9}}));
-    QTest::keyClicks(&latitude(), QStringLiteral("3,5"));
-    EXPECT_EQ(stored(), (Numbers{{latitudeKey, -53.5}, {longitudeKey, 9}}));
+    enter(QStringLiteral("91"), QStringLiteral("9"));
+    EXPECT_EQ(problem(), latitudeProblem);
+    type(longitude(), QStringLiteral("10"));
+    EXPECT_EQ(problem(), latitudeProblem);
+    type(latitude(), QStringLiteral("5"));
+    EXPECT_EQ(problem(), QString());
+    leaveFields();
+    EXPECT_EQ(stored(), (Numbers{{latitudeKey, 5}, {longitudeKey, 10}}));
 }
 
 TEST_F(PlacePreferenceTest, WhatIsNoPlaceIsSaidAndTheFormerOneStays)
@@ -118,8 +172,7 @@ TEST_F(PlacePreferenceTest, WhatIsNoPlaceIsSaidAndTheFormerOneStays)
     };
     for (const auto& row : rows) {
         startWithSheet();
-        latitude().setText(QString::fromLatin1(row.latitude));
-        longitude().setText(QString::fromLatin1(row.longitude));
+        enter(QString::fromLatin1(row.latitude), QString::fromLatin1(row.longitude));
         EXPECT_EQ(problem(), row.problem) << row.latitude << " / " << row.longitude;
         EXPECT_EQ(latitude().accessibleDescription(), row.problem);
         EXPECT_EQ(stored(), (Numbers{{latitudeKey, 1}, {longitudeKey, 2}})) << row.latitude << " / " << row.longitude;
@@ -131,9 +184,10 @@ TEST_F(PlacePreferenceTest, BothEmptyIsAutomaticAgain)
 {
     host.userDefaults.storedNumbers = {{latitudeKey, 53.55}, {longitudeKey, 9.99}};
     startWithSheet();
-    latitude().clear();
+    type(latitude(), {});
     EXPECT_EQ(stored().size(), 2);
-    longitude().clear();
+    type(longitude(), {});
+    leaveFields();
     EXPECT_TRUE(stored().isEmpty());
     EXPECT_EQ(problem(), QString());
     EXPECT_EQ(host.userDefaults.synchronizations, 1);
@@ -147,8 +201,7 @@ TEST_F(PlacePreferenceTest, TheLineOfTheFormerPlaceGoesWhenNoPlaceIsKnownAnyMore
     FakeLocationManager& manager = *host.locationServices.manager;
     manager.delegate->didUpdateLocations(manager, {{{53.55, 9.99}, Location::Source::Preferences}});
     EXPECT_FALSE(ui->riseSetOnMiniCal->text().isEmpty());
-    latitude().clear();
-    longitude().clear();
+    enter({}, {});
     EXPECT_EQ(ui->riseSetOnMiniCal->text(), QString());
     EXPECT_EQ(ui->riseSetOnMiniCal->toolTip(), QString());
     EXPECT_EQ(control<QLabel>("placeInUse").text(), QStringLiteral("No place is known"));
@@ -177,8 +230,10 @@ TEST_F(PlacePreferenceTest, NumbersAreWrittenAsInTheUsersCountry)
     startWithSheet();
     EXPECT_EQ(latitude().text(), QStringLiteral("53,55"));
     type(latitude(), QStringLiteral("52,5"));
+    leaveFields();
     EXPECT_EQ(stored().value(latitudeKey), 52.5);
     type(latitude(), QStringLiteral("95"));
+    leaveFields();
     EXPECT_EQ(problem(), QStringLiteral("Der Breitengrad ist eine Zahl von −90 bis 90"));
 }
 
@@ -200,8 +255,7 @@ TEST_F(PlacePreferenceTest, WithLocationServicesTurnedOffItIsStoredAllTheSame)
 {
     host.locationServices.enabled = false;
     startWithSheet();
-    latitude().setText(QStringLiteral("53.55"));
-    longitude().setText(QStringLiteral("9.99"));
+    enter(QStringLiteral("53.55"), QStringLiteral("9.99"));
     EXPECT_EQ(stored().size(), 2);
     EXPECT_FALSE(host.journal.entries.contains(positionAsked));
 }
@@ -223,7 +277,7 @@ TEST_F(PlacePreferenceTest, AProblemIsRedInBothAppearancesAndMovesNothing)
                            QString::fromLatin1(state) + QLatin1String(dark ? "-sheet-dark" : "-sheet-light"));
         };
         save("hint");
-        latitude().setText(QStringLiteral("95"));
+        enter(QStringLiteral("95"), {});
         runQueued();
         save("problem");
         EXPECT_EQ(control<QLabel>("placeProblem").palette().color(QPalette::WindowText),

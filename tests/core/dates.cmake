@@ -6,6 +6,7 @@ velumora_test(date-tests
     core/dates_formatter_test.cpp
     core/dates_integer_value_test.cpp
     core/dates_month_grid_test.cpp
+    core/dates_names_test.cpp
     core/dates_sun_times_test.cpp
     core/dates_utilities_test.cpp
     core/dates_week_test.cpp

@@ -90,7 +90,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Languages{"de_DE", "ja-JP"}, Languages{"fr_FR", "fr-FR"}, Languages{"fr_FR", "ar-EG"},
                     Languages{"ja_JP", "ja"}, Languages{"ja_JP", "th-TH"}, Languages{"ar_EG", "ar-EG"},
                     Languages{"ar_EG", "en"}, Languages{"fa_IR", "fa"}, Languages{"fa_IR", "en-US"},
-                    Languages{"th_TH", "th"}, Languages{"th_TH", "fa-IR"}),
+                    Languages{"th_TH", "th"}, Languages{"th_TH", "fa-IR"}, Languages{"ar_SA", "ar-SA"},
+                    Languages{"ar_SA", "en-US"}, Languages{"en_US", "fa-IR"}, Languages{"en_US", "ar-SA"},
+                    Languages{"fa_IR", "ar-SA"}),
     [](const testing::TestParamInfo<Languages>& row) {
         std::string name = std::string(row.param.currentLocale) + "_" + row.param.preferredLanguage;
         std::replace(name.begin(), name.end(), '-', '_');
@@ -161,11 +163,34 @@ TEST(LanguageSources, AreKeptApart)
     EXPECT_EQ(listDateFormatter().stringFromDate(date), QStringLiteral("mar., mars 5, 2024"));
 }
 
-TEST(LanguageSources, MonthNumbersComeFromTheLocalesCalendarAndNamesFromTheLanguagesOwn)
+TEST(LanguageSources, NameTheMonthsOfTheLocalesCalendarInTheLanguage)
 {
+    // The day in other calendars: GNU date and the converter of the University of Tehran's calendar centre; Umm al-Qura
+    // by its published table (11 March 2024 was 1 Ramadan 1445). Names as CLDR has them.
     const TimeZoneGuard zone("UTC");
-    const LocaleGuard locale("en_US", {"fa"});
-    EXPECT_EQ(monthNameFromDate(utcDate(2024, 3, 5)), QStringLiteral("خرداد")); // the third Persian month
+    const Date date = utcDate(2024, 3, 15);
+    struct {
+        const char* locale;
+        const char* language;
+        QString name;
+        QString shortName;
+        QString listed;
+    } const rows[] = {
+        {"en_US", "en-US", QStringLiteral("March"), QStringLiteral("Mar"), QStringLiteral("Fri, Mar 15, 2024")},
+        {"en_US", "fa", QStringLiteral("مارس"), QStringLiteral("مارس"), QStringLiteral("جمعه, مارس ۱۵, ۲۰۲۴")},
+        {"en_US", "th-TH", QStringLiteral("มีนาคม"), QStringLiteral("มี.ค."), QStringLiteral("ศ., มี.ค. 15, 2024")},
+        {"ar_SA", "en-US", QStringLiteral("Ramadan"), QStringLiteral("Ram."), QStringLiteral("Fri, Ram. 5, 1445")},
+        {"fa_IR", "en-US", QStringLiteral("Esfand"), QStringLiteral("Esfand"), QStringLiteral("Fri, Esfand 25, 1402")},
+        {"th_TH", "en-US", QStringLiteral("March"), QStringLiteral("Mar"), QStringLiteral("Fri, Mar 15, 2567")},
+    };
+    for (const auto& row : rows) {
+        const LocaleGuard locale(row.locale, {row.language});
+        SCOPED_TRACE(std::string(row.locale) + ", " + row.language);
+        EXPECT_EQ(monthNameFromDate(date), row.name);
+        EXPECT_EQ(shortMonthNameFromDate(date), row.shortName);
+        EXPECT_EQ(monthNumberFromName(row.name), integerValue(monthFromDate(date)));
+        EXPECT_EQ(listDateFormatter().stringFromDate(date), row.listed);
+    }
 }
 
 } // namespace

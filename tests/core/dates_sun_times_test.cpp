@@ -10,6 +10,8 @@
 #include <iterator>
 #include <limits>
 #include <ostream>
+#include <string>
+#include <utility>
 
 using namespace SunTimes;
 
@@ -238,17 +240,44 @@ TEST_F(SunText, OfTheLineIsThatOfTheZonesDay)
               QStringLiteral("Rise/Set: 05:47/20:10"));
 }
 
-// The year 2024 is 2567 in Thailand, and not divisible by four.
-TEST_F(SunText, OfTheLineTakesTheNumbersOfTheLocalesCalendar)
+/// The minutes of the day that "05:31/20:32" stands for.
+std::pair<int, int> minutesOf(const QString& times)
 {
-    const TimeZoneGuard zone("UTC");
-    const FixedClock clock(utcDate(2024, 3, 20, 12));
-    const ClockGuard guard(clock);
-    EXPECT_EQ(sunLine({51.5, 0.0}, QStringLiteral("Rise/Set:"), timeFormatter("de_DE")),
-              QStringLiteral("Rise/Set: 06:04/18:13"));
-    const LocaleGuard locale("th_TH", {"th-TH"});
-    EXPECT_EQ(sunLine({51.5, 0.0}, QStringLiteral("Rise/Set:"), timeFormatter("de_DE")),
-              QStringLiteral("Rise/Set: 06:01/18:14"));
+    const auto minutes = [&](qsizetype at) { return times.mid(at, 2).toInt() * 60 + times.mid(at + 3, 2).toInt(); };
+    return {minutes(0), minutes(6)};
+}
+
+// PyEphem 4.1.4: the upper limb at the horizon with the usual refraction (horizon -0:50, pressure 0).
+TEST_F(SunText, OfTheLineIsTheSunsWhateverCalendarTheLocaleKeeps)
+{
+    struct {
+        const char* locale;
+        const char* zone;
+        Coordinate place;
+        int month;
+        std::pair<int, int> times;
+    } const rows[] = {
+        {"fa_IR", "Asia/Tehran", {35.6892, 51.3890}, 6, {4 * 60 + 49, 19 * 60 + 24}},
+        {"fa_IR", "Asia/Tehran", {35.6892, 51.3890}, 12, {7 * 60 + 10, 16 * 60 + 55}},
+        {"th_TH", "Asia/Bangkok", {13.7563, 100.5018}, 6, {5 * 60 + 52, 18 * 60 + 48}},
+        {"th_TH", "Asia/Bangkok", {13.7563, 100.5018}, 12, {6 * 60 + 37, 17 * 60 + 56}},
+        {"ar_SA", "Asia/Riyadh", {24.7136, 46.6753}, 6, {5 * 60 + 5, 18 * 60 + 45}},
+        {"ar_SA", "Asia/Riyadh", {24.7136, 46.6753}, 12, {6 * 60 + 33, 17 * 60 + 10}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.locale) + ", month " + std::to_string(row.month));
+        const TimeZoneGuard zone(row.zone);
+        const FixedClock clock(utcDate(2024, static_cast<unsigned>(row.month), 21, 9));
+        const ClockGuard guard(clock);
+        const auto line = [&](const char* locale) {
+            const LocaleGuard current(locale, {"en-US"});
+            return sunLine(row.place, QStringLiteral("Rise/Set:"), timeFormatter("de_DE")).value();
+        };
+        EXPECT_EQ(line(row.locale), line("en_US"));
+        const auto [rise, set] = minutesOf(line(row.locale).section(u' ', 1));
+        EXPECT_NEAR(rise, row.times.first, 2);
+        EXPECT_NEAR(set, row.times.second, 2);
+    }
 }
 
 TEST_F(SunText, OfTheLineIsMidnightTwiceInThePolarNight)

@@ -86,6 +86,18 @@ TEST_F(DateUtilitiesTest, AddingStopsAtTheEndOfAMonth)
     EXPECT_EQ(dateByAddingDays(utcDate(2024, 1, 1, 5), 0, 0, 0), utcDate(2024, 1, 1, 5));
 }
 
+// Years first, and the day cut at that month's end, then months: not as many months at once. Worked by hand.
+TEST_F(DateUtilitiesTest, YearsAndMonthsAreTwoSteps)
+{
+    EXPECT_EQ(dateByAddingDays(utcDate(2024, 2, 29), 0, 1, 1), utcDate(2025, 3, 28));
+    EXPECT_EQ(dateByAddingDays(utcDate(2024, 2, 29), 0, -1, -1), utcDate(2023, 1, 28));
+    EXPECT_EQ(dateByAddingDays(utcDate(2024, 2, 29), 3, 1, 1), utcDate(2025, 3, 31));
+    const CalendarUnits day = CalendarUnit::Year | CalendarUnit::Month | CalendarUnit::Day;
+    EXPECT_EQ(diffDate(utcDate(2020, 2, 29), utcDate(2021, 3, 29), day), (DateComponents{1, 1, 1}));
+    EXPECT_EQ(diffDate(utcDate(2020, 2, 29), utcDate(2021, 3, 28), day), (DateComponents{1, 1, 0}));
+    EXPECT_EQ(diffDate(utcDate(2024, 2, 29), utcDate(2023, 1, 29), day), (DateComponents{-1, 0, -30}));
+}
+
 TEST_F(DateUtilitiesTest, ADifferenceTakesTheLargestAskedUnitFirst)
 {
     const Date from = utcDate(2020, 1, 1);
@@ -175,6 +187,16 @@ TEST_F(DateUtilitiesTest, JulianDaysCountFromMidnightToMidnightInTheZone)
     const LocaleGuard thai("th_TH", {"th"});
     EXPECT_EQ(julianDayFromDate(utcDate(1969, 12, 31, 15)), 2440588);
     EXPECT_EQ(julianDayFromDate(utcDate(1969, 12, 31, 14, 59)), 2440587);
+}
+
+TEST_F(DateUtilitiesTest, AJulianDayNumberGivesItsDay)
+{
+    EXPECT_EQ(yearMonthDayFromJulianDay(2440588), (YearMonthDay{1970, 1, 1}));
+    EXPECT_EQ(yearMonthDayFromJulianDay(2451545), (YearMonthDay{2000, 1, 1}));
+    const TimeZoneGuard apia("Pacific/Apia");
+    EXPECT_EQ(yearMonthDayFromJulianDay(2455926), (YearMonthDay{2011, 12, 30})) << "which was not there";
+    const LocaleGuard thai("th_TH", {"th"});
+    EXPECT_EQ(yearMonthDayFromJulianDay(2440588), (YearMonthDay{2513, 1, 1}));
 }
 
 TEST_F(DateUtilitiesTest, TwoDatesAreTheSameDayWhateverTheirTimes)

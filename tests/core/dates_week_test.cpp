@@ -42,7 +42,7 @@ TEST(WeekLabel, IsReadBackInEveryLanguage)
         const Date begin =
             DateUtilities::dateFromYear(DateUtilities::yearMonthDayFromDate(utcDate(2023, 3, 5)).year, 1, 1);
         for (int week = 0; week < 15; ++week) {
-            const Date first = Week::daysFrom(DateUtilities::dateByAddingDays(begin, 28 * week, 0, 0)).front();
+            const Date first = Week::daysFrom(DateUtilities::dateByAddingDays(begin, 28 * week, 0, 0)).front().begin;
             ASSERT_EQ(readBack(first), first) << locales[each].getName() << ", week " << week;
         }
     }
@@ -88,11 +88,31 @@ TEST(WeekDays, AreTheFirstInstantsOfSevenDaysInARow)
 {
     const LocaleGuard locale("en_US", {"en-US"});
     const TimeZoneGuard zone("America/Sao_Paulo"); // 21 October 2012 began at one o'clock, UTC-3 before, UTC-2 after
-    const auto days = Week::daysFrom(utcDate(2012, 10, 18, 15));
-    EXPECT_EQ(days.at(0), utcDate(2012, 10, 18, 3));
-    EXPECT_EQ(days.at(2), utcDate(2012, 10, 20, 3));
-    EXPECT_EQ(days.at(3), utcDate(2012, 10, 21, 3));
-    EXPECT_EQ(days.at(4), utcDate(2012, 10, 22, 2));
-    EXPECT_EQ(days.at(6), utcDate(2012, 10, 24, 2));
-    EXPECT_EQ(Week::daysFrom(days.at(3)).at(1), utcDate(2012, 10, 22, 2));
+    const auto begin = [](Date date, std::size_t day) { return Week::daysFrom(date).at(day).begin; };
+    EXPECT_EQ(begin(utcDate(2012, 10, 18, 15), 0), utcDate(2012, 10, 18, 3));
+    EXPECT_EQ(begin(utcDate(2012, 10, 18, 15), 2), utcDate(2012, 10, 20, 3));
+    EXPECT_EQ(begin(utcDate(2012, 10, 18, 15), 3), utcDate(2012, 10, 21, 3));
+    EXPECT_EQ(begin(utcDate(2012, 10, 18, 15), 4), utcDate(2012, 10, 22, 2));
+    EXPECT_EQ(begin(utcDate(2012, 10, 18, 15), 6), utcDate(2012, 10, 24, 2));
+    EXPECT_EQ(begin(utcDate(2012, 10, 21, 3), 1), utcDate(2012, 10, 22, 2));
+    for (const Week::Day& day : Week::daysFrom(utcDate(2012, 10, 18, 15))) {
+        EXPECT_FALSE(day.isLeftOut);
+    }
+}
+
+TEST(WeekDays, CountADayThatTheZoneLeftOut)
+{
+    const LocaleGuard locale("en_US", {"en-US"});
+    const TimeZoneGuard zone("Pacific/Apia"); // from 29 December 2011 (UTC-10) to the 31st (UTC+14)
+    const auto days = Week::daysFrom(utcDate(2011, 12, 31, 10), -7); // from New Year's Day
+    const YearMonthDay numbers[] = {{2011, 12, 25}, {2011, 12, 26}, {2011, 12, 27}, {2011, 12, 28},
+                                    {2011, 12, 29}, {2011, 12, 30}, {2011, 12, 31}};
+    const Date begins[] = {utcDate(2011, 12, 25, 10), utcDate(2011, 12, 26, 10), utcDate(2011, 12, 27, 10),
+                           utcDate(2011, 12, 28, 10), utcDate(2011, 12, 29, 10), utcDate(2011, 12, 30, 10),
+                           utcDate(2011, 12, 30, 10)};
+    for (std::size_t i = 0; i < days.size(); ++i) {
+        EXPECT_EQ(days.at(i).number, numbers[i]) << i;
+        EXPECT_EQ(days.at(i).begin, begins[i]) << i;
+        EXPECT_EQ(days.at(i).isLeftOut, i == 5) << i;
+    }
 }

@@ -137,6 +137,57 @@ TEST_F(DatesInZones, AGuardPutsTheFormerZoneBack)
     EXPECT_EQ(unixSeconds(dateFromYear(1970, 1, 1)), -19800.0);
 }
 
+// The days that tzdata leaves out, as zdump prints them.
+struct LeftOutDay {
+    const char* zone;
+    YearMonthDay day;
+    Date nextBegins;
+};
+const LeftOutDay LeftOutDays[] = {{"Pacific/Apia", {2011, 12, 30}, utcDate(2011, 12, 30, 10)},
+                                  {"Pacific/Kiritimati", {1994, 12, 31}, utcDate(1994, 12, 31, 10)},
+                                  {"Pacific/Kwajalein", {1993, 8, 21}, utcDate(1993, 8, 21, 12)}};
+
+TEST_F(DatesInZones, OneDayIsLeftOutAndNoneAroundIt)
+{
+    for (const auto& [name, day, nextBegins] : LeftOutDays) {
+        const TimeZoneGuard zone(name);
+        const std::int64_t next = julianDayFromDate(nextBegins);
+        for (int away = -400; away <= 400; ++away) {
+            EXPECT_EQ(isLeftOut(yearMonthDayFromJulianDay(next + away)), away == -1) << name << ' ' << away;
+        }
+        EXPECT_EQ(yearMonthDayFromJulianDay(next - 1), day);
+        EXPECT_EQ(dateFromYear(day.year, day.month, day.day), nextBegins);
+    }
+}
+
+TEST_F(DatesInZones, AddingCountsADayThatWasLeftOut)
+{
+    using std::chrono::days;
+    for (const auto& [name, day, nextBegins] : LeftOutDays) {
+        SCOPED_TRACE(name);
+        const TimeZoneGuard zone(name);
+        const Date noonAfter = nextBegins + 12h;
+        const Date noonBefore = noonAfter - days(1); // the last noon before
+        EXPECT_EQ(dateByAddingDays(noonBefore, 2, 0, 0), noonAfter);
+        EXPECT_EQ(dateByAddingDays(noonAfter, -2, 0, 0), noonBefore);
+        EXPECT_EQ(dateByAddingDays(noonBefore, 7, 0, 0), noonAfter + days(5));
+        EXPECT_EQ(dateByAddingDays(noonAfter + days(3), -7, 0, 0), noonBefore - days(2));
+        EXPECT_EQ(dateByAddingDays(noonBefore, 1, 0, 0), noonAfter) << "on, for the day itself was not there";
+        EXPECT_EQ(dateByAddingDays(noonAfter, -1, 0, 0), noonBefore) << "back";
+        EXPECT_EQ(dateByAddingDays(nextBegins, -1, 0, 0), nextBegins - days(1));
+        EXPECT_EQ(daysBetweenDate(noonBefore, noonAfter), 2);
+    }
+}
+
+TEST_F(DatesInZones, AddingNoDaysKeepsTheSecondOfARepeatedHour)
+{
+    const TimeZoneGuard zone("America/New_York"); // 3 November 2024: 01:30 EST after 01:30 EDT
+    const Date second = utcDate(2024, 11, 3, 6, 30);
+    EXPECT_EQ(dateByAddingDays(second, 0, 0, 0), second);
+    EXPECT_EQ(dateByAddingDays(second, 1, 0, 0), second + 24h);
+    EXPECT_EQ(dateByAddingDays(second + 24h, -1, 0, 0), second - 1h) << "the first of the two";
+}
+
 TEST_F(DatesInZones, AddingKeepsTheTimeOfDayOverAClockChange)
 {
     const TimeZoneGuard zone("America/New_York");
