@@ -20,6 +20,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -117,7 +118,9 @@ public:
 
     void myShowHelp();
     void showDataFilesInFinder();
-    void openProductWebPage();
+
+    /// Says so when nothing opens it. `whenDecided` is called once that is known.
+    void openProductWebPage(const std::function<void()>& whenDecided = {});
     void showAbout();
 
     // --- Appearance --------------------------------------------------------------------------------------------------

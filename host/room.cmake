@@ -31,6 +31,10 @@ target_sources(velumora-app PRIVATE
     host/linux/LinuxProcessInfo.h
     host/linux/LocaleEnvironment.cpp
     host/linux/LocaleEnvironment.h
+    host/linux/OpenUriPortal.cpp
+    host/linux/OpenUriPortal.h
+    host/linux/Opener.cpp
+    host/linux/Opener.h
     host/linux/SettingsUserDefaults.cpp
     host/linux/SettingsUserDefaults.h
     host/linux/SingleInstance.cpp

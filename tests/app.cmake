@@ -65,6 +65,7 @@ velumora_test(app-tests
     app/weekly_view_test.cpp
     app/version_check_test.cpp
     app/web_version_server_test.cpp
+    app/workspace_test.cpp
     LIBRARIES app-test-support
     LABELS app)
 
