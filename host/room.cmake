@@ -64,3 +64,4 @@ add_executable(velumora-reminder-agent
 )
 target_link_libraries(velumora-reminder-agent PRIVATE velumora-core Qt6::DBus)
 add_dependencies(velumora velumora-reminder-agent)
+set_source_files_properties(host/agent/main.cpp PROPERTIES COMPILE_DEFINITIONS "VELUMORA_VERSION=\"${PROJECT_VERSION}\"")

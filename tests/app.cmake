@@ -60,6 +60,7 @@ velumora_test(app-tests
     app/open_panel_test.cpp
     app/preferences_test.cpp
     app/reminders_test.cpp
+    app/single_instance_test.cpp
     app/store_test.cpp
     app/temporary_folder_test.cpp
     app/weekly_view_test.cpp
