@@ -5,6 +5,7 @@
 #include "host/Workspace.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QUrl>
 #include <unicode/locid.h>
 
@@ -19,26 +20,36 @@ void AppDelegate::myShowHelp()
     const icu::Locale locale(DateEnvironment::localePair().currentLocale.c_str());
     const QString language = QString::fromLatin1(locale.getLanguage()).toLower();
     if (const auto folder = m_host.bundle.localizationFolder(language)) {
-        m_host.workspace.openUrl(QUrl::fromLocalFile(QString::fromStdString(folder->string()) + helpPage));
+        m_host.workspace.openUrl(QUrl::fromLocalFile(QString::fromStdString(folder->string()) + helpPage), {});
     }
 }
 
 void AppDelegate::showDataFilesInFinder()
 {
     if (const auto folder = m_folder.ensure()) {
-        m_host.workspace.showFolder(*folder);
+        m_host.workspace.showFolder(*folder, {});
     }
 }
 
-void AppDelegate::openProductWebPage()
+void AppDelegate::openProductWebPage(const std::function<void()>& whenDecided)
 {
     const QUrl page(QStringLiteral(VELUMORA_WEB_PAGE), QUrl::StrictMode);
-    if (page.isValid() && m_host.workspace.openUrl(page)) {
-        return;
+    const auto decided = [delegate = QPointer(this), whenDecided](bool opened) {
+        if (delegate && !opened) {
+            delegate->showAlertOnMainWindow(
+                localized("Unexpected Error"),
+                localized("Unable to Find Velumora web page, is there a live connection to the Web?"), localized("OK"),
+                QString());
+        }
+        if (delegate && whenDecided) {
+            whenDecided();
+        }
+    };
+    if (page.isValid()) {
+        m_host.workspace.openUrl(page, decided);
+    } else {
+        decided(false);
     }
-    showAlertOnMainWindow(localized("Unexpected Error"),
-                          localized("Unable to Find Velumora web page, is there a live connection to the Web?"),
-                          localized("OK"), QString());
 }
 
 void AppDelegate::showAbout()

@@ -47,9 +47,10 @@ bool AppDelegate::doInit()
         alert.addButton(localized("OK"));
         alert.addButton(localized("Go to Velumora web page"));
         if (alert.runModal() == Alert::secondButtonReturn) {
-            openProductWebPage();
+            openProductWebPage([this] { Q_EMIT terminated(); });
+        } else {
+            Q_EMIT terminated();
         }
-        Q_EMIT terminated();
         return false;
     }
     m_window.show();

@@ -222,7 +222,7 @@ void AppDelegate::connectMenu()
     wire(m_ui.monthlyViewPageAction, [this] { m_ui.myTabView->setCurrentIndex(monthlyViewPage); });
     wire(m_ui.helpAction, &AppDelegate::myShowHelp);
     wire(m_ui.versionCheckAction, &AppDelegate::doNewVersionCheck);
-    wire(m_ui.webPageAction, &AppDelegate::openProductWebPage);
+    wire(m_ui.webPageAction, [this] { openProductWebPage(); });
     wire(m_ui.aboutAction, &AppDelegate::showAbout);
     wire(m_ui.findAction, [this] {
         m_ui.myTabView->setCurrentIndex(miniCalendarPage);

@@ -21,6 +21,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -125,7 +126,9 @@ public:
 
     void myShowHelp();
     void showDataFilesInFinder();
-    void openProductWebPage();
+
+    /// Says so when nothing opens it. `whenDecided` is called once that is known.
+    void openProductWebPage(const std::function<void()>& whenDecided = {});
     void showAbout();
 
     // --- Appearance --------------------------------------------------------------------------------------------------

@@ -4,6 +4,7 @@
 #include "app/EnteredPlace.h"
 #include "app/Localized.h"
 #include "app/Translations.h"
+#include "host/CommandLine.h"
 #include "host/agent/StateFolder.h"
 #include "host/linux/BusNotificationCenter.h"
 #include "host/linux/DesktopGlobalDefaults.h"
@@ -26,8 +27,10 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QMessageBox>
 #include <QStandardPaths>
 
+#include <cstdio>
 #include <cstdlib>
 
 namespace {
@@ -55,16 +58,44 @@ std::optional<std::filesystem::path> temporaryFolder()
     return privateTemporaryFolder(environmentVariable("XDG_RUNTIME_DIR"), cache.toStdString());
 }
 
+/// As answerToCommandLine. Session managers hand a restarted program its former session.
+std::optional<int> answerToArguments(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("velumora"));
+    QCoreApplication::setApplicationVersion(InstalledBundle().shortVersionString());
+    installTranslation(localePairFrom(environmentVariable).preferredLanguages);
+    return answerToCommandLine(localized("The day-note calendar"), {QStringLiteral("session"), QStringLiteral("name")});
+}
+
+/// For a start that can neither hand over to the program that runs nor run beside it.
+int sayThatNoneAnswers(const TerminationSignals& signals)
+{
+    const QString headline = localized("Velumora is running but does not answer.");
+    std::fprintf(stderr, "velumora: %s\n", qUtf8Printable(headline));
+    QMessageBox box(QMessageBox::Warning, QApplication::applicationDisplayName(), headline, QMessageBox::Ok);
+    box.setInformativeText(localized("Wait until it does, or end it, then start Velumora again."));
+    QObject::connect(&signals, &TerminationSignals::terminationRequested, &box, &QMessageBox::reject);
+    box.exec();
+    return EXIT_FAILURE;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    if (argc > 1) { // without a display: whoever asks may have none
+        if (const std::optional<int> status = answerToArguments(argc, argv)) {
+            return *status;
+        }
+    }
     const QString startToken = startActivationToken();
     TerminationSignals signals;
     QApplication application(argc, argv);
     signals.listen();
     SingleInstance instance;
-    if (instance.claim(startToken) == SingleInstance::Start::HandedOver) {
+    const SingleInstance::Start started = instance.claim(startToken, signals);
+    if (started == SingleInstance::Start::HandedOver || started == SingleInstance::Start::Ended) {
         return EXIT_SUCCESS;
     }
     DesktopGlobalDefaults globalDefaults; // early: the desktop answers while the window is made
@@ -78,6 +109,9 @@ int main(int argc, char** argv)
     DateEnvironment::setTimeZone({});
     installTranslation(languages.preferredLanguages);
     applyStyle();
+    if (started == SingleInstance::Start::NoAnswer) {
+        return sayThatNoneAnswers(signals);
+    }
 
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;

@@ -72,7 +72,7 @@ void AppDelegate::printMonthlyView()
     const std::filesystem::path path = *m_host.temporaryFolder / printFileName;
     writePrivately(path, pdfOf(page, paperSizeOf(DateEnvironment::localePair().currentLocale)));
     m_monthlyPrintFile = path;
-    m_host.workspace.openUrl(QUrl::fromLocalFile(QString::fromStdString(path.native())));
+    m_host.workspace.openUrl(QUrl::fromLocalFile(QString::fromStdString(path.native())), {});
 }
 
 void AppDelegate::deleteMonthlyPrintFile()

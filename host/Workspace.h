@@ -4,18 +4,23 @@
 #include <QUrl>
 
 #include <filesystem>
+#include <functional>
 
-/// Opens things with the desktop's other programs.
+/// Opens things with the desktop's other programs. Nothing here waits for them.
 class Workspace {
 public:
+    /// Hears, on the caller's thread, at once or at any later time, whether something opened it; it may be empty. It is
+    /// not called any more once the workspace is gone.
+    using Completion = std::function<void(bool opened)>;
+
     Workspace() = default;
     Workspace(const Workspace&) = delete;
     Workspace& operator=(const Workspace&) = delete;
     virtual ~Workspace() = default;
 
-    /// Opens a page or a file with the user's default program; false when nothing opened it.
-    virtual bool openUrl(const QUrl& url) = 0;
+    /// Opens a page or a file with the user's default program.
+    virtual void openUrl(const QUrl& url, Completion completion) = 0;
 
-    /// Shows a folder in the file manager; false when none could.
-    virtual bool showFolder(const std::filesystem::path& folder) = 0;
+    /// Shows a folder in the file manager.
+    virtual void showFolder(const std::filesystem::path& folder, Completion completion) = 0;
 };

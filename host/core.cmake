@@ -1,5 +1,7 @@
 # What the reminder agent and the program share, and what of the agent is pure.
 target_sources(velumora-core PRIVATE
+    host/CommandLine.cpp
+    host/CommandLine.h
     host/UserNotificationCenter.h
     host/agent/AutostartEntry.cpp
     host/agent/AutostartEntry.h

@@ -34,6 +34,10 @@ target_sources(velumora-app PRIVATE
     host/linux/LogindShutdownMonitor.h
     host/linux/LocaleEnvironment.cpp
     host/linux/LocaleEnvironment.h
+    host/linux/OpenUriPortal.cpp
+    host/linux/OpenUriPortal.h
+    host/linux/Opener.cpp
+    host/linux/Opener.h
     host/linux/SettingsUserDefaults.cpp
     host/linux/SettingsUserDefaults.h
     host/linux/SingleInstance.cpp
@@ -65,3 +69,4 @@ add_executable(velumora-reminder-agent
 )
 target_link_libraries(velumora-reminder-agent PRIVATE velumora-core Qt6::DBus)
 add_dependencies(velumora velumora-reminder-agent)
+set_source_files_properties(host/agent/main.cpp PROPERTIES COMPILE_DEFINITIONS "VELUMORA_VERSION=\"${PROJECT_VERSION}\"")

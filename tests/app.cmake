@@ -71,11 +71,13 @@ velumora_test(app-tests
     app/open_panel_test.cpp
     app/preferences_test.cpp
     app/reminders_test.cpp
+    app/single_instance_test.cpp
     app/store_test.cpp
     app/temporary_folder_test.cpp
     app/weekly_view_test.cpp
     app/version_check_test.cpp
     app/web_version_server_test.cpp
+    app/workspace_test.cpp
     LIBRARIES app-test-support
     LABELS app)
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "host/CommandLine.h"
 #include "host/agent/ReminderAgent.h"
 
 #include <QCoreApplication>
@@ -21,6 +22,12 @@ std::filesystem::path autostartFolder()
 int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("velumora-reminder-agent"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VELUMORA_VERSION));
+    if (const std::optional<int> status =
+            answerToCommandLine(QStringLiteral("Delivers the reminders that were set in Velumora"))) {
+        return *status;
+    }
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         std::fputs("velumora-reminder-agent: there is no session bus\n", stderr);

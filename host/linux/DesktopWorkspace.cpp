@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/DesktopWorkspace.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDesktopServices>
+#include <QDBusPendingCallWatcher>
+
+#include <utility>
 
 namespace {
 
@@ -11,18 +12,38 @@ constexpr int fileManagerTimeoutMs = 3000;
 
 } // namespace
 
-bool DesktopWorkspace::openUrl(const QUrl& url)
+DesktopWorkspace::DesktopWorkspace(const QDBusConnection& bus) : m_bus(bus), m_portal(bus) {}
+
+void DesktopWorkspace::openUrl(const QUrl& url, Completion completion)
 {
-    return url.isValid() && QDesktopServices::openUrl(url);
+    m_portal.open(url, [this, url, completion = std::move(completion)](bool opened) {
+        if (!opened) {
+            m_opener.open(url, completion);
+        } else if (completion) {
+            completion(true);
+        }
+    });
 }
 
-bool DesktopWorkspace::showFolder(const std::filesystem::path& folder)
+void DesktopWorkspace::showFolder(const std::filesystem::path& folder, Completion completion)
 {
     const QUrl url = QUrl::fromLocalFile(QString::fromStdString(folder.string()));
+    if (!m_bus.isConnected()) { // a call would never be answered
+        openUrl(url, std::move(completion));
+        return;
+    }
     QDBusMessage message = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowFolders"));
     message << QStringList{url.toString(QUrl::FullyEncoded)} << QString();
-    const QDBusMessage reply = QDBusConnection::sessionBus().call(message, QDBus::Block, fileManagerTimeoutMs);
-    return reply.type() == QDBusMessage::ReplyMessage || openUrl(url);
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, fileManagerTimeoutMs), &m_portal);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &m_portal,
+                     [this, watcher, url, completion = std::move(completion)]() mutable {
+                         watcher->deleteLater();
+                         if (watcher->isError()) {
+                             openUrl(url, std::move(completion));
+                         } else if (completion) {
+                             completion(true);
+                         }
+                     });
 }

@@ -2,41 +2,63 @@
 #include "host/linux/SingleInstance.h"
 
 #include "host/linux/ApplicationMessages.h"
+#include "host/linux/TerminationSignals.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDeadlineTimer>
+#include <QEventLoop>
 
 namespace {
 
-constexpr int maximumAttempts = 20; // each is as long as a program that hangs may take to answer
+constexpr int maximumAttempts = 20; // a holder that says nothing but errors is not one that is just ending
 
 } // namespace
 
-SingleInstance::Start SingleInstance::claim(const QString& activationToken)
+SingleInstance::Start SingleInstance::claim(const QString& activationToken, const TerminationSignals& signals)
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
+    if (!m_bus.isConnected()) {
         return Start::First;
     }
     // Before the name, so that whoever finds the name finds the object.
-    bus.registerObject(ApplicationMessages::path(), this, QDBusConnection::ExportAllSlots);
-    for (int attempt = 0; attempt < maximumAttempts && !bus.registerService(ApplicationMessages::service());
-         ++attempt) {
+    m_bus.registerObject(ApplicationMessages::path(), this, QDBusConnection::ExportAllSlots);
+    const QDeadlineTimer deadline(m_patience);
+    for (int attempt = 0; !m_bus.registerService(ApplicationMessages::service()); ++attempt) {
+        if (deadline.hasExpired() || attempt == maximumAttempts) {
+            return Start::NoAnswer;
+        }
         QDBusMessage message = ApplicationMessages::activate(activationToken);
         message.setAutoStartService(false);
-        const QDBusMessage reply = bus.call(message);
-        if (reply.type() == QDBusMessage::ReplyMessage) {
+        const auto reply = callHolder(message, static_cast<int>(deadline.remainingTime()), signals);
+        if (!reply) {
+            return Start::Ended;
+        }
+        if (reply->type() == QDBusMessage::ReplyMessage) {
             return Start::HandedOver;
         }
-        // The holder ended or did not answer in time: the name is free, or it is worth asking again.
+        // The holder ended, and the name is free; or it is worth asking again.
     }
     return Start::First;
+}
+
+std::optional<QDBusMessage> SingleInstance::callHolder(const QDBusMessage& message, int patienceMs,
+                                                       const TerminationSignals& signals) const
+{
+    const QDBusPendingCallWatcher call(m_bus.asyncCall(message, patienceMs));
+    QEventLoop loop;
+    bool isToEnd = false;
+    connect(&call, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
+    connect(&signals, &TerminationSignals::terminationRequested, &loop, [&] {
+        isToEnd = true;
+        loop.quit();
+    });
+    loop.exec();
+    return isToEnd ? std::nullopt : std::optional(call.reply());
 }
 
 void SingleInstance::release()
 {
     m_released = true;
-    QDBusConnection::sessionBus().unregisterService(ApplicationMessages::service());
+    m_bus.unregisterService(ApplicationMessages::service());
 }
 
 /// A program that ends answers nothing: the caller is to turn to the next one.

@@ -62,4 +62,36 @@ TEST_F(HelpTest, AWebPageThatDoesNotOpenIsToldOnceAndNotTriedAgain)
     EXPECT_EQ(host.workspace.opened.size(), 1);
 }
 
+TEST_F(HelpTest, AWebPageThatTurnsOutLaterNotToOpenIsToldThen)
+{
+    host.workspace.succeeds = false;
+    host.workspace.answersLater = true;
+    ui->webPageAction->trigger();
+    EXPECT_FALSE(alert());
+    host.workspace.answerAll();
+    ASSERT_TRUE(alert());
+    EXPECT_EQ(alert()->messageText(), QStringLiteral("Unexpected Error"));
+}
+
+TEST_F(HelpTest, HelpAndFolderThatDoNotOpenAreBorneInSilence)
+{
+    const LocaleGuard german("de_AT", {"fr-FR"});
+    host.workspace.succeeds = false;
+    ui->helpAction->trigger();
+    ui->showDataFolderAction->trigger();
+    EXPECT_EQ(host.workspace.opened.size(), 1);
+    EXPECT_EQ(host.workspace.shownFolders.size(), 1);
+    EXPECT_FALSE(alert());
+}
+
+TEST_F(HelpTest, AnAnswerAfterTheDelegateIsGoneHurtsNobody)
+{
+    host.workspace.succeeds = false;
+    host.workspace.answersLater = true;
+    ui->webPageAction->trigger();
+    quit();
+    app.reset();
+    host.workspace.answerAll();
+}
+
 } // namespace

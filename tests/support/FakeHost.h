@@ -19,6 +19,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 /// What was asked of the fakes, in order, for example "registerDefaults". `onCall` runs at each entry, so that a test
 /// can look at the program at that very moment.
@@ -253,27 +254,49 @@ public:
     }
 };
 
-/// Opens nothing; remembers what was asked for.
+/// Opens nothing; remembers what was asked for. Answers at once, or when told to.
 class FakeWorkspace : public Workspace {
 public:
     bool succeeds = true;
+    bool answersLater = false;
     QList<QUrl> opened;
     std::function<void(const QUrl&)> onOpen; ///< looks at the program at that very moment
     QList<std::filesystem::path> shownFolders;
 
-    bool openUrl(const QUrl& url) override
+    void openUrl(const QUrl& url, Completion completion) override
     {
         opened.append(url);
         if (onOpen) {
             onOpen(url);
         }
-        return succeeds;
+        answer(std::move(completion));
     }
-    bool showFolder(const std::filesystem::path& folder) override
+    void showFolder(const std::filesystem::path& folder, Completion completion) override
     {
         shownFolders.append(folder);
-        return succeeds;
+        answer(std::move(completion));
     }
+
+    /// Answers what was asked for until now.
+    void answerAll()
+    {
+        for (const Completion& completion : std::exchange(m_waiting, {})) {
+            completion(succeeds);
+        }
+    }
+
+private:
+    void answer(Completion completion)
+    {
+        if (completion) {
+            m_waiting.append(std::move(completion));
+        }
+        if (!answersLater) {
+            answerAll();
+        }
+    }
+
+    QList<Completion> m_waiting;
 };
 
 /// A whole desktop of fakes that share one journal.

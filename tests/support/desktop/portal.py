@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""A stand-in for the desktop portal's settings, on a session's own bus."""
+"""A stand-in for the desktop portal, its settings and its opening of pages, on a session's own bus."""
 
 import threading
 
@@ -17,16 +17,23 @@ _INTERFACE = """
     <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="out"/>
   </method>
   <signal name="SettingChanged"><arg type="s"/><arg type="s"/><arg type="v"/></signal>
+</interface><interface name="org.freedesktop.portal.OpenURI">
+  <method name="OpenURI">
+    <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="a{sv}" direction="in"/>
+    <arg type="o" direction="out"/>
+  </method>
 </interface></node>"""
 
 
 class Portal:
     """Answers what the user's colour scheme is, and tells of changes. Use it in a with statement.
 
-    A silent portal is there but never answers."""
+    A silent portal is there but never answers. `response` is what becomes of each page: 0 opened, 2 not."""
 
-    def __init__(self, session, color_scheme=NO_PREFERENCE, silent=False):
+    def __init__(self, session, color_scheme=NO_PREFERENCE, silent=False, response=0):
         self.asked = threading.Event()
+        self.opened = []  # the addresses that it was to open
+        self._response = response
         self._address = session.bus_address
         self._color_scheme = color_scheme
         self._silent = silent
@@ -59,8 +66,9 @@ class Portal:
         context.push_thread_default()
         flags = (Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
         self._connection = Gio.DBusConnection.new_for_address_sync(self._address, flags, None, None)
-        interface = Gio.DBusNodeInfo.new_for_xml(_INTERFACE).interfaces[0]
-        self._connection.register_object(_PATH, interface, self._answer, None, None)
+        settings, opening = Gio.DBusNodeInfo.new_for_xml(_INTERFACE).interfaces
+        self._connection.register_object(_PATH, settings, self._answer, None, None)
+        self._connection.register_object(_PATH, opening, self._open, None, None)
         Gio.bus_own_name_on_connection(self._connection, _NAME, Gio.BusNameOwnerFlags.NONE,
                                        lambda *_: self._ready.set(), None)
         self._loop.run()
@@ -76,3 +84,12 @@ class Portal:
             invocation.return_value(GLib.Variant("(v)", (value,)))
         else:
             invocation.return_dbus_error("org.freedesktop.portal.Error.NotFound", "Requested setting not found")
+
+    def _open(self, _connection, sender, _path, _interface, _method, parameters, invocation):
+        _, address, options = parameters.unpack()
+        self.opened.append(address)
+        caller = sender[1:].replace(".", "_")
+        request = f"{_PATH}/request/{caller}/{options['handle_token']}"
+        invocation.return_value(GLib.Variant("(o)", (request,)))
+        self._connection.emit_signal(sender, request, "org.freedesktop.portal.Request", "Response",
+                                     GLib.Variant("(ua{sv})", (self._response, {})))

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "host/linux/OpenUriPortal.h"
+
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+#include <QDBusUnixFileDescriptor>
+#include <QFile>
+#include <QGuiApplication>
+#include <QUuid>
+#include <QWindow>
+
+#include <optional>
+#include <utility>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int patienceMs = 10'000;   // for taking the request; a portal that must be started first included
+constexpr uint lastGoodResponse = 1; // 0: opened, 1: the user chose nothing, 2: it could not
+
+QString portalService()
+{
+    return QStringLiteral("org.freedesktop.portal.Desktop");
+}
+
+/// The window that a question of the portal belongs to, as the portal wants it; empty where that cannot be told.
+QString parentWindow()
+{
+    const QWindow* window = QGuiApplication::focusWindow();
+    return window && QGuiApplication::platformName() == QLatin1String("xcb")
+               ? QStringLiteral("x11:%1").arg(window->winId(), 0, 16)
+               : QString();
+}
+
+/// The call that opens `url`, nullopt when the file cannot be read. Folders are files to the portal: what it calls
+/// opening a directory shows the folder above.
+std::optional<QDBusMessage> callFor(const QUrl& url, const QString& token)
+{
+    const QString method = url.isLocalFile() ? QStringLiteral("OpenFile") : QStringLiteral("OpenURI");
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(portalService(), QStringLiteral("/org/freedesktop/portal/desktop"),
+                                       QStringLiteral("org.freedesktop.portal.OpenURI"), method);
+    message << parentWindow();
+    if (url.isLocalFile()) {
+        const int file = ::open(QFile::encodeName(url.toLocalFile()).constData(), O_RDONLY | O_CLOEXEC);
+        if (file < 0) {
+            return std::nullopt;
+        }
+        QDBusUnixFileDescriptor descriptor;
+        descriptor.giveFileDescriptor(file);
+        message << QVariant::fromValue(descriptor);
+    } else {
+        message << url.toString(QUrl::FullyEncoded);
+    }
+    message << QVariantMap{{QStringLiteral("handle_token"), token}};
+    return message;
+}
+
+} // namespace
+
+/// One request to the portal. It goes with its answer.
+class OpenUriRequest : public QObject {
+    Q_OBJECT
+
+public:
+    OpenUriRequest(const QDBusConnection& bus, OpenUriPortal::Completion completion, QObject* parent)
+        : QObject(parent), m_bus(bus), m_completion(std::move(completion)),
+          m_watcher(portalService(), bus, QDBusServiceWatcher::WatchForUnregistration)
+    {
+        connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { finish(false); });
+    }
+
+    void send(const QUrl& url)
+    {
+        const QString token = QStringLiteral("velumora_") + QUuid::createUuid().toString(QUuid::Id128);
+        const std::optional<QDBusMessage> message = callFor(url, token);
+        if (!message) {
+            finish(false);
+            return;
+        }
+        // Before the call, so that an answer that comes at once is heard.
+        QString sender = m_bus.baseService().sliced(1);
+        sender.replace(u'.', u'_');
+        listenAt(QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token));
+        auto* call = new QDBusPendingCallWatcher(m_bus.asyncCall(*message, patienceMs), this);
+        connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
+            const QDBusPendingReply<QDBusObjectPath> handle = *call;
+            if (handle.isError()) {
+                finish(false);
+            } else if (handle.value().path() != m_path) { // an old portal chooses the path itself
+                listenAt(handle.value().path());
+            }
+        });
+    }
+
+public Q_SLOTS:
+    void respond(uint response, const QVariantMap&) { finish(response <= lastGoodResponse); }
+
+private:
+    void listenAt(const QString& path)
+    {
+        m_path = path;
+        m_bus.connect(QString(), path, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"),
+                      this, SLOT(respond(uint, QVariantMap)));
+    }
+
+    void finish(bool opened)
+    {
+        if (const OpenUriPortal::Completion completion = std::exchange(m_completion, {})) {
+            deleteLater();
+            completion(opened);
+        }
+    }
+
+    QDBusConnection m_bus;
+    OpenUriPortal::Completion m_completion; ///< empty once it has been called
+    QDBusServiceWatcher m_watcher;
+    QString m_path; ///< where the portal tells the outcome
+};
+
+void OpenUriPortal::open(const QUrl& url, const Completion& completion)
+{
+    if (!m_bus.isConnected()) {
+        completion(false);
+        return;
+    }
+    (new OpenUriRequest(m_bus, completion, this))->send(url);
+}
+
+#include "OpenUriPortal.moc"
