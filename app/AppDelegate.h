@@ -340,6 +340,7 @@ private:
     void readDraft();
     QString draftText() const;
     void keepDraft();
+    void showKeptNotes(Draft draft);
 
     void confirmImport(const std::filesystem::path& folder);
     void importNotes(const std::filesystem::path& source);

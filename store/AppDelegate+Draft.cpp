@@ -158,7 +158,6 @@ QString AppDelegate::draftText() const
     return changes.join(QStringLiteral("\n\n"));
 }
 
-/// The shown notes take in what they show already, and what a list as it is at the start would show.
 void AppDelegate::keepDraft()
 {
     m_ui.notesTableView->endEditing();
@@ -166,18 +165,7 @@ void AppDelegate::keepDraft()
     const Draft draft = std::exchange(m_foundDraft, {});
     if (allNotesTVData && holds(draft, DraftChange::Kind::Note)) {
         Drafts::takeInNotes(draft, *allNotesTVData);
-        Table rows = notesTVData.value_or(Table());
-        const bool showsAll = m_host.userDefaults.integerForKey(PreferenceKeys::startList) != 0;
-        const Date today = DateUtilities::today();
-        Draft shown = draft;
-        std::erase_if(shown, [&](const DraftChange& change) {
-            const Table day{makeNoteRecord(dateOf(change), {})};
-            return !showsAll && NoteQueries::doesTVDataHaveDate(rows, dateOf(change)) == DateUtilities::NotFound &&
-                   NoteQueries::copyArrayOfDatesHavingNotes(day, today).isEmpty();
-        });
-        Drafts::takeInNotes(shown, rows);
-        showRows(std::move(rows));
-        showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
+        showKeptNotes(draft);
         m_saves.save(allNotesTVData, std::string(NotesFileName));
         redrawMiniCal();
     }
@@ -187,4 +175,20 @@ void AppDelegate::keepDraft()
         m_saves.save(eventsTVData, std::string(EventsFileName));
     }
     writeDraft(); // until the disk has it
+}
+
+/// The list takes in the days that it shows already and those that it would show at the start.
+void AppDelegate::showKeptNotes(Draft draft)
+{
+    Table rows = notesTVData.value_or(Table());
+    const bool showsAll = m_host.userDefaults.integerForKey(PreferenceKeys::startList) != 0;
+    const Date today = DateUtilities::today();
+    std::erase_if(draft, [&](const DraftChange& change) {
+        const Table day{makeNoteRecord(dateOf(change), {})};
+        return !showsAll && NoteQueries::doesTVDataHaveDate(rows, dateOf(change)) == DateUtilities::NotFound &&
+               NoteQueries::copyArrayOfDatesHavingNotes(day, today).isEmpty();
+    });
+    Drafts::takeInNotes(draft, rows);
+    showRows(std::move(rows));
+    showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
 }

@@ -158,17 +158,64 @@ Table::iterator findEvent(Table& events, const DatedText& wanted)
     });
 }
 
-/// The first note of each day, by its index, so that a draft of many notes does not search for each.
-std::map<Date, qsizetype> indexesByDate(const Table& notes)
-{
-    std::map<Date, qsizetype> indexes;
-    for (qsizetype i = 0; i < notes.size(); ++i) {
-        if (const std::optional<Date> date = dateOf(notes.at(i), NoteDateKey)) {
-            indexes.emplace(*date, i);
+/// Notes found by their day, so that a draft of many does not search for each.
+class NotesByDay {
+public:
+    explicit NotesByDay(Table& notes) : m_notes(notes)
+    {
+        for (qsizetype i = 0; i < notes.size(); ++i) {
+            if (const std::optional<Date> date = dateOf(notes.at(i), NoteDateKey)) {
+                m_indexes.emplace(*date, i); // of several notes of a day the first counts
+            }
         }
     }
-    return indexes;
-}
+
+    void takeIn(const DraftChange& change)
+    {
+        if (change.unsaved) {
+            put(change);
+        } else {
+            remove(*change.saved);
+        }
+    }
+
+    /// Only now do the notes change their places.
+    void finish()
+    {
+        for (const qsizetype index : m_removed) {
+            m_notes.removeAt(index);
+        }
+    }
+
+private:
+    void put(const DraftChange& change)
+    {
+        const DatedText& typed = *change.unsaved;
+        const auto [found, isNew] = m_indexes.emplace(typed.date, m_notes.size());
+        if (isNew) {
+            m_notes.append(makeNoteRecord(typed.date, typed.text));
+        } else if (const std::string* current = textOf(m_notes.at(found->second), NoteDataKey)) {
+            if (std::string merged = mergedText(*current, change); merged != *current) {
+                m_notes[found->second] = withText(m_notes.at(found->second), NoteDataKey, std::move(merged));
+            }
+        }
+    }
+
+    void remove(const DatedText& saved)
+    {
+        const auto found = m_indexes.find(saved.date);
+        const std::string* current =
+            found != m_indexes.end() ? textOf(m_notes.at(found->second), NoteDataKey) : nullptr;
+        if (current && *current == saved.text) {
+            m_removed.insert(found->second);
+            m_indexes.erase(found);
+        }
+    }
+
+    Table& m_notes;
+    std::map<Date, qsizetype> m_indexes;
+    std::set<qsizetype, std::greater<>> m_removed; ///< the last one first
+};
 
 void takeInEvent(const DraftChange& change, Table& events)
 {
@@ -254,36 +301,13 @@ std::optional<Draft> draftFromTable(const Table& table)
 
 void takeInNotes(const Draft& draft, Table& notes)
 {
-    std::map<Date, qsizetype> indexes = indexesByDate(notes);
-    std::set<qsizetype, std::greater<>> deleted;
+    NotesByDay days(notes);
     for (const DraftChange& change : draft) {
-        if (change.kind != DraftChange::Kind::Note) {
-            continue;
-        }
-        const auto found = indexes.find(change.unsaved ? change.unsaved->date : change.saved->date);
-        if (found == indexes.end()) {
-            if (change.unsaved) {
-                indexes.emplace(change.unsaved->date, notes.size());
-                notes.append(makeNoteRecord(change.unsaved->date, change.unsaved->text));
-            }
-            continue;
-        }
-        const std::string* current = textOf(notes.at(found->second), NoteDataKey);
-        if (!current) {
-            continue;
-        }
-        if (!change.unsaved) {
-            if (*current == change.saved->text) {
-                deleted.insert(found->second);
-                indexes.erase(found);
-            }
-        } else if (std::string merged = mergedText(*current, change); merged != *current) {
-            notes[found->second] = withText(notes.at(found->second), NoteDataKey, std::move(merged));
+        if (change.kind == DraftChange::Kind::Note) {
+            days.takeIn(change);
         }
     }
-    for (const qsizetype index : deleted) { // the last one first
-        notes.removeAt(index);
-    }
+    days.finish();
 }
 
 void takeInEvents(const Draft& draft, Table& events)

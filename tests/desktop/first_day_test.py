@@ -6,7 +6,11 @@ import signal
 import unittest
 import zoneinfo
 
+from gi.repository import GLib
+
+from desktop.bus import Connection
 from desktop.case import DesktopTest
+from desktop.geoclue import LocationService
 
 NOTES = "TALV VeluMora"
 BERLIN = zoneinfo.ZoneInfo("Europe/Berlin")
@@ -126,6 +130,20 @@ class FirstDayTest(DesktopTest):
         window.process.send_signal(signal.SIGTERM)
         self.assertEqual(window.wait_for_end(), 0)
         self.assertEqual([note["NoteDataKey"] for note in self.home.table(NOTES)], ["Kept"])
+
+    def test_before_the_machine_is_switched_off_what_is_being_typed_is_saved(self):
+        system_bus = LocationService(self.session.processes)  # without a service
+        window = self.start(environment=system_bus.environment)
+        window.find("push button", spoken(self.day)).press()
+        window.find("text", "Note").wait_for_state("focused")
+        window.type("Half a thought")
+        window.find("text", "Note").wait_for_text("Half a thought")
+        login_manager = Connection(system_bus.address)
+        self.addCleanup(login_manager.close)
+        login_manager.emit("/org/freedesktop/login1", "org.freedesktop.login1.Manager", "PrepareForShutdown",
+                           GLib.Variant("(b)", (True,)))
+        self.wait_for_notes(window, [{"NoteDateKey": in_file(self.day), "NoteDataKey": "Half a thought"}])
+        self.assertIsNone(window.process.poll(), "the machine may go on after all")
 
 
 if __name__ == "__main__":
