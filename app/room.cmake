@@ -72,6 +72,8 @@ target_sources(velumora-app PRIVATE
     dates/AppDelegate+Location.cpp
     dates/DatePicker.cpp
     dates/DatePicker.h
+    dates/PopupCalendar.cpp
+    dates/PopupCalendar.h
     notes/AppDelegate+NoteEditing.cpp
     notes/AppDelegate+NotesList.cpp
     notes/AppDelegate+Reminders.cpp

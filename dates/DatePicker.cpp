@@ -1,23 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "dates/DatePicker.h"
 
-#include "dates/Clock.h"
 #include "dates/DateUtilities.h"
+#include "dates/PopupCalendar.h"
 
-#include <QCalendarWidget>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScreen>
 #include <QShortcut>
 #include <QStyle>
-#include <QTextCharFormat>
 #include <QToolButton>
 #include <QWheelEvent>
-#include <unicode/calendar.h>
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 namespace {
@@ -27,19 +23,10 @@ const QDate lastDay(9999, 12, 31);
 const QDate firstOfferedDay(1800, 1, 1);
 
 constexpr int arrowWidth = 24; ///< points
-constexpr QSize calendarSize(272, 216);
 
 QDate dayOf(Date date)
 {
     return QDate::fromJulianDay(DateUtilities::julianDayFromDate(date));
-}
-
-QCalendar calendarOf(const std::string& languageIdentifier)
-{
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(icuLocale(languageIdentifier), status));
-    const bool persian = U_SUCCESS(status) && qstrcmp(calendar->getType(), "persian") == 0;
-    return QCalendar(persian ? QCalendar::System::Jalali : QCalendar::System::Gregorian);
 }
 
 } // namespace
@@ -181,28 +168,11 @@ void DatePicker::contextMenuEvent(QContextMenuEvent* event)
 
 QCalendarWidget* DatePicker::makeCalendar()
 {
-    auto* calendar = new QCalendarWidget(this);
-    calendar->setWindowFlag(Qt::Popup);
-    calendar->setAttribute(Qt::WA_DeleteOnClose);
+    auto* calendar = new PopupCalendar(this);
     calendar->setPalette(window()->palette());
-    calendar->setLocale(QLocale(QString::fromStdString(DateEnvironment::localePair().preferredLanguages.front())));
-    calendar->setCalendar(calendarOf(DateUtilities::localeDevice()));
     calendar->setFirstDayOfWeek(m_firstDayOfWeek);
-    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     calendar->setDateRange(std::min(firstOfferedDay, m_firstDay), lastDay);
     calendar->setSelectedDate(m_day);
-    calendar->setMinimumSize(calendarSize);
-    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
-        calendar->setWeekdayTextFormat(day, QTextCharFormat()); // no day of a week is an alarm
-    }
-    const std::pair<QString, QString> steps[] = {{QStringLiteral("qt_calendar_prevmonth"), QStringLiteral("‹")},
-                                                 {QStringLiteral("qt_calendar_nextmonth"), QStringLiteral("›")}};
-    for (const auto& [name, sign] : steps) {
-        if (auto* button = calendar->findChild<QToolButton*>(name)) {
-            button->setIcon(QIcon());
-            button->setText(sign);
-        }
-    }
     const auto choose = [this, calendar](QDate day) {
         chooseDay(day);
         calendar->close();

@@ -13,9 +13,9 @@ class QToolButton;
 /// Shows one date as its day and lets the user choose another: typed, by the arrow keys (the number at the caret), or
 /// in a calendar (F4 or Alt+Down). The time of day stays as it is.
 ///
-/// Days are those of the process's time zone, written in the first preferred language and by its calendar with the
-/// whole year. A day takes effect as soon as its text is complete; what is not complete, or no day, is dropped at the
-/// end.
+/// Days are those of the process's time zone, written in the first preferred language and by the current calendar with
+/// the whole year. A day takes effect as soon as its text is complete; what is not complete, or no day, is dropped at
+/// the end.
 class DatePicker : public QAbstractSpinBox {
     Q_OBJECT
 

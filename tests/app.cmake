@@ -51,6 +51,14 @@ velumora_test(location-tests
     LIBRARIES app-test-support
     LABELS app)
 
+# The pages in other calendars, languages and zones.
+velumora_test(locale-tests
+    app/left_out_days_test.cpp
+    app/locale_calendars_test.cpp
+    app/page_names_test.cpp
+    LIBRARIES app-test-support
+    LABELS app)
+
 velumora_test(app-tests
     app/alert_test.cpp
     app/appearance_test.cpp

@@ -247,6 +247,23 @@ TEST_F(NotesListTest, PagingFollowsTheMonthThatTheMiniCalendarGave)
     EXPECT_EQ(pagingLabels(), text("Feb 2024 / Apr 2024"));
 }
 
+TEST_F(NotesListTest, PagingGoesOnByMonthsInAnotherTimeZone)
+{
+    clock.set(utcDate(2024, 3, 1, 8, 30)); // today's midnight in Berlin is still February in New York
+    start();
+    press(0);
+    const TimeZoneGuard newYork("America/New_York");
+    host.clockMonitor.jump();
+    ui->noteEntryNextNotesBtn->click();
+    EXPECT_EQ(pagingLabels(), text("Mar 2024 / May 2024"));
+    clock.set(utcDate(2024, 4, 1, 3, 30)); // the evening of 31 March in New York, 1 April in Tokyo
+    app->resetPagingBtns();
+    const TimeZoneGuard tokyo("Asia/Tokyo");
+    host.clockMonitor.jump();
+    ui->noteEntryPrevNotesBtn->click();
+    EXPECT_EQ(pagingLabels(), text("Jan 2024 / Mar 2024"));
+}
+
 // Columns, rows and heights
 
 TEST_F(NotesListTest, TheHeadersSortByDateAndByText)

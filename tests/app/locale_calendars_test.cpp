@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+// The pages in locales with calendars of their own, each with several first preferred languages.
+#include "calendar/MiniCalendarGrid.h"
+#include "dates/DatePicker.h"
+#include "dates/DateUtilities.h"
+#include "dates/IntegerValue.h"
+#include "store/Record.h"
+#include "support/AppFixture.h"
+#include "support/Screenshot.h"
+
+#include <QCalendarWidget>
+#include <QLabel>
+#include <QTest>
+#include <QToolButton>
+
+#include <ostream>
+
+namespace {
+
+/// 15 March 2024 as a page's title names its month. Names: CLDR, as Python's Babel and the Persian calendar centre have
+/// them; Umm al-Qura: 11 March 2024 was 1 Ramadan 1445 by its published table.
+struct Languages {
+    const char* currentLocale;
+    const char* language;
+    const char* title;
+    const char* fourteenMonthsOn;
+};
+
+void PrintTo(const Languages& row, std::ostream* stream)
+{
+    *stream << row.currentLocale << ", " << row.language;
+}
+
+class LocaleCalendarTest : public AppFixture, public ::testing::WithParamInterface<Languages> {
+protected:
+    QString miniTitle() { return ui->miniCalMonthName->text() + u' ' + ui->miniCalYear->text(); }
+    QStringList titlesOfDays()
+    {
+        QStringList all;
+        for (const DayButton* button : ui->miniCalendarGrid->dayButtons()) {
+            all.append(button->title() + button->accessibleName());
+        }
+        return all;
+    }
+
+    const Languages& row = GetParam();
+    LocaleGuard locale{row.currentLocale, {row.language}};
+};
+
+TEST_P(LocaleCalendarTest, MonthAndYearOfATitleAreOfOneCalendar)
+{
+    start();
+    EXPECT_EQ(miniTitle(), QString::fromUtf8(row.title));
+    ui->monthlyViewPageAction->trigger();
+    EXPECT_EQ(ui->monthlyViewMonthYear->text(), QString::fromUtf8(row.title));
+}
+
+TEST_P(LocaleCalendarTest, FourteenMonthsForthAndBackComeToTheSameDays)
+{
+    start();
+    const QStringList days = titlesOfDays();
+    QStringList passed;
+    for (int step = 0; step < 14; ++step) {
+        passed.append(miniTitle());
+        ui->forwardOneMonthOnMiniCal->click();
+        ui->monthlyViewPageAction->trigger();
+        EXPECT_EQ(ui->monthlyViewMonthYear->text(), miniTitle()) << step;
+        ui->miniCalendarPageAction->trigger();
+    }
+    EXPECT_EQ(miniTitle(), QString::fromUtf8(row.fourteenMonthsOn));
+    EXPECT_EQ(passed.removeDuplicates(), 0);
+    while (!passed.isEmpty()) {
+        ui->backOneMonthOnMiniCal->click();
+        EXPECT_EQ(miniTitle(), passed.takeLast());
+    }
+    EXPECT_EQ(titlesOfDays(), days);
+}
+
+TEST_P(LocaleCalendarTest, TheMonthPageGoesTheSameWay)
+{
+    start();
+    ui->monthlyViewPageAction->trigger();
+    for (int step = 0; step < 14; ++step) {
+        ui->monthlyViewForwardBtn->click();
+    }
+    EXPECT_EQ(ui->monthlyViewMonthYear->text(), QString::fromUtf8(row.fourteenMonthsOn));
+    for (int step = 0; step < 14; ++step) {
+        ui->monthlyViewBackBtn->click();
+    }
+    EXPECT_EQ(ui->monthlyViewMonthYear->text(), QString::fromUtf8(row.title));
+}
+
+TEST_P(LocaleCalendarTest, ARowsDateAndTheDayPressedForItAgree)
+{
+    start();
+    dayButton(4).click();
+    ASSERT_EQ(app->notesTVData->size(), 1);
+    const YearMonthDay now = DateUtilities::yearMonthDayFromDate(clock.now());
+    const Date date = day(now.year, now.month, 4);
+    EXPECT_EQ(app->notesTVData, Table{makeNoteRecord(date, {})});
+    const QString shown = shownRows().first();
+    DateFormatter year = DateUtilities::copyFormatterForLocaleDevice();
+    year.setDateFormat(QStringLiteral("yyyy"));
+    EXPECT_TRUE(shown.contains(year.stringFromDate(date)));
+    EXPECT_EQ(integerValue(year.stringFromDate(date)), integerValue(ui->miniCalYear->text()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Locales, LocaleCalendarTest,
+                         ::testing::Values(Languages{"en_US", "en-US", "March 2024", "May 2025"},
+                                           Languages{"en_US", "fa-IR", "مارس 2024", "مه 2025"},
+                                           Languages{"en_US", "ar-SA", "مارس 2024", "مايو 2025"},
+                                           Languages{"en_US", "th-TH", "มีนาคม 2024", "พฤษภาคม 2025"},
+                                           Languages{"ar_SA", "en-US", "Ramadan ١٤٤٥", "Dhuʻl-Qiʻdah ١٤٤٦"},
+                                           Languages{"ar_SA", "ar-SA", "رمضان ١٤٤٥", "ذو القعدة ١٤٤٦"},
+                                           Languages{"fa_IR", "en-US", "Esfand ۱۴۰۲", "Ordibehesht ۱۴۰۴"},
+                                           Languages{"fa_IR", "fa-IR", "اسفند ۱۴۰۲", "اردیبهشت ۱۴۰۴"},
+                                           Languages{"th_TH", "en-US", "March 2567", "May 2568"},
+                                           Languages{"th_TH", "th-TH", "มีนาคม 2567", "พฤษภาคม 2568"},
+                                           Languages{"de_DE", "ja-JP", "3月 2024", "5月 2025"}));
+
+/// Opens the calendar of a picker that shows 15 March 2024.
+class PickersCalendarTest : public ::testing::TestWithParam<Languages> {
+protected:
+    void SetUp() override
+    {
+        picker.setDateValue(utcDate(2024, 3, 15, 12));
+        picker.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&picker));
+        QTest::keyClick(&picker, Qt::Key_F4);
+        calendar = picker.findChild<QCalendarWidget*>();
+        ASSERT_TRUE(calendar);
+    }
+
+    TimeZoneGuard zone{"UTC"};
+    LocaleGuard locale{GetParam().currentLocale, {GetParam().language}};
+    DatePicker picker;
+    QCalendarWidget* calendar = nullptr;
+};
+
+/// The heading's texts that are seen, one after the other.
+QString headingOf(const QCalendarWidget& calendar)
+{
+    const auto* bar = calendar.findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar"));
+    QStringList texts;
+    for (const auto* label : bar->findChildren<QLabel*>()) {
+        texts.append(label->isVisible() ? label->text() : QString());
+    }
+    for (const char* name : {"qt_calendar_monthbutton", "qt_calendar_yearbutton"}) {
+        const auto* button = bar->findChild<QToolButton*>(QString::fromLatin1(name));
+        texts.append(button->isVisible() ? button->text() : QString());
+    }
+    texts.removeAll(QString());
+    return texts.join(u' ');
+}
+
+TEST_P(PickersCalendarTest, IsHeadedByTheMonthAndYearOfThePickersText)
+{
+    EXPECT_EQ(headingOf(*calendar), QString::fromUtf8(GetParam().title));
+    saveScreenshot(grabbed(*calendar, 2), QStringLiteral("picker-") + QString::fromLatin1(GetParam().currentLocale));
+    calendar->showNextMonth();
+    calendar->showNextMonth();
+    EXPECT_EQ(headingOf(*calendar), QString::fromUtf8(GetParam().fourteenMonthsOn)) << "two months on";
+}
+
+INSTANTIATE_TEST_SUITE_P(Locales, PickersCalendarTest,
+                         ::testing::Values(Languages{"th_TH", "th-TH", "มีนาคม 2567", "พฤษภาคม 2567"},
+                                           Languages{"th_TH", "en-US", "March 2567", "May 2567"},
+                                           Languages{"en_US", "th-TH", "มีนาคม 2024", "พฤษภาคม 2024"},
+                                           Languages{"en_US", "en-US", "March 2024", "May 2024"},
+                                           Languages{"ar_SA", "en-US", "Shaʻban 1445 – Ramadan 1445",
+                                                     "Shawwal 1445 – Dhuʻl-Qiʻdah 1445"}));
+
+} // namespace
