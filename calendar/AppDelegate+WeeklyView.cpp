@@ -13,6 +13,19 @@
 
 #include <QMainWindow>
 
+namespace {
+
+void markToday(const WeeklyGrid& grid, const std::array<Date, MonthGrid::DaysPerWeek>& days)
+{
+    const Date now = DateEnvironment::now();
+    for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
+        const bool isToday = DateUtilities::isThisDate(days.at(static_cast<std::size_t>(column)), now);
+        grid.viewWithTag<DayNumber>(MonthGrid::weeklyDayTag(column))->setToday(isToday);
+    }
+}
+
+} // namespace
+
 void AppDelegate::setWeeklyViewThreeCharDayNames(bool startOnSunday, QWidget& window)
 {
     const auto* grid = window.findChild<WeeklyGrid*>();
@@ -49,17 +62,25 @@ void AppDelegate::putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget
     setStringForWeeklyViewStartingDateMsg(days.front());
 
     const auto* grid = view.findChild<WeeklyGrid*>();
-    const Date now = DateEnvironment::now();
     DateFormatter spokenDate;
     spokenDate.setDateStyle(DateFormatter::Style::Full);
     for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
         const auto index = static_cast<std::size_t>(column);
-        auto* number = grid->viewWithTag<DayNumber>(MonthGrid::weeklyDayTag(column));
-        number->setText(DateUtilities::dayFromDate(days.at(index)));
-        number->setToday(DateUtilities::isThisDate(days.at(index), now));
+        grid->viewWithTag<DayNumber>(MonthGrid::weeklyDayTag(column))
+            ->setText(DateUtilities::dayFromDate(days.at(index)));
         auto* note = grid->viewWithTag<NoteField>(MonthGrid::weeklyNoteTag(column));
         note->setNote(QString::fromStdString(texts.at(index)));
         note->setAccessibleName(spokenDate.stringFromDate(days.at(index)));
+    }
+    markToday(*grid, days);
+}
+
+void AppDelegate::colorTodayOnWeeklyView()
+{
+    const std::optional<Date> start =
+        Week::firstDayFromText(m_ui.weeklyViewStartingDate->text(), *m_sharedStyleFormatter);
+    if (start) {
+        markToday(*m_ui.weeklyGrid, Week::daysFrom(*start));
     }
 }
 
