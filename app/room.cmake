@@ -62,6 +62,10 @@ target_sources(velumora-app PRIVATE
     calendar/MonthlyGrid.h
     calendar/NoteField.cpp
     calendar/NoteField.h
+    calendar/ParagraphLayout.cpp
+    calendar/ParagraphLayout.h
+    calendar/Paragraphs.cpp
+    calendar/Paragraphs.h
     calendar/WeeklyGrid.cpp
     calendar/WeeklyGrid.h
     calendar/WholeNote.cpp

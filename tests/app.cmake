@@ -7,6 +7,7 @@ add_library(app-test-support STATIC
     support/DateGuards.h
     support/FakeHost.h
     support/LoopbackServer.h
+    support/Pixels.h
     support/PrivateBus.cpp
     support/PrivateBus.h
     support/Screenshot.cpp
