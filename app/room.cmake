@@ -66,6 +66,12 @@ target_sources(velumora-app PRIVATE
     calendar/ParagraphLayout.h
     calendar/Paragraphs.cpp
     calendar/Paragraphs.h
+    calendar/PdfTextLayer.cpp
+    calendar/PdfTextLayer.h
+    calendar/PdfUpdate.cpp
+    calendar/PdfUpdate.h
+    calendar/PrintedText.cpp
+    calendar/PrintedText.h
     calendar/WeeklyGrid.cpp
     calendar/WeeklyGrid.h
     calendar/WholeNote.cpp

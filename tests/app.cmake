@@ -12,6 +12,7 @@ add_library(app-test-support STATIC
     support/PrivateBus.h
     support/Screenshot.cpp
     support/Screenshot.h
+    support/ScriptFonts.h
     support/StandInGeoClue.cpp
     support/StandInGeoClue.h
     support/TranslationGuard.cpp
@@ -60,6 +61,7 @@ velumora_test(app-tests
     app/notes_list_test.cpp
     app/open_panel_test.cpp
     app/preferences_test.cpp
+    app/printed_scripts_test.cpp
     app/reminders_test.cpp
     app/store_test.cpp
     app/temporary_folder_test.cpp
