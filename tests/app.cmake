@@ -60,6 +60,7 @@ velumora_test(app-tests
     app/note_field_test.cpp
     app/notes_list_test.cpp
     app/open_panel_test.cpp
+    app/painted_days_test.cpp
     app/preferences_test.cpp
     app/printed_scripts_test.cpp
     app/reminders_test.cpp
