@@ -44,7 +44,8 @@ protected:
         QProcess process;
         process.start(program, options + QStringList{file()} + behind);
         EXPECT_TRUE(process.waitForFinished()) << program.toStdString();
-        EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+        EXPECT_EQ(process.exitCode(), 0);
+        EXPECT_EQ(process.readAllStandardError().toStdString(), "");
         return QString::fromUtf8(process.readAllStandardOutput());
     }
 

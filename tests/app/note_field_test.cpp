@@ -133,11 +133,14 @@ TEST_F(NoteFieldTest, AMirroredWindowCutsNothingOff)
     field.setNote(note);
     NoteField mirrored;
     mirrored.setLayoutDirection(Qt::RightToLeft);
-    mirrored.resize(field.size());
     mirrored.show();
     mirrored.setNote(note);
-    ASSERT_TRUE(mirrored.isCut());
-    EXPECT_EQ(linesOf(*mirrored.viewport()), linesOf(*field.viewport()));
+    for (int width = 100; width < 140; width += 2) { // in some the blank at a line's end has no room
+        field.resize(width, 60);
+        mirrored.resize(width, 60);
+        ASSERT_TRUE(mirrored.isCut());
+        EXPECT_EQ(linesOf(*mirrored.viewport()), linesOf(*field.viewport())) << width;
+    }
 }
 
 TEST_F(NoteFieldTest, TheWholeNoteStandsWhereEachOfItsParagraphsBegins)
