@@ -83,9 +83,7 @@ void AppDelegate::applicationDidFinishLaunching()
     setSingleCharDayNames(sundayFirst, m_window);
     enableMiniCalDatesWithNotes(today, notesTVData, sundayFirst, m_window);
 
-    const QString notesOf = localized("%@ Notes");
-    m_ui.hideShowSegBtn->setLabelForSegment(filled(notesOf, {DateUtilities::monthNameFromDate(today)}), 0);
-    m_ui.hideShowSegBtn->setLabelForSegment(filled(notesOf, {DateUtilities::currentYear()}), 3);
+    nameSegments();
     showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
 
     m_ui.myTabView->setCurrentIndex(0);

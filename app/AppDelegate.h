@@ -206,6 +206,9 @@ public:
     void putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget& view, const std::optional<Table>& notes);
     void backForwardWeek(QAbstractButton& sender);
 
+    /// Colours the number of today, and no other, in the week shown, and leaves all else on the page.
+    void colorTodayOnWeeklyView();
+
     // --- Month -------------------------------------------------------------------------------------------------------
 
     void setMonthlyViewThreeCharDayNames(bool startOnSunday, QWidget& window);
@@ -218,6 +221,9 @@ public:
     void putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, QWidget& view, const std::optional<Table>& notes,
                                        bool startOnSunday);
     void backForwardMonthlyView(QAbstractButton& sender);
+
+    /// Colours the number of today, and no other, in the month shown, and leaves all else on the page.
+    void colorTodayOnMonthlyView();
 
     /// Writes the page as a PDF file into the temporary folder and opens it with the user's viewer. Nothing is reported
     /// when either fails.
@@ -244,6 +250,9 @@ public:
     void setDateForPrevNextArrows(Date date);
     void resetPagingBtns();
     void respondToSegmentSelection(SegmentedControl& sender);
+
+    /// Names the first segment after the month of today and the last after its year.
+    void nameSegments();
     std::int64_t visibleRowsForTV(const TableView& tableView) const;
     void showNotesCount(std::int64_t count);
     static void buttonEnableDisable(QWidget& button, bool enable);
@@ -347,6 +356,8 @@ private:
     void importEvents(const std::filesystem::path& source);
 
     MonthGrid::YearMonth shownOrCurrentMonth() const;
+    Date firstOfMonthlyView() const;
+    void followToday();
     Table notesOfMonth(Date date) const;
     void showRows(Table rows);
     void showCountUnlessEmpty();

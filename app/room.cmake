@@ -62,6 +62,16 @@ target_sources(velumora-app PRIVATE
     calendar/MonthlyGrid.h
     calendar/NoteField.cpp
     calendar/NoteField.h
+    calendar/ParagraphLayout.cpp
+    calendar/ParagraphLayout.h
+    calendar/Paragraphs.cpp
+    calendar/Paragraphs.h
+    calendar/PdfTextLayer.cpp
+    calendar/PdfTextLayer.h
+    calendar/PdfUpdate.cpp
+    calendar/PdfUpdate.h
+    calendar/PrintedText.cpp
+    calendar/PrintedText.h
     calendar/WeeklyGrid.cpp
     calendar/WeeklyGrid.h
     calendar/WholeNote.cpp

@@ -203,6 +203,7 @@ void AppDelegate::updateTimeOnUI()
 void AppDelegate::minuteHasChanged()
 {
     updateTimeOnUI();
+    followToday();
     const auto now = std::chrono::floor<std::chrono::seconds>(DateEnvironment::now());
     const auto secondOfMinute = now - std::chrono::floor<std::chrono::minutes>(now);
     m_minuteTimer.start(std::chrono::minutes(1) - secondOfMinute);
@@ -210,6 +211,14 @@ void AppDelegate::minuteHasChanged()
     // The rows' red of today and the elapsed texts go with the time; the rows themselves stay.
     m_ui.notesTableView->viewport()->update();
     m_ui.importantDatesTableView->viewport()->update();
+}
+
+/// What names today or marks it goes with the day; the pages shown stay as they are.
+void AppDelegate::followToday()
+{
+    nameSegments();
+    colorTodayOnWeeklyView();
+    colorTodayOnMonthlyView();
 }
 
 void AppDelegate::clockHasJumped()

@@ -67,6 +67,7 @@ void AppDelegate::printMonthlyView()
     if (!m_host.temporaryFolder) {
         return;
     }
+    colorTodayOnMonthlyView(); // the day may have changed since the last minute
     MonthPage page = m_ui.monthlyGrid->page();
     page.title = m_ui.monthlyViewMonthYear->text();
     const std::filesystem::path path = *m_host.temporaryFolder / printFileName;

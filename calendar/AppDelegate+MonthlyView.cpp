@@ -12,6 +12,16 @@
 
 #include <QMainWindow>
 
+namespace {
+
+Date firstOfMonth(Date date)
+{
+    const auto [year, month, day] = DateUtilities::yearMonthDayFromDate(date);
+    return DateUtilities::dateFromYear(year, month, 1);
+}
+
+} // namespace
+
 void AppDelegate::setMonthlyViewThreeCharDayNames(bool startOnSunday, QWidget& window)
 {
     const auto* grid = window.findChild<MonthlyGrid*>();
@@ -46,7 +56,6 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
     const YearMonthDay month = DateUtilities::yearMonthDayFromDate(date);
     const std::vector<Date> days = MonthGrid::daysOfMonth(date);
     const std::vector<std::string> texts = NoteQueries::textsOfDates(notes.value_or(Table()), days);
-    const Date now = DateEnvironment::now();
     DateFormatter spokenDate;
     spokenDate.setDateStyle(DateFormatter::Style::Full);
 
@@ -57,7 +66,6 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
         const int day = MonthGrid::dayOfCell(cell, weekdayOfFirst, startOnSunday, static_cast<int>(days.size()));
         if (day == 0) {
             number.setText({});
-            number.setToday(false);
             note.setNote({});
             note.setAccessibleName({});
             continue;
@@ -65,24 +73,38 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
         const auto index = static_cast<std::size_t>(day - 1);
         number.setText(QString::number(day));
         if (DateUtilities::isLeftOut({month.year, month.month, day})) {
-            number.setToday(false);
             note.setNote({});
             note.setAccessibleName({});
             continue;
         }
-        number.setToday(DateUtilities::isThisDate(days.at(index), now));
         note.setNote(QString::fromStdString(texts.at(index)));
         note.setAccessibleName(spokenDate.stringFromDate(days.at(index)));
     }
+    colorTodayOnMonthlyView();
     grid->daysDidChange();
+}
+
+/// Day 1 of the month that the page shows.
+Date AppDelegate::firstOfMonthlyView() const
+{
+    // The picker may hold a midnight of a zone that was in force before: a day away from the first here, never two.
+    return firstOfMonth(DateUtilities::dateByAddingDays(m_ui.monthlyViewHiddenDatePicker->dateValue(), 2, 0, 0));
+}
+
+void AppDelegate::colorTodayOnMonthlyView()
+{
+    const Date now = DateEnvironment::now();
+    const bool isThisMonth = DateUtilities::isThisDate(firstOfMonthlyView(), firstOfMonth(now));
+    const QString today = QString::number(DateUtilities::yearMonthDayFromDate(now).day);
+    for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
+        DayNumber& number = m_ui.monthlyGrid->dayNumber(cell);
+        number.setToday(isThisMonth && number.text() == today);
+    }
 }
 
 void AppDelegate::backForwardMonthlyView(QAbstractButton& sender)
 {
     const int step = &sender == m_ui.monthlyViewBackBtn ? -1 : 1;
-    // The picker may hold a midnight of a zone that was in force before: a day away from the first here, never two.
-    const auto [year, month, day] = DateUtilities::yearMonthDayFromDate(
-        DateUtilities::dateByAddingDays(m_ui.monthlyViewHiddenDatePicker->dateValue(), 2, 0, 0));
-    const Date date = DateUtilities::dateByAddingDays(DateUtilities::dateFromYear(year, month, 1), 0, step, 0);
+    const Date date = DateUtilities::dateByAddingDays(firstOfMonthlyView(), 0, step, 0);
     putDaysDatesTextOnMonthlyView(MonthGrid::dayOfWeekForDate(date), date, m_window, notesTVData, startOnSunday());
 }

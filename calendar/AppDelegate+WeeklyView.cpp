@@ -16,6 +16,20 @@
 #include <algorithm>
 #include <array>
 
+namespace {
+
+void markToday(const WeeklyGrid& grid, const std::array<Week::Day, MonthGrid::DaysPerWeek>& days)
+{
+    const Date now = DateEnvironment::now();
+    for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
+        const Week::Day& day = days.at(static_cast<std::size_t>(column));
+        const bool isToday = !day.isLeftOut && DateUtilities::isThisDate(day.begin, now);
+        grid.viewWithTag<DayNumber>(MonthGrid::weeklyDayTag(column))->setToday(isToday);
+    }
+}
+
+} // namespace
+
 void AppDelegate::setWeeklyViewThreeCharDayNames(bool startOnSunday, QWidget& window)
 {
     const auto* grid = window.findChild<WeeklyGrid*>();
@@ -54,7 +68,6 @@ void AppDelegate::putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget
     setStringForWeeklyViewStartingDateMsg(dates.front());
 
     const auto* grid = view.findChild<WeeklyGrid*>();
-    const Date now = DateEnvironment::now();
     DateFormatter spokenDate;
     spokenDate.setDateStyle(DateFormatter::Style::Full);
     for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
@@ -63,15 +76,23 @@ void AppDelegate::putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget
         auto* note = grid->viewWithTag<NoteField>(MonthGrid::weeklyNoteTag(column));
         if (days.at(index).isLeftOut) {
             number->setText(QString::number(days.at(index).number.day));
-            number->setToday(false);
             note->setNote({});
             note->setAccessibleName({});
             continue;
         }
         number->setText(DateUtilities::dayFromDate(dates.at(index)));
-        number->setToday(DateUtilities::isThisDate(dates.at(index), now));
         note->setNote(QString::fromStdString(texts.at(index)));
         note->setAccessibleName(spokenDate.stringFromDate(dates.at(index)));
+    }
+    markToday(*grid, days);
+}
+
+void AppDelegate::colorTodayOnWeeklyView()
+{
+    const std::optional<Date> start =
+        Week::firstDayFromText(m_ui.weeklyViewStartingDate->text(), *m_sharedStyleFormatter);
+    if (start) {
+        markToday(*m_ui.weeklyGrid, Week::daysFrom(*start));
     }
 }
 

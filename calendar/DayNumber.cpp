@@ -16,6 +16,9 @@ DayNumber::DayNumber(int pixelSize, QWidget* parent) : QLabel(parent)
 
 void DayNumber::setToday(bool today)
 {
+    if (today == m_today) {
+        return;
+    }
     m_today = today;
     QFont digits = font();
     digits.setBold(today);

@@ -1,90 +1,118 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/FittedText.h"
 
+#include "calendar/Paragraphs.h"
+#include "calendar/PrintedText.h"
+#include "notes/CellLines.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QTextLayout>
 
-#include <algorithm>
+#include <memory>
 
 namespace {
 
-/// More than a sheet of paper holds: what is longer need not be laid out to know that it does not fit.
-constexpr qsizetype mostCharacters = 8000;
+/// UTF-16 units, more than a cell of paper holds: what is longer need not be laid out to know that it does not fit.
+constexpr qsizetype mostUnits = 8000;
 
-/// `text` with its line breaks as a layout understands them.
-QString withLineSeparators(const QString& text)
+/// Blank lines at a text's end show nothing: they need no room, and no sign that more follows.
+QStringView withoutBlankEnd(QStringView text)
 {
-    QString shown = text.left(mostCharacters);
-    shown.replace(QStringLiteral("\r\n"), QString(QChar::LineSeparator));
-    for (const QChar lineBreak : {QChar(u'\r'), QChar(u'\n'), QChar(QChar::ParagraphSeparator)}) {
-        shown.replace(lineBreak, QChar::LineSeparator);
+    while (!text.isEmpty() && text.back().isSpace()) {
+        text.chop(1);
     }
-    return shown;
+    return text;
 }
 
-/// Lays out whole lines from the top of `area` down; true when no text is left over.
-bool layOut(QTextLayout& layout, const QRectF& area)
+/// The whole lines of a text that an area has room for, from the top down.
+struct FittedLines {
+    struct Line {
+        const QTextLayout& paragraph;
+        QTextLine line;
+    };
+
+    std::vector<std::unique_ptr<QTextLayout>> paragraphs;
+    std::vector<Line> lines;
+    bool complete = true; ///< no text is left over
+};
+
+/// Adds the lines of `paragraph` that fit below the `top` of what is left of `area`; where the next one begins.
+qreal addLines(FittedLines& fitted, QTextLayout& paragraph, const QRectF& area, qreal top)
 {
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout.setTextOption(option);
-    bool complete = false;
-    qreal y = 0;
-    layout.beginLayout();
-    for (;;) {
-        QTextLine line = layout.createLine();
-        if (!line.isValid()) {
-            complete = true;
-            break;
-        }
+    paragraph.beginLayout();
+    for (QTextLine line = paragraph.createLine(); line.isValid(); line = paragraph.createLine()) {
         line.setLineWidth(area.width());
-        line.setPosition({0, y});
-        y += line.height();
-        if (y > area.height()) {
+        line.setPosition({0, top});
+        if (top + line.height() > area.height()) {
+            fitted.complete = false;
+            break;
+        }
+        top += line.height();
+        fitted.lines.push_back({paragraph, line});
+    }
+    paragraph.endLayout();
+    return top;
+}
+
+FittedLines fittedLines(const QString& text, const QFont& font, QPaintDevice* device, const QRectF& area,
+                        Qt::LayoutDirection fallback)
+{
+    FittedLines fitted;
+    qreal top = 0;
+    for (const QString& each : text.split(u'\n')) {
+        fitted.paragraphs.push_back(std::make_unique<QTextLayout>(each, font, device));
+        QTextLayout& paragraph = *fitted.paragraphs.back();
+        paragraph.setTextOption(optionOf(each, fallback));
+        top = addLines(fitted, paragraph, area, top);
+        if (!fitted.complete) {
             break;
         }
     }
-    layout.endLayout();
-    return complete;
+    return fitted;
 }
 
-/// The text of `line` with a sign that more follows.
-QString cutLine(const QTextLine& line, const QTextLayout& layout, const QFontMetricsF& metrics)
+void write(PrintedText& paper, const FittedLines& fitted, std::size_t count, QPointF origin)
 {
-    QString text = layout.text().mid(line.textStart(), line.textLength());
-    text.remove(QChar::LineSeparator);
-    return metrics.elidedText(text.trimmed() + u'…', Qt::ElideRight, line.width());
+    for (std::size_t index = 0; index < count; ++index) {
+        const auto& [paragraph, line] = fitted.lines.at(index);
+        paper.write(paragraph, line, origin);
+    }
 }
 
-void drawCut(QPainter& painter, const QRectF& area, const QTextLayout& layout)
+/// The last line with a sign that more follows.
+void writeCut(PrintedText& paper, const FittedLines::Line& last, const QRectF& area)
 {
-    const int whole = layout.lineCount() - 1; // the last one has no room
-    for (int index = 0; index < whole - 1; ++index) {
-        layout.lineAt(index).draw(&painter, area.topLeft());
-    }
-    if (whole > 0) {
-        const QTextLine last = layout.lineAt(whole - 1);
-        const QFontMetricsF metrics(layout.font(), painter.device());
-        QTextLayout sign(cutLine(last, layout, metrics), layout.font(), painter.device());
-        layOut(sign, QRectF(0, 0, area.width(), area.height()));
-        sign.lineAt(0).draw(&painter, area.topLeft() + QPointF(0, last.y()));
-    }
+    const auto& [paragraph, line] = last;
+    const QString text = paragraph.text().mid(line.textStart(), line.textLength()).trimmed();
+    const QFontMetricsF metrics(paragraph.font(), paper.painter().device());
+    QTextLayout sign(metrics.elidedText(text + u'…', Qt::ElideRight, line.width()), paragraph.font(),
+                     paper.painter().device());
+    sign.setTextOption(paragraph.textOption());
+    FittedLines alone;
+    addLines(alone, sign, QRectF(area.topLeft(), QSizeF(area.width(), 2 * line.height())), 0);
+    write(paper, alone, std::min<std::size_t>(alone.lines.size(), 1), area.topLeft() + QPointF(0, line.y()));
 }
 
 } // namespace
 
-void drawFittedText(QPainter& painter, const QRectF& area, const QString& text, const std::vector<QFont>& fonts)
+void writeFittedText(PrintedText& paper, const QRectF& area, const QString& text, const std::vector<QFont>& fonts,
+                     Qt::LayoutDirection fallback)
 {
-    const QString shown = withLineSeparators(text);
+    const QStringView whole = withoutBlankEnd(text);
+    const QStringView beginning = CellLines::cut(whole, mostUnits);
+    const QString shown = withLineFeeds(beginning.toString());
     for (const QFont& font : fonts) {
-        QTextLayout layout(shown, font, painter.device());
-        if (layOut(layout, area)) {
-            layout.draw(&painter, area.topLeft());
+        const FittedLines fitted = fittedLines(shown, font, paper.painter().device(), area, fallback);
+        const bool complete = fitted.complete && beginning.size() == whole.size();
+        if (complete || &font == &fonts.back()) {
+            const std::size_t count = fitted.lines.size();
+            const bool cut = !complete && count > 0;
+            write(paper, fitted, cut ? count - 1 : count, area.topLeft());
+            if (cut) {
+                writeCut(paper, fitted.lines.back(), area);
+            }
             return;
-        }
-        if (&font == &fonts.back()) {
-            drawCut(painter, area, layout);
         }
     }
 }

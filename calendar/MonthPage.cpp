@@ -3,6 +3,8 @@
 
 #include "app/Appearance.h"
 #include "calendar/FittedText.h"
+#include "calendar/PrintedText.h"
+#include "notes/CellLines.h"
 #include "notes/NamedColor.h"
 
 #include <QBuffer>
@@ -12,6 +14,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QStyle>
+#include <QTextLayout>
 
 namespace {
 
@@ -32,7 +35,6 @@ constexpr std::array noteSizes{9.0, 8.0, 7.0}; ///< a long note is written small
 const QString creator = QStringLiteral("Velumora");
 
 constexpr int dotsPerInch = 1200;
-constexpr qreal leastSpacing = 1.0 / 64; ///< what a font can tell from none
 
 /// What readers that look beyond a document's title are told: they call its maker the author.
 QByteArray metadataOf(const MonthPage& page)
@@ -51,18 +53,18 @@ QByteArray metadataOf(const MonthPage& page)
 class PagePainter {
 public:
     PagePainter(QPainter& painter, const MonthPage& page)
-        : m_painter(painter), m_page(page), m_colors(calmPalette(Appearance::Light)),
+        : m_painter(painter), m_paper(painter), m_page(page), m_colors(calmPalette(Appearance::Light)),
           m_point(painter.device()->logicalDpiX() / pointsPerInch),
           m_sheet(QPointF(), QSizeF(painter.device()->width(), painter.device()->height()))
     {
-        m_painter.setLayoutDirection(page.direction);
         const qreal edge = margin * m_point;
         const QRectF inside = m_sheet.adjusted(edge, edge, -edge, -edge);
         m_title = QRectF(inside.topLeft(), QSizeF(inside.width(), titleHeight * m_point));
         m_grid = inside.adjusted(0, m_title.height(), 0, 0);
     }
 
-    void paint()
+    /// Paints the page; what is to be read in it.
+    PdfTextLayer paint()
     {
         m_painter.setPen(namedColor(u"ControlTextColor", m_colors));
         write(m_title, m_page.title, font(titleSize, QFont::Bold), Qt::AlignLeading | Qt::AlignTop);
@@ -80,6 +82,7 @@ public:
                 paintCell(cellRect(cell), m_page.cell(cell));
             }
         }
+        return m_paper.layer();
     }
 
 private:
@@ -88,15 +91,22 @@ private:
         QFont result = QGuiApplication::font();
         result.setPixelSize(std::max(qRound(points * m_point), 1));
         result.setWeight(weight);
-        // Too little to be seen, but letters stay apart that would be joined to one sign that no search finds.
-        result.setLetterSpacing(QFont::AbsoluteSpacing, leastSpacing);
         return result;
     }
 
     void write(const QRectF& place, const QString& text, const QFont& textFont, Qt::Alignment alignment)
     {
-        m_painter.setFont(textFont);
-        m_painter.drawText(place, static_cast<int>(QStyle::visualAlignment(m_page.direction, alignment)), text);
+        QTextLayout layout(text, textFont, m_painter.device());
+        QTextOption option(QStyle::visualAlignment(m_page.direction, alignment));
+        option.setTextDirection(CellLines::direction(text, m_page.direction));
+        option.setWrapMode(QTextOption::NoWrap);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        QTextLine line = layout.createLine();
+        line.setLineWidth(place.width());
+        layout.endLayout();
+        const qreal spare = place.height() - line.height();
+        m_paper.write(layout, line, place.topLeft() + QPointF(0, alignment & Qt::AlignVCenter ? spare / 2 : 0));
     }
 
     qreal columnWidth() const { return m_grid.width() / MonthGrid::DaysPerWeek; }
@@ -134,10 +144,11 @@ private:
             noteFonts.push_back(font(size));
         }
         m_painter.setPen(namedColor(u"ControlTextColor", m_colors));
-        drawFittedText(m_painter, inside.adjusted(0, dayPlace.height(), 0, 0), cell.note, noteFonts);
+        writeFittedText(m_paper, inside.adjusted(0, dayPlace.height(), 0, 0), cell.note, noteFonts, m_page.direction);
     }
 
     QPainter& m_painter;
+    PrintedText m_paper;
     const MonthPage& m_page;
     QPalette m_colors;
     qreal m_point; ///< dots
@@ -162,6 +173,7 @@ QByteArray pdfOf(const MonthPage& page, PaperSize paper)
     QByteArray document;
     QBuffer buffer(&document);
     buffer.open(QIODevice::WriteOnly);
+    PdfTextLayer layer;
     {
         QPdfWriter writer(&buffer);
         writer.setTitle(page.title);
@@ -171,7 +183,7 @@ QByteArray pdfOf(const MonthPage& page, PaperSize paper)
         writer.setPageLayout(QPageLayout(QPageSize(QSizeF(paper.width, paper.height), QPageSize::Millimeter),
                                          QPageLayout::Landscape, QMarginsF()));
         QPainter painter(&writer);
-        PagePainter(painter, page).paint();
+        layer = PagePainter(painter, page).paint();
     }
-    return document;
+    return layer.addedTo(document);
 }

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/NoteField.h"
 
+#include "calendar/Paragraphs.h"
 #include "calendar/WholeNote.h"
+#include "notes/CellLines.h"
 #include "notes/TableMetrics.h"
 
 #include <QHelpEvent>
@@ -19,11 +21,8 @@ constexpr qsizetype longestShown = 8'000;
 
 QString shownPart(const QString& note)
 {
-    if (note.size() <= longestShown) {
-        return note;
-    }
-    const bool halvesCharacter = note.at(longestShown - 1).isHighSurrogate();
-    return note.left(longestShown - (halvesCharacter ? 1 : 0)) + u'…';
+    const QString shown = withLineFeeds(CellLines::cut(note, longestShown).toString());
+    return note.size() <= longestShown ? shown : shown + u'…';
 }
 
 } // namespace
@@ -31,7 +30,6 @@ QString shownPart(const QString& note)
 NoteField::NoteField(QWidget* parent) : QPlainTextEdit(parent)
 {
     makeReadable(*this);
-    document()->setDocumentMargin(0);
     setFocusPolicy(Qt::NoFocus);
 }
 

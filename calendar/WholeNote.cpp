@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/WholeNote.h"
 
+#include "calendar/ParagraphLayout.h"
+#include "calendar/Paragraphs.h"
+#include "notes/CellLines.h"
+
 #include <QEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -34,10 +38,12 @@ void makeReadable(QPlainTextEdit& field)
     field.setFrameShape(QFrame::NoFrame);
     field.setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     field.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    field.document()->setDocumentLayout(new ParagraphLayout(*field.document(), field)); // the document owns it
+    field.document()->setDocumentMargin(0);
 }
 
 WholeNote::WholeNote(const QString& day, const QString& note, QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), m_text(new QPlainTextEdit(note, this))
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), m_text(new QPlainTextEdit(this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAccessibleName(day);
@@ -45,7 +51,7 @@ WholeNote::WholeNote(const QString& day, const QString& note, QWidget* parent)
     dayLabel->setTextFormat(Qt::PlainText);
     dayLabel->setProperty("secondary", true);
     makeReadable(*m_text);
-    m_text->document()->setDocumentMargin(0);
+    m_text->setPlainText(withLineFeeds(note));
     m_text->setAccessibleName(day);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(edge, edge, edge, edge);
@@ -57,9 +63,9 @@ WholeNote::WholeNote(const QString& day, const QString& note, QWidget* parent)
 void WholeNote::showOver(const QRect& place)
 {
     const int textWidth = std::max(leastWidth, place.width()) - 2 * edge;
-    const QRect needed = m_text->fontMetrics().boundingRect(QRect(0, 0, textWidth - scrollBarWidth, 0),
-                                                            Qt::TextWordWrap | Qt::TextWrapAnywhere,
-                                                            m_text->toPlainText().left(mostMeasured));
+    const QRect needed = m_text->fontMetrics().boundingRect(
+        QRect(0, 0, textWidth - scrollBarWidth, 0), Qt::TextWordWrap | Qt::TextWrapAnywhere,
+        CellLines::cut(m_text->toPlainText(), mostMeasured).toString());
     m_text->setFixedSize(textWidth, std::clamp(needed.height() + gap, leastTextHeight, mostTextHeight));
     adjustSize();
     const QWidget& page = *parentWidget()->window();

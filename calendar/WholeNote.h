@@ -5,7 +5,8 @@
 
 class QPlainTextEdit;
 
-/// Makes `field` one to read, select and copy in, by pointer and by keys, that the tab key leaves.
+/// Makes `field` one to read, select and copy in, by pointer and by keys, that the tab key leaves. Each paragraph
+/// stands at the edge at which its own direction begins.
 void makeReadable(QPlainTextEdit& field);
 
 /// A whole note under its day, in a frame that goes with Escape or when something else is clicked. It is a window of

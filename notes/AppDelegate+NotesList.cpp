@@ -186,6 +186,14 @@ void AppDelegate::respondToSegmentSelection(SegmentedControl& sender)
     buttonEnableDisable(*m_ui.deleteRowFromListBtn, false);
 }
 
+void AppDelegate::nameSegments()
+{
+    const QString notesOf = localized("%@ Notes");
+    const QString month = filled(notesOf, {DateUtilities::monthNameFromDate(DateUtilities::today())});
+    m_ui.hideShowSegBtn->setLabelForSegment(month, 0);
+    m_ui.hideShowSegBtn->setLabelForSegment(filled(notesOf, {DateUtilities::currentYear()}), 3);
+}
+
 std::int64_t AppDelegate::visibleRowsForTV(const TableView& tableView) const
 {
     const auto hidden = static_cast<std::int64_t>(tableView.hiddenRowIndexes().size());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "notes/CellLines.h"
 
+#include <QTextBoundaryFinder>
+
 #include <algorithm>
 
 namespace {
@@ -39,7 +41,15 @@ QStringView CellLines::cut(QStringView line, qsizetype maximum)
     if (line.size() <= maximum) {
         return line;
     }
-    const bool splitsPair = maximum > 0 && line[maximum - 1].isHighSurrogate();
+    constexpr qsizetype longestCharacter = 2; // of one code point: the one behind tells whether a sign ends here
+    QTextBoundaryFinder signs(QTextBoundaryFinder::Grapheme,
+                              line.first(std::min(maximum + longestCharacter, line.size())));
+    signs.setPosition(maximum);
+    const qsizetype end = signs.isAtBoundary() ? maximum : signs.toPreviousBoundary();
+    if (end > 0) {
+        return line.first(end);
+    }
+    const bool splitsPair = maximum > 0 && line[maximum - 1].isHighSurrogate(); // one sign alone is longer
     return line.first(splitsPair ? maximum - 1 : maximum);
 }
 

@@ -58,7 +58,9 @@ QStringList SegmentedControl::labels() const
 
 void SegmentedControl::setLabelForSegment(const QString& label, int segment)
 {
-    m_segments.at(segment)->setText(label);
+    if (labelForSegment(segment) != label) { // an unchanged one is not announced anew
+        m_segments.at(segment)->setText(label);
+    }
 }
 
 QString SegmentedControl::labelForSegment(int segment) const

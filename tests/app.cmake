@@ -8,10 +8,12 @@ add_library(app-test-support STATIC
     support/FakeHost.h
     support/LoopbackServer.h
     support/PinnedFonts.h
+    support/Pixels.h
     support/PrivateBus.cpp
     support/PrivateBus.h
     support/Screenshot.cpp
     support/Screenshot.h
+    support/ScriptFonts.h
     support/StandInGeoClue.cpp
     support/StandInGeoClue.h
     support/StandInLogind.cpp
@@ -77,7 +79,9 @@ velumora_test(app-tests
     app/note_field_test.cpp
     app/notes_list_test.cpp
     app/open_panel_test.cpp
+    app/painted_days_test.cpp
     app/preferences_test.cpp
+    app/printed_scripts_test.cpp
     app/reminders_test.cpp
     app/single_instance_test.cpp
     app/store_test.cpp

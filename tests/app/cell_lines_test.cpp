@@ -58,6 +58,12 @@ TEST(CellLines, ACutNeverLeavesHalfASurrogatePair)
     EXPECT_EQ(CellLines::cut(u"a\U0001F382b", 2), u"a");
     EXPECT_EQ(CellLines::cut(u"a\U0001F382b", 3), u"a\U0001F382");
     EXPECT_EQ(CellLines::cut(u"abc", 0), u"");
+    EXPECT_EQ(CellLines::cut(u"cafe\u0301s", 4), u"caf") << "a letter without its accent is another one";
+    EXPECT_EQ(CellLines::cut(u"cafe\u0301s", 5), u"cafe\u0301");
+    EXPECT_EQ(CellLines::cut(u"a\U0001F44D\U0001F3FD", 3), u"a") << "a thumb without the colour of its skin";
+    EXPECT_EQ(CellLines::cut(u"a\U0001F469\u200D\U0001F467b", 4), u"a") << "half a family";
+    EXPECT_EQ(CellLines::cut(u"a\U0001F1E9\U0001F1EA", 3), u"a") << "half a flag";
+    EXPECT_EQ(CellLines::cut(u"e\u0301\u0301\u0301", 2), u"e\u0301") << "one sign alone is longer";
 }
 
 TEST(CellLines, TheFirstLetterGivesTheDirection)

@@ -171,6 +171,17 @@ TEST_F(HoverButton, IsHighlightedWhileThePointerIsOverIt)
     EXPECT_FALSE(button.isHighlighted());
 }
 
+TEST_F(HoverButton, TheHighlightIsPainted)
+{
+    const auto painted = [this] { return button.grab().toImage(); };
+    const QImage before = painted();
+    enter();
+    const QPoint inside(button.width() / 2, 6);
+    EXPECT_LT(painted().pixelColor(inside).lightness(), before.pixelColor(inside).lightness());
+    leave();
+    EXPECT_EQ(painted(), before);
+}
+
 TEST_F(HoverButton, ShowsThePointingHandWhileEnabled)
 {
     enter();

@@ -3,6 +3,7 @@
 #include "calendar/MonthlyGrid.h"
 #include "support/AppFixture.h"
 #include "support/FileSizeLimit.h"
+#include "support/Pixels.h"
 #include "support/Screenshot.h"
 
 #include <QDir>
@@ -11,6 +12,8 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
+
+#include <algorithm>
 
 namespace {
 
@@ -41,7 +44,8 @@ protected:
         QProcess process;
         process.start(program, options + QStringList{file()} + behind);
         EXPECT_TRUE(process.waitForFinished()) << program.toStdString();
-        EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+        EXPECT_EQ(process.exitCode(), 0);
+        EXPECT_EQ(process.readAllStandardError().toStdString(), "");
         return QString::fromUtf8(process.readAllStandardOutput());
     }
 
@@ -56,6 +60,21 @@ protected:
             {QStringLiteral("-singlefile"), QStringLiteral("-png"), QStringLiteral("-r"), QString::number(dotsPerInch)},
             {name});
         return QImage(name + QStringLiteral(".png"));
+    }
+
+    /// Where the reader says that a word stands, in points from the upper left corner.
+    QRectF placeOfWord(QString word)
+    {
+        if (word.isRightToLeft()) {
+            std::ranges::reverse(word); // in this mode it gives letters as they are seen from left to right
+        }
+        const QRegularExpression pattern(
+            QStringLiteral("xMin=\"(.*?)\" yMin=\"(.*?)\" xMax=\"(.*?)\" yMax=\"(.*?)\">[\u202A-\u202E]*") + word);
+        const QString words = told(QStringLiteral("pdftotext"), {QStringLiteral("-bbox")}, {QStringLiteral("-")});
+        const QRegularExpressionMatch found = pattern.match(words);
+        EXPECT_TRUE(found.hasMatch()) << word.toStdString() << " is not in\n" << words.toStdString();
+        return QRectF(QPointF(found.captured(1).toDouble(), found.captured(2).toDouble()),
+                      QPointF(found.captured(3).toDouble(), found.captured(4).toDouble()));
     }
 
     QStringList filesLeft() { return QDir(home.path()).entryList(QDir::Files | QDir::Hidden); }
@@ -160,6 +179,45 @@ TEST_F(MonthlyPrintTest, AWordLongerThanItsCellIsBrokenAndLineBreaksOfAnyKindAre
     EXPECT_EQ(text().count(u'z'), 60);
     const QRegularExpression lines(QStringLiteral("one\\s*\n.*two\\s*\n.*three"));
     EXPECT_TRUE(text().contains(lines)) << text().toStdString();
+}
+
+TEST_F(MonthlyPrintTest, ANoteThatEndsInLineBreaksIsWhole)
+{
+    putNotes({note(2024, 3, 12, "Tea" + std::string(40, '\n')), note(2024, 3, 13, "Milk\r\n \r\n")});
+    print();
+    EXPECT_TRUE(text().contains(QStringLiteral("Tea")));
+    EXPECT_TRUE(text().contains(QStringLiteral("Milk")));
+    EXPECT_FALSE(text().contains(u'…'));
+}
+
+TEST_F(MonthlyPrintTest, EachParagraphStandsWhereItsOwnDirectionBegins)
+{
+    putNotes({note(2024, 3, 12, "Tea\nתה\u2028שלום world")});
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        start();
+        window->setLayoutDirection(direction);
+        ui->printAction->trigger();
+        const double column = direction == Qt::LeftToRight ? 2 : 4;
+        const double left = 36 + column * 720 / 7;
+        EXPECT_NEAR(placeOfWord(QStringLiteral("Tea")).left(), left + 5, 3);
+        EXPECT_NEAR(placeOfWord(QStringLiteral("תה")).right(), left + 720.0 / 7 - 5, 3);
+        EXPECT_NEAR(placeOfWord(QStringLiteral("שלום")).right(), left + 720.0 / 7 - 5, 3);
+        EXPECT_LT(placeOfWord(QStringLiteral("world")).right(), placeOfWord(QStringLiteral("שלום")).left());
+    }
+}
+
+TEST_F(MonthlyPrintTest, TheTextIsFoundWhereItIsSeen)
+{
+    putNotes({note(2024, 3, 20, "HHHHHHHHHH")});
+    print();
+    constexpr int resolution = 144;
+    const QRectF said = placeOfWord(QStringLiteral("HHHHHHHHHH"));
+    const QImage sheet = picture(resolution);
+    const QRect around = QRectF(said.topLeft() * resolution / 72, said.size() * resolution / 72).toAlignedRect();
+    const QRect seen = placeOf(sheet.copy(around.adjusted(-10, -4, 10, 4)), isInk).translated(around.topLeft());
+    EXPECT_NEAR(seen.width(), around.width(), 6);
+    EXPECT_NEAR(seen.center().x() - 10, around.center().x(), 4);
+    EXPECT_NEAR(seen.center().y() - 4, around.center().y(), 6);
 }
 
 TEST_F(MonthlyPrintTest, StandsMirroredInALanguageFromTheRight)

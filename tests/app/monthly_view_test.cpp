@@ -8,6 +8,7 @@
 #include "support/AppFixture.h"
 
 #include <QLabel>
+#include <QScrollBar>
 #include <QTest>
 
 namespace {
@@ -84,6 +85,47 @@ TEST_F(MonthlyViewTest, OpensOnTheMonthOfTheMiniCalendar)
     EXPECT_EQ(names(), QStringLiteral("Sun Mon Tue Wed Thu Fri Sat"));
     expectDays(6, 31);
     EXPECT_EQ(redDays(), QStringLiteral("15"));
+}
+
+TEST_F(MonthlyViewTest, TheTickAfterMidnightMovesTheRedMarkAndNothingElse)
+{
+    setWeekStart(1);
+    putNotes({note(2024, 3, 30, "Packing\n" + std::string(2000, 'a'))});
+    clock.set(utcDate(2024, 3, 30, 12));
+    startOpen();
+    window->activateWindow();
+    NoteField& packing = field(35);
+    packing.setFocus();
+    QTest::keyClick(&packing, Qt::Key_Right, Qt::ShiftModifier);
+    packing.verticalScrollBar()->setValue(3);
+    ASSERT_EQ(packing.verticalScrollBar()->value(), 3);
+    clock.set(utcDate(2024, 3, 30, 23)); // midnight in Berlin
+    app->minuteHasChanged();
+    EXPECT_EQ(redDays(), QStringLiteral("31"));
+    clock.set(utcDate(2024, 3, 31, 22)); // the next one, in summer time
+    app->minuteHasChanged();
+    EXPECT_EQ(redDays(), QString());
+    EXPECT_EQ(title(), QStringLiteral("March 2024")) << "the page that was opened stays";
+    EXPECT_TRUE(packing.hasFocus());
+    EXPECT_EQ(packing.textCursor().selectedText(), QStringLiteral("P"));
+    EXPECT_EQ(packing.verticalScrollBar()->value(), 3);
+    ui->monthlyViewForwardBtn->click();
+    EXPECT_EQ(redDays(), QStringLiteral("1"));
+}
+
+TEST_F(MonthlyViewTest, AClockOrAZoneThatJumpsMovesTheRedMark)
+{
+    startOpen();
+    clock.set(utcDate(2024, 3, 1, 2));
+    host.clockMonitor.jump();
+    EXPECT_EQ(redDays(), QStringLiteral("1"));
+    const TimeZoneGuard newYork("America/New_York"); // where it is February still
+    host.clockMonitor.jump();
+    EXPECT_EQ(redDays(), QString());
+    clock.set(utcDate(2024, 3, 1, 5)); // midnight there
+    app->minuteHasChanged();
+    EXPECT_EQ(redDays(), QStringLiteral("1"));
+    EXPECT_EQ(title(), QStringLiteral("March 2024"));
 }
 
 TEST_F(MonthlyViewTest, BeginsOnMondayWhenThePreferencesSaySo)

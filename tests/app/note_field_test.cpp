@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/NoteField.h"
 #include "calendar/WholeNote.h"
+#include "support/Pixels.h"
+#include "support/Screenshot.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -34,6 +36,26 @@ protected:
     NoteField field;
 };
 
+/// Where the ink of each line of text stands, from the top down. Lines are told apart by rows of pixels without ink.
+std::vector<QRect> linesOf(QWidget& widget)
+{
+    const QImage picture = grabbed(widget);
+    std::vector<QRect> lines;
+    bool inLine = false;
+    for (int y = 0; y < picture.height(); ++y) {
+        const QRect row = placeOf(picture.copy(0, y, picture.width(), 1), isInk).translated(0, y);
+        if (row.isEmpty()) {
+            inLine = false;
+        } else if (inLine) {
+            lines.back() |= row;
+        } else {
+            lines.push_back(row);
+            inLine = true;
+        }
+    }
+    return lines;
+}
+
 } // namespace
 
 TEST_F(NoteFieldTest, WrapsAndIsCutOnlyWhenItIsLonger)
@@ -62,6 +84,84 @@ TEST_F(NoteFieldTest, ShowsANewNoteFromItsBeginning)
     field.verticalScrollBar()->setValue(field.verticalScrollBar()->maximum());
     field.setNote(longNote + u'!');
     EXPECT_EQ(field.verticalScrollBar()->value(), 0);
+}
+
+TEST_F(NoteFieldTest, EachParagraphStandsWhereItsOwnDirectionBegins)
+{
+    field.resize(160, 200);
+    for (const QString& lineBreak : {QStringLiteral("\n"), QStringLiteral("\r\n"), QStringLiteral("\u2028")}) {
+        field.setNote(QStringList{QStringLiteral("Tea"), QStringLiteral("תה"), QStringLiteral("سلام"),
+                                  QStringLiteral("4"), QStringLiteral("!7 תה")}
+                          .join(lineBreak));
+        const std::vector<QRect> lines = linesOf(*field.viewport());
+        ASSERT_EQ(lines.size(), 5);
+        for (const int left : {0, 3}) {
+            EXPECT_LT(lines.at(left).left(), 10) << left;
+        }
+        for (const int right : {1, 2, 4}) {
+            EXPECT_GT(lines.at(right).left(), 80) << right;
+            EXPECT_GT(lines.at(right).right(), field.viewport()->width() - 10) << right;
+        }
+    }
+}
+
+TEST_F(NoteFieldTest, AParagraphWithoutALetterFollowsTheWindow)
+{
+    field.setLayoutDirection(Qt::RightToLeft);
+    field.setNote(QStringLiteral("4\nTea"));
+    const std::vector<QRect> lines = linesOf(*field.viewport());
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_GT(lines.at(0).right(), field.viewport()->width() - 10);
+    EXPECT_LT(lines.at(1).left(), 10);
+}
+
+TEST_F(NoteFieldTest, ALongParagraphFromTheRightWrapsAtTheRightEdge)
+{
+    field.resize(120, 400);
+    field.setNote(QStringLiteral("תור לרופא שיניים בשעה ").repeated(5));
+    const std::vector<QRect> lines = linesOf(*field.viewport());
+    ASSERT_GT(lines.size(), 3);
+    for (const QRect& line : lines) {
+        EXPECT_NEAR(line.right(), field.viewport()->width(), 5);
+        EXPECT_GE(line.left(), 0);
+    }
+}
+
+TEST_F(NoteFieldTest, AMirroredWindowCutsNothingOff)
+{
+    const QString note = QStringLiteral("long ").repeated(80); // which needs a scroll bar
+    field.setNote(note);
+    NoteField mirrored;
+    mirrored.setLayoutDirection(Qt::RightToLeft);
+    mirrored.show();
+    mirrored.setNote(note);
+    for (int width = 100; width < 140; width += 2) { // in some the blank at a line's end has no room
+        field.resize(width, 60);
+        mirrored.resize(width, 60);
+        ASSERT_TRUE(mirrored.isCut());
+        EXPECT_EQ(linesOf(*mirrored.viewport()), linesOf(*field.viewport())) << width;
+    }
+}
+
+TEST_F(NoteFieldTest, TheWholeNoteStandsWhereEachOfItsParagraphsBegins)
+{
+    field.setNote(QStringLiteral("Tea\u2028תה"));
+    QTest::keyClick(&field, Qt::Key_Return);
+    QWidget& text = *field.findChild<WholeNote*>()->findChild<QPlainTextEdit*>()->viewport();
+    const std::vector<QRect> lines = linesOf(text);
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_LT(lines.at(0).left(), 10);
+    EXPECT_GT(lines.at(1).right(), text.width() - 10);
+}
+
+TEST_F(NoteFieldTest, AVeryLongNoteEndsBetweenTwoSigns)
+{
+    const QString family = QStringLiteral("👨‍👩‍👧");
+    field.setNote(u'-' + family.repeated(2000));
+    const QString shown = field.toPlainText();
+    EXPECT_LT(shown.size(), 9000);
+    EXPECT_TRUE(shown.endsWith(family + u'…'));
+    EXPECT_EQ((shown.size() - 2) % family.size(), 0);
 }
 
 TEST_F(NoteFieldTest, ReturnShowsTheWholeNoteAndEscapeLeadsBack)

@@ -62,6 +62,23 @@ TEST_F(NotesListTest, TheSegmentsAreNamedAfterWhatTheyShow)
               QStringList({text("March Notes"), text("Hide All"), text("Mini Calendar's Month"), text("2024 Notes")}));
 }
 
+TEST_F(NotesListTest, TheSegmentsOfTodayFollowTheMonthAndTheYear)
+{
+    clock.set(utcDate(2024, 12, 31, 22, 59));
+    start();
+    ASSERT_EQ(segment(0), text("December Notes"));
+    const QString all = segment(1);
+    clock.set(utcDate(2024, 12, 31, 23)); // midnight in Berlin
+    app->minuteHasChanged();
+    EXPECT_EQ(segment(0), text("January Notes"));
+    EXPECT_EQ(segment(3), text("2025 Notes"));
+    EXPECT_EQ(segment(1), all);
+    clock.set(utcDate(2024, 11, 3, 9));
+    host.clockMonitor.jump();
+    EXPECT_EQ(segment(0), text("November Notes"));
+    EXPECT_EQ(segment(3), text("2024 Notes"));
+}
+
 TEST_F(NotesListTest, TheFirstSegmentShowsThisMonthByDate)
 {
     startWithFourNotes();

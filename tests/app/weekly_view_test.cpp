@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTest>
 
 namespace {
@@ -70,6 +71,41 @@ TEST_F(WeeklyViewTest, OpensOnTheWeekThatHoldsTodayWhenTheMiniCalendarShowsTheCu
     EXPECT_EQ(days(), QStringLiteral("10 11 12 13 14 15 16"));
     EXPECT_EQ(redDays(), QStringLiteral("15"));
     EXPECT_EQ(names(), QStringLiteral("Sun Mon Tue Wed Thu Fri Sat"));
+}
+
+TEST_F(WeeklyViewTest, TheTickAfterMidnightMovesTheRedMarkAndNothingElse)
+{
+    setWeekStart(1);
+    putNotes({note(2024, 3, 12, "Dentist\n" + std::string(2000, 'a'))});
+    startOpen();
+    window->activateWindow();
+    auto& dentist = cell<NoteField>(48);
+    dentist.setFocus();
+    QTest::keyClick(&dentist, Qt::Key_Right, Qt::ShiftModifier);
+    dentist.verticalScrollBar()->setValue(3);
+    ASSERT_EQ(dentist.verticalScrollBar()->value(), 3);
+    clock.set(utcDate(2024, 3, 15, 23)); // midnight in Berlin
+    app->minuteHasChanged();
+    EXPECT_EQ(redDays(), QStringLiteral("16"));
+    clock.set(utcDate(2024, 3, 16, 23)); // the week that was opened stays
+    app->minuteHasChanged();
+    EXPECT_EQ(redDays(), QString());
+    EXPECT_EQ(firstDay(), QStringLiteral("March 10, 2024"));
+    EXPECT_TRUE(dentist.hasFocus());
+    EXPECT_EQ(dentist.textCursor().selectedText(), QStringLiteral("D"));
+    EXPECT_EQ(dentist.verticalScrollBar()->value(), 3);
+    ui->weeklyViewForwardWeek->click();
+    EXPECT_EQ(redDays(), QStringLiteral("17"));
+}
+
+TEST_F(WeeklyViewTest, AClockThatJumpsMovesTheRedMark)
+{
+    setWeekStart(1);
+    startOpen();
+    clock.set(utcDate(2024, 3, 13, 9));
+    host.clockMonitor.jump();
+    EXPECT_EQ(redDays(), QStringLiteral("13"));
+    EXPECT_EQ(firstDay(), QStringLiteral("March 10, 2024"));
 }
 
 TEST_F(WeeklyViewTest, BeginsOnMondayWhenThePreferencesSaySo)

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "calendar/PdfTextLayer.h"
+
+#include <QHash>
+#include <QImage>
+#include <QRawFont>
+
+#include <utility>
+
+class QPainter;
+class QPainterPath;
+class QTextLayout;
+class QTextLine;
+
+/// Writes on the page of a PDF document what a screen would show: letters as outlines, coloured signs as pictures. Its
+/// layer keeps what they say.
+class PrintedText {
+public:
+    /// `painter` paints the whole sheet.
+    explicit PrintedText(QPainter& painter);
+
+    QPainter& painter() const { return m_painter; }
+    const PdfTextLayer& layer() const { return m_layer; }
+
+    /// Writes `line` of `layout`, whose own origin stands at `origin`, in the colour of the painter's pen.
+    void write(const QTextLayout& layout, const QTextLine& line, QPointF origin);
+
+private:
+    void paint(const QTextLine& line, QPointF origin);
+    void paintPicture(const QRawFont& font, quint32 glyph, QPointF baseline);
+    void describe(const QTextLayout& layout, const QTextLine& line, QPointF origin);
+
+    QPainter& m_painter;
+    PdfTextLayer m_layer;
+    QHash<std::pair<QRawFont, quint32>, QImage> m_pictures; ///< each is put into the document once
+};
