@@ -151,7 +151,8 @@ public:
     /// Saves the table in `source` under `fileName` and gives it back; one that cannot be read removes the file.
     std::optional<Table> importTALVDataFiles(const std::filesystem::path& source, const std::string& fileName);
 
-    /// The save command of the menu: what the enabled save buttons do.
+    /// The save command of the menu: saves what the enabled save buttons would. What is being edited is committed and
+    /// goes on being edited.
     void saveAll();
 
     // --- Mini calendar -----------------------------------------------------------------------------------------------
@@ -303,6 +304,7 @@ private:
     void configureTables();
     void redrawPage(const QWidget& page);
 
+    void saveTableOf(QAbstractButton& button);
     void confirmImport(const std::filesystem::path& folder);
     void importNotes(const std::filesystem::path& source);
     void importEvents(const std::filesystem::path& source);
