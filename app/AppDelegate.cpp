@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 
 #include "app/AlphaValue.h"
+#include "app/EditingKeys.h"
 #include "app/Localized.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "host/ClockMonitor.h"
@@ -72,6 +73,7 @@ AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, cons
     connectActions();
     connectMenu();
     connectEditMenu();
+    new EditingKeys(this);
     connectHolidaySheet();
     makeImportantDatesContextMenu();
     makeSendNotificationContextMenu();

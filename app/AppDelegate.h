@@ -162,7 +162,8 @@ public:
     /// Saves the table in `source` under `fileName` and gives it back; one that cannot be read removes the file.
     std::optional<Table> importTALVDataFiles(const std::filesystem::path& source, const std::string& fileName);
 
-    /// The save command of the menu: what the enabled save buttons do.
+    /// The save command of the menu: saves what the enabled save buttons would. What is being edited is committed and
+    /// goes on being edited.
     void saveAll();
 
     /// Something that is not saved has changed: the draft follows shortly.
@@ -351,6 +352,7 @@ private:
     void keepDraft();
     void showKeptNotes(Draft draft);
 
+    void saveTableOf(QAbstractButton& button);
     void confirmImport(const std::filesystem::path& folder);
     void importNotes(const std::filesystem::path& source);
     void importEvents(const std::filesystem::path& source);

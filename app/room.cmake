@@ -30,6 +30,8 @@ target_sources(velumora-app PRIVATE
     app/AppDelegate.h
     app/Appearance.cpp
     app/Appearance.h
+    app/EditingKeys.cpp
+    app/EditingKeys.h
     app/EnteredPlace.cpp
     app/EnteredPlace.h
     app/Localized.cpp

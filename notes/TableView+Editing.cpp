@@ -105,6 +105,23 @@ void TableView::placeCaret(std::optional<QPoint> clicked)
     showCaret();
 }
 
+void TableView::commitEditing()
+{
+    if (m_edit && !m_endingEdit) {
+        commitText();
+    }
+}
+
+void TableView::commitText()
+{
+    if (belongsTo(QApplication::focusWidget(), m_edit->view)) {
+        QGuiApplication::inputMethod()->commit(); // what is half composed belongs to the text
+    }
+    if (CellEditor* const editor = textEditor(); editor && m_delegate) {
+        m_delegate->controlTextDidEndEditing(*editor);
+    }
+}
+
 void TableView::endEditing()
 {
     if (!m_edit || m_endingEdit) {
@@ -113,12 +130,8 @@ void TableView::endEditing()
     m_endingEdit = true;
     const QPointer<QWidget> view = m_edit->view;
     const bool hadFocus = belongsTo(QApplication::focusWidget(), view);
-    if (hadFocus) {
-        QGuiApplication::inputMethod()->commit(); // what is half composed belongs to the text
-    }
-    if (CellEditor* const editor = textEditor(); editor && m_delegate) {
-        m_delegate->controlTextDidEndEditing(*editor);
-    }
+    commitText();
+    QGuiApplication::inputMethod()->reset(); // a dead key begun here is not finished in the next text
     m_edit.reset();
     if (hadFocus) {
         setFocus(Qt::OtherFocusReason);

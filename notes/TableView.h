@@ -137,6 +137,9 @@ public:
     /// Ends the edit in progress: tells the delegate, then the editor is gone. What was typed stays.
     void endEditing();
 
+    /// Tells the delegate of the text as at the end of an edit, and the edit goes on: caret and undo stay as they are.
+    void commitEditing();
+
     /// The control that stands in that cell now (its CellEditor or what the column's factory made), else null.
     QWidget* viewAt(int column, int row) const;
 
@@ -203,6 +206,7 @@ private:
     QWidget* makeEditor(Cell cell);
     CellEditor* textEditor() const;
     void moveEdit(int step);
+    void commitText();
     void editorTextChanged();
     void layoutEditor();
     void showCaret();

@@ -39,8 +39,8 @@ public:
     /// The table's sort descriptors are new; the delegate sorts its rows and reloads the table.
     virtual void sortDescriptorsDidChange(TableView& tableView);
 
-    /// `field` is a CellEditor, and rowForView still tells its row. At the end of an edit this comes once, before the
-    /// editor goes. The delegate may reload the table in either.
+    /// `field` is a CellEditor, and rowForView still tells its row. The second comes once at the end of an edit, before
+    /// the editor goes, and at each commitEditing. The delegate may reload the table in either.
     virtual void controlTextDidChange(QWidget& field);
     virtual void controlTextDidEndEditing(QWidget& field);
 

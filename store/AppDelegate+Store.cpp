@@ -28,9 +28,7 @@ void AppDelegate::loadTables()
 
 void AppDelegate::saveTVDataToFile(QAbstractButton& sender)
 {
-    const bool isEvents = &sender == m_ui.importantDateSaveBtn;
-    const bool isNotes = &sender == m_ui.noteEntryListSaveBtn;
-    if (isEvents) {
+    if (&sender == m_ui.importantDateSaveBtn) {
         m_ui.importantDatesTableView->reloadData();
     }
     if (QWidget* firstResponder = m_window.focusWidget()) {
@@ -38,10 +36,15 @@ void AppDelegate::saveTVDataToFile(QAbstractButton& sender)
     }
     m_ui.notesTableView->endEditing();
     m_ui.importantDatesTableView->endEditing();
-    buttonEnableDisable(sender, false);
-    if (isEvents) {
+    saveTableOf(sender);
+}
+
+void AppDelegate::saveTableOf(QAbstractButton& button)
+{
+    buttonEnableDisable(button, false);
+    if (&button == m_ui.importantDateSaveBtn) {
         m_saves.save(eventsTVData, std::string(EventsFileName));
-    } else if (isNotes) {
+    } else if (&button == m_ui.noteEntryListSaveBtn) {
         takeInDateNotes();
         m_saves.save(allNotesTVData, std::string(NotesFileName));
     }
@@ -49,9 +52,11 @@ void AppDelegate::saveTVDataToFile(QAbstractButton& sender)
 
 void AppDelegate::saveAll()
 {
+    m_ui.notesTableView->commitEditing();
+    m_ui.importantDatesTableView->commitEditing();
     for (QPushButton* button : {m_ui.noteEntryListSaveBtn, m_ui.importantDateSaveBtn}) {
         if (button->isEnabled()) {
-            saveTVDataToFile(*button);
+            saveTableOf(*button);
         }
     }
 }

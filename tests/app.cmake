@@ -66,6 +66,7 @@ velumora_test(app-tests
     app/appearance_test.cpp
     app/contrast_test.cpp
     app/dock_icon_test.cpp
+    app/editing_keys_test.cpp
     app/help_test.cpp
     app/host_test.cpp
     app/keyboard_test.cpp

@@ -196,12 +196,12 @@ TEST_F(NoteEditingTest, AnImportantDateIsSavedByItsButtonOnly)
     EXPECT_FALSE(ui->importantDateSaveBtn->isEnabled());
 }
 
-TEST_F(NoteEditingTest, SavingEndsTheEdit)
+TEST_F(NoteEditingTest, TheSaveButtonEndsTheEdit)
 {
     putNotes({note(2024, 3, 6, "b")});
     start();
     QTest::keyClicks(&edit(table(), 0), text("c"));
-    ui->saveAction->trigger();
+    ui->noteEntryListSaveBtn->click();
     EXPECT_EQ(table().editedRow(), -1);
     EXPECT_EQ(notesOnDisk(), Table{note(2024, 3, 6, "bc")});
     EXPECT_FALSE(ui->noteEntryListSaveBtn->isEnabled());

@@ -3,6 +3,7 @@
 #include "notes/CellEditor.h"
 #include "support/AppFixture.h"
 
+#include <QPointer>
 #include <QTest>
 
 #include <algorithm>
@@ -305,4 +306,55 @@ TEST_F(StoreTest, TheSaveCommandSavesWhatTheEnabledButtonsWould)
     ui->saveAction->trigger();
     EXPECT_EQ(eventsOnDisk(), dates);
     EXPECT_EQ(notesOnDisk(), std::nullopt);
+}
+
+TEST_F(StoreTest, TheSaveCommandLeavesTheTextThatIsBeingWrittenAsItIs)
+{
+    putNotes(march);
+    putEvents(dates);
+    start();
+    for (TableView* table : {ui->notesTableView, ui->importantDatesTableView}) {
+        typeInto(*table, 0, QStringLiteral(" at 9"));
+        QPointer<QWidget> view = table->viewAt(textColumn, 0);
+        auto& editor = dynamic_cast<CellEditor&>(*view);
+        QTest::keyClick(&editor, Qt::Key_Left);
+        const int caret = editor.textCursor().position();
+
+        ui->saveAction->trigger();
+        runQueued();
+        ASSERT_TRUE(view);
+        EXPECT_EQ(table->viewAt(textColumn, 0), view);
+        EXPECT_EQ(window->focusWidget(), view);
+        EXPECT_EQ(editor.textCursor().position(), caret);
+
+        QTest::keyClicks(&editor, QStringLiteral("1"));
+        EXPECT_TRUE(editor.text().endsWith(QStringLiteral(" at 19")));
+        ui->saveAction->trigger();
+        QTest::keyClick(&editor, Qt::Key_Z, Qt::ControlModifier);
+        QTest::keyClick(&editor, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(editor.text(), table == ui->notesTableView ? QStringLiteral("dentist") : QStringLiteral("Ada"));
+    }
+    EXPECT_EQ(notesOnDisk(), march) << "the edit that was undone has ended";
+    EXPECT_EQ(eventsOnDisk(), (Table{event(1990, 5, 4, "Ada at 19"), dates.at(1)}));
+}
+
+TEST_F(StoreTest, TheSaveCommandCommitsWhatIsBeingWritten)
+{
+    putNotes(march);
+    start();
+    typeInto(*ui->notesTableView, 0, QStringLiteral(" at 9"));
+    ui->saveAction->trigger();
+    EXPECT_EQ(notesOnDisk(), (Table{note(2024, 3, 2, "dentist at 9"), march.at(1)}));
+    EXPECT_FALSE(ui->noteEntryListSaveBtn->isEnabled());
+    EXPECT_EQ(ui->notesTableView->editedRow(), 0);
+}
+
+TEST_F(StoreTest, TheSaveCommandLeavesTheFocusWhereItIs)
+{
+    putEvents(dates);
+    start();
+    app->addRowToImportDates();
+    ui->filterField->setFocus();
+    ui->saveAction->trigger();
+    EXPECT_EQ(window->focusWidget(), ui->filterField);
 }

@@ -1,8 +1,9 @@
-find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Test)
 
 velumora_test(table-tests
     app/cell_editor_test.cpp
     app/cell_lines_test.cpp
+    app/composing_test.cpp
     app/control_appearance_test.cpp
     app/row_heights_test.cpp
     app/table_accessible_test.cpp
@@ -13,7 +14,7 @@ velumora_test(table-tests
     app/table_painting_test.cpp
     app/table_view_test.cpp
     app/table_writing_test.cpp
-    LIBRARIES velumora-app Qt6::Test
+    LIBRARIES velumora-app Qt6::Test Qt6::GuiPrivate
     LABELS app
 )
 
