@@ -237,7 +237,7 @@ public:
 
     void drawCurrMonthsDayOnAppIcon();
 
-    /// Waits for the window's first picture, after which the icon is handed over.
+    /// Waits for the window's first picture, after which the icon is handed over and a draft offered.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     // --- Notes list --------------------------------------------------------------------------------------------------

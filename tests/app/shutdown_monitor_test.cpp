@@ -16,6 +16,12 @@ class ShutdownMonitorTest : public ::testing::Test {
 protected:
     static void waitFor(const std::function<bool()>& condition) { ASSERT_TRUE(QTest::qWaitFor(condition, patience)); }
 
+    /// Until the lock has arrived, too: the call for it is a child of the monitor.
+    void waitForLock()
+    {
+        waitFor([this] { return logind.isHeldUp() && monitor.children().isEmpty(); });
+    }
+
     void listen()
     {
         monitor.listen(bus.connection(QStringLiteral("program")), QStringLiteral("Notes are being saved"));
@@ -32,7 +38,7 @@ TEST_F(ShutdownMonitorTest, HoldsAShutdownUpUntilEverybodyHasHeardOfIt)
     bool heldUpWhenTold = false;
     QObject::connect(&monitor, &ShutdownMonitor::machineWillShutDown, [&] { heldUpWhenTold = logind.isHeldUp(); });
     listen();
-    waitFor([this] { return logind.isHeldUp(); });
+    waitForLock();
     ASSERT_EQ(logind.locks.size(), 1);
     EXPECT_EQ(logind.locks.first().first(), QStringLiteral("shutdown"));
     EXPECT_EQ(logind.locks.first().sliced(2),
@@ -46,11 +52,11 @@ TEST_F(ShutdownMonitorTest, HoldsAShutdownUpUntilEverybodyHasHeardOfIt)
 TEST_F(ShutdownMonitorTest, HoldsTheNextOneUpAfterOneWasCalledOff)
 {
     listen();
-    waitFor([this] { return logind.isHeldUp(); });
+    waitForLock();
     logind.tell(true);
     waitFor([this] { return told.count() == 1; });
     logind.tell(false);
-    waitFor([this] { return logind.isHeldUp(); });
+    waitForLock();
     EXPECT_EQ(told.count(), 1);
     logind.tell(true);
     waitFor([this] { return told.count() == 2; });

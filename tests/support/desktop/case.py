@@ -45,7 +45,8 @@ class DesktopTest(unittest.TestCase):
         return path
 
     def _end_running(self):
-        if any(test is self for test, _ in self._result.failures + self._result.errors):
+        failed = any(test is self for test, _ in self._result.failures + self._result.errors)
+        if failed and self.session.screen:
             self.picture(self.id())
         for application in self._running:
             if application.process.poll() is None:
