@@ -11,7 +11,7 @@
 #include <string>
 
 /// A day as it is typed: day, month and the whole year as numbers, in the order and with the separators of a language
-/// (Unicode locale data, skeleton yMd), counted by that language's own calendar.
+/// (Unicode locale data, skeleton yMd), counted by the calendar of the locale identifier that names it.
 class DayText {
 public:
     enum class Part { Year, Month, Day };

@@ -11,6 +11,7 @@
 #include <QToolButton>
 #include <unicode/calendar.h>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -76,7 +77,7 @@ void PopupCalendar::putHeadingInPlace()
         return;
     }
     m_heading = new QLabel(month->parentWidget());
-    m_heading->setForegroundRole(QPalette::HighlightedText); // as the buttons
+    m_heading->setForegroundRole(QPalette::Text); // as the style sheet has the buttons
     m_heading->setFont(month->font());
     bar->insertWidget(bar->indexOf(month), m_heading);
     month->hide();
@@ -87,11 +88,17 @@ void PopupCalendar::putHeadingInPlace()
 
 void PopupCalendar::showHeading()
 {
-    m_formatter.setDateFormat(QStringLiteral("LLLL y"));
     const QDate first(yearShown(), monthShown(), 1);
-    const QString begin = m_formatter.stringFromDate(dateOf(first));
-    const QString end = m_formatter.stringFromDate(dateOf(first.addDays(first.daysInMonth() - 1)));
-    m_heading->setText(begin == end ? begin : begin + QStringLiteral(" – ") + end);
+    const Date begin = dateOf(first);
+    const Date end = dateOf(first.addDays(first.daysInMonth() - 1));
+    m_formatter.setDateFormat(QStringLiteral("LLLL y"));
+    QString heading = m_formatter.stringFromDate(begin);
+    if (heading != m_formatter.stringFromDate(end)) {
+        m_formatter.setDateFormat(QStringLiteral("LLL y")); // two of them have to find room
+        heading = m_formatter.stringFromDate(begin) + QStringLiteral(" – ") + m_formatter.stringFromDate(end);
+    }
+    m_heading->setText(heading);
+    setMinimumWidth(std::max(smallestSize.width(), m_heading->parentWidget()->sizeHint().width()));
     m_formatter.setDateFormat(QStringLiteral("d")); // of the cells
 }
 

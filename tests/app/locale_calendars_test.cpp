@@ -156,6 +156,9 @@ QString headingOf(const QCalendarWidget& calendar)
 TEST_P(PickersCalendarTest, IsHeadedByTheMonthAndYearOfThePickersText)
 {
     EXPECT_EQ(headingOf(*calendar), QString::fromUtf8(GetParam().title));
+    for (const auto* label : calendar->findChildren<QLabel*>()) {
+        EXPECT_GE(label->width(), label->sizeHint().width()) << "nothing of the heading is cut";
+    }
     saveScreenshot(grabbed(*calendar, 2), QStringLiteral("picker-") + QString::fromLatin1(GetParam().currentLocale));
     calendar->showNextMonth();
     calendar->showNextMonth();
@@ -167,7 +170,7 @@ INSTANTIATE_TEST_SUITE_P(Locales, PickersCalendarTest,
                                            Languages{"th_TH", "en-US", "March 2567", "May 2567"},
                                            Languages{"en_US", "th-TH", "มีนาคม 2024", "พฤษภาคม 2024"},
                                            Languages{"en_US", "en-US", "March 2024", "May 2024"},
-                                           Languages{"ar_SA", "en-US", "Shaʻban 1445 – Ramadan 1445",
-                                                     "Shawwal 1445 – Dhuʻl-Qiʻdah 1445"}));
+                                           Languages{"ar_SA", "en-US", "Sha. 1445 – Ram. 1445",
+                                                     "Shaw. 1445 – Dhuʻl-Q. 1445"}));
 
 } // namespace

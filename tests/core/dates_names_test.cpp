@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 using namespace DateUtilities;
 
 namespace {
@@ -24,6 +26,11 @@ struct Names {
     QString shortMonthAlone;
     QString narrowMonthAlone;
 };
+
+void PrintTo(const Names& names, std::ostream* stream)
+{
+    *stream << names.language;
+}
 
 const Names Languages[] = {
     {"fi", QStringLiteral("maanantaina"), QStringLiteral("maanantai"), QStringLiteral("ma"), QStringLiteral("ma"),
