@@ -10,7 +10,6 @@
 #include <utility>
 
 class QPainter;
-class QPainterPath;
 class QTextLayout;
 class QTextLine;
 
