@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Localized.h"
+#include "app/SpokenName.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "calendar/MonthGrid.h"
+#include "calendar/SpokenDays.h"
 #include "dates/DateUtilities.h"
 #include "dates/IntegerValue.h"
 #include "notes/NamedColor.h"
@@ -30,18 +32,11 @@ QString firstCharacter(const QString& text)
     return text.left(std::max<qsizetype>(boundaries.toNextBoundary(), 0));
 }
 
-DateFormatter spokenDateFormatter()
-{
-    DateFormatter formatter;
-    formatter.setDateStyle(DateFormatter::Style::Full);
-    return formatter;
-}
-
-/// Marks the button of the day `spokenDate`, also for a screen reader.
-void markDay(DayButton& button, DayButton::State state, const QString& spokenDate)
+/// Marks the button of a day, also for a screen reader.
+void markDay(DayButton& button, DayButton::State state, const QString& spokenDay)
 {
     button.setState(state);
-    button.setAccessibleName(state == DayButton::On ? filled(localized("%@, has a note"), {spokenDate}) : spokenDate);
+    setSpokenName(button, state == DayButton::On ? filled(localized("%@, has a note"), {spokenDay}) : spokenDay);
 }
 
 } // namespace
@@ -64,10 +59,12 @@ void AppDelegate::showTodayOnMiniCal()
 {
     const Date today = DateUtilities::today();
     const bool sundayFirst = startOnSunday();
+    gridIn(m_window)->forgetChosenDay();
     setMiniCalMonthYearDate(today);
     setSingleCharDayNames(sundayFirst, m_window);
     enableMiniCalDatesWithNotes(today, notesTVData, sundayFirst, m_window);
     colorTodayOnMiniCal();
+    announceMonthOfMiniCal();
 }
 
 void AppDelegate::redrawMiniCal()
@@ -100,7 +97,7 @@ void AppDelegate::setSingleCharDayNames(bool startOnSunday, QWidget& window)
         // With Monday first, the Sunday at the end of the row keeps its whole short name.
         const bool whole = !startOnSunday && weekday == MonthGrid::Sunday;
         header->setText(whole ? shortNames.at(column) : firstCharacter(shortNames.at(column)));
-        header->setAccessibleName(fullNames.at(weekday));
+        setSpokenName(*header, fullNames.at(weekday));
     }
 }
 
@@ -120,7 +117,8 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
 
     const int weekdayOfFirst = MonthGrid::firstDayofMonth(month, year);
     const int dayCount = DateUtilities::daysInMonth(date);
-    const DateFormatter spokenDate = spokenDateFormatter();
+    const SpokenDays spoken;
+    int shownToday = 0;
 
     MiniCalendarGrid* cells = gridIn(window);
     for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
@@ -131,14 +129,17 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
         button->setTransparent(blank);
         if (blank) {
             button->setState(DayButton::Off);
-            button->setAccessibleName(QString());
+            setSpokenName(*button, QString());
             continue;
         }
         const Date dayDate = DateUtilities::dateFromYear(year, month, day);
         const bool hasNote = NoteQueries::doesTVDataHaveDate(datesWithNotes, dayDate) != DateUtilities::NotFound;
-        markDay(*button, hasNote ? DayButton::On : DayButton::Off, spokenDate.stringFromDate(dayDate));
+        markDay(*button, hasNote ? DayButton::On : DayButton::Off, spoken.of(dayDate));
+        if (spoken.isToday(dayDate)) {
+            shownToday = day;
+        }
     }
-    cells->daysDidChange();
+    cells->daysDidChange({.year = year, .month = month}, shownToday);
 }
 
 void AppDelegate::colorTodayOnMiniCal()
@@ -215,6 +216,7 @@ void AppDelegate::backForwardYearOrMonth(QAbstractButton& sender)
     setMiniCalMonthYearDate(date);
     enableMiniCalDatesWithNotes(date, allNotesTVData, startOnSunday(), m_window);
     colorTodayOnMiniCal();
+    announceMonthOfMiniCal();
 }
 
 void AppDelegate::dayBtnAction(DayButton& sender)
@@ -245,7 +247,7 @@ void AppDelegate::showNoteOfDay(Date date, DayButton& button)
         } else {
             return; // the file could not be read: what is added to it is lost
         }
-        markDay(button, DayButton::On, spokenDateFormatter().stringFromDate(date));
+        markDay(button, DayButton::On, SpokenDays().of(date));
     }
     m_ui.notesTableView->scrollRowToVisible(static_cast<int>(row));
     m_ui.notesTableView->selectRow(static_cast<int>(row));

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Localized.h"
+#include "app/SpokenName.h"
 #include "calendar/DayNumber.h"
 #include "calendar/MonthGrid.h"
 #include "calendar/MonthlyGrid.h"
 #include "calendar/NoteField.h"
+#include "calendar/SpokenDays.h"
 #include "dates/DateUtilities.h"
 #include "dates/IntegerValue.h"
 #include "notes/NoteQueries.h"
@@ -19,7 +21,7 @@ void AppDelegate::setMonthlyViewThreeCharDayNames(bool startOnSunday, QWidget& w
     const QStringList fullNames = DateUtilities::copyFormatterForLocaleDevice().standaloneWeekdaySymbols();
     for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
         grid->header(column).setText(shortNames.at(column));
-        grid->header(column).setAccessibleName(fullNames.at(MonthGrid::weekdayOfColumn(column, startOnSunday)));
+        setSpokenName(grid->header(column), fullNames.at(MonthGrid::weekdayOfColumn(column, startOnSunday)));
     }
 }
 
@@ -45,9 +47,7 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
 
     const std::vector<Date> days = MonthGrid::daysOfMonth(date);
     const std::vector<std::string> texts = NoteQueries::textsOfDates(notes.value_or(Table()), days);
-    const Date now = DateEnvironment::now();
-    DateFormatter spokenDate;
-    spokenDate.setDateStyle(DateFormatter::Style::Full);
+    const SpokenDays spoken;
 
     auto* grid = view.findChild<MonthlyGrid*>();
     for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
@@ -58,14 +58,14 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
             number.setText({});
             number.setToday(false);
             note.setNote({});
-            note.setAccessibleName({});
+            setSpokenName(note, {});
             continue;
         }
         const auto index = static_cast<std::size_t>(day - 1);
         number.setText(QString::number(day));
-        number.setToday(DateUtilities::isThisDate(days.at(index), now));
+        number.setToday(spoken.isToday(days.at(index)));
         note.setNote(QString::fromStdString(texts.at(index)));
-        note.setAccessibleName(spokenDate.stringFromDate(days.at(index)));
+        setSpokenName(note, spoken.of(days.at(index)));
     }
     grid->daysDidChange();
 }
@@ -78,4 +78,5 @@ void AppDelegate::backForwardMonthlyView(QAbstractButton& sender)
         DateUtilities::dateByAddingDays(m_ui.monthlyViewHiddenDatePicker->dateValue(), 2, 0, 0));
     const Date date = DateUtilities::dateByAddingDays(DateUtilities::dateFromYear(year, month, 1), 0, step, 0);
     putDaysDatesTextOnMonthlyView(MonthGrid::dayOfWeekForDate(date), date, m_window, notesTVData, startOnSunday());
+    announceMonthOfPage();
 }

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Localized.h"
+#include "app/SpokenName.h"
 #include "calendar/DayNumber.h"
 #include "calendar/MonthGrid.h"
 #include "calendar/NoteField.h"
+#include "calendar/SpokenDays.h"
 #include "calendar/Week.h"
 #include "calendar/WeeklyGrid.h"
 #include "dates/DateUtilities.h"
@@ -21,7 +23,7 @@ void AppDelegate::setWeeklyViewThreeCharDayNames(bool startOnSunday, QWidget& wi
     for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
         auto* header = grid->viewWithTag<QLineEdit>(MonthGrid::weeklyHeaderTag(column));
         header->setPlaceholderText(shortNames.at(column));
-        header->setAccessibleName(fullNames.at(MonthGrid::weekdayOfColumn(column, startOnSunday)));
+        setSpokenName(*header, fullNames.at(MonthGrid::weekdayOfColumn(column, startOnSunday)));
     }
 }
 
@@ -49,17 +51,15 @@ void AppDelegate::putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget
     setStringForWeeklyViewStartingDateMsg(days.front());
 
     const auto* grid = view.findChild<WeeklyGrid*>();
-    const Date now = DateEnvironment::now();
-    DateFormatter spokenDate;
-    spokenDate.setDateStyle(DateFormatter::Style::Full);
+    const SpokenDays spoken;
     for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
         const auto index = static_cast<std::size_t>(column);
         auto* number = grid->viewWithTag<DayNumber>(MonthGrid::weeklyDayTag(column));
         number->setText(DateUtilities::dayFromDate(days.at(index)));
-        number->setToday(DateUtilities::isThisDate(days.at(index), now));
+        number->setToday(spoken.isToday(days.at(index)));
         auto* note = grid->viewWithTag<NoteField>(MonthGrid::weeklyNoteTag(column));
         note->setNote(QString::fromStdString(texts.at(index)));
-        note->setAccessibleName(spokenDate.stringFromDate(days.at(index)));
+        setSpokenName(*note, spoken.of(days.at(index)));
     }
 }
 
@@ -74,4 +74,5 @@ void AppDelegate::backForwardWeek(QAbstractButton& sender)
     const Date date = DateUtilities::dateByAddingDays(*start, step, 0, 0);
     const int offset = MonthGrid::weekStartOffset(MonthGrid::dayOfWeekForDate(date), startOnSunday());
     putDaysDatesTextOnWeeklyView(offset, date, m_window, notesTVData);
+    announceWeek();
 }

@@ -6,6 +6,7 @@ add_library(app-test-support STATIC
     support/DateGuards.cpp
     support/DateGuards.h
     support/FakeHost.h
+    support/HeardEvents.h
     support/LoopbackServer.h
     support/PrivateBus.cpp
     support/PrivateBus.h
@@ -60,6 +61,7 @@ velumora_test(app-tests
     app/open_panel_test.cpp
     app/preferences_test.cpp
     app/reminders_test.cpp
+    app/screen_reader_test.cpp
     app/store_test.cpp
     app/temporary_folder_test.cpp
     app/weekly_view_test.cpp
