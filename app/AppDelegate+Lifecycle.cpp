@@ -137,6 +137,7 @@ void AppDelegate::didSelectTabViewItem(QWidget& page)
 {
     m_window.setWindowTitle(QString());
     redrawPage(page);
+    announcePage(page);
 }
 
 void AppDelegate::redrawPage(const QWidget& page)

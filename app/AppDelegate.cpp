@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 
 #include "app/AlphaValue.h"
+#include "app/Announcer.h"
 #include "app/EditingKeys.h"
 #include "app/Localized.h"
 #include "calendar/MiniCalendarGrid.h"
@@ -57,7 +58,7 @@ TableColumn textColumn(std::string_view key, const QString& title)
 AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, const HostServices& host)
     : m_window(myMainWindow), m_ui(layout), m_prefsLayout(std::make_unique<Ui::PreferencesSheet>()),
       m_prefsSheet(new QDialog(&myMainWindow)), m_holidayLayout(std::make_unique<Ui::HolidaySheet>()),
-      m_holidaySheet(new QDialog(&myMainWindow)), m_host(host),
+      m_holidaySheet(new QDialog(&myMainWindow)), m_announcer(new Announcer(myMainWindow)), m_host(host),
       m_folder(host.applicationSupport, DateEnvironment::clock()), m_draftFile(host.stateFolder),
       m_saves(m_folder, [this](const SaveResult& result) {
           QMetaObject::invokeMethod(

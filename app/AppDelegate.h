@@ -25,6 +25,7 @@
 #include <memory>
 #include <optional>
 
+class Announcer;
 class DatePicker;
 class QAbstractButton;
 class QAction;
@@ -265,6 +266,7 @@ public:
     std::unique_ptr<TableRowView> rowViewForRow(const TableView& tableView, int row) override;
     void tableViewSelectionDidChange(TableView& tableView) override;
     void tableViewSelectionIsChanging(TableView& tableView) override;
+    QString accessibleEditorName(const TableView& tableView, const TableColumn& column, int row) override;
     void sortDescriptorsDidChange(TableView& tableView) override;
 
     // --- Editing and deleting ----------------------------------------------------------------------------------------
@@ -373,6 +375,14 @@ private:
     void showNoteOfDay(Date date, DayButton& button);
     void editSelectedNote(DayButton& day);
 
+    // What a screen reader is to say though the focus is elsewhere.
+    void announceMonthOfMiniCal();
+    void announceWeek();
+    void announceMonthOfPage();
+    void announcePage(const QWidget& page);
+    void announceFoundNotes();
+    void announceRows(const QString& choice); ///< what was chosen to be shown in the notes list
+
     void showEnteredPlace();
     void showPlaceProblem(const QString& problem);
     void askForLocationAgain();
@@ -407,6 +417,7 @@ private:
     QDialog* m_holidaySheet = nullptr;            ///< the window's
     QMenu* m_importantDatesContextMenu = nullptr; ///< the window's
     QMenu* m_sendNotificationContextMenu = nullptr;
+    Announcer* m_announcer; ///< the window's
     HostServices m_host;
 
     /// Lines added to shown notes from important dates, each as a note of its day, until the notes are saved.

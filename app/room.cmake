@@ -20,12 +20,15 @@ target_sources(velumora-app PRIVATE
     app/Alert.h
     app/AlphaValue.cpp
     app/AlphaValue.h
+    app/Announcer.cpp
+    app/Announcer.h
     app/AppDelegate+Alerts.cpp
     app/AppDelegate+Appearance.cpp
     app/AppDelegate+Help.cpp
     app/AppDelegate+Lifecycle.cpp
     app/AppDelegate+PlacePreference.cpp
     app/AppDelegate+Preferences.cpp
+    app/AppDelegate+ScreenReader.cpp
     app/AppDelegate.cpp
     app/AppDelegate.h
     app/Appearance.cpp
@@ -39,6 +42,8 @@ target_sources(velumora-app PRIVATE
     app/PreferenceKeys.h
     app/SheetQueue.cpp
     app/SheetQueue.h
+    app/SpokenName.cpp
+    app/SpokenName.h
     app/Translations.cpp
     app/Translations.h
     calendar/AppDelegate+DockIcon.cpp
@@ -46,7 +51,10 @@ target_sources(velumora-app PRIVATE
     calendar/AppDelegate+MonthlyPrint.cpp
     calendar/AppDelegate+MonthlyView.cpp
     calendar/AppDelegate+WeeklyView.cpp
+    calendar/CellGrid.cpp
     calendar/CellGrid.h
+    calendar/CellGridAccessible.cpp
+    calendar/CellGridAccessible.h
     calendar/DayButton.cpp
     calendar/DayButton.h
     calendar/DayNumber.cpp
@@ -74,6 +82,8 @@ target_sources(velumora-app PRIVATE
     calendar/PdfUpdate.h
     calendar/PrintedText.cpp
     calendar/PrintedText.h
+    calendar/SpokenDays.cpp
+    calendar/SpokenDays.h
     calendar/WeeklyGrid.cpp
     calendar/WeeklyGrid.h
     calendar/WholeNote.cpp

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Localized.h"
+#include "app/SpokenName.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "calendar/MonthGrid.h"
+#include "calendar/SpokenDays.h"
 #include "dates/DateUtilities.h"
 #include "dates/IntegerValue.h"
 #include "notes/NamedColor.h"
@@ -30,13 +32,6 @@ QString firstCharacter(const QString& text)
     return text.left(std::max<qsizetype>(boundaries.toNextBoundary(), 0));
 }
 
-DateFormatter spokenDateFormatter()
-{
-    DateFormatter formatter;
-    formatter.setDateStyle(DateFormatter::Style::Full);
-    return formatter;
-}
-
 /// The first instant of the day of `shown` that `button` stands for; nothing for a blank cell, and for a day that the
 /// zone left out.
 std::optional<Date> dateOfDay(const DayButton& button, MonthGrid::YearMonth shown)
@@ -48,11 +43,11 @@ std::optional<Date> dateOfDay(const DayButton& button, MonthGrid::YearMonth show
     return DateUtilities::dateFromYear(day.year, day.month, day.day);
 }
 
-/// Marks the button of the day `spokenDate`, also for a screen reader.
-void markDay(DayButton& button, DayButton::State state, const QString& spokenDate)
+/// Marks the button of a day, also for a screen reader.
+void markDay(DayButton& button, DayButton::State state, const QString& spokenDay)
 {
     button.setState(state);
-    button.setAccessibleName(state == DayButton::On ? filled(localized("%@, has a note"), {spokenDate}) : spokenDate);
+    setSpokenName(button, state == DayButton::On ? filled(localized("%@, has a note"), {spokenDay}) : spokenDay);
 }
 
 } // namespace
@@ -75,10 +70,12 @@ void AppDelegate::showTodayOnMiniCal()
 {
     const Date today = DateUtilities::today();
     const bool sundayFirst = startOnSunday();
+    gridIn(m_window)->forgetChosenDay();
     setMiniCalMonthYearDate(today);
     setSingleCharDayNames(sundayFirst, m_window);
     enableMiniCalDatesWithNotes(today, notesTVData, sundayFirst, m_window);
     colorTodayOnMiniCal();
+    announceMonthOfMiniCal();
 }
 
 void AppDelegate::redrawMiniCal()
@@ -111,7 +108,7 @@ void AppDelegate::setSingleCharDayNames(bool startOnSunday, QWidget& window)
         // With Monday first, the Sunday at the end of the row keeps its whole short name.
         const bool whole = !startOnSunday && weekday == MonthGrid::Sunday;
         header->setText(whole ? shortNames.at(column) : firstCharacter(shortNames.at(column)));
-        header->setAccessibleName(fullNames.at(weekday));
+        setSpokenName(*header, fullNames.at(weekday));
     }
 }
 
@@ -131,7 +128,8 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
 
     const int weekdayOfFirst = MonthGrid::firstDayofMonth(month, year);
     const int dayCount = DateUtilities::daysInMonth(date);
-    const DateFormatter spokenDate = spokenDateFormatter();
+    const SpokenDays spoken;
+    int shownToday = 0;
 
     MiniCalendarGrid* cells = gridIn(window);
     for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
@@ -142,19 +140,22 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
         button->setTransparent(blank);
         if (blank) {
             button->setState(DayButton::Off);
-            button->setAccessibleName(QString());
+            setSpokenName(*button, QString());
             continue;
         }
         if (DateUtilities::isLeftOut({year, month, day})) {
             button->setState(DayButton::Off);
-            button->setAccessibleName(button->title());
+            setSpokenName(*button, button->title());
             continue;
         }
         const Date dayDate = DateUtilities::dateFromYear(year, month, day);
         const bool hasNote = NoteQueries::doesTVDataHaveDate(datesWithNotes, dayDate) != DateUtilities::NotFound;
-        markDay(*button, hasNote ? DayButton::On : DayButton::Off, spokenDate.stringFromDate(dayDate));
+        markDay(*button, hasNote ? DayButton::On : DayButton::Off, spoken.of(dayDate));
+        if (spoken.isToday(dayDate)) {
+            shownToday = day;
+        }
     }
-    cells->daysDidChange();
+    cells->daysDidChange({.year = year, .month = month}, shownToday);
 }
 
 void AppDelegate::colorTodayOnMiniCal()
@@ -241,6 +242,7 @@ void AppDelegate::backForwardYearOrMonth(QAbstractButton& sender)
     setMiniCalMonthYearDate(date);
     enableMiniCalDatesWithNotes(date, allNotesTVData, startOnSunday(), m_window);
     colorTodayOnMiniCal();
+    announceMonthOfMiniCal();
 }
 
 void AppDelegate::dayBtnAction(DayButton& sender)
@@ -269,7 +271,7 @@ void AppDelegate::showNoteOfDay(Date date, DayButton& button)
         } else {
             return; // the file could not be read: what is added to it is lost
         }
-        markDay(button, DayButton::On, spokenDateFormatter().stringFromDate(date));
+        markDay(button, DayButton::On, SpokenDays().of(date));
     }
     m_ui.notesTableView->scrollRowToVisible(static_cast<int>(row));
     m_ui.notesTableView->selectRow(static_cast<int>(row));

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Localized.h"
+#include "app/SpokenName.h"
 #include "calendar/DayNumber.h"
 #include "calendar/MonthGrid.h"
 #include "calendar/MonthlyGrid.h"
 #include "calendar/NoteField.h"
+#include "calendar/SpokenDays.h"
 #include "dates/DateUtilities.h"
 #include "dates/IntegerValue.h"
 #include "notes/NoteQueries.h"
@@ -29,7 +31,7 @@ void AppDelegate::setMonthlyViewThreeCharDayNames(bool startOnSunday, QWidget& w
     const QStringList fullNames = DateUtilities::copyFormatterForLocaleDevice().standaloneWeekdaySymbols();
     for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
         grid->header(column).setText(shortNames.at(column));
-        grid->header(column).setAccessibleName(fullNames.at(MonthGrid::weekdayOfColumn(column, startOnSunday)));
+        setSpokenName(grid->header(column), fullNames.at(MonthGrid::weekdayOfColumn(column, startOnSunday)));
     }
 }
 
@@ -56,8 +58,6 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
     const YearMonthDay month = DateUtilities::yearMonthDayFromDate(date);
     const std::vector<Date> days = MonthGrid::daysOfMonth(date);
     const std::vector<std::string> texts = NoteQueries::textsOfDates(notes.value_or(Table()), days);
-    DateFormatter spokenDate;
-    spokenDate.setDateStyle(DateFormatter::Style::Full);
 
     auto* grid = view.findChild<MonthlyGrid*>();
     for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
@@ -67,18 +67,15 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
         if (day == 0) {
             number.setText({});
             note.setNote({});
-            note.setAccessibleName({});
             continue;
         }
         const auto index = static_cast<std::size_t>(day - 1);
         number.setText(QString::number(day));
         if (DateUtilities::isLeftOut({month.year, month.month, day})) {
             note.setNote({});
-            note.setAccessibleName({});
             continue;
         }
         note.setNote(QString::fromStdString(texts.at(index)));
-        note.setAccessibleName(spokenDate.stringFromDate(days.at(index)));
     }
     colorTodayOnMonthlyView();
     grid->daysDidChange();
@@ -93,12 +90,17 @@ Date AppDelegate::firstOfMonthlyView() const
 
 void AppDelegate::colorTodayOnMonthlyView()
 {
-    const Date now = DateEnvironment::now();
-    const bool isThisMonth = DateUtilities::isThisDate(firstOfMonthlyView(), firstOfMonth(now));
-    const QString today = QString::number(DateUtilities::yearMonthDayFromDate(now).day);
+    const Date first = firstOfMonthlyView();
+    const std::vector<Date> days = MonthGrid::daysOfMonth(first);
+    auto [year, month, day] = DateUtilities::yearMonthDayFromDate(first);
+    const SpokenDays spoken;
     for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
         DayNumber& number = m_ui.monthlyGrid->dayNumber(cell);
-        number.setToday(isThisMonth && number.text() == today);
+        day = integerValue(number.text());
+        const bool isShown = day > 0 && !DateUtilities::isLeftOut({year, month, day});
+        const Date date = isShown ? days.at(static_cast<std::size_t>(day - 1)) : Date();
+        number.setToday(isShown && spoken.isToday(date));
+        setSpokenName(m_ui.monthlyGrid->noteField(cell), isShown ? spoken.of(date) : QString());
     }
 }
 
@@ -107,4 +109,5 @@ void AppDelegate::backForwardMonthlyView(QAbstractButton& sender)
     const int step = &sender == m_ui.monthlyViewBackBtn ? -1 : 1;
     const Date date = DateUtilities::dateByAddingDays(firstOfMonthlyView(), 0, step, 0);
     putDaysDatesTextOnMonthlyView(MonthGrid::dayOfWeekForDate(date), date, m_window, notesTVData, startOnSunday());
+    announceMonthOfPage();
 }

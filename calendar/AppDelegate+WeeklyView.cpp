@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Localized.h"
+#include "app/SpokenName.h"
 #include "calendar/DayNumber.h"
 #include "calendar/MonthGrid.h"
 #include "calendar/NoteField.h"
+#include "calendar/SpokenDays.h"
 #include "calendar/Week.h"
 #include "calendar/WeeklyGrid.h"
 #include "dates/DateUtilities.h"
@@ -18,13 +20,16 @@
 
 namespace {
 
+/// What goes with the day that it is now: the red number and the spoken names.
 void markToday(const WeeklyGrid& grid, const std::array<Week::Day, MonthGrid::DaysPerWeek>& days)
 {
-    const Date now = DateEnvironment::now();
+    const SpokenDays spoken;
     for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
         const Week::Day& day = days.at(static_cast<std::size_t>(column));
-        const bool isToday = !day.isLeftOut && DateUtilities::isThisDate(day.begin, now);
-        grid.viewWithTag<DayNumber>(MonthGrid::weeklyDayTag(column))->setToday(isToday);
+        grid.viewWithTag<DayNumber>(MonthGrid::weeklyDayTag(column))
+            ->setToday(!day.isLeftOut && spoken.isToday(day.begin));
+        setSpokenName(*grid.viewWithTag<NoteField>(MonthGrid::weeklyNoteTag(column)),
+                      day.isLeftOut ? QString() : spoken.of(day.begin));
     }
 }
 
@@ -38,7 +43,7 @@ void AppDelegate::setWeeklyViewThreeCharDayNames(bool startOnSunday, QWidget& wi
     for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
         auto* header = grid->viewWithTag<QLineEdit>(MonthGrid::weeklyHeaderTag(column));
         header->setPlaceholderText(shortNames.at(column));
-        header->setAccessibleName(fullNames.at(MonthGrid::weekdayOfColumn(column, startOnSunday)));
+        setSpokenName(*header, fullNames.at(MonthGrid::weekdayOfColumn(column, startOnSunday)));
     }
 }
 
@@ -68,8 +73,6 @@ void AppDelegate::putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget
     setStringForWeeklyViewStartingDateMsg(dates.front());
 
     const auto* grid = view.findChild<WeeklyGrid*>();
-    DateFormatter spokenDate;
-    spokenDate.setDateStyle(DateFormatter::Style::Full);
     for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
         const auto index = static_cast<std::size_t>(column);
         auto* number = grid->viewWithTag<DayNumber>(MonthGrid::weeklyDayTag(column));
@@ -77,12 +80,10 @@ void AppDelegate::putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget
         if (days.at(index).isLeftOut) {
             number->setText(QString::number(days.at(index).number.day));
             note->setNote({});
-            note->setAccessibleName({});
             continue;
         }
         number->setText(DateUtilities::dayFromDate(dates.at(index)));
         note->setNote(QString::fromStdString(texts.at(index)));
-        note->setAccessibleName(spokenDate.stringFromDate(dates.at(index)));
     }
     markToday(*grid, days);
 }
@@ -107,4 +108,5 @@ void AppDelegate::backForwardWeek(QAbstractButton& sender)
     const Date date = DateUtilities::dateByAddingDays(*start, step, 0, 0);
     const int offset = MonthGrid::weekStartOffset(MonthGrid::dayOfWeekForDate(date), startOnSunday());
     putDaysDatesTextOnWeeklyView(offset, date, m_window, notesTVData);
+    announceWeek();
 }

@@ -8,6 +8,7 @@ namespace {
 constexpr int side = 34;
 constexpr qreal inset = 2;
 constexpr int titlePixelSize = 13;
+constexpr qreal noteDot = 4; ///< the diameter of the mark below the number of a day with a note
 // Light enough together that today's red is still read on them.
 constexpr float noteFill = 0.18F;  ///< share of the accent colour behind a day with a note
 constexpr float hoverFill = 0.04F; ///< share of the text colour under the pointer
@@ -82,6 +83,13 @@ void DayButton::paintEvent(QPaintEvent*)
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
         painter.drawEllipse(circle);
+    }
+
+    if (m_state == On) {
+        // The circle is too pale to be told by everyone from none; this is not.
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().link());
+        painter.drawEllipse(QPointF(circle.center().x(), circle.bottom() - noteDot), noteDot / 2, noteDot / 2);
     }
 
     QFont titleFont = font();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/DayNumber.h"
 
+#include "app/Localized.h"
+#include "app/SpokenName.h"
 #include "notes/NamedColor.h"
 
 #include <QPainter>
@@ -23,6 +25,7 @@ void DayNumber::setToday(bool today)
     QFont digits = font();
     digits.setBold(today);
     setFont(digits);
+    setSpokenName(*this, today ? filled(localized("%@, today"), {text()}) : QString());
     update();
 }
 

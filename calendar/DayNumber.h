@@ -10,6 +10,7 @@ class DayNumber : public QLabel {
 public:
     DayNumber(int pixelSize, QWidget* parent);
 
+    /// To be called once the text is set: a screen reader says of it that it is today.
     void setToday(bool today);
     bool isToday() const { return m_today; }
 

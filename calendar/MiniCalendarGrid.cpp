@@ -45,25 +45,37 @@ MiniCalendarGrid::MiniCalendarGrid(QWidget* parent) : CellGrid(parent)
     }
 }
 
-void MiniCalendarGrid::daysDidChange()
+void MiniCalendarGrid::daysDidChange(MonthGrid::YearMonth month, int today)
 {
+    m_month = month;
     const QList<DayButton*> shown = shownDays();
-    if (shown.isEmpty() || shown.contains(m_tabStop)) {
+    if (shown.isEmpty()) {
         return;
     }
-    const bool hadFocus = m_tabStop && m_tabStop->hasFocus();
-    const bool wasBefore = m_days.indexOf(m_tabStop) < m_days.indexOf(shown.first());
-    setTabStop(wasBefore ? shown.first() : shown.last());
-    if (hadFocus) {
-        m_tabStop->setFocus(Qt::OtherFocusReason); // its cell is blank now: the keys go on from the nearest day
+    if (!m_tabStop || !m_tabStop->hasFocus()) {
+        const bool isChosen = m_chosen && m_chosen->month == month;
+        setTabStop(shownDay(isChosen ? m_chosen->day : std::max(today, 1)));
+    } else if (shown.contains(m_tabStop)) {
+        choose(*m_tabStop);
+    } else {
+        const bool wasBefore = m_days.indexOf(m_tabStop) < m_days.indexOf(shown.first());
+        DayButton& nearest = wasBefore ? *shown.first() : *shown.last();
+        choose(nearest);
+        nearest.setFocus(Qt::OtherFocusReason); // the focused cell is blank now: the keys go on from the nearest day
     }
+}
+
+bool MiniCalendarGrid::isSpoken(const QWidget& cell) const
+{
+    const auto* day = qobject_cast<const DayButton*>(&cell);
+    return CellGrid::isSpoken(cell) && (!day || !day->isTransparent());
 }
 
 bool MiniCalendarGrid::eventFilter(QObject* watched, QEvent* event)
 {
     auto* day = qobject_cast<DayButton*>(watched);
-    if (day && event->type() == QEvent::FocusIn) {
-        setTabStop(day);
+    if (day && event->type() == QEvent::FocusIn && !day->title().isEmpty()) {
+        choose(*day);
     } else if (day && event->type() == QEvent::KeyPress) {
         const auto* press = static_cast<QKeyEvent*>(event);
         const bool plain = (press->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
@@ -80,6 +92,13 @@ QList<DayButton*> MiniCalendarGrid::shownDays() const
     std::ranges::copy_if(m_days, std::back_inserter(shown),
                          [](const DayButton* day) { return !day->title().isEmpty(); });
     return shown;
+}
+
+/// A day beyond the month's ends becomes its first or its last; null while no month is shown.
+DayButton* MiniCalendarGrid::shownDay(int day) const
+{
+    const QList<DayButton*> shown = shownDays();
+    return shown.isEmpty() ? nullptr : shown.at(std::clamp<qsizetype>(day, 1, shown.size()) - 1);
 }
 
 bool MiniCalendarGrid::handleKey(int key, DayButton& from)
@@ -117,17 +136,18 @@ bool MiniCalendarGrid::handleKey(int key, DayButton& from)
 void MiniCalendarGrid::moveFocus(DayButton& from, int days)
 {
     const QList<DayButton*> shown = shownDays();
-    const qsizetype index = shown.indexOf(&from);
-    const qsizetype target = index + days;
+    const int count = static_cast<int>(shown.size());
+    const int index = static_cast<int>(shown.indexOf(&from));
+    const int target = index + days;
     if (index < 0) { // a blank cell took the focus by a click
         return;
     }
     if (target < 0) {
         Q_EMIT monthStepWanted(Step::Back);
-        focusDay(shownDays().size() + target + 1);
-    } else if (target >= shown.size()) {
+        focusDay(static_cast<int>(shownDays().size()) + target + 1);
+    } else if (target >= count) {
         Q_EMIT monthStepWanted(Step::Forward);
-        focusDay(target - shown.size() + 1);
+        focusDay(target - count + 1);
     } else {
         focusDay(target + 1);
     }
@@ -139,13 +159,17 @@ void MiniCalendarGrid::stepMonth(Step step, int dayToFocus)
     focusDay(dayToFocus);
 }
 
-/// A day beyond the month's ends becomes its first or its last.
-void MiniCalendarGrid::focusDay(qsizetype day)
+void MiniCalendarGrid::focusDay(int day)
 {
-    const QList<DayButton*> shown = shownDays();
-    if (!shown.isEmpty()) {
-        shown.at(std::clamp<qsizetype>(day, 1, shown.size()) - 1)->setFocus(Qt::OtherFocusReason);
+    if (DayButton* button = shownDay(day)) {
+        button->setFocus(Qt::OtherFocusReason);
     }
+}
+
+void MiniCalendarGrid::choose(DayButton& day)
+{
+    m_chosen = {.month = m_month, .day = static_cast<int>(shownDays().indexOf(&day)) + 1};
+    setTabStop(&day);
 }
 
 /// The tab key stops at one day only; from there the arrow keys lead on.

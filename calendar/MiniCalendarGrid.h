@@ -2,8 +2,11 @@
 #pragma once
 
 #include "calendar/CellGrid.h"
+#include "calendar/MonthGrid.h"
 
 #include <QList>
+
+#include <optional>
 
 class DayButton;
 
@@ -20,8 +23,15 @@ public:
     /// In the order of their tags.
     const QList<DayButton*>& dayButtons() const { return m_days; }
 
-    /// Tells the grid that its buttons were filled anew, so that one of the shown days takes the tab key's focus.
-    void daysDidChange();
+    /// Tells the grid that its buttons were filled anew, with the days of `month`, so that one of them takes the tab
+    /// key's focus: the day with the focus, else the one chosen last, else `today` (0: in another month), else the
+    /// first.
+    void daysDidChange(MonthGrid::YearMonth month, int today);
+
+    /// The tab key leads to today again, from the next daysDidChange on.
+    void forgetChosenDay() { m_chosen.reset(); }
+
+    bool isSpoken(const QWidget& cell) const override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -32,13 +42,23 @@ Q_SIGNALS:
     void monthStepWanted(MiniCalendarGrid::Step step);
 
 private:
+    /// A day that had the focus.
+    struct Chosen {
+        MonthGrid::YearMonth month;
+        int day;
+    };
+
     QList<DayButton*> shownDays() const;
+    DayButton* shownDay(int day) const;
     bool handleKey(int key, DayButton& from);
     void moveFocus(DayButton& from, int days);
     void stepMonth(Step step, int dayToFocus);
-    void focusDay(qsizetype day);
+    void focusDay(int day);
+    void choose(DayButton& day);
     void setTabStop(DayButton* day);
 
     QList<DayButton*> m_days;
+    MonthGrid::YearMonth m_month;
+    std::optional<Chosen> m_chosen;
     DayButton* m_tabStop = nullptr;
 };

@@ -3,6 +3,7 @@
 #include "app/Localized.h"
 #include "dates/DatePicker.h"
 #include "dates/ElapsedDate.h"
+#include "notes/CellLines.h"
 #include "notes/NamedColor.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
@@ -17,6 +18,17 @@ constexpr int dateColumn = 0;
 
 /// Kept in the record until it is typed over, so it is the same in every language.
 constexpr const char* newDescription = "** put new date Description here **";
+
+constexpr qsizetype spokenLength = 80; ///< UTF-16 units of a description that tell one date from another
+
+QString spokenNameOfPicker(const Value& event)
+{
+    const std::string* text = textOf(event, EventNameKey);
+    const QString description = text ? QString::fromStdString(*text).simplified() : QString();
+    return description.isEmpty() || description == QLatin1String(newDescription)
+               ? localized("Date")
+               : filled(localized("Date of %@"), {CellLines::cut(description, spokenLength).toString()});
+}
 
 } // namespace
 
@@ -53,7 +65,7 @@ QWidget* AppDelegate::makeDatePicker(QWidget* parent, int row)
         return nullptr;
     }
     auto* picker = new DatePicker(parent);
-    picker->setAccessibleName(localized("Date"));
+    picker->setAccessibleName(spokenNameOfPicker(eventsTVData->at(row)));
     picker->setFirstDayOfWeek(startOnSunday() ? Qt::Sunday : Qt::Monday);
     picker->setDateValue(*date);
     colorDatePicker(*picker, row);

@@ -129,6 +129,7 @@ void AppDelegate::filterNotes()
     }
     showRows(std::move(matches));
     m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), 1);
+    announceFoundNotes();
 }
 
 void AppDelegate::backForwardNotesView(QAbstractButton& sender)
@@ -139,6 +140,7 @@ void AppDelegate::backForwardNotesView(QAbstractButton& sender)
     showNotesForThisMonthYear(date);
     setDateForPrevNextArrows(date);
     m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), 1);
+    announceRows(monthAndYear(date));
 }
 
 void AppDelegate::setDateForPrevNextArrows(Date date)
@@ -159,6 +161,7 @@ void AppDelegate::resetPagingBtns()
 void AppDelegate::respondToSegmentSelection(SegmentedControl& sender)
 {
     const int segment = sender.selectedSegment();
+    const QString choice = sender.labelForSegment(segment);
     switch (segment) {
     case 0: {
         const Date today = DateUtilities::today();
@@ -184,6 +187,7 @@ void AppDelegate::respondToSegmentSelection(SegmentedControl& sender)
         sender.setLabelForSegment(localized("Show All"), 1);
     }
     buttonEnableDisable(*m_ui.deleteRowFromListBtn, false);
+    announceRows(choice);
 }
 
 void AppDelegate::nameSegments()
@@ -240,6 +244,7 @@ CellView AppDelegate::viewForTableColumn(const TableView& tableView, const Table
             if (const auto date = shownDate(note, NoteDateKey)) {
                 cell.text = m_sharedListDateFormatter->stringFromDate(*date);
                 if (DateUtilities::isThisDate(*date, DateEnvironment::now())) {
+                    cell.spokenText = filled(localized("%@, today"), {cell.text});
                     cell.textColor = namedColor(u"SystemRedColor", m_window.palette());
                 }
             }

@@ -4,7 +4,6 @@
 #include "notes/TableCellAccessible.h"
 #include "notes/TableHeaderView.h"
 #include "notes/TableView.h"
-#include "notes/TableViewDelegate.h"
 
 #include <limits>
 
@@ -14,6 +13,12 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
 {
     auto* const table = qobject_cast<TableView*>(object);
     return table ? new TableAccessible(*table) : nullptr; // the accessibility cache owns it
+}
+
+/// The index of the cell that stands for the selected row.
+int spokenChild(const TableView& table)
+{
+    return (table.selectedRow() + 1) * static_cast<int>(table.tableColumns().size()) + table.spokenColumn();
 }
 
 } // namespace
@@ -40,14 +45,17 @@ void TableAccessible::tellSelection(TableView& table)
     if (table.selectedRow() < 0) {
         return;
     }
-    const int columns = static_cast<int>(table.tableColumns().size());
-    const int child = (table.selectedRow() + 1) * columns + table.spokenColumn();
     QAccessibleEvent selection(&table, QAccessible::Selection);
-    selection.setChild(child);
+    selection.setChild(spokenChild(table));
     QAccessible::updateAccessibility(&selection);
-    if (table.hasFocus()) {
+    tellFocus(table);
+}
+
+void TableAccessible::tellFocus(TableView& table)
+{
+    if (QAccessible::isActive() && table.hasFocus() && table.selectedRow() >= 0) {
         QAccessibleEvent focus(&table, QAccessible::Focus);
-        focus.setChild(child);
+        focus.setChild(spokenChild(table));
         QAccessible::updateAccessibility(&focus);
     }
 }
@@ -165,8 +173,13 @@ QAccessibleInterface* TableAccessible::cellAt(int row, int column) const
 
 QString TableAccessible::rowDescription(int row) const
 {
-    const bool exists = table().delegate() && row >= 0 && row < rowCount();
-    return exists ? table().delegate()->accessibleRowDescription(table(), row) : QString();
+    QStringList names;
+    for (int column = 0; column < columnCount(); ++column) {
+        if (const QAccessibleInterface* cell = cellAt(row, column)) {
+            names.append(cell->text(QAccessible::Name));
+        }
+    }
+    return names.join(QStringLiteral(", "));
 }
 
 QString TableAccessible::columnDescription(int column) const

@@ -20,9 +20,10 @@ public:
     /// From now on table views are given this interface. Cheap to call again.
     static void install();
 
-    /// To be called after the selection or the focus moved, and after the rows were replaced.
+    /// To be called after the selection moved, after the focus came, and after the rows were replaced.
     /// Nothing happens while no screen reader listens.
     static void tellSelection(TableView& table);
+    static void tellFocus(TableView& table);
     static void tellReload(TableView& table);
 
     void* interface_cast(QAccessible::InterfaceType type) override;

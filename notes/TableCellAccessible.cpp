@@ -4,7 +4,6 @@
 #include "notes/CellLines.h"
 #include "notes/TableHeaderView.h"
 #include "notes/TableView.h"
-#include "notes/TableViewDelegate.h"
 
 #include <QWindow>
 
@@ -15,25 +14,10 @@ constexpr qsizetype spokenLength = 200; ///< UTF-16 units of a cell's text that 
 QString cellName(const TableView& table, int column, int row)
 {
     const QString title = table.tableColumns()[static_cast<size_t>(column)].headerCell.title();
-    const QString text = table.cellView(column, row).text;
-    const QString start = CellLines::cut(text, spokenLength).toString();
+    const CellView cell = table.cellView(column, row);
+    const QString start =
+        CellLines::cut(cell.spokenText.isEmpty() ? cell.text : cell.spokenText, spokenLength).toString();
     return title.isEmpty() ? start : QStringLiteral("%1: %2").arg(title, start);
-}
-
-/// What the delegate says of the row, else the names of its other cells.
-QString rowDescription(const TableView& table, int column, int row)
-{
-    QString told = table.delegate() ? table.delegate()->accessibleRowDescription(table, row) : QString();
-    if (!told.isEmpty()) {
-        return told;
-    }
-    QStringList others;
-    for (int other = 0; other < static_cast<int>(table.tableColumns().size()); ++other) {
-        if (other != column) {
-            others.append(cellName(table, other, row));
-        }
-    }
-    return others.join(QStringLiteral(", "));
 }
 
 QRect onScreen(const QWidget& widget, const QRect& rect)
@@ -134,8 +118,6 @@ QString TableCellAccessible::text(QAccessible::Text t) const
     switch (t) {
     case QAccessible::Name:
         return cellName(*view(), column(), m_row);
-    case QAccessible::Description:
-        return rowDescription(*view(), column(), m_row);
     case QAccessible::Value:
         return view()->cellView(column(), m_row).text;
     default:

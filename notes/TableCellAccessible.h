@@ -50,7 +50,7 @@ public:
 };
 
 /// A cell. Its name is the column's title and the start of its text, its value the text; pressing it selects its row
-/// and edits it.
+/// and edits it. It says nothing of the row's other cells: a screen reader that reads rows says each of them itself.
 class TableCellAccessible final : public TablePartAccessible, public QAccessibleTableCellInterface {
 public:
     TableCellAccessible(TableView& table, int column, int row);

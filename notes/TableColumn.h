@@ -15,7 +15,8 @@ class QWidget;
 /// What a column's cell shows in one row. The text is always plain text.
 struct CellView {
     QString text;
-    QColor textColor; ///< an invalid colour is the control text colour
+    QColor textColor = {};   ///< an invalid colour is the control text colour
+    QString spokenText = {}; ///< what a screen reader says in place of the text; empty: the text
 };
 
 /// One column of a table.

@@ -5,6 +5,7 @@
 #include "notes/TableView.h"
 #include "notes/TableViewDelegate.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QInputMethod>
 #include <QKeyEvent>
@@ -24,6 +25,19 @@ bool belongsTo(const QWidget* widget, const QWidget* owner)
     }
     return widget != nullptr;
 }
+
+/// Keeps from a screen reader what a control tells of its text while it is made. A reader would take the control for
+/// the focused one at the first word of it, and not say its name when it gets the focus indeed.
+class Unheard {
+public:
+    Unheard() : m_former(QAccessible::installUpdateHandler([](QAccessibleEvent*) {})) {}
+    Unheard(const Unheard&) = delete;
+    Unheard& operator=(const Unheard&) = delete;
+    ~Unheard() { QAccessible::installUpdateHandler(m_former); }
+
+private:
+    QAccessible::UpdateHandler m_former;
+};
 
 } // namespace
 
@@ -66,6 +80,7 @@ void TableView::beginEdit(Cell cell, std::optional<QPoint> clicked)
 
 QWidget* TableView::makeEditor(Cell cell)
 {
+    const Unheard whileMade;
     const TableColumn& column = m_columns[static_cast<size_t>(cell.column)];
     if (column.editorFactory) {
         QWidget* const control = column.editorFactory(viewport(), cell.row);
@@ -75,7 +90,7 @@ QWidget* TableView::makeEditor(Cell cell)
         return control;
     }
     auto* editor = new CellEditor(cellView(cell.column, cell.row).text, m_lineHeight, viewport());
-    editor->setAccessibleName(column.headerCell.title());
+    editor->setAccessibleName(m_delegate->accessibleEditorName(*this, column, cell.row));
     connect(editor, &CellEditor::edited, this, &TableView::editorTextChanged);
     connect(editor, &CellEditor::endRequested, this, &TableView::endEditing);
     connect(editor, &CellEditor::moveRequested, this, &TableView::moveEdit);

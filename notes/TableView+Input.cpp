@@ -60,7 +60,9 @@ void TableView::focusInEvent(QFocusEvent* event)
     QAbstractScrollArea::focusInEvent(event);
     m_focusRing->show();
     m_focusRing->raise();
-    TableAccessible::tellSelection(*this);
+    // Later: the window tells of the table itself once this event is dealt with, and the last to be told of is said.
+    QMetaObject::invokeMethod(
+        this, [this] { TableAccessible::tellFocus(*this); }, Qt::QueuedConnection);
 }
 
 void TableView::focusOutEvent(QFocusEvent* event)

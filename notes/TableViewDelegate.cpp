@@ -16,7 +16,8 @@ void TableViewDelegate::controlTextDidChange(QWidget& /*field*/) {}
 
 void TableViewDelegate::controlTextDidEndEditing(QWidget& /*field*/) {}
 
-QString TableViewDelegate::accessibleRowDescription(const TableView& /*tableView*/, int /*row*/)
+QString TableViewDelegate::accessibleEditorName(const TableView& /*tableView*/, const TableColumn& tableColumn,
+                                                int /*row*/)
 {
-    return {};
+    return tableColumn.headerCell.title();
 }

@@ -44,6 +44,6 @@ public:
     virtual void controlTextDidChange(QWidget& field);
     virtual void controlTextDidEndEditing(QWidget& field);
 
-    /// What a screen reader says of a row beside its cells; empty for nothing.
-    virtual QString accessibleRowDescription(const TableView& tableView, int row);
+    /// What a screen reader calls the editor of a cell's text; the column's title unless told otherwise.
+    virtual QString accessibleEditorName(const TableView& tableView, const TableColumn& tableColumn, int row);
 };

@@ -6,6 +6,7 @@ add_library(app-test-support STATIC
     support/DateGuards.cpp
     support/DateGuards.h
     support/FakeHost.h
+    support/HeardEvents.h
     support/LoopbackServer.h
     support/PinnedFonts.h
     support/Pixels.h
@@ -85,6 +86,7 @@ velumora_test(app-tests
     app/printed_scripts_test.cpp
     app/reminders_test.cpp
     app/single_instance_test.cpp
+    app/screen_reader_test.cpp
     app/store_test.cpp
     app/temporary_folder_test.cpp
     app/weekly_view_test.cpp

@@ -20,6 +20,14 @@
         <translation>Notizen %@</translation>
     </message>
     <message>
+        <source>%@. Notes in the list: %@</source>
+        <translation>%@. Notizen in der Liste: %@</translation>
+    </message>
+    <message>
+        <source>%@, today</source>
+        <translation>%@, heute</translation>
+    </message>
+    <message>
         <source>%@, has a note</source>
         <translation>%@, mit Notiz</translation>
     </message>
@@ -146,6 +154,10 @@
         <translation>Datum</translation>
     </message>
     <message>
+        <source>Date of %@</source>
+        <translation>Datum von %@</translation>
+    </message>
+    <message>
         <source>Day</source>
         <translation>Tag</translation>
     </message>
@@ -172,6 +184,10 @@
     <message>
         <source>Description</source>
         <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Description of %@</source>
+        <translation>Beschreibung zu %@</translation>
     </message>
     <message>
         <source>Displaying</source>
@@ -358,6 +374,10 @@ der Hauptort der Zeitzone</translation>
         <translation>Notiz</translation>
     </message>
     <message>
+        <source>Note of %@</source>
+        <translation>Notiz für %@</translation>
+    </message>
+    <message>
         <source>Note Added/Appended</source>
         <translation>Notiz ergänzt</translation>
     </message>
@@ -372,6 +392,10 @@ der Hauptort der Zeitzone</translation>
     <message>
         <source>notes</source>
         <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Notes found: %@</source>
+        <translation>Gefundene Notizen: %@</translation>
     </message>
     <message>
         <source>Notes of the Current Mont&amp;h</source>

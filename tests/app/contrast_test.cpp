@@ -89,6 +89,32 @@ TEST_P(ContrastTest, ASelectedRowStandsOutFromTheOthers)
     EXPECT_GT(contrast(named(u"TableRowSelectionColor"), named(u"ControlBackgroundColor")), 1.5);
 }
 
+/// What a note adds to the picture of a day: enough of it stands out from the card and from the circle around it.
+TEST_P(ContrastTest, TheMarkOfADayWithANoteIsSeen)
+{
+    const AppearanceGuard guard(GetParam());
+    const QColor card = colors.color(QPalette::Base);
+    const auto picture = [&card](DayButton::State state) {
+        DayButton day; // without a title: its bold digits are no mark of their own
+        day.resize(34, 34);
+        day.setState(state);
+        QImage image(day.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(card);
+        day.render(&image, {}, {}, {});
+        return image;
+    };
+    const QImage marked = picture(DayButton::On);
+    const QColor circle = marked.pixelColor(17, 17);
+    int seen = 0;
+    for (int y = 0; y < marked.height(); ++y) {
+        for (int x = 0; x < marked.width(); ++x) {
+            const QColor pixel = marked.pixelColor(x, y);
+            seen += contrast(pixel, card) >= visible && contrast(pixel, circle) >= visible ? 1 : 0;
+        }
+    }
+    EXPECT_GE(seen, 8) << "pixels of a mark that all can see";
+}
+
 /// A day's number on every ground that its circle can have, as it is painted.
 TEST_P(ContrastTest, EveryDayIsReadTodayIncluded)
 {

@@ -444,6 +444,18 @@ protected:
         const auto* button = qobject_cast<const DayButton*>(window->focusWidget());
         return button ? button->title() : QString();
     }
+
+    /// The days at which the tab key stops.
+    std::vector<int> tabStops()
+    {
+        std::vector<int> days;
+        for (const DayButton* button : ui->miniCalendarGrid->dayButtons()) {
+            if ((button->focusPolicy() & Qt::TabFocus) != 0) {
+                days.push_back(button->title().toInt());
+            }
+        }
+        return days;
+    }
 };
 
 struct KeyRow {
@@ -501,13 +513,44 @@ TEST_F(MiniCalendarKeysTest, ReturnDoesWhatAClickDoes)
 TEST_F(MiniCalendarKeysTest, TheTabKeyStopsAtOneDay)
 {
     start();
-    dayButton(15).setFocus();
-    int stops = 0;
-    for (const DayButton* button : ui->miniCalendarGrid->dayButtons()) {
-        stops += (button->focusPolicy() & Qt::TabFocus) != 0 ? 1 : 0;
-    }
-    EXPECT_EQ(stops, 1);
-    EXPECT_EQ(dayButton(15).focusPolicy(), Qt::StrongFocus);
+    EXPECT_THAT(tabStops(), ElementsAre(15)) << "today";
+    dayButton(20).setFocus();
+    EXPECT_THAT(tabStops(), ElementsAre(20));
+    EXPECT_EQ(dayButton(20).focusPolicy(), Qt::StrongFocus);
+}
+
+TEST_F(MiniCalendarKeysTest, TheTabKeyFollowsTodayUntilADayIsChosen)
+{
+    start();
+    clock.set(utcDate(2024, 3, 16, 8, 30));
+    app->minuteHasChanged();
+    EXPECT_THAT(tabStops(), ElementsAre(16));
+    dayButton(5).setFocus();
+    ui->filterField->setFocus();
+    clock.set(utcDate(2024, 3, 17, 8, 30));
+    app->minuteHasChanged();
+    EXPECT_THAT(tabStops(), ElementsAre(5));
+}
+
+TEST_F(MiniCalendarKeysTest, TheDayChosenLastIsRememberedInItsMonthOnly)
+{
+    start();
+    dayButton(20).setFocus();
+    ui->filterField->setFocus();
+    ui->forwardOneMonthOnMiniCal->click();
+    EXPECT_THAT(tabStops(), ElementsAre(1)) << "a month without today and without a chosen day";
+    ui->backOneMonthOnMiniCal->click();
+    EXPECT_THAT(tabStops(), ElementsAre(20));
+    ui->todayBtn->click();
+    EXPECT_THAT(tabStops(), ElementsAre(15)) << "it leads back to today";
+}
+
+TEST_F(MiniCalendarKeysTest, TheTabKeyLeadsFirstToToday)
+{
+    start();
+    ui->forwardOneYearOnMiniCal->setFocus();
+    QTest::keyClick(ui->forwardOneYearOnMiniCal, Qt::Key_Tab);
+    EXPECT_EQ(focusedDay(), QStringLiteral("15"));
 }
 
 TEST_F(MiniCalendarKeysTest, AStepToAMonthWithoutTheFocusedCellKeepsTheFocusOnADay)

@@ -283,7 +283,7 @@ TEST_F(MonthlyViewTest, EachDaySpeaksItsFullDate)
 {
     setWeekStart(1);
     startOpen();
-    EXPECT_EQ(field(20).accessibleName(), QStringLiteral("Friday, March 15, 2024"));
+    EXPECT_EQ(field(20).accessibleName(), QStringLiteral("Friday, March 15, 2024, today"));
     EXPECT_EQ(field(1).accessibleName(), QString());
     EXPECT_EQ(ui->monthlyGrid->header(0).accessibleName(), QStringLiteral("Sunday"));
 }

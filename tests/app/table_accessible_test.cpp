@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "support/HeardEvents.h"
 #include "table_fixture.h"
 
 #include <QAccessible>
+#include <QTest>
 
 namespace {
 
@@ -34,7 +36,8 @@ TEST_F(TableAccessibility, ACellTellsItsNameItsPlaceAndItsColumn)
     EXPECT_EQ(cell->role(), QAccessible::Cell);
     EXPECT_EQ(cell->text(QAccessible::Name), u"Note: bread\nand butter"_qs);
     EXPECT_EQ(cell->text(QAccessible::Value), u"bread\nand butter"_qs);
-    EXPECT_EQ(cell->text(QAccessible::Description), u"Date: day 1"_qs);
+    EXPECT_EQ(cell->text(QAccessible::Description), QString()) << "the cells of a row are said one by one";
+    EXPECT_EQ(grid()->rowDescription(1), u"Date: day 1, Note: bread\nand butter"_qs);
     EXPECT_EQ(cell->parent(), root());
     EXPECT_EQ(root()->indexOfChild(cell), 5);
     EXPECT_EQ(root()->child(5), cell);
@@ -56,6 +59,37 @@ TEST_F(TableAccessibility, TheNameOfALongTextIsItsStart)
 {
     showRows({QString(100000, u'x')});
     EXPECT_EQ(grid()->cellAt(0, 1)->text(QAccessible::Name), u"Note: "_qs + QString(200, u'x'));
+}
+
+TEST_F(TableAccessibility, ACellIsSaidInTheWordsThatItHasForThat)
+{
+    delegate.spokenText = u"milk, today"_qs;
+    EXPECT_EQ(grid()->cellAt(0, 1)->text(QAccessible::Name), u"Note: milk, today"_qs);
+    EXPECT_EQ(grid()->cellAt(0, 1)->text(QAccessible::Value), u"milk"_qs);
+}
+
+TEST_F(TableAccessibility, AnEditorSaysNothingBeforeItHasTheFocus)
+{
+    const HeardEvents heard;
+    table.editColumn(1, 1);
+    const auto ofEditor = std::ranges::find_if(heard.all(), [this](const HeardEvents::Heard& each) {
+        return each.object == &editor() && each.type != QAccessible::ObjectShow;
+    });
+    ASSERT_NE(ofEditor, heard.all().end());
+    EXPECT_EQ(ofEditor->type, QAccessible::Focus);
+    EXPECT_EQ(ofEditor->name, u"Note"_qs);
+}
+
+TEST_F(TableAccessibility, LeavingAnEditSaysTheRow)
+{
+    table.editColumn(1, 1);
+    const HeardEvents heard;
+    QTest::keyClick(&editor(), Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents();
+    const QList<HeardEvents::Heard> focused = heard.ofType(QAccessible::Focus);
+    ASSERT_FALSE(focused.isEmpty());
+    EXPECT_EQ(focused.last().role, QAccessible::Cell);
+    EXPECT_EQ(focused.last().name, u"Note: bread\nand butter"_qs);
 }
 
 TEST_F(TableAccessibility, StatesFollowSelectionAndFocus)

@@ -16,7 +16,7 @@ CellView FakeTableDelegate::viewForTableColumn(const TableView& /*tableView*/, c
 {
     rowsAskedForView.push_back(row);
     const QString text = tableColumn.identifier == u"note" ? texts[row] : QStringLiteral("day %1").arg(row);
-    return {text, textColor};
+    return {text, textColor, spokenText};
 }
 
 double FakeTableDelegate::heightOfRow(const TableView& /*tableView*/, int row)

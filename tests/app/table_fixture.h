@@ -16,6 +16,7 @@ class FakeTableDelegate : public TableViewDelegate {
 public:
     QStringList texts;
     QColor textColor;
+    QString spokenText;
     QStringList told; ///< in order: "changing 2", "changed 2", "sort", "typed", "ended abc"
     std::vector<int> rowsAskedForView;
 

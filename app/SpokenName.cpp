@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#include "app/SpokenName.h"
+
+#include <QWidget>
+
+void setSpokenName(QWidget& widget, const QString& name)
+{
+    if (widget.accessibleName() != name) {
+        widget.setAccessibleName(name);
+    }
+}
