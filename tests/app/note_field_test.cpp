@@ -135,6 +135,8 @@ TEST_F(NoteFieldTest, AMirroredWindowCutsNothingOff)
     mirrored.setLayoutDirection(Qt::RightToLeft);
     mirrored.show();
     mirrored.setNote(note);
+    mirrored.resize(90, 60);
+    QCoreApplication::processEvents(); // the scroll bar comes
     for (int width = 100; width < 140; width += 2) { // in some the blank at a line's end has no room
         field.resize(width, 60);
         mirrored.resize(width, 60);
