@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
 #include "app/EnteredPlace.h"
+#include "app/SheetQueue.h"
 #include "app/Translations.h"
 #include "host/linux/BusNotificationCenter.h"
 #include "host/linux/DesktopGlobalDefaults.h"
@@ -77,7 +78,7 @@ int main(int argc, char** argv)
 
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
-    FolderOpenPanel openPanel;
+    FolderOpenPanel openPanel([](QDialog& panel, QWidget& parent) { SheetQueue::of(parent).begin(panel); });
     LinuxProcessInfo processInfo;
     SettingsUserDefaults userDefaults;
     BusNotificationCenter notificationCenter;
