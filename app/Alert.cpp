@@ -184,16 +184,19 @@ void Alert::hideButton(QPushButton& button)
     button.hide();
 }
 
-void Alert::beginSheet(std::unique_ptr<Alert> alert, QWidget& window, Completion completion)
+void Alert::beginSheet(std::unique_ptr<Alert> alert, QWidget& window, Completion completion, Preparation preparation)
 {
     Alert* sheet = alert.release(); // the window's from here on
     sheet->setParent(&window, sheet->windowFlags());
-    SheetQueue::of(window).begin(*sheet, [sheet, completion = std::move(completion)](int answer) {
-        if (completion) {
-            completion(answer);
-        }
-        sheet->deleteLater();
-    });
+    SheetQueue::of(window).begin(
+        *sheet,
+        [sheet, completion = std::move(completion)](int answer) {
+            if (completion) {
+                completion(answer);
+            }
+            sheet->deleteLater();
+        },
+        std::move(preparation));
 }
 
 int Alert::runModal()

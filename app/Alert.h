@@ -27,6 +27,7 @@ public:
     static constexpr int thirdButtonReturn = 1002;
 
     using Completion = std::function<void(int answer)>;
+    using Preparation = std::function<void()>;
 
     explicit Alert(QWidget* parent = nullptr);
 
@@ -46,7 +47,9 @@ public:
     static void hideButton(QPushButton& button);
 
     /// Shows the alert as a sheet on `window`, after the sheets that already wait there, and goes with it when it ends.
-    static void beginSheet(std::unique_ptr<Alert> alert, QWidget& window, Completion completion = {});
+    /// `preparation` is called when its turn has come.
+    static void beginSheet(std::unique_ptr<Alert> alert, QWidget& window, Completion completion = {},
+                           Preparation preparation = {});
 
     /// Shows the alert and waits for the answer.
     int runModal();

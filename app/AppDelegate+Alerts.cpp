@@ -37,7 +37,7 @@ void makeSmall(QPushButton& button)
 } // namespace
 
 void AppDelegate::doSheetAlert(QWidget& window, const QString& errorString, const QString& titleString,
-                               const QString& okBtnTitle, const QString& canBtnTitle)
+                               const QString& okBtnTitle, const QString& canBtnTitle, Alert::Preparation preparation)
 {
     std::unique_ptr<Alert> alert = makeAlert(errorString, titleString);
     for (const QString& title : {okBtnTitle, canBtnTitle}) {
@@ -45,7 +45,7 @@ void AppDelegate::doSheetAlert(QWidget& window, const QString& errorString, cons
             alert->addButton(title);
         }
     }
-    Alert::beginSheet(std::move(alert), window);
+    Alert::beginSheet(std::move(alert), window, {}, std::move(preparation));
 }
 
 std::unique_ptr<Alert> AppDelegate::copySheetAlertWithErrorString(const QString& errorString,

@@ -9,6 +9,7 @@
 #include "host/HostServices.h"
 #include "host/LocationManager.h"
 #include "host/UserNotificationCenter.h"
+#include "notes/NotesChoice.h"
 #include "notes/TableViewDelegate.h"
 #include "store/DataFolder.h"
 #include "store/DraftFile.h"
@@ -24,6 +25,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 class Announcer;
 class DatePicker;
@@ -106,9 +108,11 @@ public:
 
     // --- Alerts ------------------------------------------------------------------------------------------------------
 
-    /// A null title adds no button; an empty one adds an empty button. The answer is ignored.
+    /// A null title adds no button; an empty one adds an empty button. The answer is ignored. `preparation` is called
+    /// when the alert's turn has come.
     static void doSheetAlert(QWidget& window, const QString& errorString, const QString& titleString,
-                             const QString& okBtnTitle, const QString& canBtnTitle);
+                             const QString& okBtnTitle, const QString& canBtnTitle,
+                             Alert::Preparation preparation = {});
 
     /// Alerts that the caller shows. An empty or null title adds no button.
     static std::unique_ptr<Alert> copySheetAlertWithErrorString(const QString& errorString, const QString& titleString,
@@ -265,6 +269,7 @@ public:
     double heightOfRow(const TableView& tableView, int row) override;
     std::unique_ptr<TableRowView> rowViewForRow(const TableView& tableView, int row) override;
     void tableViewSelectionDidChange(TableView& tableView) override;
+    bool shouldEditTableColumn(const TableView& tableView, const TableColumn& column, int row) override;
     void tableViewSelectionIsChanging(TableView& tableView) override;
     QString accessibleEditorName(const TableView& tableView, const TableColumn& column, int row) override;
     void sortDescriptorsDidChange(TableView& tableView) override;
@@ -362,8 +367,9 @@ private:
     MonthGrid::YearMonth shownOrCurrentMonth() const;
     Date firstOfMonthlyView() const;
     void followToday();
-    Table notesOfMonth(Date date) const;
+    void chooseNotes(NotesChoice choice);
     void showRows(Table rows);
+    void replaceRows(Table rows);
     void showCountUnlessEmpty();
     void reportMissingText(const TableView& tableView);
     void askToDeleteNote();
@@ -372,6 +378,7 @@ private:
     void deleteEvent(const Value& event);
     void confirmDeletion(const QString& question, std::function<void()> deletion);
     bool takeInNote(int row, bool isEdited);
+    void saveNotesInsteadOf(const std::string& replaced, const std::string& seen);
     void showNoteOfDay(Date date, DayButton& button);
     void editSelectedNote(DayButton& day);
 
@@ -399,8 +406,11 @@ private:
     void makeImportantDatesContextMenu();
     void updateImportantDatesContextMenu();
     const Value* clickedEvent() const;
+    void listSavedNote(Date date);
     void takeInDateNotes();
     void forgetDateNotes(Date date);
+    void forgetDateNotesIn(const std::string& text, Date date);
+    void endEditOfNote(Date date);
 
     void makeSendNotificationContextMenu();
     void updateSendNotificationContextMenu();
@@ -422,6 +432,12 @@ private:
 
     /// Lines added to shown notes from important dates, each as a note of its day, until the notes are saved.
     Table m_unsavedDateNotes;
+
+    NotesChoice m_notesChoice = NotesChoice::all(); ///< what the notes list shows
+    int m_rowsGeneration = 0; ///< another one whenever other rows, or the same elsewhere, stand in it
+
+    /// The text that the note's row had before it was edited, from the first change on.
+    std::optional<std::string> m_textBeforeEdit;
 
     DataFolder m_folder;
     SaveState m_notesState;

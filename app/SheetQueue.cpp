@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -34,12 +35,12 @@ SheetQueue::SheetQueue(QWidget& window) : QObject(&window), m_window(window)
     window.installEventFilter(this);
 }
 
-void SheetQueue::begin(QDialog& sheet, Completion completion)
+void SheetQueue::begin(QDialog& sheet, Completion completion, Preparation preparation)
 {
     if (std::ranges::find(m_entries, &sheet, &Entry::sheet) != m_entries.end()) {
         return;
     }
-    m_entries.push_back({&sheet, std::move(completion)});
+    m_entries.push_back({&sheet, std::move(completion), std::move(preparation)});
     connect(&sheet, &QObject::destroyed, this, &SheetQueue::forget);
     if (m_entries.size() == 1) {
         showNext();
@@ -63,6 +64,9 @@ void SheetQueue::showNext()
 {
     if (m_entries.empty() || m_entries.front().sheet->isVisible()) {
         return;
+    }
+    if (const Preparation prepare = std::exchange(m_entries.front().preparation, {})) {
+        prepare();
     }
     QDialog& sheet = *m_entries.front().sheet;
     sheet.setParent(&m_window, Qt::Sheet | Qt::FramelessWindowHint);

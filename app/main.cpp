@@ -3,6 +3,7 @@
 #include "app/Appearance.h"
 #include "app/EnteredPlace.h"
 #include "app/Localized.h"
+#include "app/SheetQueue.h"
 #include "app/Translations.h"
 #include "host/CommandLine.h"
 #include "host/agent/StateFolder.h"
@@ -115,7 +116,7 @@ int main(int argc, char** argv)
 
     InstalledBundle bundle;
     KernelClockMonitor clockMonitor;
-    FolderOpenPanel openPanel;
+    FolderOpenPanel openPanel([](QDialog& panel, QWidget& parent) { SheetQueue::of(parent).begin(panel); });
     LinuxProcessInfo processInfo;
     LogindShutdownMonitor shutdownMonitor;
     SettingsUserDefaults userDefaults;

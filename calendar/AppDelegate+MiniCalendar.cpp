@@ -262,7 +262,7 @@ void AppDelegate::showNoteOfDay(Date date, DayButton& button)
     std::int64_t row = rowOf(notesTVData);
     if (row == DateUtilities::NotFound) {
         if (rowOf(allNotesTVData) != DateUtilities::NotFound) {
-            showRows(notesOfMonth(date));
+            chooseNotes(NotesChoice::ofMonth(date));
             row = rowOf(notesTVData);
         } else if (notesTVData) {
             row = notesTVData->size();

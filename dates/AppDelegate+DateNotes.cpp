@@ -93,6 +93,7 @@ void AppDelegate::importantDatesRespondToContextMenu(const QAction& sender)
 
     m_ui.notesTableView->endEditing(); // before its rows change
     if (notesTVData) {
+        listSavedNote(date); // else an edit of the line alone would replace a note that is not shown
         NoteQueries::addLineToNote(*notesTVData, date, name);
     }
     if (notesTVData && allNotesTVData) { // else there is nothing that a save could put it into
@@ -110,11 +111,25 @@ void AppDelegate::importantDatesRespondToContextMenu(const QAction& sender)
     m_ui.notesTableView->reloadData();
 }
 
+/// Puts the saved note of that date, if there is one, at the end of a list that does not show it.
+void AppDelegate::listSavedNote(Date date)
+{
+    const std::int64_t saved = NoteQueries::doesTVDataHaveDate(allNotesTVData.value_or(Table()), date);
+    if (saved != DateUtilities::NotFound &&
+        NoteQueries::doesTVDataHaveDate(*notesTVData, date) == DateUtilities::NotFound) {
+        notesTVData->append(allNotesTVData->at(saved));
+    }
+}
+
 /// The lines that were added to shown notes go into the notes that are saved.
 void AppDelegate::takeInDateNotes()
 {
     if (m_unsavedDateNotes.isEmpty() || !allNotesTVData) {
         return;
+    }
+    const Table waiting = m_unsavedDateNotes; // the end of an edit may take some away
+    for (const Value& added : waiting) {
+        endEditOfNote(*dateOf(added, NoteDateKey));
     }
     for (const Value& added : std::exchange(m_unsavedDateNotes, {})) {
         const Date date = *dateOf(added, NoteDateKey);
@@ -124,8 +139,28 @@ void AppDelegate::takeInDateNotes()
     redrawMiniCal();
 }
 
-/// The note of that date has been saved as it is shown, or is gone.
+/// The note of that date is gone, and its lines with it.
 void AppDelegate::forgetDateNotes(Date date)
 {
     m_unsavedDateNotes.removeIf([date](const Value& added) { return dateOf(added, NoteDateKey) == date; });
+}
+
+/// What the user made of `text`, the note of that date, is saved. A line that is not in the text was out of sight: it
+/// goes on waiting.
+void AppDelegate::forgetDateNotesIn(const std::string& text, Date date)
+{
+    m_unsavedDateNotes.removeIf([date, &text](const Value& added) {
+        return dateOf(added, NoteDateKey) == date && text.find(*textOf(added, NoteDataKey)) != std::string::npos;
+    });
+}
+
+/// An editor would write over a line that its note gets meanwhile.
+void AppDelegate::endEditOfNote(Date date)
+{
+    const int row = m_ui.notesTableView->editedRow();
+    const Value* record =
+        notesTVData && row >= 0 && row < notesTVData->size() ? NoteQueries::recordOf(notesTVData->at(row)) : nullptr;
+    if (record && dateOf(*record, NoteDateKey) == date) {
+        m_ui.notesTableView->endEditing();
+    }
 }

@@ -95,6 +95,7 @@ void AppDelegate::respondToHolidayPressed(QCheckBox& sender)
 void AppDelegate::addDatesFromHolidaySheet(QAbstractButton& sender)
 {
     const bool withNotes = &sender == m_holidayLayout->addDatesAndNotesBtn;
+    m_ui.notesTableView->endEditing(); // before its notes change
     m_sharedStyleFormatter->setDateStyle(DateFormatter::Style::Long);
     for (int holiday = 0; holiday < Holidays::count; ++holiday) {
         const std::string name = checkBox(*m_holidaySheet, holiday).text().toStdString();
@@ -136,13 +137,24 @@ void AppDelegate::addHolidayNote(Date date, const std::string& name)
     redrawMiniCal();
 }
 
-/// The list shows the very record that is saved, where it shows that day at all.
+/// The list shows the very record that is saved, where it shows that day or should.
 void AppDelegate::showSavedNote(Date date)
 {
-    const std::int64_t row = NoteQueries::doesTVDataHaveDate(notesTVData.value_or(Table()), date);
     const std::int64_t saved = NoteQueries::doesTVDataHaveDate(allNotesTVData.value_or(Table()), date);
-    if (row != DateUtilities::NotFound && saved != DateUtilities::NotFound) {
-        (*notesTVData)[row] = allNotesTVData->at(saved);
-        m_ui.notesTableView->reloadData();
+    if (!notesTVData || saved == DateUtilities::NotFound) {
+        return;
+    }
+    const Value& note = allNotesTVData->at(saved);
+    TableView& notes = *m_ui.notesTableView;
+    if (const std::int64_t row = NoteQueries::doesTVDataHaveDate(*notesTVData, date); row != DateUtilities::NotFound) {
+        (*notesTVData)[row] = note;
+        notes.noteHeightOfRowChanged(static_cast<int>(row));
+        notes.redrawRow(static_cast<int>(row));
+    } else if (m_notesChoice.holds(note)) {
+        const qsizetype place = m_notesChoice.placeAmong(*notesTVData, note);
+        ++m_rowsGeneration;
+        notesTVData->insert(place, note);
+        notes.insertRow(static_cast<int>(place));
+        showNotesCount(visibleRowsForTV(notes));
     }
 }

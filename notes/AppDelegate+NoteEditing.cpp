@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Localized.h"
+#include "app/SheetQueue.h"
 #include "dates/DateUtilities.h"
 #include "dates/IntegerValue.h"
 #include "notes/CellEditor.h"
@@ -14,6 +15,7 @@
 #include <QMetaObject>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -30,12 +32,35 @@ Value withEditedText(const Value& element, std::string_view key, const std::stri
     return withText(element, key, text);
 }
 
+/// The text of the note in `element`; empty where it has none.
+std::string noteText(const Value& element)
+{
+    const Value* record = NoteQueries::recordOf(element);
+    const std::string* text = record ? textOf(*record, NoteDataKey) : nullptr;
+    return text ? *text : std::string();
+}
+
 /// The date of `element` as a question shows it; empty where it has none.
 QString mediumStyleDate(const Value& element, std::string_view key)
 {
     const Value* record = NoteQueries::recordOf(element);
     const std::optional<Date> date = record ? dateOf(*record, key) : std::nullopt;
     return date ? DateUtilities::mediumStyleFromDate(*date) : QString();
+}
+
+/// Where the row below `row` stands once every row equal to `element` is gone.
+int placeWithout(const Value& element, const Table& rows, int row)
+{
+    Table above = rows.first(std::clamp<qsizetype>(row, 0, rows.size()));
+    NoteQueries::removeEqual(above, element);
+    return static_cast<int>(above.size());
+}
+
+/// After a deletion no row is selected; the keys have not lost their place.
+void goOnAtRow(TableView& tableView, int row)
+{
+    tableView.resumeAtRow(row);
+    tableView.setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace
@@ -56,6 +81,9 @@ void AppDelegate::controlTextDidChange(QWidget& field)
         return;
     }
     const std::string_view key = isNote ? NoteDataKey : EventNameKey;
+    if (isNote && !m_textBeforeEdit) {
+        m_textBeforeEdit = noteText(table->at(row));
+    }
     (*table)[row] = withEditedText(table->at(row), key, editor->text().toStdString());
     tableView.noteHeightOfRowChanged(row);
     buttonEnableDisable(isNote ? *m_ui.noteEntryListSaveBtn : *m_ui.importantDateSaveBtn, true);
@@ -73,7 +101,11 @@ void AppDelegate::controlTextDidEndEditing(QWidget& field)
 /// Saves the notes with that of the row; false when there is nothing to save.
 bool AppDelegate::takeInNote(int row, bool isEdited)
 {
-    if (!notesTVData || !allNotesTVData || row < 0 || row >= notesTVData->size()) {
+    if (row < 0) {
+        return false;
+    }
+    const std::optional<std::string> before = std::exchange(m_textBeforeEdit, std::nullopt);
+    if (!notesTVData || !allNotesTVData || row >= notesTVData->size()) {
         return false;
     }
     const Value* record = NoteQueries::recordOf(notesTVData->at(row));
@@ -82,26 +114,42 @@ bool AppDelegate::takeInNote(int row, bool isEdited)
     if (!date || !text || (text->empty() && !isEdited)) {
         return false; // a day that was only looked at leaves no empty note behind
     }
-    if (isEdited) {
-        forgetDateNotes(*date); // the text as it is now is what the user wants
+    if (before) {
+        forgetDateNotesIn(*before, *date); // the text as it is now is what the user wants
     }
     const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, *date);
     if (index == DateUtilities::NotFound) {
         allNotesTVData->append(*record);
+        m_saves.save(allNotesTVData, std::string(NotesFileName));
     } else {
-        const std::string* saved = textOf(*NoteQueries::recordOf(allNotesTVData->at(index)), NoteDataKey);
-        if (saved && *saved == *text) {
-            return false;
+        const std::string saved = noteText(allNotesTVData->at(index));
+        if (!before || saved == *text) {
+            return false; // a look at a row that shows another text than the saved one does not save it
         }
         (*allNotesTVData)[index] = *record;
         qInfo("CTDEE replaced in 'all' array");
+        saveNotesInsteadOf(saved, *before);
     }
-    m_saves.save(allNotesTVData, std::string(NotesFileName));
     return true;
+}
+
+/// Saves the notes of which one that said `replaced` is changed or gone. A row can show another text than the saved
+/// one, after an import for example: what was not `seen` is kept aside.
+void AppDelegate::saveNotesInsteadOf(const std::string& replaced, const std::string& seen)
+{
+    if (seen.find(replaced) != std::string::npos) {
+        m_saves.save(allNotesTVData, std::string(NotesFileName));
+        return;
+    }
+    m_saves.waitUntilDone(); // the copy is made of what is on the disk
+    m_saves.save(allNotesTVData, std::string(NotesFileName), Replacing::Nothing);
 }
 
 void AppDelegate::respondToDeleteRowFromList(QAbstractButton& sender)
 {
+    if (SheetQueue::of(m_window).current()) {
+        return; // a screen reader reaches the window under a sheet, whose answer may change the rows
+    }
     if (&sender == m_ui.deleteRowFromListBtn) {
         askToDeleteNote();
     } else {
@@ -121,7 +169,11 @@ void AppDelegate::askToDeleteNote()
         return;
     }
     confirmDeletion(filled(localized("of note for\r %@"), {mediumStyleDate(notesTVData->at(row), NoteDateKey)}),
-                    [this, row] { deleteNoteAtRow(row); });
+                    [this, row, generation = m_rowsGeneration] {
+                        if (generation == m_rowsGeneration) { // else the sheet named a note that stood there before
+                            deleteNoteAtRow(row);
+                        }
+                    });
 }
 
 void AppDelegate::askToDeleteEvent()
@@ -154,10 +206,12 @@ void AppDelegate::deleteNoteAtRow(int row)
     }
     const Value element = notesTVData->at(row);
     const auto later = [this](auto step) { QMetaObject::invokeMethod(this, std::move(step), Qt::QueuedConnection); };
-    later([this, element] {
+    later([this, element, row] {
+        const int place = placeWithout(element, *notesTVData, row);
         Table rows = *notesTVData;
         NoteQueries::removeEqual(rows, element);
         showRows(std::move(rows));
+        goOnAtRow(*m_ui.notesTableView, place);
     });
 
     const Value* record = NoteQueries::recordOf(element);
@@ -166,8 +220,8 @@ void AppDelegate::deleteNoteAtRow(int row)
         forgetDateNotes(*date);
         const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, *date);
         if (index != DateUtilities::NotFound) {
-            allNotesTVData->removeAt(index);
-            m_saves.save(allNotesTVData, std::string(NotesFileName));
+            const std::string deleted = noteText(allNotesTVData->takeAt(index));
+            saveNotesInsteadOf(deleted, noteText(element));
             buttonEnableDisable(*m_ui.deleteRowFromListBtn, false);
         }
         const MonthGrid::YearMonth ofNote{.year = integerValue(DateUtilities::yearFromDate(*date)),
@@ -185,9 +239,11 @@ void AppDelegate::deleteEvent(const Value& event)
     if (!eventsTVData) {
         return;
     }
+    const int place = placeWithout(event, *eventsTVData, m_ui.importantDatesTableView->selectedRow());
     NoteQueries::removeEqual(*eventsTVData, event);
     m_saves.save(eventsTVData, std::string(EventsFileName));
     m_ui.importantDatesTableView->reloadData();
     m_ui.importantDatesTableView->selectRow(-1);
+    goOnAtRow(*m_ui.importantDatesTableView, place);
     buttonEnableDisable(*m_ui.deleteRowFromImpDateListBtn, false);
 }

@@ -55,22 +55,27 @@ std::optional<Date> shownDate(const Value* element, std::string_view key)
 
 } // namespace
 
-Table AppDelegate::notesOfMonth(Date date) const
+void AppDelegate::chooseNotes(NotesChoice choice)
 {
-    Table rows = NoteQueries::copyArrayOfDatesHavingNotes(allNotesTVData.value_or(Table()), date);
-    NoteQueries::sortArrayAscending(rows, std::string(NoteDateKey));
-    return rows;
+    m_notesChoice = std::move(choice);
+    showRows(m_notesChoice.of(allNotesTVData.value_or(Table())));
 }
 
 /// Shows `rows`, none of them selected. An edit in progress belongs to the rows shown so far: the caller has ended it
 /// before it worked out the new ones.
 void AppDelegate::showRows(Table rows)
 {
+    replaceRows(std::move(rows));
+    m_ui.notesTableView->reloadData();
+    m_ui.notesTableView->selectRow(-1);
+}
+
+void AppDelegate::replaceRows(Table rows)
+{
+    ++m_rowsGeneration;
     if (notesTVData) {
         notesTVData = std::move(rows);
     }
-    m_ui.notesTableView->reloadData();
-    m_ui.notesTableView->selectRow(-1);
 }
 
 void AppDelegate::showCountUnlessEmpty()
@@ -83,7 +88,7 @@ void AppDelegate::showCountUnlessEmpty()
 void AppDelegate::showNotesForThisMonthYear(Date date)
 {
     m_ui.notesTableView->endEditing();
-    showRows(notesOfMonth(date));
+    chooseNotes(NotesChoice::ofMonth(date));
     showCountUnlessEmpty();
 }
 
@@ -101,8 +106,7 @@ void AppDelegate::notesForMonthShowing()
 void AppDelegate::showOnlyCurrentYearNotes()
 {
     m_ui.notesTableView->endEditing();
-    showRows(NoteQueries::copyCurrentYearNotes(allNotesTVData.value_or(Table()),
-                                               integerValue(DateUtilities::currentYear())));
+    chooseNotes(NotesChoice::ofYear(integerValue(DateUtilities::currentYear())));
     showCountUnlessEmpty();
 }
 
@@ -110,10 +114,10 @@ void AppDelegate::showAllNotes(SegmentedControl& control)
 {
     m_ui.notesTableView->endEditing();
     if (control.labelForSegment(1) == localized("Show All")) {
-        showRows(allNotesTVData.value_or(Table()));
+        chooseNotes(NotesChoice::all());
         control.setLabelForSegment(localized("Hide All"), 1);
     } else {
-        showRows(Table());
+        chooseNotes(NotesChoice::none());
         control.setLabelForSegment(localized("Show All"), 1);
     }
     showCountUnlessEmpty();
@@ -122,11 +126,13 @@ void AppDelegate::showAllNotes(SegmentedControl& control)
 void AppDelegate::filterNotes()
 {
     m_ui.notesTableView->endEditing();
-    const TextSearch search(m_ui.filterField->text().toStdString(), DateEnvironment::localePair().currentLocale);
-    Table matches = NoteQueries::filterNotes(allNotesTVData.value_or(Table()), search);
+    const NotesChoice choice =
+        NotesChoice::matching(m_ui.filterField->text().toStdString(), DateEnvironment::localePair().currentLocale);
+    Table matches = choice.of(allNotesTVData.value_or(Table()));
     if (matches.isEmpty()) {
         return;
     }
+    m_notesChoice = choice;
     showRows(std::move(matches));
     m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), 1);
     announceFoundNotes();
@@ -306,6 +312,15 @@ std::unique_ptr<TableRowView> AppDelegate::rowViewForRow(const TableView&, int)
     return std::make_unique<TableRowView>();
 }
 
+/// Only what can be put somewhere: a row without a record, or a note without a day, would lose what is typed.
+bool AppDelegate::shouldEditTableColumn(const TableView& tableView, const TableColumn& /*column*/, int row)
+{
+    const bool isNotes = &tableView == m_ui.notesTableView;
+    const Value* element = rowOf(isNotes ? notesTVData : eventsTVData, row);
+    const Value* record = element ? NoteQueries::recordOf(*element) : nullptr;
+    return record && (!isNotes || dateOf(*record, NoteDateKey));
+}
+
 void AppDelegate::tableViewSelectionDidChange(TableView& tableView)
 {
     const bool selected = tableView.selectedRow() >= 0;
@@ -338,6 +353,7 @@ void AppDelegate::sortDescriptorsDidChange(TableView& tableView)
         NoteQueries::sortArray(*table, tableView.sortDescriptors());
     }
     if (isNotes) {
+        ++m_rowsGeneration;
         showNotesCount(visibleRowsForTV(tableView));
     }
     tableView.reloadData();

@@ -20,6 +20,8 @@ const QString reminderIdentifier = QStringLiteral("VelumoraZNYgg56Lp");
 constexpr NotificationOptions everyOption =
     NotificationOption::Alert | NotificationOption::Sound | NotificationOption::Badge;
 
+constexpr int miniCalendarPage = 0;
+
 /// What the items of the notes' menu are for.
 constexpr qsizetype informationItem = 0;
 constexpr qsizetype reminderItem = 1;
@@ -182,30 +184,30 @@ void AppDelegate::respondWithContent(const NotificationContent& content)
     if (note) {
         const QString date = DateUtilities::mediumStyleFromDate(note->date);
         const QString text = QString::fromStdString(note->text);
-        m_ui.myTabView->setCurrentIndex(0);
         if (allNotesTVData && !allNotesTVData->isEmpty()) {
             doSheetAlert(m_window, filled(QStringLiteral("%@\r%@"), {date, text}), localized("Velumora Reminder"),
-                         localized("OK"), QString());
-            showOnlyNoteOf(note->date);
+                         localized("OK"), QString(), [this, date = note->date] { showOnlyNoteOf(date); });
         } else {
             doSheetAlert(
                 m_window,
                 filled(QStringLiteral("%@\r%@\r\r%@\r%@"),
                        {localized("Velumora is attempting to respond to a Notification Center message but cannot."),
                         localized("The Notification Center message is for the following date and note:"), date, text}),
-                localized("Warning: No Notes Data Found in 'respondWithContent:'"), localized("OK"), QString());
+                localized("Warning: No Notes Data Found in 'respondWithContent:'"), localized("OK"), QString(),
+                [this] { m_ui.myTabView->setCurrentIndex(miniCalendarPage); });
         }
     }
     m_host.notificationCenter.removeDeliveredNotifications({reminderIdentifier});
 }
 
-/// The list's one element is the list of that day's notes.
+/// The list's one element is the list of that day's notes. A sheet that a click finds up is about the rows and the page
+/// that are shown: this waits until it is answered.
 void AppDelegate::showOnlyNoteOf(Date date)
 {
+    m_ui.myTabView->setCurrentIndex(miniCalendarPage);
     m_ui.notesTableView->endEditing();
-    if (notesTVData) {
-        notesTVData = Table{Value(NoteQueries::copySpecificNoteFromArray(*allNotesTVData, date))};
-    }
+    m_notesChoice = NotesChoice::none(); // this note alone
+    replaceRows({Value(NoteQueries::copySpecificNoteFromArray(allNotesTVData.value_or(Table()), date))});
     const auto show = [this] {
         m_ui.notesTableView->reloadData();
         m_ui.notesTableView->selectRow(-1);

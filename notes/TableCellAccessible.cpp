@@ -104,7 +104,7 @@ QAccessible::State TableCellAccessible::state() const
     state.selected = isSelected();
     state.focused = isSelected() && view()->hasFocus() && column() == view()->spokenColumn();
     state.active = state.focused;
-    state.editable = view()->isEditable(column());
+    state.editable = view()->canEdit(column(), m_row);
     state.invisible = view()->hiddenRowIndexes().contains(m_row);
     state.offscreen = !view()->rectOfCell(column(), m_row).intersects(view()->viewport()->rect());
     return state;

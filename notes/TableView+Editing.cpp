@@ -46,6 +46,12 @@ bool TableView::isEditable(int column) const
     return hasColumn(column) && m_columns[static_cast<size_t>(column)].editing == TableColumn::Editing::Editable;
 }
 
+bool TableView::canEdit(int column, int row) const
+{
+    return isEditable(column) && hasRow(row) && !m_hiddenRows.contains(row) && m_delegate &&
+           m_delegate->shouldEditTableColumn(*this, m_columns[static_cast<size_t>(column)], row);
+}
+
 void TableView::editColumn(int column, int row)
 {
     beginEdit({column, row}, std::nullopt);
@@ -57,7 +63,7 @@ void TableView::beginEdit(Cell cell, std::optional<QPoint> clicked)
         return;
     }
     endEditing();
-    if (!hasRow(cell.row) || m_hiddenRows.contains(cell.row)) { // the delegate may have reloaded at the edit's end
+    if (!canEdit(cell.column, cell.row)) { // the delegate may have reloaded at the edit's end
         return;
     }
     select(cell.row, Origin::User);

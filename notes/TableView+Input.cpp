@@ -160,10 +160,23 @@ int TableView::visibleRowFrom(int row, int step) const
     return hasRow(row) ? row : -1;
 }
 
+/// The row above or below the selected one; with none selected, above or at the place where the keys go on.
+int TableView::rowBeside(int direction) const
+{
+    if (hasRow(m_selectedRow)) {
+        return m_selectedRow + direction;
+    }
+    const int last = numberOfRows() - 1;
+    if (m_resumeRow < 0) {
+        return direction > 0 ? 0 : last;
+    }
+    return std::clamp(direction > 0 ? m_resumeRow : m_resumeRow - 1, 0, std::max(last, 0));
+}
+
 int TableView::rowPageAway(int direction) const
 {
     if (!hasRow(m_selectedRow)) {
-        return direction > 0 ? 0 : numberOfRows() - 1;
+        return rowBeside(direction);
     }
     const double page = viewport()->height() - m_lineHeight;
     const int row = m_heights.rowAt(m_heights.top(m_selectedRow) + direction * page);
@@ -179,16 +192,15 @@ bool TableView::moveSelection(const QKeyEvent& event)
         return false;
     }
     const int last = numberOfRows() - 1;
-    const bool none = !hasRow(m_selectedRow);
     int row = -1;
     int step = 1;
     switch (event.key()) {
     case Qt::Key_Up:
-        row = none ? last : m_selectedRow - 1;
+        row = rowBeside(-1);
         step = -1;
         break;
     case Qt::Key_Down:
-        row = none ? 0 : m_selectedRow + 1;
+        row = rowBeside(1);
         break;
     case Qt::Key_Home:
         row = 0;

@@ -89,9 +89,8 @@ void TableView::reloadData()
     m_heights = RowHeights(std::move(heights));
     m_hiddenRows.clear();
     m_pressed = {};
-    if (m_clickedRow >= count) {
-        m_clickedRow = -1;
-    }
+    m_clickedRow = -1; // the row that was clicked may be another now
+    m_resumeRow = -1;
     layoutContents();
     TableAccessible::tellReload(*this);
     if (m_selectedRow >= count) {
@@ -111,6 +110,7 @@ void TableView::insertRow(int row)
     }
     m_hiddenRows = std::move(hidden);
     m_selectedRow += m_selectedRow >= row ? 1 : 0;
+    m_resumeRow += m_resumeRow >= row ? 1 : 0;
     m_clickedRow += m_clickedRow >= row ? 1 : 0;
     m_pressed = {};
     if (m_edit && m_edit->row >= row) {
@@ -270,6 +270,7 @@ void TableView::select(int row, Origin origin)
     }
     redrawRow(m_selectedRow);
     m_selectedRow = row;
+    m_resumeRow = -1;
     redrawRow(m_selectedRow);
     if (m_delegate && origin == Origin::User) {
         m_delegate->tableViewSelectionIsChanging(*this);
@@ -287,6 +288,11 @@ void TableView::chooseRow(int row)
         select(row, Origin::User);
         scrollRowToVisible(row);
     }
+}
+
+void TableView::resumeAtRow(int row)
+{
+    m_resumeRow = std::min(row, numberOfRows());
 }
 
 int TableView::spokenColumn() const

@@ -46,6 +46,10 @@ public:
     const std::vector<TableColumn>& tableColumns() const { return m_columns; }
     int columnWithIdentifier(QStringView identifier) const;
     bool isEditable(int column) const;
+
+    /// Whether that cell can be edited now: its column is editable, its row is not hidden, and the delegate has nothing
+    /// against it.
+    bool canEdit(int column, int row) const;
     void setHeaderCell(int column, HeaderCell cell);
     void setColumnWidth(int column, double width); ///< held to the column's minimum; it then stretches no more
 
@@ -102,6 +106,11 @@ public:
     /// view.
     void chooseRow(int row);
 
+    /// While no row is selected, the arrow and page keys go on as if one stood right above `row`: Down chooses `row`,
+    /// Up the one before it. Until a row is selected or the table is reloaded; without it they begin at an end of the
+    /// table.
+    void resumeAtRow(int row);
+
     /// The column whose cell stands for the selected row when it is spoken and which Return edits: the first whose text
     /// can be edited, else the first.
     int spokenColumn() const;
@@ -129,7 +138,7 @@ public:
 
     // Editing in place
 
-    /// Starts to edit that cell, after ending another edit. Nothing happens when the column is read-only.
+    /// Starts to edit that cell, after ending another edit. Nothing happens when the cell cannot be edited.
     void editColumn(int column, int row);
     int editedRow() const { return m_edit ? m_edit->row : -1; }
     int editedColumn() const { return m_edit ? m_edit->column : -1; }
@@ -196,6 +205,7 @@ private:
     // TableView+Input.cpp
     Cell cellAt(QPoint position) const;
     int visibleRowFrom(int row, int step) const;
+    int rowBeside(int direction) const;
     int rowPageAway(int direction) const;
     bool moveSelection(const QKeyEvent& event);
     void copySelectedRow() const;
@@ -229,6 +239,7 @@ private:
     Cell m_pressed;
     double m_lineHeight = 17.0;
     int m_selectedRow = -1;
+    int m_resumeRow = -1;
     int m_clickedRow = -1;
     int m_menuRow = -1; ///< the row outlined while its menu is open
     SelectionHighlightStyle m_highlightStyle = SelectionHighlightStyle::Regular;

@@ -6,6 +6,12 @@ std::unique_ptr<TableRowView> TableViewDelegate::rowViewForRow(const TableView& 
     return std::make_unique<TableRowView>();
 }
 
+bool TableViewDelegate::shouldEditTableColumn(const TableView& /*tableView*/, const TableColumn& /*tableColumn*/,
+                                              int /*row*/)
+{
+    return true;
+}
+
 void TableViewDelegate::tableViewSelectionIsChanging(TableView& /*tableView*/) {}
 
 void TableViewDelegate::tableViewSelectionDidChange(TableView& /*tableView*/) {}

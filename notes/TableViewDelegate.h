@@ -29,6 +29,9 @@ public:
     virtual double heightOfRow(const TableView& tableView, int row) = 0;
     virtual std::unique_ptr<TableRowView> rowViewForRow(const TableView& tableView, int row);
 
+    /// Whether that cell of an editable column can be edited now; every one, unless it is said otherwise.
+    virtual bool shouldEditTableColumn(const TableView& tableView, const TableColumn& tableColumn, int row);
+
     /// While the user changes the selection by pointer or key, before tableViewSelectionDidChange. The new row is
     /// selected already.
     virtual void tableViewSelectionIsChanging(TableView& tableView);

@@ -11,6 +11,8 @@ target_sources(velumora-core PRIVATE
     notes/NoteQueries.cpp
     notes/NoteQueries.h
     notes/NoteSorting.cpp
+    notes/NotesChoice.cpp
+    notes/NotesChoice.h
     notes/PlainCharacters.cpp
     notes/PlainCharacters.h
     notes/RowHeights.cpp

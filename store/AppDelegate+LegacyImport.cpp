@@ -92,11 +92,8 @@ void AppDelegate::importNotes(const std::filesystem::path& source)
 {
     m_ui.notesTableView->endEditing();
     std::optional<Table> imported = importTALVDataFiles(source, std::string(NotesFileName));
-    if (notesTVData) {
-        notesTVData = std::move(imported).value_or(Table());
-    }
-    m_ui.notesTableView->reloadData();
-    m_ui.notesTableView->selectRow(-1);
+    m_notesChoice = NotesChoice::none(); // what is added goes with the earlier notes
+    showRows(std::move(imported).value_or(Table()));
     showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
 }
 

@@ -56,5 +56,5 @@ void FolderOpenPanel::chooseFolder(QWidget& window, const Request& request, Comp
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(message);
     layout->addWidget(files);
-    panel->open();
+    m_present(*panel, window);
 }

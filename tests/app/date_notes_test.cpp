@@ -232,6 +232,117 @@ TEST_F(DateNotesTest, AnEditThatOnlyLooksLeavesAnAddedLineToBeSaved)
     EXPECT_EQ(notesOnDisk(), Table{note(2024, 5, 20, "Cake\rAnn")}) << "the row shows what was saved";
 }
 
+TEST_F(DateNotesTest, ASavedNoteThatTheListDoesNotShowComesIntoItWithTheLine)
+{
+    putNotes({note(2024, 3, 6, "other"), note(2024, 5, 20, "Cake")});
+    putEvents({event(1990, 5, 20, "Ann")});
+    start();
+    ui->filterField->setText(QStringLiteral("other"));
+    ui->filterBtn->click();
+    openMenu(0);
+    choose(2);
+    answer(Alert::firstButtonReturn);
+    EXPECT_EQ(app->notesTVData, (Table{note(2024, 3, 6, "other"), note(2024, 5, 20, "Cake\rAnn")}));
+    ui->notesTableView->editColumn(1, 1);
+    QTest::keyClicks(ui->notesTableView->viewAt(1, 1), QStringLiteral("!"));
+    ui->notesTableView->endEditing();
+    EXPECT_EQ(notesOnDisk(), (Table{note(2024, 3, 6, "other"), note(2024, 5, 20, "Cake\rAnn!")}));
+    ui->noteEntryListSaveBtn->click();
+    EXPECT_EQ(notesOnDisk(), (Table{note(2024, 3, 6, "other"), note(2024, 5, 20, "Cake\rAnn!")}));
+}
+
+TEST_F(DateNotesTest, ALineThatTheListNoLongerShowsOutlivesAnEditOfItsDay)
+{
+    putNotes({note(2024, 5, 20, "Cake")});
+    putEvents({event(1990, 5, 20, "Ann")});
+    start();
+    openMenu(0);
+    choose(2);
+    answer(Alert::firstButtonReturn);
+    ui->hideShowSegBtn->press(3); // the notes of the year, as they are saved
+    typeNote(0, QStringLiteral("Tart"));
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 5, 20, "Tart")});
+    ui->noteEntryListSaveBtn->click();
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 5, 20, "Tart\rAnn")});
+    EXPECT_EQ(app->notesTVData, Table{note(2024, 5, 20, "Tart\rAnn")}) << "or the next edit would lose it";
+    typeNote(0, QStringLiteral("Tart")); // the line was there to be seen, and is not wanted
+    ui->noteEntryListSaveBtn->click();
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 5, 20, "Tart")});
+}
+
+TEST_F(DateNotesTest, ALineThatWasNotInTheTextOutlivesAnEditThatIsSavedWhileItGoesOn)
+{
+    putNotes({note(2024, 5, 20, "Cake")});
+    putEvents({event(1990, 5, 20, "Ann")});
+    start();
+    openMenu(0);
+    choose(2);
+    answer(Alert::firstButtonReturn);
+    ui->hideShowSegBtn->press(3);
+    ui->notesTableView->editColumn(1, 0);
+    QTest::keyClicks(ui->notesTableView->viewAt(1, 0), QStringLiteral("!"));
+    ui->saveAction->trigger();
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 5, 20, "Cake!\rAnn")});
+    if (QWidget* editor = ui->notesTableView->viewAt(1, 0)) {
+        QTest::keyClicks(editor, QStringLiteral("?"));
+    }
+    ui->notesTableView->endEditing();
+    EXPECT_TRUE(QString::fromStdString(*textOf(notesOnDisk()->at(0), NoteDataKey)).contains(QStringLiteral("Ann")));
+}
+
+TEST_F(DateNotesTest, EachOfTwoLinesOfADayIsForgottenByItself)
+{
+    putNotes({note(2024, 5, 20, "Cake")});
+    putEvents({event(1990, 5, 20, "Ann"), event(1991, 5, 20, "Ben")});
+    start();
+    openMenu(0);
+    choose(2);
+    answer(Alert::firstButtonReturn);
+    ui->hideShowSegBtn->press(3);
+    openMenu(1);
+    choose(2);
+    answer(Alert::firstButtonReturn);
+    ASSERT_EQ(app->notesTVData, Table{note(2024, 5, 20, "Cake\rBen")});
+    typeNote(0, QStringLiteral("Tart"));
+    ui->noteEntryListSaveBtn->click();
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 5, 20, "Tart\rAnn")});
+}
+
+TEST_F(DateNotesTest, ALineThatIsSavedComesIntoTheListThatHoldsItsDay)
+{
+    putNotes({note(2024, 3, 5, "a"), note(2024, 3, 25, "z")});
+    putEvents({event(1991, 3, 20, "Ben")});
+    start();
+    openMenu(0);
+    choose(2);
+    answer(Alert::firstButtonReturn);
+    ui->hideShowSegBtn->press(0); // the notes of March, as they are saved
+    ASSERT_EQ(ui->notesTableView->numberOfRows(), 2);
+    ui->noteEntryListSaveBtn->click();
+    EXPECT_EQ(shownRows(),
+              (QStringList{QStringLiteral("Tue, Mar 5, 2024 | a"), QStringLiteral("Wed, Mar 20, 2024 | Ben"),
+                           QStringLiteral("Mon, Mar 25, 2024 | z")}));
+    EXPECT_EQ(countLine(), QStringLiteral("Displaying 3 notes"));
+}
+
+TEST_F(DateNotesTest, ALineGoesIntoTheNoteThatAReminderLeftAlone)
+{
+    putNotes({note(2024, 5, 20, "Cake"), note(2024, 5, 21, "x")});
+    putEvents({event(1990, 5, 20, "Ann"), event(1990, 5, 21, "Ben")});
+    start();
+    clickReminder(note(2024, 5, 20, "Cake"));
+    answer(Alert::firstButtonReturn);
+    for (const int row : {0, 1}) {
+        openMenu(row);
+        choose(2);
+        answer(Alert::firstButtonReturn);
+    }
+    EXPECT_EQ(app->notesTVData, (Table{note(2024, 5, 20, "Cake\rAnn"), note(2024, 5, 21, "x\rBen")}));
+    typeNote(1, QStringLiteral("y"));
+    ui->noteEntryListSaveBtn->click();
+    EXPECT_EQ(notesOnDisk(), (Table{note(2024, 5, 20, "Cake\rAnn"), note(2024, 5, 21, "y")}));
+}
+
 TEST_F(DateNotesTest, AnUnreadableNotesFileTakesNoLineIn)
 {
     std::filesystem::create_directory(notesFile());

@@ -8,10 +8,13 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
+#include <QTest>
 
 #include <array>
 #include <fstream>
+#include <functional>
 #include <set>
+#include <vector>
 
 namespace {
 
@@ -193,6 +196,79 @@ TEST_F(HolidaySheetTest, AShownNoteIsTheOneThatWasSaved)
                                         QStringLiteral("Mon, Mar 11, 2024 | Monday")}));
     typeNote(0, QStringLiteral("Clocks")); // an edit of it replaces the whole note
     EXPECT_EQ(notesOnDisk(), (Table{note(2024, 3, 10, "Clocks"), note(2024, 3, 11, "Monday")}));
+}
+
+TEST_F(HolidaySheetTest, AnAddedNoteIsAtOnceInEveryListThatShouldHoldIt)
+{
+    struct List {
+        const char* what;
+        std::function<void()> show;
+        bool holds;
+    };
+    const auto press = [this](int segment) { return [this, segment] { ui->hideShowSegBtn->press(segment); }; };
+    const auto search = [this](const char* needle) {
+        return [this, needle] {
+            ui->filterField->setText(QString::fromLatin1(needle));
+            ui->filterBtn->click();
+        };
+    };
+    const std::vector<List> lists = {
+        {"all, as at the start", [] {}, true},
+        {"this month", press(0), true},
+        {"this year", press(3), true},
+        {"the month of the mini calendar", press(2), true},
+        {"the next month", [this] { ui->noteEntryNextNotesBtn->click(); }, false},
+        {"none", press(1), false},
+        {"what it contains", search("day"), true},
+        {"what it does not contain", search("early"), false},
+        {"a reminder's",
+         [this] {
+             clickReminder(note(2024, 3, 5, "early day"));
+             answer(Alert::firstButtonReturn);
+         },
+         false},
+    };
+    for (const List& list : lists) {
+        std::filesystem::remove(eventsFile());
+        putNotes({note(2024, 3, 5, "early day"), note(2024, 4, 2, "april day")});
+        start();
+        list.show();
+        const int before = ui->notesTableView->numberOfRows();
+        const QString count = countLine();
+        tick({3}); // Easter Sunday, 31 March
+        add("addDatesAndNotesBtn");
+        EXPECT_EQ(shownRows().contains(QStringLiteral("Sun, Mar 31, 2024 | Easter Sunday")), list.holds) << list.what;
+        EXPECT_EQ(ui->notesTableView->numberOfRows(), before + (list.holds ? 1 : 0)) << list.what;
+        EXPECT_EQ(countLine(), list.holds ? QStringLiteral("Displaying %1 notes").arg(before + 1) : count) << list.what;
+        quit();
+    }
+}
+
+TEST_F(HolidaySheetTest, InAMonthAnAddedNoteStandsAtItsDateAndTheSelectionStays)
+{
+    putNotes({note(2024, 3, 31, "last"), note(2024, 3, 5, "early")});
+    start();
+    ui->hideShowSegBtn->press(0);
+    ui->notesTableView->chooseRow(1);
+    tick({2}); // 10 March
+    add("addDatesAndNotesBtn");
+    EXPECT_EQ(shownRows(), (QStringList{QStringLiteral("Tue, Mar 5, 2024 | early"),
+                                        QStringLiteral("Sun, Mar 10, 2024 | Daylight Saving Time Begins"),
+                                        QStringLiteral("Sun, Mar 31, 2024 | last")}));
+    EXPECT_EQ(ui->notesTableView->selectedRow(), 2);
+}
+
+TEST_F(HolidaySheetTest, WhatIsBeingTypedIntoTheDayOfAHolidayIsKeptWithIt)
+{
+    putNotes({note(2024, 3, 31, "Eggs")});
+    start();
+    tick({3});
+    ui->notesTableView->editColumn(1, 0);
+    QTest::keyClicks(ui->notesTableView->viewAt(1, 0), QStringLiteral("!"));
+    add("addDatesAndNotesBtn");
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 3, 31, "Eggs!\rEaster Sunday")});
+    ui->notesTableView->endEditing();
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 3, 31, "Eggs!\rEaster Sunday")});
 }
 
 TEST_F(HolidaySheetTest, AnAddedHolidayIsGreyAtTheNextOpening)

@@ -264,6 +264,58 @@ TEST_F(LegacyImportTest, ANoteThatIsBeingTypedIsKeptAside)
     EXPECT_TRUE(recovered().contains(PropertyList::writeXml({note(2024, 3, 5, "mine!")})));
 }
 
+TEST_F(LegacyImportTest, ADescriptionThatIsBeingTypedIsKeptAside)
+{
+    putLegacy(eventsName, PropertyList::writeXml({event(1970, 6, 1, "Born")}));
+    putEvents({event(1990, 5, 20, "Ann")});
+    start();
+    TableView& dates = *ui->importantDatesTableView;
+    dates.editColumn(1, 0);
+    QTest::keyClicks(dates.viewAt(1, 0), QStringLiteral("a"));
+    import(legacy());
+    EXPECT_EQ(dates.editedRow(), -1);
+    EXPECT_EQ(app->eventsTVData, Table{event(1970, 6, 1, "Born")});
+    EXPECT_EQ(eventsOnDisk(), Table{event(1970, 6, 1, "Born")});
+    EXPECT_TRUE(recovered().contains(PropertyList::writeXml({event(1990, 5, 20, "Anna")})));
+}
+
+TEST_F(LegacyImportTest, ANoteOfTheSameDayAsAnImportedOneThatIsEditedIsKeptAside)
+{
+    putLegacy(notesName, PropertyList::writeXml({note(2024, 3, 5, "imported")}));
+    putNotes({note(2024, 3, 5, "mine")});
+    start();
+    import(legacy());
+    typeNote(0, QStringLiteral("edited"));
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 3, 5, "edited")});
+    EXPECT_TRUE(recovered().contains(PropertyList::writeXml({note(2024, 3, 5, "mine")})));
+    EXPECT_TRUE(recovered().contains(PropertyList::writeXml({note(2024, 3, 5, "imported")})));
+}
+
+TEST_F(LegacyImportTest, ALookAtAnImportedNoteWritesNothingBack)
+{
+    putLegacy(notesName, PropertyList::writeXml({note(2024, 3, 5, "imported")}));
+    putNotes({note(2024, 3, 5, "mine")});
+    start();
+    import(legacy());
+    ui->notesTableView->editColumn(1, 0);
+    ui->notesTableView->endEditing();
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 3, 5, "imported")});
+    EXPECT_EQ(app->allNotesTVData, Table{note(2024, 3, 5, "mine")});
+}
+
+TEST_F(LegacyImportTest, ADeletionAskedForBeforeAnImportDeletesNoImportedNote)
+{
+    putLegacy(notesName, PropertyList::writeXml({note(2024, 3, 5, "imported")}));
+    putNotes({note(2024, 3, 5, "mine"), note(2024, 3, 6, "b")});
+    start();
+    choose(legacy());
+    ui->notesTableView->selectRow(1);
+    app->respondToDeleteRowFromList(*ui->deleteRowFromListBtn); // as a screen reader can
+    answer(Alert::firstButtonReturn);
+    EXPECT_FALSE(alert());
+    EXPECT_EQ(app->notesTVData, Table{note(2024, 3, 5, "imported")});
+}
+
 TEST_F(LegacyImportTest, NotesAloneLeaveTheEvents)
 {
     putLegacy(notesName, PropertyList::writeXml({note(1999, 12, 31, "Fireworks")}));

@@ -3,6 +3,9 @@
 
 #include <QTest>
 
+#include <functional>
+#include <vector>
+
 namespace {
 
 QString text(const char* utf8)
@@ -118,6 +121,65 @@ TEST_F(NoteDeletionTest, TheRowThatWasSelectedCountsNotTheNoteThatStoodThere)
     answer(Alert::firstButtonReturn);
     EXPECT_EQ(notesOnDisk(), Table{note(2024, 3, 5, "a")});
     EXPECT_EQ(app->notesTVData, Table{note(2024, 3, 5, "a")});
+}
+
+TEST_F(NoteDeletionTest, RowsThatAreReplacedUnderTheSheetLeaveTheNoteInThatPlaceAlone)
+{
+    const Table notes = {note(2024, 3, 6, "b"), note(2024, 3, 5, "a"), note(2024, 4, 1, "c")};
+    struct Change {
+        const char* what;
+        std::function<void()> make; ///< as a screen reader can, which reaches the window under a sheet
+    };
+    const std::vector<Change> changes = {
+        {"a segment", [this] { ui->hideShowSegBtn->press(0); }},
+        {"the next month", [this] { ui->noteEntryNextNotesBtn->click(); }},
+        {"a search",
+         [this] {
+             ui->filterField->setText(text("a"));
+             ui->filterBtn->click();
+         }},
+        {"a header", [this] { table().sortByColumn(0); }},
+    };
+    for (const Change& change : changes) {
+        putNotes(notes);
+        start();
+        askForRow(0);
+        change.make();
+        answer(Alert::firstButtonReturn);
+        EXPECT_EQ(notesOnDisk(), notes) << change.what;
+        quit();
+    }
+}
+
+TEST_F(NoteDeletionTest, TheKeyboardGoesOnFromTheRowThatTookThePlace)
+{
+    struct Row {
+        int deleted;
+        Qt::Key key;
+        int reached;
+    };
+    for (const Row& row :
+         {Row{1, Qt::Key_Down, 1}, Row{1, Qt::Key_Up, 0}, Row{3, Qt::Key_Down, 2}, Row{3, Qt::Key_Up, 2},
+          Row{0, Qt::Key_Down, 0}, Row{0, Qt::Key_Up, 0}, Row{2, Qt::Key_PageDown, 2}, Row{2, Qt::Key_PageUp, 1}}) {
+        putNotes({note(2024, 3, 5, "a"), note(2024, 3, 6, "b"), note(2024, 3, 7, "c"), note(2024, 3, 8, "d")});
+        start();
+        deleteRow(row.deleted);
+        EXPECT_EQ(table().selectedRow(), -1);
+        EXPECT_EQ(window->focusWidget(), &table());
+        QTest::keyClick(&table(), row.key);
+        EXPECT_EQ(table().selectedRow(), row.reached) << row.deleted << ' ' << row.key;
+        quit();
+    }
+}
+
+TEST_F(NoteDeletionTest, ARebuiltListBeginsAtItsEndsAgain)
+{
+    putNotes({note(2024, 3, 5, "a"), note(2024, 3, 6, "b"), note(2024, 3, 7, "c")});
+    start();
+    deleteRow(1);
+    ui->hideShowSegBtn->press(3);
+    QTest::keyClick(&table(), Qt::Key_Down);
+    EXPECT_EQ(table().selectedRow(), 0);
 }
 
 TEST_F(NoteDeletionTest, ARowThatIsGoneWhenItIsConfirmedDeletesNothing)
@@ -257,6 +319,19 @@ TEST_F(EventDeletionTest, ConfirmingRemovesEveryEqualRecord)
     EXPECT_EQ(ui->importantDatesTableView->numberOfRows(), 1);
     EXPECT_FALSE(ui->deleteRowFromImpDateListBtn->isEnabled());
     EXPECT_EQ(ui->importantDatesTableView->selectedRow(), -1);
+}
+
+TEST_F(EventDeletionTest, TheKeyboardGoesOnFromTheRowThatTookThePlace)
+{
+    putEvents({event(2024, 3, 5, "a"), event(2024, 3, 6, "b"), event(2024, 3, 7, "c")});
+    start();
+    ask(1);
+    answer(Alert::firstButtonReturn);
+    TableView& dates = *ui->importantDatesTableView;
+    EXPECT_EQ(window->focusWidget(), &dates);
+    QTest::keyClick(&dates, Qt::Key_Down);
+    EXPECT_EQ(dates.selectedRow(), 1);
+    EXPECT_EQ(dates.cellView(1, 1).text, text("c"));
 }
 
 TEST_F(EventDeletionTest, TheRecordCountsNotTheRowThatWasSelected)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/SheetQueue.h"
 #include "host/linux/FolderOpenPanel.h"
 
 #include <QApplication>
@@ -39,7 +40,7 @@ protected:
     QTemporaryDir home;
     QByteArray formerHome = qgetenv("HOME");
     QWidget window;
-    FolderOpenPanel panel;
+    FolderOpenPanel panel{[](QDialog& dialog, QWidget& parent) { SheetQueue::of(parent).begin(dialog); }};
     QList<Folder> answers;
 };
 
@@ -55,6 +56,32 @@ TEST_F(OpenPanelTest, SaysWhyAndOpensAtTheFolderInTheUsersHome)
     EXPECT_EQ(files(dialog).labelText(QFileDialog::Accept), QStringLiteral("Choose"));
     EXPECT_EQ(files(dialog).fileMode(), QFileDialog::Directory);
     EXPECT_TRUE(files(dialog).testOption(QFileDialog::ShowDirsOnly));
+}
+
+TEST_F(OpenPanelTest, HangsOnTheWindowAndWaitsForTheSheetThatIsUp)
+{
+    QDialog first(&window);
+    window.show();
+    SheetQueue::of(window).begin(first);
+    panel.chooseFolder(window, {.title = QStringLiteral("Title"), .message = {}, .acceptButton = {}, .folder = "/"},
+                       [this](const Folder& answer) { answers.append(answer); });
+    EXPECT_FALSE(window.findChild<QFileDialog*>()->isVisible());
+    first.done(0);
+    QCoreApplication::processEvents();
+    QDialog* dialog = SheetQueue::of(window).current();
+    ASSERT_TRUE(dialog);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_TRUE(dialog->isAncestorOf(window.findChild<QFileDialog*>()));
+    EXPECT_EQ(dialog->windowModality(), Qt::WindowModal);
+    EXPECT_TRUE(dialog->windowFlags().testFlag(Qt::FramelessWindowHint));
+
+    QDialog next(&window);
+    SheetQueue::of(window).begin(next);
+    EXPECT_FALSE(next.isVisible());
+    dialog->reject();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(next.isVisible());
+    EXPECT_EQ(answers, QList<Folder>{std::nullopt});
 }
 
 TEST_F(OpenPanelTest, OpensAboveAFolderThatIsNotThere)

@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QDialog>
 #include <QMenu>
 #include <QTest>
 
@@ -85,6 +86,20 @@ TEST_F(RemindersTest, NotOfTodaysOrAnEarlierNote)
         EXPECT_FALSE(item(1).isEnabled());
         menu().close();
     }
+}
+
+TEST_F(RemindersTest, NotOfANoteOfExactlyNow)
+{
+    putNotes({note(2024, 3, 16, "tomorrow")});
+    start();
+    clock.set(utcDate(2024, 3, 15, 23)); // midnight in Berlin
+    openMenu(0);
+    EXPECT_EQ(item(0).text(), QStringLiteral("Reminders can be scheduled only for future dates. Try again."));
+    EXPECT_FALSE(item(1).isEnabled());
+    menu().close();
+    clock.set(utcDate(2024, 3, 15, 22, 59));
+    openMenu(0);
+    EXPECT_TRUE(item(1).isEnabled());
 }
 
 TEST_F(RemindersTest, NotWithoutARow)
@@ -221,6 +236,109 @@ TEST_F(RemindersTest, ANoteThatIsGoneLeavesAnEmptyRow)
     EXPECT_EQ(ui->notesTableView->numberOfRows(), 1);
     EXPECT_EQ(ui->notesTableView->rectOfRow(0).height(), 17);
     EXPECT_EQ(countLine(), QStringLiteral("Displaying 1 notes"));
+    answer(Alert::firstButtonReturn);
+    QTest::mouseClick(ui->notesTableView->viewport(), Qt::LeftButton, {},
+                      ui->notesTableView->rectOfCell(1, 0).center());
+    EXPECT_EQ(ui->notesTableView->selectedRow(), 0);
+    EXPECT_EQ(ui->notesTableView->editedRow(), -1) << "what is typed there would have no day";
+    QTest::keyClick(ui->notesTableView, Qt::Key_Return);
+    EXPECT_EQ(ui->notesTableView->editedRow(), -1);
+}
+
+TEST_F(RemindersTest, NoRowIsSelectedInTheListOfAReminder)
+{
+    putNotes({note(2024, 3, 14, "a"), note(2024, 3, 16, "b")});
+    start();
+    ui->notesTableView->chooseRow(0);
+    respond(NotificationResponse::Action::Default, note(2024, 3, 16, "b"));
+    runQueued();
+    EXPECT_EQ(ui->notesTableView->selectedRow(), -1);
+    EXPECT_FALSE(ui->deleteRowFromListBtn->isEnabled()) << "it would delete another note than the one selected";
+}
+
+TEST_F(RemindersTest, UnderADeletionSheetARemindersRowsWaitForItsAnswer)
+{
+    const Table notes{note(2024, 3, 14, "a"), note(2024, 3, 16, "b"), note(2024, 3, 17, "c")};
+    for (const int response : {Alert::firstButtonReturn, Alert::secondButtonReturn}) {
+        putNotes(notes);
+        start();
+        ui->notesTableView->selectRow(0);
+        ui->deleteRowFromListBtn->click();
+        ASSERT_EQ(alert()->informativeText(), QStringLiteral("of note for\r Mar 14, 2024"));
+        respond(NotificationResponse::Action::Default, note(2024, 3, 17, "c"));
+        runQueued();
+        app->minuteHasChanged();
+        EXPECT_EQ(app->notesTVData, notes);
+        EXPECT_EQ(ui->notesTableView->selectedRow(), 0);
+        EXPECT_EQ(center().removed, QStringList{identifier}) << "the notification has done its work";
+        answer(response);
+        const bool deleted = response == Alert::firstButtonReturn;
+        EXPECT_EQ(notesOnDisk(), deleted ? Table({note(2024, 3, 16, "b"), note(2024, 3, 17, "c")}) : notes);
+        expectSheet(QStringLiteral("Velumora Reminder"), QStringLiteral("Mar 17, 2024\rc"));
+        EXPECT_EQ(app->notesTVData, Table{Value(Array{note(2024, 3, 17, "c")})});
+        EXPECT_EQ(shownRows(), QStringList{QStringLiteral("Sun, Mar 17, 2024 | c")});
+        EXPECT_EQ(countLine(), QStringLiteral("Displaying 1 notes"));
+        answer(Alert::firstButtonReturn);
+        center().removed.clear();
+        quit();
+    }
+}
+
+TEST_F(RemindersTest, UnderASheetARemindersPageAndTheEndOfAnEditWaitToo)
+{
+    putNotes({note(2024, 3, 14, "a"), note(2024, 3, 16, "b")});
+    start();
+    ui->notesTableView->editColumn(1, 0);
+    QWidget* editor = ui->notesTableView->viewAt(1, 0);
+    QTest::keyClicks(editor, QStringLiteral("!"));
+    ui->preferencesAction->trigger();
+    runQueued();
+    respond(NotificationResponse::Action::Default, note(2024, 3, 16, "b"));
+    runQueued();
+    EXPECT_EQ(ui->notesTableView->viewAt(1, 0), editor);
+    EXPECT_EQ(app->notesTVData->size(), 2);
+    window->findChild<QDialog*>(QStringLiteral("thePrefsSheet"))->done(0);
+    expectSheet(QStringLiteral("Velumora Reminder"), QStringLiteral("Mar 16, 2024\rb"));
+    EXPECT_EQ(notesOnDisk(), (Table{note(2024, 3, 14, "a!"), note(2024, 3, 16, "b")}));
+    EXPECT_EQ(app->notesTVData, Table{Value(Array{note(2024, 3, 16, "b")})});
+    answer(Alert::firstButtonReturn);
+
+    ui->myTabView->setCurrentIndex(2);
+    ui->preferencesAction->trigger();
+    runQueued();
+    respond(NotificationResponse::Action::Default, note(2024, 3, 14, "a!"));
+    EXPECT_EQ(ui->myTabView->currentIndex(), 2);
+    window->findChild<QDialog*>(QStringLiteral("thePrefsSheet"))->done(0);
+    runQueued();
+    EXPECT_EQ(ui->myTabView->currentIndex(), 0);
+}
+
+TEST_F(RemindersTest, AMenuThatWasOpenWhenTheRowsChangedIsAboutNoRow)
+{
+    putNotes({note(2024, 3, 16, "b"), note(2024, 3, 17, "c")});
+    start();
+    openMenu(0);
+    respond(NotificationResponse::Action::Default, note(2024, 3, 17, "c"));
+    runQueued();
+    item(1).trigger();
+    runQueued();
+    EXPECT_TRUE(center().requests.isEmpty()) << "it named another note";
+}
+
+TEST_F(RemindersTest, AMenuOfLessThanTwoItemsSchedulesNothing)
+{
+    putNotes({note(2024, 3, 16, "tomorrow")});
+    start();
+    openMenu(0);
+    QMenu one;
+    app->respondToContextualMenuTab1(*one.addAction(QStringLiteral("Remind me")));
+    runQueued();
+    EXPECT_TRUE(center().requests.isEmpty());
+    QMenu two;
+    two.addAction(QString());
+    app->respondToContextualMenuTab1(*two.addAction(QStringLiteral("Remind me")));
+    runQueued();
+    EXPECT_EQ(center().requests.size(), 1);
 }
 
 TEST_F(RemindersTest, WithoutAnyNotesItWarns)

@@ -123,6 +123,14 @@ void AppFixture::answer(int response)
     runQueued();
 }
 
+void AppFixture::clickReminder(const Value& note)
+{
+    NotificationContent content;
+    content.userInfo = *note.dictionary();
+    app->respondWithContent(content);
+    runQueued();
+}
+
 Date AppFixture::day(int year, int month, int dayOfMonth)
 {
     return DateUtilities::dateFromYear(year, month, dayOfMonth);

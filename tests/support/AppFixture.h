@@ -54,6 +54,9 @@ protected:
     /// Presses the button of the alert that answers so, and runs the completion.
     void answer(int response);
 
+    /// The user clicks the notification that a reminder of `note` left.
+    void clickReminder(const Value& note);
+
     /// Midnight of a day in the current calendar, and a note of it.
     static Date day(int year, int month, int dayOfMonth);
     static Value note(int year, int month, int dayOfMonth, const std::string& text);
