@@ -16,6 +16,7 @@
 #include "store/Value.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 
 #include <cstdint>
@@ -303,6 +304,8 @@ private:
     void connectActions();
     void connectMenu();
     void connectEditMenu();
+    void connectMenuStates();
+    QWidget* focusedControl() const;
     void configureTables();
     void redrawPage(const QWidget& page);
 
@@ -372,7 +375,8 @@ private:
     std::optional<DateFormatter> m_sharedStyleFormatter;
     std::optional<DateFormatter> m_sharedListDateFormatter;
 
-    std::string m_zoneOfLocation; ///< the zone in force when the location was last asked for
+    QPointer<QWidget> m_lastFocusedControl; ///< that had the keyboard before the one that has it now
+    std::string m_zoneOfLocation;           ///< the zone in force when the location was last asked for
     QTimer m_minuteTimer{this};
     QTimer m_iconTimer;                 ///< hands the desktop the icon
     bool m_missingTextReported = false; ///< while the alert about a missing text is up

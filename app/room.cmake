@@ -16,6 +16,8 @@ set_source_files_properties(host/linux/InstalledBundle.cpp PROPERTIES COMPILE_DE
     "VELUMORA_VERSION=\"${PROJECT_VERSION}\";VELUMORA_SOURCE_DIR=\"${CMAKE_SOURCE_DIR}\"")
 
 target_sources(velumora-app PRIVATE
+    app/AboutSheet.cpp
+    app/AboutSheet.h
     app/Alert.cpp
     app/Alert.h
     app/AlphaValue.cpp
@@ -24,12 +26,15 @@ target_sources(velumora-app PRIVATE
     app/AppDelegate+Appearance.cpp
     app/AppDelegate+Help.cpp
     app/AppDelegate+Lifecycle.cpp
+    app/AppDelegate+Menu.cpp
     app/AppDelegate+PlacePreference.cpp
     app/AppDelegate+Preferences.cpp
     app/AppDelegate.cpp
     app/AppDelegate.h
     app/Appearance.cpp
     app/Appearance.h
+    app/EditAbilities.cpp
+    app/EditAbilities.h
     app/EnteredPlace.cpp
     app/EnteredPlace.h
     app/Localized.cpp

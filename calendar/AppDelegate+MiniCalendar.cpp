@@ -42,6 +42,7 @@ void markDay(DayButton& button, DayButton::State state, const QString& spokenDat
 {
     button.setState(state);
     button.setAccessibleName(state == DayButton::On ? filled(localized("%@, has a note"), {spokenDate}) : spokenDate);
+    button.setToolTip(state == DayButton::On ? QString() : localized("Click and type a note of this day"));
 }
 
 } // namespace
@@ -132,6 +133,7 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
         if (blank) {
             button->setState(DayButton::Off);
             button->setAccessibleName(QString());
+            button->setToolTip(QString());
             continue;
         }
         const Date dayDate = DateUtilities::dateFromYear(year, month, day);
