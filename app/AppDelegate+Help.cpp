@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "app/AboutSheet.h"
 #include "app/AppDelegate.h"
 #include "app/Localized.h"
+#include "app/SheetQueue.h"
 #include "host/Bundle.h"
 #include "host/Workspace.h"
 
@@ -54,6 +56,8 @@ void AppDelegate::openProductWebPage(const std::function<void()>& whenDecided)
 
 void AppDelegate::showAbout()
 {
-    doSheetAlert(m_window, localized("The day-note calendar"),
-                 QStringLiteral("Velumora %1").arg(m_host.bundle.shortVersionString()), localized("OK"), QString());
+    auto* sheet =
+        new AboutSheet(m_host.bundle.shortVersionString(), QUrl(QStringLiteral(VELUMORA_WEB_PAGE)), &m_window);
+    connect(sheet, &AboutSheet::webPageWanted, this, [this] { openProductWebPage(); });
+    SheetQueue::of(m_window).begin(*sheet, [sheet](int) { sheet->deleteLater(); });
 }

@@ -75,6 +75,7 @@ AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, cons
     connectMenu();
     connectEditMenu();
     new EditingKeys(this);
+    connectMenuStates();
     connectHolidaySheet();
     makeImportantDatesContextMenu();
     makeSendNotificationContextMenu();
@@ -86,7 +87,8 @@ void AppDelegate::configureTables()
 {
     m_ui.notesTableView->addColumn(sortedColumn(NoteDateKey, localized("Date")));
     m_ui.notesTableView->addColumn(textColumn(NoteDataKey, localized("Note")));
-    m_ui.notesTableView->setPlaceholderText(localized("No notes to show"));
+    m_ui.notesTableView->setPlaceholderText(localized("No notes to show") + QLatin1Char('\n') +
+                                            localized("Click a day and type"));
     m_ui.notesTableView->setDelegate(this);
 
     TableColumn elapsed;
@@ -100,7 +102,8 @@ void AppDelegate::configureTables()
     m_ui.importantDatesTableView->addColumn(textColumn(EventNameKey, localized("Description")));
     m_ui.importantDatesTableView->addColumn(elapsed);
     m_ui.importantDatesTableView->setLineHeight(eventLineHeight);
-    m_ui.importantDatesTableView->setPlaceholderText(localized("No important dates yet"));
+    m_ui.importantDatesTableView->setPlaceholderText(localized("No important dates yet") + QLatin1Char('\n') +
+                                                     localized("Click “Add Date” and describe the day"));
     m_ui.importantDatesTableView->setDelegate(this);
     m_ui.tablesSplitter->setSizes({notesShare, importantDatesShare});
 }

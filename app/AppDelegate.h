@@ -18,6 +18,7 @@
 #include "store/Value.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 
 #include <cstdint>
@@ -334,6 +335,8 @@ private:
     void connectActions();
     void connectMenu();
     void connectEditMenu();
+    void connectMenuStates();
+    QWidget* focusedControl() const;
     void configureTables();
     void redrawPage(const QWidget& page);
 
@@ -454,7 +457,8 @@ private:
     std::optional<DateFormatter> m_sharedStyleFormatter;
     std::optional<DateFormatter> m_sharedListDateFormatter;
 
-    std::string m_zoneOfLocation; ///< the zone in force when the location was last asked for
+    QPointer<QWidget> m_lastFocusedControl; ///< that had the keyboard before the one that has it now
+    std::string m_zoneOfLocation;           ///< the zone in force when the location was last asked for
     QTimer m_minuteTimer{this};
     QTimer m_iconTimer;                 ///< hands the desktop the icon
     QTimer m_draftTimer;                ///< runs while the draft is older than what it keeps

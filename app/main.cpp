@@ -70,11 +70,13 @@ std::optional<int> answerToArguments(int argc, char** argv)
 }
 
 /// For a start that can neither hand over to the program that runs nor run beside it.
-int sayThatNoneAnswers(const TerminationSignals& signals)
+int sayThatNoneAnswers(const TerminationSignals& signals, DesktopGlobalDefaults& globalDefaults)
 {
     const QString headline = localized("Velumora is running but does not answer.");
     std::fprintf(stderr, "velumora: %s\n", qUtf8Printable(headline));
     QMessageBox box(QMessageBox::Warning, QApplication::applicationDisplayName(), headline, QMessageBox::Ok);
+    globalDefaults.takeInAnswer();
+    applyAppearance(systemAppearance(LinuxProcessInfo(), globalDefaults), box);
     box.setInformativeText(localized("Wait until it does, or end it, then start Velumora again."));
     QObject::connect(&signals, &TerminationSignals::terminationRequested, &box, &QMessageBox::reject);
     box.exec();
@@ -111,7 +113,7 @@ int main(int argc, char** argv)
     installTranslation(languages.preferredLanguages);
     applyStyle();
     if (started == SingleInstance::Start::NoAnswer) {
-        return sayThatNoneAnswers(signals);
+        return sayThatNoneAnswers(signals, globalDefaults);
     }
 
     InstalledBundle bundle;

@@ -16,6 +16,8 @@ set_source_files_properties(host/linux/InstalledBundle.cpp PROPERTIES COMPILE_DE
     "VELUMORA_VERSION=\"${PROJECT_VERSION}\";VELUMORA_SOURCE_DIR=\"${CMAKE_SOURCE_DIR}\"")
 
 target_sources(velumora-app PRIVATE
+    app/AboutSheet.cpp
+    app/AboutSheet.h
     app/Alert.cpp
     app/Alert.h
     app/AlphaValue.cpp
@@ -26,6 +28,7 @@ target_sources(velumora-app PRIVATE
     app/AppDelegate+Appearance.cpp
     app/AppDelegate+Help.cpp
     app/AppDelegate+Lifecycle.cpp
+    app/AppDelegate+Menu.cpp
     app/AppDelegate+PlacePreference.cpp
     app/AppDelegate+Preferences.cpp
     app/AppDelegate+ScreenReader.cpp
@@ -33,6 +36,8 @@ target_sources(velumora-app PRIVATE
     app/AppDelegate.h
     app/Appearance.cpp
     app/Appearance.h
+    app/EditAbilities.cpp
+    app/EditAbilities.h
     app/EditingKeys.cpp
     app/EditingKeys.h
     app/EnteredPlace.cpp

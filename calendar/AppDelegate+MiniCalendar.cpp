@@ -48,6 +48,7 @@ void markDay(DayButton& button, DayButton::State state, const QString& spokenDay
 {
     button.setState(state);
     setSpokenName(button, state == DayButton::On ? filled(localized("%@, has a note"), {spokenDay}) : spokenDay);
+    button.setToolTip(state == DayButton::On ? QString() : localized("Click and type a note of this day"));
 }
 
 } // namespace
@@ -141,11 +142,13 @@ void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes
         if (blank) {
             button->setState(DayButton::Off);
             setSpokenName(*button, QString());
+            button->setToolTip(QString());
             continue;
         }
         if (DateUtilities::isLeftOut({year, month, day})) {
             button->setState(DayButton::Off);
             setSpokenName(*button, button->title());
+            button->setToolTip(QString());
             continue;
         }
         const Date dayDate = DateUtilities::dateFromYear(year, month, day);

@@ -28,7 +28,8 @@ struct NotificationContent {
     QString subtitle;
     QString body;
     bool defaultSound = false;
-    Dictionary userInfo; ///< handed back with the user's response
+    QString defaultActionTitle = {}; ///< of the button that stands for a click on it; empty for the usual one
+    Dictionary userInfo;             ///< handed back with the user's response
 
     bool operator==(const NotificationContent&) const = default;
 };

@@ -34,6 +34,7 @@ NotificationContent contentFor(const DatedText& note)
             .subtitle = {},
             .body = filled(QStringLiteral("%@:%@\n"), {DateUtilities::mediumStyleFromDate(note.date), text}),
             .defaultSound = true,
+            .defaultActionTitle = localized("Show Note"),
             .userInfo = *makeNoteRecord(note.date, note.text).dictionary()};
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/agent/NotificationDaemon.h"
 
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusReply>
 
 #include <limits>
 #include <utility>
@@ -28,6 +28,10 @@ QDBusMessage method(const QString& name)
 NotificationDaemon::NotificationDaemon(const QDBusConnection& bus, QObject* parent)
     : QObject(parent), m_bus(bus), m_watcher(service(), bus, QDBusServiceWatcher::WatchForOwnerChange)
 {
+    const QString theBus = QStringLiteral("org.freedesktop.DBus");
+    const QDBusReply<QString> busId = m_bus.call(QDBusMessage::createMethodCall(
+        theBus, QStringLiteral("/org/freedesktop/DBus"), theBus, QStringLiteral("GetId")));
+    m_busId = busId.value();
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString& formerOwner, const QString& owner) {
                 if (!formerOwner.isEmpty()) {
@@ -46,19 +50,21 @@ NotificationDaemon::NotificationDaemon(const QDBusConnection& bus, QObject* pare
     listen("NotificationClosed", SLOT(notificationClosed(uint, uint)));
 }
 
-void NotificationDaemon::show(const NotificationContent& content, NotificationSound sound, uint replacedId,
-                              Completion completion)
+void NotificationDaemon::show(const NotificationContent& content, NotificationSound sound,
+                              const StandingNotification& replaced, Completion completion)
 {
     const QDBusMessage message = method(QStringLiteral("GetCapabilities"));
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, noTimeout), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [this, watcher, content, sound, replacedId, completion = std::move(completion)] {
+            [this, watcher, content, sound, replaced, completion = std::move(completion)] {
                 watcher->deleteLater();
                 const QDBusPendingReply<QStringList> capabilities = *watcher;
                 if (capabilities.isError()) {
                     completion(std::nullopt);
                 } else {
-                    notify(notificationText(content, capabilities.value(), sound), replacedId, completion);
+                    const bool isSame = daemonThatSent(watcher->reply()) == replaced.daemon;
+                    notify(notificationText(content, capabilities.value(), sound), isSame ? replaced.id : 0,
+                           completion);
                 }
             });
 }
@@ -70,11 +76,20 @@ void NotificationDaemon::notify(const NotificationText& text, uint replacedId, C
             << text.body << text.actions << text.hints << neverExpires;
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, noTimeout), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [watcher, clickable = !text.actions.isEmpty(), completion = std::move(completion)] {
+            [this, watcher, clickable = !text.actions.isEmpty(), completion = std::move(completion)] {
                 watcher->deleteLater();
                 const QDBusPendingReply<uint> id = *watcher;
-                completion(id.isError() ? std::nullopt : std::optional(Shown{id.value(), clickable}));
+                completion(id.isError()
+                               ? std::nullopt
+                               : std::optional(Shown{
+                                     .notification = {.id = id.value(), .daemon = daemonThatSent(watcher->reply())},
+                                     .clickable = clickable}));
             });
+}
+
+QString NotificationDaemon::daemonThatSent(const QDBusMessage& reply) const
+{
+    return m_busId + u' ' + reply.service();
 }
 
 void NotificationDaemon::close(uint id)

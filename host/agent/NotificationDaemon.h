@@ -2,8 +2,10 @@
 #pragma once
 
 #include "host/agent/NotificationText.h"
+#include "host/agent/ReminderList.h"
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusServiceWatcher>
 #include <QObject>
 
@@ -16,7 +18,7 @@ class NotificationDaemon : public QObject {
 
 public:
     struct Shown {
-        uint id = 0;            ///< by which the daemon knows the notification; never 0
+        StandingNotification notification;
         bool clickable = false; ///< the daemon tells of clicks
     };
 
@@ -30,9 +32,10 @@ public:
 
     explicit NotificationDaemon(const QDBusConnection& bus, QObject* parent = nullptr);
 
-    /// Shows `content` until somebody clicks or dismisses it; in place of the notification `replacedId` unless that
-    /// is 0.
-    void show(const NotificationContent& content, NotificationSound sound, uint replacedId, Completion completion);
+    /// Shows `content` until somebody clicks or dismisses it; in place of the notification `replaced` if the present
+    /// daemon is the one that showed it.
+    void show(const NotificationContent& content, NotificationSound sound, const StandingNotification& replaced,
+              Completion completion);
 
     void close(uint id);
 
@@ -50,9 +53,11 @@ private Q_SLOTS:
 
 private:
     void notify(const NotificationText& text, uint replacedId, Completion completion);
+    QString daemonThatSent(const QDBusMessage& reply) const;
 
     QDBusConnection m_bus;
     QDBusServiceWatcher m_watcher;
+    QString m_busId;    ///< names of connections are only unique on one bus
     uint m_tokenId = 0; ///< the notification that `m_token` was given for
     QString m_token;
 };

@@ -12,6 +12,7 @@ constexpr std::string_view titleKey = "Title";
 constexpr std::string_view subtitleKey = "Subtitle";
 constexpr std::string_view bodyKey = "Body";
 constexpr std::string_view defaultSoundKey = "DefaultSound";
+constexpr std::string_view defaultActionTitleKey = "DefaultActionTitle"; // may be absent
 constexpr std::string_view userInfoKey = "UserInfo";
 constexpr std::string_view triggerKey = "Trigger";
 constexpr std::string_view yearKey = "Year";
@@ -116,15 +117,16 @@ std::optional<CalendarNotificationTrigger> triggerFrom(const Dictionary& diction
 Value NotificationRequestFormat::valueOf(const NotificationRequest& request)
 {
     const NotificationContent& content = request.content;
-    return Value(Dictionary{
-        {key(identifierKey), textValue(request.identifier)},
-        {key(titleKey), textValue(content.title)},
-        {key(subtitleKey), textValue(content.subtitle)},
-        {key(bodyKey), textValue(content.body)},
-        {key(defaultSoundKey), Value(content.defaultSound)},
-        {key(userInfoKey), Value(content.userInfo)},
+    Dictionary dictionary{
+        {key(identifierKey), textValue(request.identifier)},     {key(titleKey), textValue(content.title)},
+        {key(subtitleKey), textValue(content.subtitle)},         {key(bodyKey), textValue(content.body)},
+        {key(defaultSoundKey), Value(content.defaultSound)},     {key(userInfoKey), Value(content.userInfo)},
         {key(triggerKey), Value(dictionaryOf(request.trigger))},
-    });
+    };
+    if (!content.defaultActionTitle.isEmpty()) {
+        dictionary.set(key(defaultActionTitleKey), textValue(content.defaultActionTitle));
+    }
+    return Value(dictionary);
 }
 
 std::optional<NotificationRequest> NotificationRequestFormat::requestFrom(const Value& value)
@@ -143,6 +145,9 @@ std::optional<NotificationRequest> NotificationRequestFormat::requestFrom(const 
         .trigger = {},
     };
     const std::optional<CalendarNotificationTrigger> trigger = triggerFrom(parts.dictionary(triggerKey));
+    if (value.dictionary()->find(defaultActionTitleKey)) {
+        request.content.defaultActionTitle = parts.text(defaultActionTitleKey);
+    }
     if (!parts.allGood() || !trigger) {
         return std::nullopt;
     }

@@ -37,8 +37,9 @@ NotificationText notificationText(const NotificationContent& content, const QStr
         text.body = text.body.toHtmlEscaped();
     }
     if (capabilities.contains(QStringLiteral("actions"))) {
-        // The key that stands for a click on the notification itself. Few daemons show the label.
-        text.actions = {QStringLiteral("default"), content.title};
+        // The key that stands for a click on the notification itself. Some daemons show the label on a button.
+        text.actions = {QStringLiteral("default"), content.defaultActionTitle.isEmpty() ? QStringLiteral("Show Note")
+                                                                                        : content.defaultActionTitle};
     }
     text.hints = {{QStringLiteral("desktop-entry"), QStringLiteral("velumora")},
                   {QStringLiteral("urgency"), QVariant::fromValue(normalUrgency)}};

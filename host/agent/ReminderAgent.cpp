@@ -119,7 +119,7 @@ void ReminderAgent::show(const QString& identifier)
     notification.beingShown = true;
     const NotificationSound sound = reminder->announced ? NotificationSound::Silent : NotificationSound::Audible;
     m_daemon.show(
-        reminder->request.content, sound, notification.id,
+        reminder->request.content, sound, reminder->notification,
         [this, identifier](const std::optional<NotificationDaemon::Shown>& result) { shown(identifier, result); });
 }
 
@@ -128,17 +128,17 @@ void ReminderAgent::shown(const QString& identifier, const std::optional<Notific
     const auto notification = m_notifications.find(identifier);
     if (notification == m_notifications.end()) { // taken back meanwhile
         if (result) {
-            m_daemon.close(result->id);
+            m_daemon.close(result->notification.id);
         }
         return;
     }
     notification->beingShown = false;
-    notification->id = result ? result->id : 0;
+    notification->id = result ? result->notification.id : 0;
     if (std::exchange(notification->retryIfRefused, false) && !result) {
         notification->upToDate = false;
     }
     if (result && notification->upToDate) {
-        m_reminders.setAnnounced(identifier);
+        m_reminders.setNotification(identifier, result->notification);
         if (!result->clickable) {
             m_reminders.removeDelivered({identifier}); // nothing more will be heard of it
             m_notifications.erase(notification);
@@ -182,6 +182,7 @@ void ReminderAgent::closed(uint id, NotificationDaemon::Closing closing)
         return;
     }
     notification->id = 0;
+    m_reminders.setNotification(identifier, {});
     if (!notification->clicked && closing == NotificationDaemon::Closing::Wanted) {
         dismiss({identifier});
         update();

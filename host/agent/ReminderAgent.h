@@ -19,7 +19,8 @@
 ///
 /// A delivered reminder stays until it is clicked, dismissed or taken back. Until then it is shown again, without
 /// a sound, when the daemon that showed it is gone and another one comes, after a restart of the machine too. So is one
-/// that the daemon let go by itself.
+/// that the daemon let go by itself. After a crash of the agent it takes the place of the notification that still
+/// stands.
 class ReminderAgent : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "app.velumora.ReminderAgent1")

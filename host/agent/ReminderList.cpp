@@ -21,15 +21,34 @@ namespace fs = std::filesystem;
 constexpr std::string_view requestKey = "Request";
 constexpr std::string_view deliveredKey = "Delivered";
 constexpr std::string_view announcedKey = "Announced";
+constexpr std::string_view notificationKey = "Notification"; // absent where none stands
+constexpr std::string_view daemonKey = "Daemon";
 constexpr std::size_t maximumFileSize = std::size_t{64} << 20; // bytes; one note is a few hundred
 
 Value valueOf(const Reminder& reminder)
 {
-    return Value(Dictionary{
+    Dictionary dictionary{
         {std::string(requestKey), NotificationRequestFormat::valueOf(reminder.request)},
         {std::string(deliveredKey), Value(reminder.state == Reminder::State::Delivered)},
         {std::string(announcedKey), Value(reminder.announced)},
-    });
+    };
+    if (reminder.notification.id != 0) {
+        dictionary.set(std::string(notificationKey), Value(Integer{reminder.notification.id, false}));
+        dictionary.set(std::string(daemonKey), Value(reminder.notification.daemon.toStdString()));
+    }
+    return Value(dictionary);
+}
+
+StandingNotification notificationFrom(const Dictionary& dictionary)
+{
+    const Value* number = dictionary.find(notificationKey);
+    const Value* daemon = dictionary.find(daemonKey);
+    const Integer* id = number ? number->integer() : nullptr;
+    const std::string* name = daemon ? daemon->text() : nullptr;
+    if (!id || !name || id->negative || !std::in_range<uint>(id->magnitude)) {
+        return {};
+    }
+    return {.id = static_cast<uint>(id->magnitude), .daemon = QString::fromStdString(*name)};
 }
 
 bool isTrue(const Dictionary& dictionary, std::string_view key)
@@ -48,7 +67,7 @@ std::optional<Reminder> reminderFrom(const Value& value)
     }
     const bool delivered = isTrue(*dictionary, deliveredKey);
     return Reminder{*std::move(request), delivered ? Reminder::State::Delivered : Reminder::State::Pending,
-                    isTrue(*dictionary, announcedKey)};
+                    isTrue(*dictionary, announcedKey), notificationFrom(*dictionary)};
 }
 
 /// Makes the folder and those above it that are missing, for the user alone.
@@ -146,6 +165,9 @@ QStringList ReminderList::deliverDue(Date now)
     for (Reminder& reminder : due) {
         identifiers << reminder.request.identifier;
         reminder.state = Reminder::State::Delivered;
+        if (const Reminder* former = delivered(reminder.request.identifier)) {
+            reminder.notification = former->notification;
+        }
         put(std::move(reminder));
     }
     if (!due.empty()) {
@@ -154,12 +176,14 @@ QStringList ReminderList::deliverDue(Date now)
     return identifiers;
 }
 
-void ReminderList::setAnnounced(const QString& identifier)
+void ReminderList::setNotification(const QString& identifier, const StandingNotification& notification)
 {
     for (Reminder& reminder : m_reminders) {
-        if (reminder.state == Reminder::State::Delivered && reminder.request.identifier == identifier &&
-            !std::exchange(reminder.announced, true)) {
-            (void)save();
+        if (reminder.state == Reminder::State::Delivered && reminder.request.identifier == identifier) {
+            const bool wasAnnounced = std::exchange(reminder.announced, true);
+            if (std::exchange(reminder.notification, notification) != notification || !wasAnnounced) {
+                (void)save();
+            }
         }
     }
 }

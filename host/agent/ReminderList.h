@@ -9,6 +9,15 @@
 #include <system_error>
 #include <vector>
 
+/// A notification on the screen: the number that its daemon gave it, 0 for none, and which daemon that is. Numbers
+/// begin anew with each daemon.
+struct StandingNotification {
+    uint id = 0;
+    QString daemon;
+
+    bool operator==(const StandingNotification&) const = default;
+};
+
 /// One request that the agent answers for.
 struct Reminder {
     enum class State {
@@ -18,7 +27,8 @@ struct Reminder {
 
     NotificationRequest request;
     State state = State::Pending;
-    bool announced = false; ///< it was shown once; when it is shown again it makes no sound
+    bool announced = false;                 ///< it was shown once; when it is shown again it makes no sound
+    StandingNotification notification = {}; ///< that shows it, as far as is known
 
     bool operator==(const Reminder&) const = default;
 };
@@ -52,10 +62,11 @@ public:
     std::error_code add(const NotificationRequest& request);
 
     /// Delivers each pending request whose moment is not after `now`, in the place of the delivered one of the same
-    /// identifier. The identifiers of those delivered.
+    /// identifier, whose notification it takes over. The identifiers of those delivered.
     QStringList deliverDue(Date now);
 
-    void setAnnounced(const QString& identifier);
+    /// The delivered request was announced by that notification, or is shown by none any more.
+    void setNotification(const QString& identifier, const StandingNotification& notification);
     void removeDelivered(const QStringList& identifiers);
 
 private:

@@ -52,12 +52,20 @@
         <translation>2. Mit „Auswählen“ den Zugriff auf die Dateien erlauben.<byte value="xd"/></translation>
     </message>
     <message>
+        <source>© 2026 the Velumora developers</source>
+        <translation>© 2026 die Velumora-Entwickler</translation>
+    </message>
+    <message>
         <source>A new version of Velumora (</source>
         <translation>Eine neue Version von Velumora (</translation>
     </message>
     <message>
         <source>&amp;About Velumora</source>
         <translation>Ü&amp;ber Velumora</translation>
+    </message>
+    <message>
+        <source>About Velumora</source>
+        <translation>Über Velumora</translation>
     </message>
     <message>
         <source>Add a note or update an existing note's description for this date: %@</source>
@@ -124,6 +132,18 @@
     <message>
         <source>Choose</source>
         <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Click a day and type</source>
+        <translation>Einen Tag anklicken und schreiben</translation>
+    </message>
+    <message>
+        <source>Click “Add Date” and describe the day</source>
+        <translation>„Tag hinzufügen“ anklicken und den Tag beschreiben</translation>
+    </message>
+    <message>
+        <source>Click and type a note of this day</source>
+        <translation>Anklicken und eine Notiz zu diesem Tag schreiben</translation>
     </message>
     <message>
         <source>Close</source>
@@ -226,6 +246,10 @@
     <message>
         <source>For week beginning:</source>
         <translation>Woche ab:</translation>
+    </message>
+    <message>
+        <source>Free software under the MIT License, without any warranty</source>
+        <translation>Freie Software unter der MIT-Lizenz, ohne jede Gewähr</translation>
     </message>
     <message>
         <source>Go to Velumora web page</source>
@@ -618,6 +642,10 @@ der Hauptort der Zeitzone</translation>
         <translation>&amp;Datenordner zeigen</translation>
     </message>
     <message>
+        <source>Show Note</source>
+        <translation>Notiz anzeigen</translation>
+    </message>
+    <message>
         <source>Show or Hide &amp;All Notes</source>
         <translation>Alle Notizen &amp;zeigen oder verbergen</translation>
     </message>
@@ -738,6 +766,10 @@ der Hauptort der Zeitzone</translation>
         <translation>Velumora kann auf eine Mitteilung nicht antworten.</translation>
     </message>
     <message>
+        <source>Velumora is running but does not answer.</source>
+        <translation>Velumora läuft bereits, antwortet aber nicht.</translation>
+    </message>
+    <message>
         <source>Velumora needs permission to access your TALV data files.<byte value="xd"/></source>
         <translation>Velumora braucht Zugriff auf die Dateien von TALV.<byte value="xd"/></translation>
     </message>
@@ -760,6 +792,14 @@ der Hauptort der Zeitzone</translation>
     <message>
         <source>&amp;View</source>
         <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>Version %@</source>
+        <translation>Version %@</translation>
+    </message>
+    <message>
+        <source>Wait until it does, or end it, then start Velumora again.</source>
+        <translation>Abwarten, bis es antwortet, oder es beenden und Velumora dann neu starten.</translation>
     </message>
     <message>
         <source>Warning: No Notes Data Found in 'respondWithContent:'</source>

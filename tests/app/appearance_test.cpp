@@ -128,7 +128,8 @@ TEST_F(AppearanceTest, AnOpenAlertChangesWithTheWindow)
 {
     const auto openAlert = [this](Appearance appearance) -> QWidget& {
         startIn(appearance);
-        app->showAbout();
+        AppDelegate::doSheetAlert(*window, QStringLiteral("body"), QStringLiteral("headline"), QStringLiteral("OK"),
+                                  QString());
         return *alert();
     };
     const QImage startedDark = picture(openAlert(Appearance::Dark));

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "app/AboutSheet.h"
+#include "app/SheetQueue.h"
 #include "support/AppFixture.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
 
 namespace {
 
@@ -92,6 +97,43 @@ TEST_F(HelpTest, AnAnswerAfterTheDelegateIsGoneHurtsNobody)
     quit();
     app.reset();
     host.workspace.answerAll();
+}
+
+TEST_F(HelpTest, AboutTellsVersionLicenceAndWebPageAndEscapeClosesIt)
+{
+    host.bundle.version = QStringLiteral("2.7");
+    ui->aboutAction->trigger();
+    auto* sheet = qobject_cast<AboutSheet*>(SheetQueue::of(*window).current());
+    ASSERT_TRUE(sheet);
+    QStringList texts;
+    for (const QLabel* label : sheet->findChildren<QLabel*>()) {
+        texts.append(label->text());
+    }
+    const QString all = texts.join(u'\n');
+    for (const char* told : {"Version 2.7", "MIT License", VELUMORA_WEB_PAGE}) {
+        EXPECT_TRUE(all.contains(QString::fromLatin1(told))) << told;
+    }
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_FALSE(SheetQueue::of(*window).current());
+    QCoreApplication::sendPostedEvents(sheet, QEvent::DeferredDelete);
+    EXPECT_FALSE(window->findChild<AboutSheet*>());
+    EXPECT_TRUE(host.workspace.opened.isEmpty());
+}
+
+TEST_F(HelpTest, TheButtonInAboutOpensTheWebPageAndAFailureIsTold)
+{
+    host.workspace.succeeds = false;
+    ui->aboutAction->trigger();
+    auto* sheet = qobject_cast<AboutSheet*>(SheetQueue::of(*window).current());
+    ASSERT_TRUE(sheet);
+    const QList<QPushButton*> buttons = sheet->findChildren<QPushButton*>();
+    ASSERT_EQ(buttons.size(), 2);
+    EXPECT_TRUE(buttons.at(1)->isDefault());
+    buttons.at(0)->click();
+    runQueued();
+    EXPECT_EQ(host.workspace.opened, QList<QUrl>{QUrl(QStringLiteral(VELUMORA_WEB_PAGE))});
+    ASSERT_TRUE(alert());
+    EXPECT_EQ(alert()->messageText(), QStringLiteral("Unexpected Error"));
 }
 
 } // namespace

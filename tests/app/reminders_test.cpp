@@ -126,6 +126,7 @@ TEST_F(RemindersTest, AReminderIsScheduledForMidnightOfItsDay)
                                                    .subtitle = {},
                                                    .body = QStringLiteral("Jul 4, 2024:<b>Fly</b> %@ & dine\n"),
                                                    .defaultSound = true,
+                                                   .defaultActionTitle = QStringLiteral("Show Note"),
                                                    .userInfo = *note(2024, 7, 4, "<b>Fly</b> %@ & dine").dictionary()},
                                        .trigger = {.year = 2024, .month = 7, .day = 4, .timeZone = "Europe/Berlin"}};
     EXPECT_EQ(center().requests, QList<NotificationRequest>{expected});

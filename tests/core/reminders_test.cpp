@@ -50,6 +50,7 @@ TEST(NotificationRequestFormat, ARequestIsReadBackEqual)
     EXPECT_EQ(requestFromBytes(bytesOf(request)), request);
     request.content.subtitle = QStringLiteral("subtitle");
     request.content.defaultSound = false;
+    request.content.defaultActionTitle = QStringLiteral("Notiz anzeigen");
     request.trigger = {1970, 1, 31, 23, 59, 58, "America/Argentina/Buenos_Aires", true};
     EXPECT_EQ(requestFromBytes(bytesOf(request)), request);
 }
@@ -184,6 +185,7 @@ protected:
 
     const Date before = dateFromUnixSeconds(1796079599); // 30 November 2026, 23:59:59 in Berlin
     const Date moment = dateFromUnixSeconds(1796079600);
+    const StandingNotification standing{.id = 4'000'000'000, .daemon = QStringLiteral("bus :1.7")};
 
 private:
     TestFolder m_home;
@@ -210,8 +212,12 @@ TEST_F(RemindersFile, EachChangeIsInTheFile)
     ASSERT_FALSE(list.add(sampleRequest(QStringLiteral("next"))));
     ASSERT_EQ(list.all().size(), 2U);
     expectSame();
-    list.setAnnounced(sampleRequest().identifier);
+    list.setNotification(sampleRequest().identifier, standing);
     EXPECT_TRUE(list.delivered(sampleRequest().identifier)->announced);
+    EXPECT_EQ(list.delivered(sampleRequest().identifier)->notification, standing);
+    expectSame();
+    list.setNotification(sampleRequest().identifier, {});
+    EXPECT_EQ(list.delivered(sampleRequest().identifier)->notification, StandingNotification());
     expectSame();
     list.removeDelivered({sampleRequest().identifier});
     ASSERT_EQ(list.all().size(), 1U);
@@ -223,16 +229,17 @@ TEST_F(RemindersFile, EachChangeIsInTheFile)
     EXPECT_FALSE(std::filesystem::exists(file()));
 }
 
-TEST_F(RemindersFile, ALaterDeliveryReplacesTheFormerAndIsHeard)
+TEST_F(RemindersFile, ALaterDeliveryReplacesTheFormerAndItsNotificationAndIsHeard)
 {
     ReminderList list = loaded();
     ASSERT_FALSE(list.add(sampleRequest()));
     list.deliverDue(moment);
-    list.setAnnounced(sampleRequest().identifier);
+    list.setNotification(sampleRequest().identifier, standing);
     ASSERT_FALSE(list.add(sampleRequest(QStringLiteral("next"))));
     list.deliverDue(moment);
     ASSERT_EQ(list.all().size(), 1U);
-    EXPECT_EQ(list.all().front(), (Reminder{sampleRequest(QStringLiteral("next")), Reminder::State::Delivered, false}));
+    EXPECT_EQ(list.all().front(),
+              (Reminder{sampleRequest(QStringLiteral("next")), Reminder::State::Delivered, false, standing}));
 }
 
 TEST_F(RemindersFile, OfAPartlyBadFileTheGoodRequestsCount)
@@ -320,6 +327,18 @@ TEST(NotificationText, TheSoundIsAskedForWhereItCanBeMade)
     EXPECT_TRUE(notificationText(content, everything, NotificationSound::Silent).hints.contains(suppress));
     content.defaultSound = false;
     EXPECT_FALSE(notificationText(content, everything, NotificationSound::Audible).hints.contains(name));
+}
+
+TEST(NotificationText, AClickIsLabelledInTheLanguageOfTheReminder)
+{
+    NotificationContent content = sampleRequest().content;
+    const auto actions = [&content] {
+        return notificationText(content, everything, NotificationSound::Silent).actions;
+    };
+    EXPECT_EQ(actions(), (QStringList{QStringLiteral("default"), QStringLiteral("Show Note")}));
+    content.defaultActionTitle = QStringLiteral("Notiz anzeigen");
+    EXPECT_EQ(actions(), (QStringList{QStringLiteral("default"), QStringLiteral("Notiz anzeigen")}));
+    EXPECT_EQ(notificationText(content, {}, NotificationSound::Silent).actions, QStringList());
 }
 
 TEST(NotificationText, AVeryLongNoteIsCutBetweenCharacters)

@@ -185,7 +185,7 @@ class ReminderAgentTest(unittest.TestCase):
         self.assertGreaterEqual(datetime.datetime.now(datetime.timezone.utc), moment)
         self.assertEqual(shown["summary"], "Velumora Reminder")
         self.assertTrue(shown["body"].endswith(":&lt;b&gt;Call&lt;/b&gt; Grandma &amp; &quot;Sam&quot;"), shown["body"])
-        self.assertEqual(shown["actions"][0], "default")
+        self.assertEqual(shown["actions"], ["default", "Show Note"])
         self.assertEqual(shown["hints"], {"desktop-entry": "velumora", "urgency": 1,
                                           "sound-name": "message-new-instant"})
         self.assertEqual(shown["timeout"], 0)
@@ -260,6 +260,51 @@ class ReminderAgentTest(unittest.TestCase):
             self.assertEqual(shown["replaces"], 0)
             self.assertIn("suppress-sound", shown["hints"])
             self.assertEqual(self.agent.delivered(), [wanted])
+
+    def wait_for_notification_to_be_known(self, number):
+        pump_until(lambda: self.agent.in_file()[-1].get("Notification") == number, "the agent to know")
+
+    def test_after_a_crash_of_the_agent_one_notification_of_the_reminder_stands(self):
+        daemon = self.daemon()
+        self.agent.start()
+        self.agent.add(request(in_time(-60)))
+        number, _ = daemon.wait_for_notification()
+        self.wait_for_notification_to_be_known(number)
+        self.agent.kill()
+        self.agent.start()
+        again, shown = daemon.wait_for_notification(2)
+        self.assertEqual(again, number)
+        self.assertIn("suppress-sound", shown["hints"])
+        daemon.dismiss(again)
+        self.wait_for_nothing_left()
+
+    def test_a_reminder_that_comes_due_after_a_crash_takes_the_place_of_the_one_on_the_screen(self):
+        daemon = self.daemon()
+        self.agent.start()
+        self.agent.add(request(in_time(-60), "First"))
+        number, _ = daemon.wait_for_notification()
+        self.wait_for_notification_to_be_known(number)
+        moment = in_time(2).replace(microsecond=0)
+        self.agent.add(request(moment, "Second"))
+        self.agent.kill()
+        pump_until(lambda: in_time(0) > moment, "the moment to pass")
+        self.agent.start()
+        again, shown = daemon.wait_for_notification(2)
+        self.assertEqual(again, number)
+        self.assertTrue(shown["body"].endswith(":Second"), shown["body"])
+
+    def test_after_a_crash_another_daemons_notifications_are_left_alone(self):
+        daemon = self.daemon()
+        self.agent.start()
+        self.agent.add(request(in_time(-60)))
+        number, _ = daemon.wait_for_notification()
+        self.wait_for_notification_to_be_known(number)
+        self.agent.kill()
+        daemon.die()
+        daemon = self.daemon()
+        self.agent.start()
+        _, shown = daemon.wait_for_notification()
+        self.assertEqual(shown["replaces"], 0)
 
     def test_a_later_delivery_takes_the_place_of_the_one_on_the_screen(self):
         daemon = self.daemon()

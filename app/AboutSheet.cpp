@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "app/AboutSheet.h"
+
+#include "app/Localized.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int margin = 28;
+constexpr int gap = 6;
+constexpr int wideGap = 16;
+constexpr int iconSize = 64;
+
+} // namespace
+
+AboutSheet::AboutSheet(const QString& version, const QUrl& webPage, QWidget* parent) : QDialog(parent)
+{
+    setObjectName(QStringLiteral("aboutSheet"));
+    setWindowTitle(localized("About Velumora"));
+    setAccessibleName(windowTitle());
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(margin, margin, margin, margin);
+    rows->setSpacing(gap);
+    const auto addText = [rows](const QString& text, const char* role = nullptr) {
+        auto* label = new QLabel(text);
+        label->setTextFormat(Qt::PlainText);
+        label->setAlignment(Qt::AlignHCenter);
+        if (role) {
+            label->setProperty(role, true);
+        }
+        rows->addWidget(label);
+        return label;
+    };
+
+    auto* icon = new QLabel;
+    icon->setPixmap(QApplication::windowIcon().pixmap(QSize(iconSize, iconSize), devicePixelRatioF()));
+    icon->setAlignment(Qt::AlignHCenter);
+    rows->addWidget(icon);
+    rows->addSpacing(wideGap - gap);
+    addText(QApplication::applicationDisplayName(), "pageTitle");
+    addText(localized("The day-note calendar"));
+    addText(filled(localized("Version %@"), {version}), "secondary");
+    rows->addSpacing(wideGap - gap);
+    addText(localized("© 2026 the Velumora developers"), "secondary");
+    addText(localized("Free software under the MIT License, without any warranty"), "secondary");
+
+    QLabel* address = addText(webPage.toString());
+    address->setTextInteractionFlags(Qt::TextSelectableByMouse);
+
+    auto* buttons = new QHBoxLayout;
+    auto* openButton = new QPushButton(localized("Go to Velumora web page"));
+    auto* okButton = new QPushButton(localized("OK"));
+    openButton->setAutoDefault(false);
+    okButton->setDefault(true);
+    okButton->setFocus();
+    buttons->addStretch();
+    buttons->addWidget(openButton);
+    buttons->addWidget(okButton);
+    buttons->addStretch();
+    rows->addSpacing(wideGap);
+    rows->addLayout(buttons);
+    connect(okButton, &QPushButton::clicked, this, &QDialog::accept);
+    connect(openButton, &QPushButton::clicked, this, [this] {
+        accept();
+        Q_EMIT webPageWanted();
+    });
+}

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+
+/// What the program is: its icon, name, version, licence and web page. The Escape key closes it.
+class AboutSheet : public QDialog {
+    Q_OBJECT
+
+public:
+    AboutSheet(const QString& version, const QUrl& webPage, QWidget* parent = nullptr);
+
+Q_SIGNALS:
+    /// The web page is to open. The sheet is closed by then.
+    void webPageWanted();
+};

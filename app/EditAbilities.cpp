@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "app/EditAbilities.h"
+
+#include <QAbstractSpinBox>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+namespace {
+
+EditAbilities abilitiesOf(const QLineEdit& field)
+{
+    const bool writable = !field.isReadOnly();
+    const bool shown = field.echoMode() == QLineEdit::Normal;
+    return {.undo = writable && field.isUndoAvailable(),
+            .redo = writable && field.isRedoAvailable(),
+            .cut = writable && shown && field.hasSelectedText(),
+            .copy = shown && field.hasSelectedText(),
+            .paste = writable && !QGuiApplication::clipboard()->text().isEmpty(),
+            .selectAll = !field.text().isEmpty()};
+}
+
+EditAbilities abilitiesOf(const QPlainTextEdit& field)
+{
+    const bool writable = !field.isReadOnly();
+    const bool selected = field.textCursor().hasSelection();
+    return {.undo = writable && field.document()->isUndoAvailable(),
+            .redo = writable && field.document()->isRedoAvailable(),
+            .cut = writable && selected,
+            .copy = selected,
+            .paste = field.canPaste(),
+            .selectAll = !field.document()->isEmpty()};
+}
+
+} // namespace
+
+EditAbilities editAbilitiesOf(const QWidget* control)
+{
+    if (const auto* line = qobject_cast<const QLineEdit*>(control)) {
+        return abilitiesOf(*line);
+    }
+    if (const auto* text = qobject_cast<const QPlainTextEdit*>(control)) {
+        return abilitiesOf(*text);
+    }
+    return {.selectAll = qobject_cast<const QAbstractSpinBox*>(control) != nullptr};
+}

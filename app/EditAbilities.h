@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QWidget;
+
+/// What the commands of the edit menu can do with a control at this moment.
+struct EditAbilities {
+    bool undo = false;
+    bool redo = false;
+    bool cut = false;
+    bool copy = false;
+    bool paste = false;
+    bool selectAll = false;
+
+    bool operator==(const EditAbilities&) const = default;
+};
+
+/// All false for a control that holds no text, and for none.
+EditAbilities editAbilitiesOf(const QWidget* control);
