@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "app/Alert.h"
 
+#include "app/ReadingText.h"
 #include "app/SheetQueue.h"
+#include "app/WrappingButton.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPushButton>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
+#include <QTextBoundaryFinder>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -20,11 +21,9 @@ namespace {
 constexpr int margin = 24;
 constexpr int gap = 12;
 constexpr int iconSize = 48;
-constexpr int textWidth = 320;   ///< least width of the two texts
-constexpr int longestText = 320; ///< headline and body scroll when they are higher than this together
-constexpr int messagePixelSize = 14;
-constexpr qsizetype longestHeadline = 400; ///< characters; a longer one is shown without its middle
-constexpr qsizetype longestWord = 24;      ///< characters; a longer one goes on in the next line where it must
+constexpr int mostHeadline = 120; ///< points; a higher headline scrolls
+constexpr int mostBody = 260;
+constexpr qsizetype longestHeadline = 400; ///< UTF-16 units; a longer one is shown without its middle
 
 /// A text as it is shown: carriage returns begin lines, as line feeds do, and the two together begin one.
 QString withLineFeeds(QString text)
@@ -33,86 +32,46 @@ QString withLineFeeds(QString text)
     return text.replace(QChar::CarriageReturn, QChar::LineFeed);
 }
 
-/// Lets a line end within words that are too long for it.
-QString withBreakableWords(const QString& text)
+/// The last place at or before `position` that stands between two characters, as a reader counts them.
+qsizetype characterStart(const QString& text, qsizetype position)
 {
-    constexpr QChar zeroWidthSpace(0x200B);
-    QString breakable;
-    qsizetype length = 0; // of the word so far
-    for (const QChar unit : text) {
-        length = unit.isSpace() ? 0 : length + 1;
-        if (length > longestWord && !unit.isLowSurrogate() && !unit.isMark()) {
-            breakable += zeroWidthSpace;
-            length = 1;
-        }
-        breakable += unit;
-    }
-    return breakable;
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+    characters.setPosition(position);
+    return characters.isAtBoundary() ? position : characters.toPreviousBoundary();
 }
 
 QString withoutItsMiddle(const QString& headline)
 {
-    const qsizetype half = longestHeadline / 2;
-    return headline.size() <= longestHeadline ? headline : headline.first(half) + QChar(0x2026) + headline.last(half);
-}
-
-QLabel* makeText(QWidget* parent)
-{
-    auto* label = new QLabel(parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return label;
-}
-
-/// Holds the texts at their height, up to the longest; beyond that they scroll.
-class TextArea : public QScrollArea {
-public:
-    explicit TextArea(QWidget* parent) : QScrollArea(parent)
-    {
-        setFrameShape(NoFrame);
-        setWidgetResizable(true);
-        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        setFocusPolicy(Qt::NoFocus);
-        viewport()->setAutoFillBackground(false);
+    if (headline.size() <= longestHeadline) {
+        return headline;
     }
-
-    bool hasHeightForWidth() const override { return true; }
-    int heightForWidth(int width) const override { return std::min(widget()->heightForWidth(width), longestText); }
-    QSize sizeHint() const override { return {leastWidth(), heightForWidth(leastWidth())}; }
-    QSize minimumSizeHint() const override { return {leastWidth(), fontMetrics().height()}; }
-
-private:
-    /// What the longest word needs.
-    int leastWidth() const { return std::max(widget()->minimumSizeHint().width(), textWidth); }
-};
+    const qsizetype half = longestHeadline / 2;
+    return headline.first(characterStart(headline, half)) + QChar(0x2026) +
+           headline.sliced(characterStart(headline, headline.size() - half));
+}
 
 } // namespace
 
 Alert::Alert(QWidget* parent)
-    : QDialog(parent), m_icon(new QLabel(this)), m_message(makeText(nullptr)), m_information(makeText(nullptr)),
-      m_texts(new TextArea(this)), m_buttonRow(new QHBoxLayout)
+    : QDialog(parent), m_icon(new QLabel(this)), m_message(new ReadingText(mostHeadline, this)),
+      m_information(new ReadingText(mostBody, this)), m_buttonRow(new QHBoxLayout)
 {
     setObjectName(QStringLiteral("alert"));
     QFont bold = m_message->font();
     bold.setBold(true);
-    bold.setPixelSize(messagePixelSize);
     m_message->setFont(bold);
-    m_information->setAlignment(Qt::AlignTop | Qt::AlignLeading);
+    m_message->setProperty("headline", true);
 
-    auto* page = new QWidget;
-    auto* texts = new QVBoxLayout(page);
-    texts->setContentsMargins(0, 0, 0, 0);
+    auto* texts = new QVBoxLayout;
     texts->setSpacing(gap);
     texts->addWidget(m_message);
-    texts->addWidget(m_information, 1);
-    m_texts->setWidget(page);
-    page->setAutoFillBackground(false);
+    texts->addWidget(m_information);
+    texts->addStretch(1);
 
     auto* content = new QHBoxLayout;
     content->setSpacing(margin - gap / 2);
     content->addWidget(m_icon, 0, Qt::AlignTop);
-    content->addWidget(m_texts, 1);
+    content->addLayout(texts, 1);
 
     m_buttonRow->setDirection(QBoxLayout::RightToLeft); // the first button stands outermost
     m_buttonRow->setSpacing(gap);
@@ -121,7 +80,7 @@ Alert::Alert(QWidget* parent)
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(margin, margin, margin, margin);
     all->setSpacing(margin);
-    all->addLayout(content);
+    all->addLayout(content, 1);
     all->addLayout(m_buttonRow);
     setAlertStyle(Style::Warning);
 }
@@ -130,7 +89,7 @@ void Alert::setMessageText(const QString& headline)
 {
     m_headline = headline;
     const QString shown = withoutItsMiddle(withLineFeeds(headline));
-    m_message->setText(withBreakableWords(shown));
+    m_message->setText(shown);
     setWindowTitle(shown.simplified());
     setAccessibleName(shown.simplified());
 }
@@ -143,7 +102,7 @@ QString Alert::messageText() const
 void Alert::setInformativeText(const QString& body)
 {
     m_bodyText = body;
-    m_information->setText(withBreakableWords(withLineFeeds(body)));
+    m_information->setText(withLineFeeds(body));
     setAccessibleDescription(withLineFeeds(body));
 }
 
@@ -163,7 +122,7 @@ void Alert::setAlertStyle(Style style)
 
 QPushButton& Alert::addButton(const QString& title)
 {
-    auto* button = new QPushButton(title, this);
+    auto* button = new WrappingButton(title, this);
     const qsizetype index = m_buttons.size();
     m_buttons.append(button);
     m_buttonRow->insertWidget(static_cast<int>(index), button);
@@ -178,9 +137,6 @@ QPushButton& Alert::addButton(const QString& title)
 
 void Alert::hideButton(QPushButton& button)
 {
-    QSizePolicy policy = button.sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    button.setSizePolicy(policy);
     button.hide();
 }
 
@@ -210,12 +166,15 @@ void Alert::reject()
     press(1);
 }
 
-/// Only now is it known how wide the texts are and in which font they stand.
-void Alert::showEvent(QShowEvent* event)
+/// As wide as all the buttons in one row, those out of sight included, where the maximum allows that.
+QSize Alert::sizeHint() const
 {
-    QDialog::showEvent(event);
-    layout()->activate();
-    m_texts->setMinimumHeight(m_texts->heightForWidth(m_texts->width()));
+    int row = m_buttonRow->sizeHint().width();
+    for (const QPushButton* button : m_buttons) {
+        row += button->isHidden() ? button->sizeHint().width() + gap : 0;
+    }
+    const int width = std::min(std::max(row + 2 * margin, QDialog::sizeHint().width()), maximumWidth());
+    return {width, layout()->totalHeightForWidth(width)};
 }
 
 void Alert::keyPressEvent(QKeyEvent* event)
@@ -229,14 +188,21 @@ void Alert::keyPressEvent(QKeyEvent* event)
         press(1);
         break;
     case Qt::Key_PageUp:
-        m_texts->verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepSub);
+        scroll(QScrollBar::SliderPageStepSub);
         break;
     case Qt::Key_PageDown:
-        m_texts->verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
+        scroll(QScrollBar::SliderPageStepAdd);
         break;
     default:
         QDialog::keyPressEvent(event);
     }
+}
+
+/// Turns a page of the text that is not seen whole, the body when neither is.
+void Alert::scroll(int action)
+{
+    const ReadingText& text = m_information->isCut() ? *m_information : *m_message;
+    text.verticalScrollBar()->triggerAction(static_cast<QScrollBar::SliderAction>(action));
 }
 
 /// Clicks the button, if the alert has it. One without any button, which no click can close, is closed unanswered.

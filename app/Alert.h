@@ -10,11 +10,11 @@
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
-class QScrollArea;
+class ReadingText;
 
 /// A question or an error put to the user: a headline, a body and buttons. Headline and body are plain text. Texts
 /// that are too long for the panel scroll, with the page keys too; of a headline beyond all measure only both ends are
-/// shown.
+/// shown. The panel is never wider than its maximum: words and the titles of buttons go on in further lines.
 class Alert : public QDialog {
     Q_OBJECT
 
@@ -56,20 +56,21 @@ public:
 
     void reject() override;
 
+    QSize sizeHint() const override;
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
 private:
     void press(qsizetype button);
+    void scroll(int action);
 
     Style m_style = Style::Warning;
     QString m_headline;
     QString m_bodyText;
     QLabel* m_icon;
-    QLabel* m_message;
-    QLabel* m_information;
-    QScrollArea* m_texts;
+    ReadingText* m_message;
+    ReadingText* m_information;
     QHBoxLayout* m_buttonRow;
     QList<QPushButton*> m_buttons;
 };

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr int smallSystemFontPixelSize = 11;
-
 /// Never seen; the panel is laid out as wide as it needs, so that long texts wrap less.
 const QString wideningTitle = QStringLiteral("Some Dummy Text to make the alert panel wider. Okay then");
 
@@ -26,11 +24,9 @@ QPushButton* addTitledButton(Alert& alert, const QString& title)
     return title.isEmpty() ? nullptr : &alert.addButton(title);
 }
 
+/// The style rules make it so.
 void makeSmall(QPushButton& button)
 {
-    QFont small = button.font();
-    small.setPixelSize(smallSystemFontPixelSize);
-    button.setFont(small);
     button.setProperty("controlSize", QStringLiteral("small"));
 }
 

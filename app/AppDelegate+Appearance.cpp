@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
+#include "host/GlobalDefaults.h"
 
 #include <QMainWindow>
 
@@ -11,7 +12,8 @@ bool AppDelegate::isDarkMode() const
 
 void AppDelegate::appearanceHasChanged()
 {
-    applyAppearance(isDarkMode() ? Appearance::Dark : Appearance::Light, m_window);
+    applyTextSize(m_host.globalDefaults.text());
+    applyPalette(systemPalette(m_host.processInfo, m_host.globalDefaults), m_window);
     // What was given colours of its own keeps them; the days of the week and the month are given none.
     redrawMiniCal();
     colorDatePickers();

@@ -4,6 +4,7 @@
 #include "app/AlphaValue.h"
 #include "app/Announcer.h"
 #include "app/EditingKeys.h"
+#include "app/FittingScrollArea.h"
 #include "app/Localized.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "host/ClockMonitor.h"
@@ -70,6 +71,9 @@ AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, cons
     setAlphaValue(*m_ui.importantDatesUSHolidays, 0); // until it is known whether they are offered here
     m_ui.hideShowSegBtn->setLabels({QString(), localized("Show All"), localized("Mini Calendar's Month"), QString()});
     m_ui.hideShowSegBtn->standBehind(*m_ui.filterBtn);
+    for (QWidget* page : {m_ui.miniCalendarPage, m_ui.weeklyViewPage, m_ui.monthlyViewPage}) {
+        makeScrollable(*page);
+    }
     configureTables();
     connectActions();
     connectMenu();

@@ -3,11 +3,16 @@
 
 #include "host/GlobalDefaults.h"
 #include "host/ProcessInfo.h"
+#include "notes/NamedColor.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QFile>
 #include <QFont>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QPalette>
+#include <QRegularExpression>
 #include <QStyleFactory>
 #include <QWidget>
 
@@ -15,7 +20,10 @@
 
 namespace {
 
-constexpr int basePixelSize = 13;
+constexpr int usualPixelSize = 13; ///< of text where nobody says another
+const QString followerName = QStringLiteral("textSizeFollower");
+constexpr double pixelsPerPoint = 96.0 / 72;
+
 constexpr double firstReleaseWithDarkAppearance = 10.14;
 
 struct RoleColors {
@@ -48,6 +56,98 @@ constexpr std::array roles{
     RoleColors{QPalette::ToolTipText, 0xff1d1d1f, 0xfff2f2f4},
 };
 
+constexpr std::array textRoles{QPalette::WindowText, QPalette::Text, QPalette::ButtonText};
+
+void makeDisabledTextPale(QPalette& palette)
+{
+    for (const QPalette::ColorRole role : textRoles) {
+        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Shadow));
+    }
+}
+
+QColor mixed(const QColor& a, const QColor& b, double shareOfB)
+{
+    const auto mix = [shareOfB](int x, int y) { return qRound(x + (y - x) * shareOfB); };
+    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
+}
+
+/// `given`, a palette of high contrast, with a colour of its own for everything that the program shows.
+QPalette completed(const QPalette& given)
+{
+    constexpr double hoverShare = 0.2;
+    constexpr double disabledShare = 0.6; // still read
+    const QColor ground = given.color(QPalette::Active, QPalette::Base);
+    const QColor text = given.color(QPalette::Active, QPalette::Text);
+    QPalette palette;
+    for (const QPalette::ColorRole role :
+         {QPalette::Window, QPalette::Base, QPalette::AlternateBase, QPalette::Button, QPalette::Light,
+          QPalette::ToolTipBase}) {
+        palette.setColor(role, ground);
+    }
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::Mid, QPalette::Dark,
+          QPalette::PlaceholderText, QPalette::ToolTipText}) {
+        palette.setColor(role, text);
+    }
+    for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText, QPalette::Link}) {
+        palette.setColor(role, given.color(QPalette::Active, role));
+    }
+    palette.setColor(QPalette::LinkVisited, palette.color(QPalette::Link));
+    palette.setColor(QPalette::Midlight, mixed(ground, text, hoverShare));
+    palette.setColor(QPalette::Shadow, mixed(ground, text, disabledShare));
+    makeDisabledTextPale(palette);
+    return palette;
+}
+
+/// The toolkit's own font, for programs that no desktop gives one.
+bool isMadeUp(const QFont& font)
+{
+    constexpr int madeUpPointSize = 9;
+    return font.family() == QStringLiteral("Sans Serif") && font.pointSize() == madeUpPointSize;
+}
+
+/// The rules with their lengths in rem told in pixels.
+QString inPixels(const QString& rules)
+{
+    static const QRegularExpression rem(QStringLiteral("([0-9.]+)rem"));
+    const int one = QFontInfo(QApplication::font()).pixelSize();
+    QString told;
+    qsizetype end = 0;
+    for (auto matches = rem.globalMatch(rules); matches.hasNext();) {
+        const QRegularExpressionMatch length = matches.next();
+        told += rules.sliced(end, length.capturedStart() - end);
+        told += QStringLiteral("%1px").arg(qRound(length.captured(1).toDouble() * one));
+        end = length.capturedEnd();
+    }
+    return told + rules.sliced(end);
+}
+
+QString rulesOf(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? inPixels(QString::fromUtf8(file.readAll())) : QString();
+}
+
+/// Stands in a window with rules.
+class TextSizeFollower : public QObject {
+public:
+    explicit TextSizeFollower(QWidget& window) : QObject(&window), m_window(window)
+    {
+        setObjectName(followerName);
+        window.installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::ApplicationFontChange) {
+            applyStyleRules(m_window);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget& m_window;
+};
+
 } // namespace
 
 Appearance systemAppearance(const ProcessInfo& processInfo, const GlobalDefaults& globalDefaults)
@@ -68,31 +168,69 @@ QPalette calmPalette(Appearance appearance)
     for (const RoleColors& role : roles) {
         palette.setColor(role.role, QColor::fromRgb(dark ? role.dark : role.light));
     }
-    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Shadow));
-    }
+    makeDisabledTextPale(palette);
     return palette;
+}
+
+QPalette strongPalette(Appearance appearance)
+{
+    const bool dark = appearance == Appearance::Dark;
+    QPalette few;
+    few.setColor(QPalette::Base, dark ? Qt::black : Qt::white);
+    few.setColor(QPalette::Text, dark ? Qt::white : Qt::black);
+    few.setColor(QPalette::Highlight, QColor::fromRgb(dark ? 0xff9fd0ff : 0xff003a80));
+    few.setColor(QPalette::HighlightedText, dark ? Qt::black : Qt::white);
+    few.setColor(QPalette::Link, QColor::fromRgb(dark ? 0xff9fd0ff : 0xff003a80));
+    return completed(few);
+}
+
+QPalette systemPalette(const ProcessInfo& processInfo, const GlobalDefaults& globalDefaults)
+{
+    const Appearance appearance = systemAppearance(processInfo, globalDefaults);
+    if (!globalDefaults.prefersHighContrast()) {
+        return calmPalette(appearance);
+    }
+    const QPalette own = globalDefaults.palette();
+    const bool serves = isHighContrast(own) && isDarkAppearance(own) == (appearance == Appearance::Dark);
+    return serves ? completed(own) : strongPalette(appearance);
+}
+
+int textPixelSize(const QFont& given, const DesktopText& text)
+{
+    if (!isMadeUp(given)) {
+        return qRound(QFontInfo(given).pixelSize() * text.scaling);
+    }
+    return qRound((text.points ? *text.points * pixelsPerPoint : usualPixelSize) * text.scaling);
 }
 
 void applyStyle()
 {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QFont base = QApplication::font();
-    base.setPixelSize(basePixelSize);
-    QApplication::setFont(base);
+    applyTextSize({});
 }
 
-void applyAppearance(Appearance appearance, QWidget& window)
+void applyTextSize(const DesktopText& text)
 {
-    QApplication::setPalette(calmPalette(appearance));
+    const int size = textPixelSize(QFontDatabase::systemFont(QFontDatabase::GeneralFont), text);
+    QFont font = QApplication::font();
+    if (QFontInfo(font).pixelSize() != size) {
+        font.setPixelSize(size);
+        QApplication::setFont(font);
+    }
+}
+
+void applyPalette(const QPalette& palette, QWidget& window)
+{
+    QApplication::setPalette(palette);
     applyStyleRules(window); // anew: widgets under a style sheet keep the palette that it made for them
 }
 
 void applyStyleRules(QWidget& window)
 {
     Q_INIT_RESOURCE(velumora); // it stands in a library
-    QFile rules(QStringLiteral(":/velumora.qss"));
-    if (rules.open(QIODevice::ReadOnly)) {
-        window.setStyleSheet(QString::fromUtf8(rules.readAll()));
+    const QString strong = isHighContrast(QApplication::palette()) ? rulesOf(QStringLiteral(":/high-contrast.qss")) : QString();
+    window.setStyleSheet(rulesOf(QStringLiteral(":/velumora.qss")) + strong);
+    if (!window.findChild<QObject*>(followerName, Qt::FindDirectChildrenOnly)) {
+        new TextSizeFollower(window); // the window's
     }
 }

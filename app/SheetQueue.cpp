@@ -71,7 +71,6 @@ void SheetQueue::showNext()
     QDialog& sheet = *m_entries.front().sheet;
     sheet.setParent(&m_window, Qt::Sheet | Qt::FramelessWindowHint);
     connect(&sheet, &QDialog::finished, this, &SheetQueue::ended, Qt::SingleShotConnection);
-    sheet.adjustSize();
     attach();
     sheet.open(); // modal to the window
     attach();
@@ -83,6 +82,9 @@ void SheetQueue::attach()
     if (!sheet) {
         return;
     }
+    // As large as it likes to be, but no larger than the window.
+    sheet->setMaximumSize(m_window.size() - QSize(0, contentTop(m_window)));
+    sheet->resize(sheet->sizeHint());
     const int x = (m_window.width() - sheet->width()) / 2;
     sheet->move(m_window.mapToGlobal(QPoint(std::max(x, 0), contentTop(m_window))));
 }

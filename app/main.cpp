@@ -6,6 +6,7 @@
 #include "app/SheetQueue.h"
 #include "app/Translations.h"
 #include "host/CommandLine.h"
+#include "app/WindowPlace.h"
 #include "host/agent/StateFolder.h"
 #include "host/linux/BusNotificationCenter.h"
 #include "host/linux/DesktopGlobalDefaults.h"
@@ -69,14 +70,21 @@ std::optional<int> answerToArguments(int argc, char** argv)
     return answerToCommandLine(localized("The day-note calendar"), {QStringLiteral("session"), QStringLiteral("name")});
 }
 
+/// What the desktop has answered by now, so that the first picture has the right colours and sizes.
+void applyLook(DesktopGlobalDefaults& globalDefaults, const ProcessInfo& processInfo, QWidget& window)
+{
+    globalDefaults.takeInAnswers();
+    applyTextSize(globalDefaults.text());
+    applyPalette(systemPalette(processInfo, globalDefaults), window);
+}
+
 /// For a start that can neither hand over to the program that runs nor run beside it.
 int sayThatNoneAnswers(const TerminationSignals& signals, DesktopGlobalDefaults& globalDefaults)
 {
     const QString headline = localized("Velumora is running but does not answer.");
     std::fprintf(stderr, "velumora: %s\n", qUtf8Printable(headline));
     QMessageBox box(QMessageBox::Warning, QApplication::applicationDisplayName(), headline, QMessageBox::Ok);
-    globalDefaults.takeInAnswer();
-    applyAppearance(systemAppearance(LinuxProcessInfo(), globalDefaults), box);
+    applyLook(globalDefaults, LinuxProcessInfo(), box);
     box.setInformativeText(localized("Wait until it does, or end it, then start Velumora again."));
     QObject::connect(&signals, &TerminationSignals::terminationRequested, &box, &QMessageBox::reject);
     box.exec();
@@ -134,8 +142,8 @@ int main(int argc, char** argv)
     QMainWindow window;
     Ui::MainWindow layout;
     layout.setupUi(&window);
-    globalDefaults.takeInAnswer(); // a first picture in the right colours
-    applyAppearance(systemAppearance(processInfo, globalDefaults), window);
+    applyLook(globalDefaults, processInfo, window);
+    WindowPlace windowPlace(usersStateFolder() / "Window", window);
     AppDelegate delegate(window, layout,
                          {.bundle = bundle,
                           .clockMonitor = clockMonitor,
@@ -164,6 +172,7 @@ int main(int argc, char** argv)
     QObject::connect(&delegate, &AppDelegate::terminated, &application, quit, Qt::QueuedConnection);
     QObject::connect(&signals, &TerminationSignals::terminationRequested, &application, quit);
     QObject::connect(&application, &QApplication::aboutToQuit, &delegate, &AppDelegate::applicationWillTerminate);
+    QObject::connect(&application, &QApplication::aboutToQuit, &windowPlace, &WindowPlace::save);
     // Last: the next program reads what this one has saved.
     QObject::connect(&application, &QApplication::aboutToQuit, &instance, &SingleInstance::release);
     QApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());

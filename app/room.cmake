@@ -42,15 +42,23 @@ target_sources(velumora-app PRIVATE
     app/EditingKeys.h
     app/EnteredPlace.cpp
     app/EnteredPlace.h
+    app/FittingScrollArea.cpp
+    app/FittingScrollArea.h
     app/Localized.cpp
     app/Localized.h
     app/PreferenceKeys.h
+    app/ReadingText.cpp
+    app/ReadingText.h
     app/SheetQueue.cpp
     app/SheetQueue.h
     app/SpokenName.cpp
     app/SpokenName.h
     app/Translations.cpp
     app/Translations.h
+    app/WindowPlace.cpp
+    app/WindowPlace.h
+    app/WrappingButton.cpp
+    app/WrappingButton.h
     calendar/AppDelegate+DockIcon.cpp
     calendar/AppDelegate+MiniCalendar.cpp
     calendar/AppDelegate+MonthlyPrint.cpp

@@ -43,7 +43,7 @@ struct Page {
     Page()
     {
         layout.setupUi(&window);
-        applyAppearance(Appearance::Light, window);
+        applyPalette(calmPalette(Appearance::Light), window);
         delegate = std::make_unique<AppDelegate>(window, layout,
                                                  HostServices{.bundle = bundle,
                                                               .clockMonitor = clockMonitor,

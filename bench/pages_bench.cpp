@@ -26,7 +26,7 @@ public:
         DateEnvironment::setTimeZone("UTC"); // where the notes begin their days
         DateEnvironment::setClock(m_clock);
         layout.setupUi(&window);
-        applyAppearance(Appearance::Light, window);
+        applyPalette(calmPalette(Appearance::Light), window);
         m_app.emplace(window, layout, m_host.services(m_home.path().toStdString()));
         m_app->applicationWillFinishLaunching();
         m_app->applicationDidFinishLaunching();

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/DayButton.h"
 
+#include <QFontInfo>
 #include <QPainter>
 
 namespace {
 
-constexpr int side = 34;
+constexpr double sideShare = 2.6; ///< of the size of the text
 constexpr qreal inset = 2;
-constexpr int titlePixelSize = 13;
 constexpr qreal noteDot = 4; ///< the diameter of the mark below the number of a day with a note
 // Light enough together that today's red is still read on them.
 constexpr float noteFill = 0.18F;  ///< share of the accent colour behind a day with a note
@@ -24,9 +24,6 @@ QColor withAlpha(QColor color, float alpha)
 
 DayButton::DayButton(QWidget* parent) : QAbstractButton(parent)
 {
-    QFont digits = font();
-    digits.setPixelSize(titlePixelSize);
-    setFont(digits);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
@@ -56,6 +53,13 @@ void DayButton::setTitleColor(const QColor& color)
 
 QSize DayButton::sizeHint() const
 {
+    const int side = qRound(QFontInfo(font()).pixelSize() * sideShare);
+    return {side, side};
+}
+
+QSize DayButton::minimumSizeHint() const
+{
+    const int side = fontMetrics().height() + qRound(2 * inset);
     return {side, side};
 }
 

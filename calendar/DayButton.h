@@ -28,6 +28,7 @@ public:
     QColor titleColor() const { return m_titleColor; }
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

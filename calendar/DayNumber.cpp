@@ -8,11 +8,8 @@
 #include <QPainter>
 #include <QStyle>
 
-DayNumber::DayNumber(int pixelSize, QWidget* parent) : QLabel(parent)
+DayNumber::DayNumber(QWidget* parent) : QLabel(parent)
 {
-    QFont digits = font();
-    digits.setPixelSize(pixelSize);
-    setFont(digits);
     setTextFormat(Qt::PlainText);
 }
 

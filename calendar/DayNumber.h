@@ -3,12 +3,12 @@
 
 #include <QLabel>
 
-/// The number of a day on the weekly and the monthly page. Today's is red and bold.
+/// The number of a day on the weekly and the monthly page, whose style rules size it. Today's is red and bold.
 class DayNumber : public QLabel {
     Q_OBJECT
 
 public:
-    DayNumber(int pixelSize, QWidget* parent);
+    explicit DayNumber(QWidget* parent);
 
     /// To be called once the text is set: a screen reader says of it that it is today.
     void setToday(bool today);

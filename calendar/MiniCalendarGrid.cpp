@@ -10,12 +10,6 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr int headerPixelSize = 11;
-
-} // namespace
-
 MiniCalendarGrid::MiniCalendarGrid(QWidget* parent) : CellGrid(parent)
 {
     auto* grid = new QGridLayout(this);
@@ -25,10 +19,8 @@ MiniCalendarGrid::MiniCalendarGrid(QWidget* parent) : CellGrid(parent)
         auto* header = new QLabel(this);
         header->setAlignment(Qt::AlignCenter);
         header->setTextFormat(Qt::PlainText);
-        QFont small = header->font();
-        small.setPixelSize(headerPixelSize);
-        header->setFont(small);
         header->setProperty("secondary", true);
+        header->setProperty("small", true);
         setTag(*header, MonthGrid::miniHeaderTag(column));
         grid->addWidget(header, 0, column);
         grid->setColumnStretch(column, 1);

@@ -15,12 +15,11 @@
 
 namespace {
 
-constexpr int dayPixelSize = 14;
-constexpr int notePixelSize = 12;
-constexpr int headerHeight = 32;
-constexpr int dayHeight = 22;
 constexpr int cellPadding = 6;
-constexpr QSize leastCell(72, 64);
+constexpr int leastCellWidth = 72;
+constexpr int headerPadding = 8; ///< above and below the name of a weekday
+constexpr int dayPadding = 5;
+constexpr int noteEdges = 6; ///< what a note needs besides one line to show it
 constexpr qreal cornerRadius = 10;
 constexpr int mostRows = MonthGrid::rowOfCell(MonthGrid::LastCell) + 1;
 
@@ -37,14 +36,11 @@ MonthlyGrid::MonthlyGrid(QWidget* parent) : CellGrid(parent)
         setTag(*header, MonthGrid::monthlyHeaderTag(column));
     }
     for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
-        auto* day = new DayNumber(dayPixelSize, this);
+        auto* day = new DayNumber(this);
         day->setAlignment(Qt::AlignLeading | Qt::AlignVCenter);
         setTag(*day, MonthGrid::monthlyDayTag(cell));
 
         auto* note = new NoteField(this);
-        QFont small = note->font();
-        small.setPixelSize(notePixelSize);
-        note->setFont(small);
         setTag(*note, MonthGrid::monthlyNoteTag(cell));
     }
 }
@@ -91,7 +87,19 @@ void MonthlyGrid::daysDidChange()
 
 QSize MonthlyGrid::minimumSizeHint() const
 {
-    return {leastCell.width() * MonthGrid::DaysPerWeek, headerHeight + leastCell.height() * mostRows};
+    const int oneLine = noteField(MonthGrid::FirstCell).fontMetrics().height() + noteEdges;
+    const int leastCellHeight = dayHeight() + oneLine + cellPadding;
+    return {leastCellWidth * MonthGrid::DaysPerWeek, headerHeight() + leastCellHeight * mostRows};
+}
+
+int MonthlyGrid::headerHeight() const
+{
+    return header(0).fontMetrics().height() + 2 * headerPadding;
+}
+
+int MonthlyGrid::dayHeight() const
+{
+    return dayNumber(MonthGrid::FirstCell).fontMetrics().height() + dayPadding;
 }
 
 bool MonthlyGrid::isBlank(int cell) const
@@ -102,7 +110,7 @@ bool MonthlyGrid::isBlank(int cell) const
 QRect MonthlyGrid::cellRect(int row, int column) const
 {
     const auto left = [this](int each) { return width() * each / MonthGrid::DaysPerWeek; };
-    const auto top = [this](int each) { return headerHeight + (height() - headerHeight) * each / m_rows; };
+    const auto top = [this](int each) { return headerHeight() + (height() - headerHeight()) * each / m_rows; };
     const QRect cell(QPoint(left(column), top(row)), QPoint(left(column + 1) - 1, top(row + 1) - 1));
     return QStyle::visualRect(layoutDirection(), rect(), cell);
 }
@@ -112,15 +120,15 @@ void MonthlyGrid::placeCells()
     for (int column = 0; column < MonthGrid::DaysPerWeek; ++column) {
         QRect place = cellRect(0, column);
         place.setTop(0);
-        place.setHeight(headerHeight);
+        place.setHeight(headerHeight());
         header(column).setGeometry(place);
     }
     for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {
         if (!isBlank(cell)) {
             const QRect place = cellRect(MonthGrid::rowOfCell(cell), MonthGrid::columnOfCell(cell));
             const QRect inside = place.adjusted(cellPadding, cellPadding / 2, -cellPadding, -cellPadding / 2);
-            dayNumber(cell).setGeometry(QRect(inside.topLeft(), QSize(inside.width(), dayHeight)));
-            noteField(cell).setGeometry(inside.adjusted(-cellPadding / 2, dayHeight, cellPadding / 2, 0));
+            dayNumber(cell).setGeometry(QRect(inside.topLeft(), QSize(inside.width(), dayHeight())));
+            noteField(cell).setGeometry(inside.adjusted(-cellPadding / 2, dayHeight(), cellPadding / 2, 0));
         }
     }
 }
@@ -134,7 +142,9 @@ void MonthlyGrid::resizeEvent(QResizeEvent* event)
 void MonthlyGrid::changeEvent(QEvent* event)
 {
     CellGrid::changeEvent(event);
-    if (event->type() == QEvent::LayoutDirectionChange) {
+    if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::FontChange ||
+        event->type() == QEvent::StyleChange) {
+        updateGeometry();
         placeCells();
     }
 }

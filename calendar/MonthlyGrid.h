@@ -35,6 +35,8 @@ protected:
 
 private:
     bool isBlank(int cell) const;
+    int headerHeight() const;
+    int dayHeight() const;
     QRect cellRect(int row, int column) const;
     void placeCells();
 

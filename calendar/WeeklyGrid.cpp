@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr int dayPixelSize = 24;
 constexpr int edge = 8;
 constexpr int gap = 16; ///< between two columns; the line stands in its middle
 
@@ -35,7 +34,7 @@ WeeklyGrid::WeeklyGrid(QWidget* parent) : CellGrid(parent)
         setTag(*header, MonthGrid::weeklyHeaderTag(column));
         grid->addWidget(header, 0, column);
 
-        auto* day = new DayNumber(dayPixelSize, this);
+        auto* day = new DayNumber(this);
         day->setAlignment(Qt::AlignCenter);
         setTag(*day, MonthGrid::weeklyDayTag(column));
         grid->addWidget(day, 1, column);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -13,6 +14,8 @@ struct Entry {
     QRgb light;
     QRgb dark;
 };
+
+constexpr double strongContrast = 15; ///< of 21
 
 constexpr std::array<Entry, 7> entries = {{
     {u"FocusRingColor", 0xff2f6fc4, 0xff6aa5f0},
@@ -24,7 +27,45 @@ constexpr std::array<Entry, 7> entries = {{
     {u"TableRowSelectionColor", 0xff2f6db5, 0xff2c5c94},
 }};
 
+/// The same in a palette of high contrast, which has few colours of its own.
+struct StrongEntry {
+    QStringView name;
+    QPalette::ColorRole role;
+};
+
+constexpr std::array<StrongEntry, 6> strongEntries = {{
+    {u"FocusRingColor", QPalette::Link},
+    {u"HeaderBackgroundColor", QPalette::Base},
+    {u"SecondaryLabelColor", QPalette::Text},
+    {u"SeparatorColor", QPalette::Text},
+    {u"TableRowSelectedTextColor", QPalette::HighlightedText},
+    {u"TableRowSelectionColor", QPalette::Highlight},
+}};
+
+/// As the Web Content Accessibility Guidelines 2.1 define them.
+double luminance(const QColor& color)
+{
+    const auto linear = [](double share) {
+        return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const auto [low, high] = std::minmax(luminance(a), luminance(b));
+    return (high + 0.05) / (low + 0.05);
+}
+
 } // namespace
+
+bool isHighContrast(const QPalette& palette)
+{
+    const QColor ground = palette.color(QPalette::Base);
+    const bool isOneGround = palette.color(QPalette::Window) == ground && palette.color(QPalette::Button) == ground;
+    return isOneGround && contrast(palette.color(QPalette::Text), ground) >= strongContrast &&
+           contrast(palette.color(QPalette::WindowText), ground) >= strongContrast;
+}
 
 bool isDarkAppearance(const QPalette& palette)
 {
@@ -38,6 +79,12 @@ QColor namedColor(QStringView name, const QPalette& palette)
     }
     if (name == u"ControlBackgroundColor") {
         return palette.color(QPalette::Base);
+    }
+    if (isHighContrast(palette)) {
+        const auto* const strong = std::ranges::find(strongEntries, name, &StrongEntry::name);
+        if (strong != strongEntries.end()) {
+            return palette.color(strong->role);
+        }
     }
     const auto* const entry =
         std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.name == name; });

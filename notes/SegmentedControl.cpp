@@ -9,7 +9,6 @@
 namespace {
 
 constexpr int cornerRadius = 6;
-constexpr int segmentHeight = 28;
 constexpr int dividerInset = 7;
 
 } // namespace
@@ -34,7 +33,6 @@ void SegmentedControl::setLabels(const QStringList& labels)
         segment->setAutoRaise(true);
         segment->setFocusPolicy(Qt::StrongFocus);
         segment->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        segment->setFixedHeight(segmentHeight);
         connect(segment, &QToolButton::clicked, this, [this, index] {
             m_selected = index;
             Q_EMIT segmentPressed(index);

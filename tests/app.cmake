@@ -6,6 +6,7 @@ add_library(app-test-support STATIC
     support/DateGuards.cpp
     support/DateGuards.h
     support/FakeHost.h
+    support/FontGuard.h
     support/HeardEvents.h
     support/LoopbackServer.h
     support/PinnedFonts.h
@@ -86,13 +87,15 @@ velumora_test(app-tests
     app/preferences_test.cpp
     app/printed_scripts_test.cpp
     app/reminders_test.cpp
-    app/single_instance_test.cpp
     app/screen_reader_test.cpp
+    app/single_instance_test.cpp
     app/store_test.cpp
     app/temporary_folder_test.cpp
+    app/text_size_test.cpp
     app/weekly_view_test.cpp
     app/version_check_test.cpp
     app/web_version_server_test.cpp
+    app/window_place_test.cpp
     app/workspace_test.cpp
     LIBRARIES app-test-support
     LABELS app)

@@ -5,9 +5,14 @@
 
 #include <QCoreApplication>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QGuiApplication>
 #include <QPalette>
+
+#include <algorithm>
+#include <tuple>
 
 namespace {
 
@@ -16,11 +21,45 @@ const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString settings = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearanceGroup = QStringLiteral("org.freedesktop.appearance");
 const QString colorSchemeKey = QStringLiteral("color-scheme");
+const QString contrastKey = QStringLiteral("contrast");
+const QString interfaceGroup = QStringLiteral("org.gnome.desktop.interface");
+const QString fontKey = QStringLiteral("font-name");
+const QString scalingKey = QStringLiteral("text-scaling-factor");
+
+constexpr double leastPoints = 4;
+constexpr double mostPoints = 72;
+constexpr double leastScaling = 0.5;
+constexpr double mostScaling = 4;
+
+/// The size at the end of a font's name, "Cantarell Bold 11"; nullopt when there is none that can be meant.
+std::optional<double> pointsOf(const QString& fontName)
+{
+    bool isNumber = false;
+    const double points = fontName.section(u' ', -1).toDouble(&isNumber);
+    return isNumber && points >= leastPoints && points <= mostPoints ? std::optional(points) : std::nullopt;
+}
+
+/// The factor for sizes of text. An X server has it in its resolution already, from which the toolkit takes the scale
+/// of the whole window.
+double scalingOf(double factor)
+{
+    const bool isInResolution = QGuiApplication::platformName() == QStringLiteral("xcb");
+    return isInResolution || !(factor > 0) ? 1 : std::clamp(factor, leastScaling, mostScaling);
+}
+
+/// The portal wraps its answer more than once.
+QVariant unwrapped(QVariant value)
+{
+    while (value.metaType() == QMetaType::fromType<QDBusVariant>()) {
+        value = value.value<QDBusVariant>().variant();
+    }
+    return value;
+}
 
 } // namespace
 
 DesktopGlobalDefaults::DesktopGlobalDefaults(const QDBusConnection& bus, QObject* parent)
-    : GlobalDefaults(parent), m_paletteIsDark(isDarkAppearance(QGuiApplication::palette()))
+    : GlobalDefaults(parent), m_palette(QGuiApplication::palette())
 {
     QDBusConnection connection(bus);
     if (!connection.isConnected()) {
@@ -30,9 +69,23 @@ DesktopGlobalDefaults::DesktopGlobalDefaults(const QDBusConnection& bus, QObject
     // From any sender: to hear the portal alone, the bus would have to be asked, and waited for, who the portal is.
     connection.connect({}, portalPath, settings, QStringLiteral("SettingChanged"), this,
                        SLOT(settingChanged(QString, QString, QDBusVariant)));
+    ask(connection, appearanceGroup, colorSchemeKey);
+    ask(connection, appearanceGroup, contrastKey);
+    ask(connection, interfaceGroup, fontKey);
+    ask(connection, interfaceGroup, scalingKey);
+}
+
+void DesktopGlobalDefaults::ask(QDBusConnection& connection, const QString& group, const QString& key)
+{
     QDBusMessage question = QDBusMessage::createMethodCall(portal, portalPath, settings, QStringLiteral("Read"));
-    question << appearanceGroup << colorSchemeKey;
-    connection.callWithCallback(question, this, SLOT(portalAnswered(QDBusMessage)));
+    question << group << key;
+    auto* answer = new QDBusPendingCallWatcher(connection.asyncCall(question), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, group, key](QDBusPendingCallWatcher* done) {
+        done->deleteLater();
+        if (!done->isError()) {
+            setSetting(group, key, done->reply().arguments().value(0));
+        }
+    });
 }
 
 std::optional<QString> DesktopGlobalDefaults::stringForKey(const QString& key) const
@@ -43,44 +96,50 @@ std::optional<QString> DesktopGlobalDefaults::stringForKey(const QString& key) c
     return std::nullopt;
 }
 
-void DesktopGlobalDefaults::takeInAnswer()
+bool DesktopGlobalDefaults::prefersHighContrast() const
 {
-    QCoreApplication::sendPostedEvents(this);
+    return m_wantsContrast || isHighContrast(m_palette);
 }
 
-void DesktopGlobalDefaults::portalAnswered(const QDBusMessage& reply)
+void DesktopGlobalDefaults::takeInAnswers()
 {
-    setColorScheme(reply.arguments().value(0));
+    for (QDBusPendingCallWatcher* answer : findChildren<QDBusPendingCallWatcher*>()) {
+        QCoreApplication::sendPostedEvents(answer);
+    }
 }
 
 void DesktopGlobalDefaults::settingChanged(const QString& group, const QString& key, const QDBusVariant& value)
 {
-    if (group == appearanceGroup && key == colorSchemeKey) {
-        setColorScheme(value.variant());
-    }
+    setSetting(group, key, value.variant());
 }
 
 bool DesktopGlobalDefaults::isDark() const
 {
-    return m_colorScheme == ColorScheme::NoPreference ? m_paletteIsDark : m_colorScheme == ColorScheme::Dark;
+    return m_colorScheme == ColorScheme::NoPreference ? isDarkAppearance(m_palette)
+                                                      : m_colorScheme == ColorScheme::Dark;
 }
 
-void DesktopGlobalDefaults::setColorScheme(const QVariant& value)
+void DesktopGlobalDefaults::setSetting(const QString& group, const QString& key, const QVariant& value)
 {
-    QVariant scheme = value;
-    while (scheme.metaType() == QMetaType::fromType<QDBusVariant>()) { // the portal wraps its answer more than once
-        scheme = scheme.value<QDBusVariant>().variant();
+    const auto state = [this] { return std::tuple(isDark(), prefersHighContrast(), m_text); };
+    const auto former = state();
+    const QVariant told = unwrapped(value);
+    if (group == appearanceGroup && key == colorSchemeKey) {
+        setColorScheme(told.toUInt());
+    } else if (group == appearanceGroup && key == contrastKey) {
+        m_wantsContrast = told.toUInt() == 1;
+    } else if (group == interfaceGroup && key == fontKey) {
+        m_text.points = pointsOf(told.toString());
+    } else if (group == interfaceGroup && key == scalingKey) {
+        m_text.scaling = scalingOf(told.toDouble());
     }
-    const bool wasDark = isDark();
-    switch (const auto known = static_cast<ColorScheme>(scheme.toUInt())) {
-    case ColorScheme::Dark:
-    case ColorScheme::Light:
-        m_colorScheme = known;
-        break;
-    default:
-        m_colorScheme = ColorScheme::NoPreference;
-    }
-    if (isDark() != wasDark) {
+    if (state() != former) {
         Q_EMIT didChange();
     }
+}
+
+void DesktopGlobalDefaults::setColorScheme(unsigned value)
+{
+    const auto known = static_cast<ColorScheme>(value);
+    m_colorScheme = known == ColorScheme::Dark || known == ColorScheme::Light ? known : ColorScheme::NoPreference;
 }

@@ -5,12 +5,12 @@
 
 #include <QDBusConnection>
 
-class QDBusMessage;
 class QDBusVariant;
 
-/// The desktop portal's colour scheme as the global "AppleInterfaceStyle". Where no portal answers, or the user prefers
-/// neither light nor dark, the colours decide that the desktop gave the program at its start; without a portal a change
-/// is seen at the next start.
+/// The desktop portal's settings of colours and texts; its colour scheme is the global "AppleInterfaceStyle". Where no
+/// portal answers, or the user prefers neither light nor dark, the colours decide that the desktop gave the program at
+/// its start; without a portal a change is seen at the next start. High contrast is what the portal asks for or what
+/// those colours have.
 ///
 /// The portal is asked without waiting for it: until it answers, those colours count.
 class DesktopGlobalDefaults : public GlobalDefaults {
@@ -23,20 +23,29 @@ public:
 
     std::optional<QString> stringForKey(const QString& key) const override;
 
-    /// Takes in the portal's answer when it has come by now.
-    void takeInAnswer();
+    bool prefersHighContrast() const override;
+    QPalette palette() const override { return m_palette; }
+    DesktopText text() const override { return m_text; }
+
+    /// Takes in the portal's answers that have come by now.
+    void takeInAnswers();
 
 private Q_SLOTS:
-    void portalAnswered(const QDBusMessage& reply);
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
     /// The portal's values.
     enum class ColorScheme : unsigned { NoPreference = 0, Dark = 1, Light = 2 };
 
+    void ask(QDBusConnection& connection, const QString& group, const QString& key);
     bool isDark() const;
-    void setColorScheme(const QVariant& value);
 
-    const bool m_paletteIsDark;
+    /// Takes in what a setting is; one that the program does not know changes nothing.
+    void setSetting(const QString& group, const QString& key, const QVariant& value);
+    void setColorScheme(unsigned value);
+
+    const QPalette m_palette; ///< as the desktop gave it
     ColorScheme m_colorScheme = ColorScheme::NoPreference;
+    bool m_wantsContrast = false;
+    DesktopText m_text;
 };

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include "app/ReadingText.h"
 #include "support/AppFixture.h"
+#include "support/Screenshot.h"
 
-#include <QLabel>
 #include <QMenuBar>
-#include <QScrollArea>
 #include <QScrollBar>
+#include <QAccessible>
+#include <QClipboard>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextBoundaryFinder>
 
 namespace {
 
@@ -40,11 +44,43 @@ protected:
     std::optional<int> answered;
 };
 
-/// The alert itself, each of its visible buttons, the scrolling area of the body, and the body.
+ReadingText& headlineOf(Alert& alert)
+{
+    return *alert.findChildren<ReadingText*>().at(0);
+}
+
+ReadingText& bodyOf(Alert& alert)
+{
+    return *alert.findChildren<ReadingText*>().at(1);
+}
+
+/// The alert itself, each of its visible buttons, the body and what it scrolls in, and the headline.
 QList<QWidget*> placesOfFocus(Alert& alert)
 {
-    auto* area = alert.findChild<QScrollArea*>();
-    return {&alert, alert.buttons().at(0), alert.buttons().at(1), area, area->viewport(), area->widget()};
+    return {&alert,         alert.buttons().at(0),      alert.buttons().at(1),
+            &bodyOf(alert), bodyOf(alert).viewport(), &headlineOf(alert)};
+}
+
+/// Whether no character, as a reader counts them, begins within the text or ends outside of it.
+bool isMadeOfWholeCharacters(const QString& part, const QString& whole, qsizetype from)
+{
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, whole);
+    characters.setPosition(from);
+    if (!characters.isAtBoundary()) {
+        return false;
+    }
+    characters.setPosition(from + part.size());
+    return characters.isAtBoundary();
+}
+
+/// How many paragraphs of the text were laid out.
+int laidOutParagraphs(const ReadingText& text)
+{
+    int count = 0;
+    for (QTextBlock block = text.document()->begin(); block.isValid(); block = block.next()) {
+        count += block.layout()->lineCount() > 0 ? 1 : 0;
+    }
+    return count;
 }
 constexpr qsizetype placeCount = 6;
 
@@ -162,19 +198,15 @@ TEST_F(AlertTest, TextsAreShownAsTheyStandAndEveryKindOfLineEndBeginsALine)
     Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(QStringLiteral("a\rb\r\nc\nd"), markup, ok, {}));
     EXPECT_EQ(shown.informativeText(), QStringLiteral("a\rb\r\nc\nd"));
     EXPECT_EQ(shown.accessibleDescription(), QStringLiteral("a\nb\nc\nd")) << "each begins one line";
-    bool found = false;
-    for (const QLabel* label : shown.findChildren<QLabel*>()) {
-        EXPECT_TRUE(!label->pixmap().isNull() || label->textFormat() == Qt::PlainText);
-        found = found || label->text() == markup;
-    }
-    EXPECT_TRUE(found);
+    EXPECT_EQ(headlineOf(shown).toPlainText(), markup);
+    EXPECT_EQ(bodyOf(shown).toPlainText(), QStringLiteral("a\nb\nc\nd"));
 }
 
 TEST_F(AlertTest, ALongBodyScrollsInsteadOfGrowingPastTheWindow)
 {
     Alert& shown = show(twoButtons(QStringLiteral("line\n").repeated(2000)));
     EXPECT_LT(shown.height(), window->height());
-    QScrollBar& bar = *shown.findChild<QScrollArea*>()->verticalScrollBar();
+    QScrollBar& bar = *bodyOf(shown).verticalScrollBar();
     EXPECT_GT(bar.maximum(), 0);
     press(shown, Qt::Key_PageDown);
     EXPECT_GT(bar.value(), 0);
@@ -201,22 +233,119 @@ TEST_F(AlertTest, TextsOfAllLengthsLeaveTheButtonsInTheWindow)
         EXPECT_LT(shown.width(), window->width());
         EXPECT_LT(shown.height(), window->height());
         EXPECT_TRUE(shown.rect().contains(shown.buttons().at(0)->geometry()));
-        const auto& area = *shown.findChild<QScrollArea*>();
-        EXPECT_LE(area.widget()->width(), area.viewport()->width());
-        for (const QLabel* label : area.findChildren<QLabel*>()) {
-            EXPECT_LE(label->minimumSizeHint().width(), label->width()) << "no word is cut off";
-        }
+        EXPECT_EQ(headlineOf(shown).horizontalScrollBar()->maximum(), 0) << "no word is cut off";
         answer(1000);
     }
 }
 
-TEST_F(AlertTest, ANarrowPanelGrowsWithAWideWord)
+TEST_F(AlertTest, AWordTooLongForALineGoesOnInTheNext)
 {
-    const QString wideWord(23, QLatin1Char('W'));
-    AppDelegate::doSheetAlert(*window, wideWord, wideWord, ok, QString());
-    for (const QLabel* label : alert()->findChild<QScrollArea*>()->findChildren<QLabel*>()) {
-        EXPECT_LE(label->minimumSizeHint().width(), label->visibleRegion().boundingRect().width());
+    const QString longWord(90, QLatin1Char('W'));
+    AppDelegate::doSheetAlert(*window, longWord, longWord, ok, QString());
+    for (const ReadingText* text : {&headlineOf(*alert()), &bodyOf(*alert())}) {
+        EXPECT_EQ(text->horizontalScrollBar()->maximum(), 0);
+        EXPECT_GT(text->document()->begin().layout()->lineCount(), 1);
+        EXPECT_EQ(text->toPlainText(), longWord) << "nothing is put into what is copied";
     }
+}
+
+/// Emojis that are joined of several, letters with marks, flags: wherever the middle is taken out, none is halved.
+TEST_F(AlertTest, AShortenedHeadlineHalvesNoCharacter)
+{
+    for (const QString& character :
+         {QStringLiteral("😀"), QStringLiteral("👩‍👩‍👧‍👦"), QStringLiteral("e\u0301\u0323"), QStringLiteral("🇩🇪"), QStringLiteral("👍🏽")}) {
+        for (int before = 0; before < 16; ++before) {
+            const QString whole = QString(before, u'x') + character.repeated(300);
+            Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(body, whole, ok, QString()));
+            const QStringList parts = headlineOf(shown).toPlainText().split(u'…');
+            ASSERT_EQ(parts.size(), 2);
+            EXPECT_TRUE(isMadeOfWholeCharacters(parts.at(0), whole, 0)) << before;
+            EXPECT_TRUE(isMadeOfWholeCharacters(parts.at(1), whole, whole.size() - parts.at(1).size())) << before;
+            EXPECT_TRUE(whole.startsWith(parts.at(0)) && whole.endsWith(parts.at(1)));
+            EXPECT_LE(parts.at(0).size() + parts.at(1).size(), 420);
+            answer(1000);
+        }
+    }
+}
+
+TEST_F(AlertTest, OfAVeryLongBodyOnlyWhatIsSeenIsLaidOut)
+{
+    QString lines;
+    for (int line = 0; line < 20'000; ++line) {
+        lines += QStringLiteral("line %1\n").arg(line);
+    }
+    lines += QStringLiteral("the end");
+    Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(lines, headline, ok, QString()));
+    grabbed(shown);
+    ReadingText& text = bodyOf(shown);
+    EXPECT_LT(laidOutParagraphs(text), 200);
+    EXPECT_EQ(shown.informativeText(), lines);
+    EXPECT_EQ(shown.accessibleDescription(), lines);
+    text.verticalScrollBar()->setValue(text.verticalScrollBar()->maximum());
+    grabbed(shown);
+    EXPECT_LT(laidOutParagraphs(text), 400);
+    const QTextCursor atBottom = text.cursorForPosition({0, text.viewport()->height() - 1});
+    EXPECT_EQ(atBottom.block().text(), QStringLiteral("the end"));
+}
+
+TEST_F(AlertTest, TheTextsAreSpokenAsLabelsAre)
+{
+    Alert& shown = show(twoButtons());
+    for (ReadingText* text : {&headlineOf(shown), &bodyOf(shown)}) {
+        const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(text);
+        ASSERT_TRUE(spoken);
+        EXPECT_EQ(spoken->role(), QAccessible::StaticText);
+        EXPECT_EQ(spoken->text(QAccessible::Name), text->toPlainText());
+    }
+}
+
+TEST_F(AlertTest, TheMouseSelectsTextAndTheKeysCopyIt)
+{
+    Alert& shown = show(twoButtons(QStringLiteral("copied")));
+    QTest::mouseDClick(bodyOf(shown).viewport(), Qt::LeftButton, {}, {10, 5});
+    QTest::keyClick(&bodyOf(shown), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("copied"));
+}
+
+TEST_F(AlertTest, ATitleTooWideForTheWindowGoesOnInFurtherLines)
+{
+    window->setMinimumSize(1, 1);
+    window->resize(420, 500);
+    const QString title =
+        QStringLiteral("Thanks for letting me know. I'll look for my TALV data or enter myself").repeated(2);
+    Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(body, headline, title, ok));
+    EXPECT_LE(shown.width(), window->width());
+    const QPushButton& button = *shown.buttons().at(0);
+    EXPECT_EQ(button.text(), title);
+    EXPECT_TRUE(shown.rect().contains(button.geometry()));
+    EXPECT_GE(button.height(), 4 * button.fontMetrics().height());
+    saveScreenshot(grabbed(shown));
+}
+
+TEST_F(AlertTest, NoAlertIsWiderThanTheWindowThoughAHiddenButtonIs)
+{
+    window->setMinimumSize(1, 1);
+    window->resize(420, 500);
+    const Alert& shown = show(twoButtons(QStringLiteral("word ").repeated(400)));
+    EXPECT_LE(shown.width(), window->width());
+    EXPECT_LE(shown.height(), window->height());
+    for (const QPushButton* button : shown.buttons().first(2)) {
+        EXPECT_TRUE(shown.rect().contains(button->geometry()));
+    }
+}
+
+TEST_F(AlertTest, AnOpenAlertStaysWithinAWindowThatIsMadeSmaller)
+{
+    window->setMinimumSize(1, 1);
+    const Alert& shown = show(twoButtons(QStringLiteral("word ").repeated(400)));
+    const int former = shown.width();
+    window->resize(420, 400);
+    runQueued();
+    EXPECT_LE(shown.width(), window->width());
+    EXPECT_LE(shown.height(), window->height());
+    window->resize(1080, 760);
+    runQueued();
+    EXPECT_EQ(shown.width(), former);
 }
 
 TEST_F(AlertTest, OfAHeadlineBeyondAllMeasureBothEndsAreShown)
@@ -233,14 +362,14 @@ TEST_F(AlertTest, OfAHeadlineBeyondAllMeasureBothEndsAreShown)
 TEST_F(AlertTest, AHeadlineOfManyLinesScrolls)
 {
     Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(body, QStringLiteral("9\n").repeated(100), ok, {}));
-    QScrollBar& bar = *shown.findChild<QScrollArea*>()->verticalScrollBar();
+    QScrollBar& bar = *headlineOf(shown).verticalScrollBar();
     press(shown, Qt::Key_PageDown);
     EXPECT_GT(bar.value(), 0);
 }
 
 TEST_F(AlertTest, AShortBodyDoesNotScroll)
 {
-    EXPECT_EQ(show(twoButtons()).findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
+    EXPECT_FALSE(bodyOf(show(twoButtons())).isCut());
 }
 
 TEST_F(AlertTest, AFewLinesDoNotScrollWhateverLineEndsTheyHave)
@@ -250,7 +379,7 @@ TEST_F(AlertTest, AFewLinesDoNotScrollWhateverLineEndsTheyHave)
             QStringLiteral("When the Notification Center reminder appears, click on it to open the note with Velumora"),
             QString::fromLatin1(shownHeadline), ok, {}));
         runQueued();
-        EXPECT_EQ(shown.findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0) << shownHeadline;
+        EXPECT_FALSE(headlineOf(shown).isCut() || bodyOf(shown).isCut()) << shownHeadline;
         press(shown, Qt::Key_Return);
         runQueued();
     }

@@ -155,7 +155,7 @@ TEST_F(AppearanceTest, ChosenAndUnchosenAreToldApartOnEveryGround)
     }
     radio.setAutoExclusive(false);
     for (const Appearance appearance : {Appearance::Light, Appearance::Dark}) {
-        applyAppearance(appearance, sheet);
+        applyPalette(calmPalette(appearance), sheet);
         const QColor ground = calmPalette(appearance).color(QPalette::Window);
         for (QAbstractButton* button : {static_cast<QAbstractButton*>(&radio), static_cast<QAbstractButton*>(&box)}) {
             button->setChecked(false);

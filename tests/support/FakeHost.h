@@ -58,7 +58,23 @@ public:
 class FakeGlobalDefaults : public GlobalDefaults {
 public:
     std::optional<QString> interfaceStyle;
+    bool highContrast = false;
+    QPalette colors;
+    DesktopText desktopText;
 
+    void setHighContrast(bool high)
+    {
+        highContrast = high;
+        Q_EMIT didChange();
+    }
+    void setText(const DesktopText& text)
+    {
+        desktopText = text;
+        Q_EMIT didChange();
+    }
+    bool prefersHighContrast() const override { return highContrast; }
+    QPalette palette() const override { return colors; }
+    DesktopText text() const override { return desktopText; }
     void setInterfaceStyle(const std::optional<QString>& style)
     {
         interfaceStyle = style;

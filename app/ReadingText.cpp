@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "app/ReadingText.h"
+
+#include <QAccessibleWidget>
+#include <QEvent>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int preferredLetters = 28; ///< of a line
+constexpr QTextOption::WrapMode wrapping = QTextOption::WrapAtWordBoundaryOrAnywhere;
+
+/// A label: assistive technologies read those of a dialog aloud when it comes up.
+class ReadingTextAccessible : public QAccessibleWidget {
+public:
+    explicit ReadingTextAccessible(ReadingText& text) : QAccessibleWidget(&text, QAccessible::StaticText) {}
+
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    QString text(QAccessible::Text kind) const override
+    {
+        const auto* shown = static_cast<const ReadingText*>(widget());
+        return kind == QAccessible::Name ? shown->toPlainText() : QAccessibleWidget::text(kind);
+    }
+};
+
+QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object)
+{
+    auto* const text = qobject_cast<ReadingText*>(object);
+    return text ? new ReadingTextAccessible(*text) : nullptr; // the accessibility cache owns it
+}
+
+/// The height of a paragraph, measured no further than `enough`.
+double heightOf(const QString& paragraph, const QFont& font, int width, double enough)
+{
+    QTextOption option;
+    option.setWrapMode(wrapping);
+    QTextLayout layout(paragraph, font);
+    layout.setTextOption(option);
+    double height = 0;
+    layout.beginLayout();
+    while (height < enough) {
+        QTextLine line = layout.createLine();
+        if (!line.isValid()) {
+            break;
+        }
+        line.setLineWidth(width);
+        height += line.height();
+    }
+    layout.endLayout();
+    return height;
+}
+
+} // namespace
+
+ReadingText::ReadingText(int longest, QWidget* parent) : QPlainTextEdit(parent), m_longest(longest)
+{
+    static const bool isSpoken = (QAccessible::installFactory(makeInterface), true);
+    Q_UNUSED(isSpoken)
+    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setFocusPolicy(Qt::ClickFocus); // where it was clicked, the keys copy
+    setFrameShape(NoFrame);
+    setWordWrapMode(wrapping);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    document()->setDocumentMargin(0);
+    setBackgroundVisible(false);
+    viewport()->setAutoFillBackground(false);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+void ReadingText::setText(const QString& text)
+{
+    setPlainText(text);
+    setVisible(!text.isEmpty());
+    updateGeometry();
+}
+
+bool ReadingText::isCut() const
+{
+    return verticalScrollBar()->maximum() > 0;
+}
+
+int ReadingText::heightForWidth(int width) const
+{
+    ensurePolished(); // the style rules give the font
+    double height = 0;
+    for (QTextBlock block = document()->begin(); block.isValid() && height < m_longest; block = block.next()) {
+        height += heightOf(block.text(), font(), width, m_longest - height);
+    }
+    constexpr int around = 1; // what the control needs besides its lines to show them all
+    return std::min(static_cast<int>(std::ceil(height)) + around, m_longest);
+}
+
+QSize ReadingText::sizeHint() const
+{
+    ensurePolished();
+    const int width = fontMetrics().averageCharWidth() * preferredLetters;
+    return {width, heightForWidth(width)};
+}
+
+QSize ReadingText::minimumSizeHint() const
+{
+    return {fontMetrics().height(), fontMetrics().height()};
+}
+
+void ReadingText::changeEvent(QEvent* event)
+{
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        updateGeometry();
+    }
+}

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include "app/WindowPlace.h"
+
+#include "store/Files.h"
+
+#include <QDir>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QMainWindow>
+#include <QScreen>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/// Room for what a window manager puts around a window that it has not seen yet.
+constexpr QMargins usualFrame(4, 36, 4, 4);
+constexpr std::size_t longestFile = 200;
+constexpr int greatestNumber = 100'000;
+
+const QString maximised = QStringLiteral("maximised");
+const QString usual = QStringLiteral("normal");
+
+struct Place {
+    QRect rect;
+    bool isMaximised = false;
+};
+
+qint64 area(const QRect& rect)
+{
+    return rect.isValid() ? static_cast<qint64>(rect.width()) * rect.height() : 0;
+}
+
+/// "left top width height state"; nullopt for anything else.
+std::optional<Place> placeFrom(const QString& text)
+{
+    const QStringList words = text.simplified().split(u' ');
+    if (words.size() != 5 || (words.at(4) != maximised && words.at(4) != usual)) {
+        return std::nullopt;
+    }
+    int numbers[4] = {};
+    for (int index = 0; index < 4; ++index) {
+        bool isNumber = false;
+        numbers[index] = words.at(index).toInt(&isNumber);
+        if (!isNumber || std::abs(numbers[index]) > greatestNumber) {
+            return std::nullopt;
+        }
+    }
+    const QRect rect(numbers[0], numbers[1], numbers[2], numbers[3]);
+    return rect.isValid() ? std::optional(Place{rect, words.at(4) == maximised}) : std::nullopt;
+}
+
+std::optional<Place> placeIn(const std::filesystem::path& path)
+{
+    const std::optional<FileContent> content = readFile(path, longestFile);
+    return content ? placeFrom(QString::fromUtf8(content->text())) : std::nullopt;
+}
+
+QList<QRect> freeScreens()
+{
+    QList<QRect> screens;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        screens.append(screen->availableGeometry());
+    }
+    return screens;
+}
+
+} // namespace
+
+QRect placedOnScreen(const QRect& wanted, const QMargins& frame, const QSize& least, const QList<QRect>& screens)
+{
+    if (screens.isEmpty()) {
+        return wanted;
+    }
+    const QRect whole = wanted.marginsAdded(frame);
+    const QRect screen = *std::ranges::max_element(
+        screens, {}, [&whole](const QRect& each) { return area(each.intersected(whole)); });
+    const QRect free = screen.marginsRemoved(frame);
+    QRect placed(wanted.topLeft(), wanted.size().boundedTo(free.size()).expandedTo(least));
+    placed.moveLeft(std::max(std::min(placed.left(), free.right() + 1 - placed.width()), free.left()));
+    placed.moveTop(std::max(std::min(placed.top(), free.bottom() + 1 - placed.height()), free.top()));
+    return placed;
+}
+
+WindowPlace::WindowPlace(std::filesystem::path file, QMainWindow& window)
+    : m_file(std::move(file)), m_window(window)
+{
+    restore();
+    window.installEventFilter(this);
+}
+
+void WindowPlace::restore()
+{
+    const std::optional<Place> last = placeIn(m_file);
+    if (!last) { // the window manager finds a place
+        const QRect screen = m_window.screen()->availableGeometry();
+        m_window.resize(placedOnScreen({screen.topLeft(), m_window.size()}, usualFrame, m_window.minimumSizeHint(),
+                                       {screen})
+                            .size());
+        return;
+    }
+    m_window.setGeometry(placedOnScreen(last->rect, usualFrame, m_window.minimumSizeHint(), freeScreens()));
+    if (last->isMaximised) {
+        m_window.setWindowState(m_window.windowState() | Qt::WindowMaximized);
+    }
+}
+
+void WindowPlace::save()
+{
+    if (!m_window.isVisible()) {
+        return;
+    }
+    // What a maximised window goes back to when it is made smaller again.
+    const QRect rect = m_window.isMaximized() ? m_window.normalGeometry() : m_window.geometry();
+    const QString state = m_window.isMaximized() ? maximised : usual;
+    const QString text = QStringLiteral("%1 %2 %3 %4 %5\n")
+                             .arg(rect.x())
+                             .arg(rect.y())
+                             .arg(rect.width())
+                             .arg(rect.height())
+                             .arg(state);
+    constexpr QFile::Permissions usersAlone = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    const QString folder = QString::fromStdString(m_file.parent_path().string());
+    if (!QDir(folder).exists()) {
+        QDir().mkpath(folder);
+        QFile::setPermissions(folder, usersAlone);
+    }
+    TemporaryFile file(m_file); // where it cannot be written, the window opens as it did before
+    if (!file.write(text.toStdString())) {
+        file.replaceTarget();
+    }
+}
+
+bool WindowPlace::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Close) {
+        save();
+    }
+    return QObject::eventFilter(watched, event);
+}
