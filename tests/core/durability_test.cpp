@@ -55,6 +55,7 @@ std::string nameOf(int descriptor)
 
 } // namespace
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the system's headers have reserved names
 extern "C" int fsync(int descriptor)
 {
     struct stat status {};
@@ -75,6 +76,7 @@ extern "C" int unlink(const char* path) noexcept
     trace().add("unlink " + fs::path(path).filename().native());
     return static_cast<int>(::syscall(SYS_unlinkat, AT_FDCWD, path, 0));
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 namespace {
 
