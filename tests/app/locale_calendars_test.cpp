@@ -17,8 +17,8 @@
 
 namespace {
 
-/// 15 March 2024 as a page's title names its month. Names: CLDR, as Python's Babel and the Persian calendar centre have
-/// them; Umm al-Qura: 11 March 2024 was 1 Ramadan 1445 by its published table.
+/// The month of 15 March 2024 as a page's title names it: 25 Esfand 1402, five days before the published new year of
+/// 1403, and 5 Ramadan 1445, a month that began on 11 March. Gregorian names are those that Python's Babel prints.
 struct Languages {
     const char* currentLocale;
     const char* language;

@@ -165,8 +165,8 @@ TEST(LanguageSources, AreKeptApart)
 
 TEST(LanguageSources, NameTheMonthsOfTheLocalesCalendarInTheLanguage)
 {
-    // The day in other calendars: GNU date and the converter of the University of Tehran's calendar centre; Umm al-Qura
-    // by its published table (11 March 2024 was 1 Ramadan 1445). Names as CLDR has them.
+    // 15 March 2024 is 25 Esfand 1402, five days before the published new year of 1403, and 5 Ramadan 1445, a month
+    // that began on 11 March. Gregorian names are those that Python's Babel prints.
     const TimeZoneGuard zone("UTC");
     const Date date = utcDate(2024, 3, 15);
     struct {
