@@ -23,9 +23,11 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 
 class DatePicker;
+class HiddenNotesLine;
 class QAbstractButton;
 class QAction;
 class QCheckBox;
@@ -313,6 +315,7 @@ private:
     void importEvents(const std::filesystem::path& source);
 
     MonthGrid::YearMonth shownOrCurrentMonth() const;
+    void scrollToNoteNearestTo(Date date);
     void chooseNotes(NotesChoice choice);
     void showRows(Table rows);
     void replaceRows(Table rows);
@@ -324,6 +327,11 @@ private:
     void deleteEvent(const Value& event);
     void confirmDeletion(const QString& question, std::function<void()> deletion);
     void saveNotesInsteadOf(const std::string& replaced, const std::string& seen);
+    void redrawWeek(int days);
+    void redrawMonth(int months);
+    void tellHiddenNotes(HiddenNotesLine& line, const QString& format, std::span<const Date> days,
+                         const std::optional<Table>& notes) const;
+    void showAllNotesOnPage();
     void showNoteOfDay(Date date, DayButton& button);
     void editSelectedNote(DayButton& day);
 

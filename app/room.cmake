@@ -40,6 +40,7 @@ target_sources(velumora-app PRIVATE
     app/Translations.cpp
     app/Translations.h
     calendar/AppDelegate+DockIcon.cpp
+    calendar/AppDelegate+HiddenNotes.cpp
     calendar/AppDelegate+MiniCalendar.cpp
     calendar/AppDelegate+MonthlyPrint.cpp
     calendar/AppDelegate+MonthlyView.cpp
@@ -54,6 +55,8 @@ target_sources(velumora-app PRIVATE
     calendar/FittedText.cpp
     calendar/FittedText.h
     calendar/HiddenDatePicker.h
+    calendar/HiddenNotesLine.cpp
+    calendar/HiddenNotesLine.h
     calendar/MiniCalendarGrid.cpp
     calendar/MiniCalendarGrid.h
     calendar/MonthPage.cpp

@@ -68,14 +68,20 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
         note.setAccessibleName(spokenDate.stringFromDate(days.at(index)));
     }
     grid->daysDidChange();
+    tellHiddenNotes(*m_ui.monthlyViewHiddenNotes, localized("Notes of this month shown: %@ of %@"), days, notes);
 }
 
 void AppDelegate::backForwardMonthlyView(QAbstractButton& sender)
 {
-    const int step = &sender == m_ui.monthlyViewBackBtn ? -1 : 1;
+    redrawMonth(&sender == m_ui.monthlyViewBackBtn ? -1 : 1);
+}
+
+/// Draws the month `months` away from the one shown; 0 draws that one anew.
+void AppDelegate::redrawMonth(int months)
+{
     // The picker may hold a midnight of a zone that was in force before: a day away from the first here, never two.
     const auto [year, month, day] = DateUtilities::yearMonthDayFromDate(
         DateUtilities::dateByAddingDays(m_ui.monthlyViewHiddenDatePicker->dateValue(), 2, 0, 0));
-    const Date date = DateUtilities::dateByAddingDays(DateUtilities::dateFromYear(year, month, 1), 0, step, 0);
+    const Date date = DateUtilities::dateByAddingDays(DateUtilities::dateFromYear(year, month, 1), 0, months, 0);
     putDaysDatesTextOnMonthlyView(MonthGrid::dayOfWeekForDate(date), date, m_window, notesTVData, startOnSunday());
 }

@@ -46,6 +46,7 @@ velumora_test(app-tests
     app/contrast_test.cpp
     app/dock_icon_test.cpp
     app/help_test.cpp
+    app/hidden_notes_test.cpp
     app/host_test.cpp
     app/keyboard_test.cpp
     app/legacy_import_test.cpp
