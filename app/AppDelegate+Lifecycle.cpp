@@ -97,6 +97,7 @@ void AppDelegate::applicationDidFinishLaunching()
     } else {
         m_ui.hideShowSegBtn->setLabelForSegment(localized("Hide All"), 1);
     }
+    scrollToNoteNearestTo(today);
     setDateForPrevNextArrows(today);
     colorTodayOnMiniCal();
 }

@@ -6,6 +6,7 @@
 #include "app/EditingKeys.h"
 #include "app/FittingScrollArea.h"
 #include "app/Localized.h"
+#include "calendar/HiddenNotesLine.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "host/ClockMonitor.h"
 #include "host/GlobalDefaults.h"
@@ -144,6 +145,9 @@ void AppDelegate::connectActions()
     connect(m_ui.filterField, &QLineEdit::returnPressed, m_ui.filterBtn, &QAbstractButton::click);
     connect(m_ui.hideShowSegBtn, &SegmentedControl::segmentPressed, this,
             [this] { respondToSegmentSelection(*m_ui.hideShowSegBtn); });
+    for (const HiddenNotesLine* line : {m_ui.weeklyViewHiddenNotes, m_ui.monthlyViewHiddenNotes}) {
+        connect(line, &HiddenNotesLine::showAllPressed, this, &AppDelegate::showAllNotesOnPage);
+    }
     connect(m_ui.miniCalendarGrid, &MiniCalendarGrid::dayPressed, this, [this](DayButton& day) {
         dayBtnAction(day);
         editSelectedNote(day);

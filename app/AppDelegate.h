@@ -26,10 +26,12 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 
 class Announcer;
 class DatePicker;
+class HiddenNotesLine;
 class QAbstractButton;
 class QAction;
 class QCheckBox;
@@ -370,6 +372,7 @@ private:
     MonthGrid::YearMonth shownOrCurrentMonth() const;
     Date firstOfMonthlyView() const;
     void followToday();
+    void scrollToNoteNearestTo(Date date);
     void chooseNotes(NotesChoice choice);
     void showRows(Table rows);
     void replaceRows(Table rows);
@@ -382,6 +385,11 @@ private:
     void confirmDeletion(const QString& question, std::function<void()> deletion);
     bool takeInNote(int row, bool isEdited);
     void saveNotesInsteadOf(const std::string& replaced, const std::string& seen);
+    void redrawWeek(int days);
+    void redrawMonth(int months);
+    void tellHiddenNotes(HiddenNotesLine& line, const QString& format, std::span<const Date> days,
+                         const std::optional<Table>& notes) const;
+    void showAllNotesOnPage();
     void showNoteOfDay(Date date, DayButton& button);
     void editSelectedNote(DayButton& day);
 

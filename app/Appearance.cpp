@@ -33,13 +33,15 @@ struct RoleColors {
 };
 
 /// Texts stand on Window, Base and Button at a contrast of 4.5:1 or better, Dark (secondary texts) and Link (the accent
-/// colour as a text) included. What cannot be used now is in Shadow: it is told apart by its paleness.
+/// colour as a text) and BrightText (what went wrong) included. What cannot be used now is in Shadow: it is told apart
+/// by its paleness.
 constexpr std::array roles{
     RoleColors{QPalette::Window, 0xfff5f5f7, 0xff1e1e20},
     RoleColors{QPalette::WindowText, 0xff1d1d1f, 0xfff2f2f4},
     RoleColors{QPalette::Base, 0xffffffff, 0xff29292c},
     RoleColors{QPalette::AlternateBase, 0xfffafafb, 0xff2e2e31},
     RoleColors{QPalette::Text, 0xff1d1d1f, 0xfff2f2f4},
+    RoleColors{QPalette::BrightText, 0xffba0019, 0xffff958c},
     RoleColors{QPalette::Button, 0xffffffff, 0xff36363a},
     RoleColors{QPalette::ButtonText, 0xff1d1d1f, 0xfff2f2f4},
     RoleColors{QPalette::Light, 0xffffffff, 0xff48484c},

@@ -60,6 +60,7 @@ target_sources(velumora-app PRIVATE
     app/WrappingButton.cpp
     app/WrappingButton.h
     calendar/AppDelegate+DockIcon.cpp
+    calendar/AppDelegate+HiddenNotes.cpp
     calendar/AppDelegate+MiniCalendar.cpp
     calendar/AppDelegate+MonthlyPrint.cpp
     calendar/AppDelegate+MonthlyView.cpp
@@ -77,6 +78,8 @@ target_sources(velumora-app PRIVATE
     calendar/FittedText.cpp
     calendar/FittedText.h
     calendar/HiddenDatePicker.h
+    calendar/HiddenNotesLine.cpp
+    calendar/HiddenNotesLine.h
     calendar/MiniCalendarGrid.cpp
     calendar/MiniCalendarGrid.h
     calendar/MonthPage.cpp

@@ -79,6 +79,7 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
     }
     colorTodayOnMonthlyView();
     grid->daysDidChange();
+    tellHiddenNotes(*m_ui.monthlyViewHiddenNotes, localized("Notes of this month shown: %@ of %@"), days, notes);
 }
 
 /// Day 1 of the month that the page shows.
@@ -106,8 +107,13 @@ void AppDelegate::colorTodayOnMonthlyView()
 
 void AppDelegate::backForwardMonthlyView(QAbstractButton& sender)
 {
-    const int step = &sender == m_ui.monthlyViewBackBtn ? -1 : 1;
-    const Date date = DateUtilities::dateByAddingDays(firstOfMonthlyView(), 0, step, 0);
-    putDaysDatesTextOnMonthlyView(MonthGrid::dayOfWeekForDate(date), date, m_window, notesTVData, startOnSunday());
+    redrawMonth(&sender == m_ui.monthlyViewBackBtn ? -1 : 1);
     announceMonthOfPage();
+}
+
+/// Draws the month `months` away from the one shown; 0 draws that one anew.
+void AppDelegate::redrawMonth(int months)
+{
+    const Date date = DateUtilities::dateByAddingDays(firstOfMonthlyView(), 0, months, 0);
+    putDaysDatesTextOnMonthlyView(MonthGrid::dayOfWeekForDate(date), date, m_window, notesTVData, startOnSunday());
 }

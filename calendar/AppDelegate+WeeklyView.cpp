@@ -95,17 +95,23 @@ void AppDelegate::colorTodayOnWeeklyView()
     if (start) {
         markToday(*m_ui.weeklyGrid, Week::daysFrom(*start));
     }
+    tellHiddenNotes(*m_ui.weeklyViewHiddenNotes, localized("Notes of this week shown: %@ of %@"), days, notes);
 }
 
 void AppDelegate::backForwardWeek(QAbstractButton& sender)
 {
-    const int step = &sender == m_ui.weeklyViewBackWeek ? -MonthGrid::DaysPerWeek : MonthGrid::DaysPerWeek;
+    redrawWeek(&sender == m_ui.weeklyViewBackWeek ? -MonthGrid::DaysPerWeek : MonthGrid::DaysPerWeek);
+}
+
+/// Draws the week `days` away from the one shown; 0 draws that one anew.
+void AppDelegate::redrawWeek(int days)
+{
     const std::optional<Date> start =
         Week::firstDayFromText(m_ui.weeklyViewStartingDate->text(), *m_sharedStyleFormatter);
     if (!start) {
         return; // the label is the week's only record: where it names none, the page stays as it is
     }
-    const Date date = DateUtilities::dateByAddingDays(*start, step, 0, 0);
+    const Date date = DateUtilities::dateByAddingDays(*start, days, 0, 0);
     const int offset = MonthGrid::weekStartOffset(MonthGrid::dayOfWeekForDate(date), startOnSunday());
     putDaysDatesTextOnWeeklyView(offset, date, m_window, notesTVData);
     announceWeek();

@@ -123,6 +123,14 @@ void AppDelegate::showAllNotes(SegmentedControl& control)
     showCountUnlessEmpty();
 }
 
+void AppDelegate::scrollToNoteNearestTo(Date date)
+{
+    const std::int64_t row = NoteQueries::indexNearestTo(notesTVData.value_or(Table()), date);
+    if (row != DateUtilities::NotFound) {
+        m_ui.notesTableView->scrollRowToVisible(static_cast<int>(row));
+    }
+}
+
 void AppDelegate::filterNotes()
 {
     m_ui.notesTableView->endEditing();
@@ -130,8 +138,13 @@ void AppDelegate::filterNotes()
         NotesChoice::matching(m_ui.filterField->text().toStdString(), DateEnvironment::localePair().currentLocale);
     Table matches = choice.of(allNotesTVData.value_or(Table()));
     if (matches.isEmpty()) {
+        const QString search = m_ui.filterField->text();
+        m_ui.filterField->setFoundNothing(search.isEmpty() ? QString()
+                                                           : filled(localized("No note contains “%@”"), {search}));
+        m_ui.filterField->setFocus(Qt::OtherFocusReason); // where the mark is, and where the next search begins
         return;
     }
+    m_ui.filterField->setFoundNothing({});
     m_notesChoice = choice;
     showRows(std::move(matches));
     m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), 1);

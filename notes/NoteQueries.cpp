@@ -22,6 +22,24 @@ template <typename Predicate> Table elementsWhere(const Table& table, Predicate 
     return result;
 }
 
+/// The first note of each of `dates`, null where there is none.
+std::vector<const Value*> firstNotesOf(const Table& table, std::span<const Date> dates)
+{
+    std::vector<const Value*> found(dates.size());
+    for (const Value& element : table) {
+        const std::optional<Date> date = noteDateOf(element);
+        if (!date || dates.empty() || *date < dates.front() || *date > dates.back()) {
+            continue;
+        }
+        const auto equal = std::equal_range(dates.begin(), dates.end(), *date);
+        for (auto place = equal.first; place != equal.second; ++place) {
+            const Value*& first = found.at(static_cast<std::size_t>(place - dates.begin()));
+            first = first ? first : &element;
+        }
+    }
+    return found;
+}
+
 Value noteOf(const Value* date, const Value& text)
 {
     Dictionary note;
@@ -65,24 +83,40 @@ std::int64_t NoteQueries::doesTVDataHaveDate(const Table& table, Date date)
 
 std::vector<std::string> NoteQueries::textsOfDates(const Table& table, std::span<const Date> dates)
 {
-    std::vector<const Value*> found(dates.size());
-    for (const Value& element : table) {
-        const std::optional<Date> date = noteDateOf(element);
-        if (!date || dates.empty() || *date < dates.front() || *date > dates.back()) {
-            continue;
-        }
-        const auto equal = std::equal_range(dates.begin(), dates.end(), *date);
-        for (auto place = equal.first; place != equal.second; ++place) {
-            const Value*& first = found.at(static_cast<std::size_t>(place - dates.begin()));
-            first = first ? first : &element;
-        }
-    }
+    const std::vector<const Value*> found = firstNotesOf(table, dates);
     std::vector<std::string> texts(dates.size());
     std::ranges::transform(found, texts.begin(), [](const Value* element) {
         const Value* text = element ? valueOf(*element, NoteDataKey) : nullptr;
         return text && text->text() ? *text->text() : std::string();
     });
     return texts;
+}
+
+IndexSet NoteQueries::datesWithNotes(const Table& table, std::span<const Date> dates)
+{
+    const std::vector<const Value*> found = firstNotesOf(table, dates);
+    IndexSet indexes;
+    for (std::size_t index = 0; index < found.size(); ++index) {
+        if (found.at(index)) {
+            indexes.insert(indexes.end(), static_cast<std::int64_t>(index));
+        }
+    }
+    return indexes;
+}
+
+std::int64_t NoteQueries::indexNearestTo(const Table& table, Date date)
+{
+    std::int64_t nearest = DateUtilities::NotFound;
+    auto least = Date::duration::max();
+    for (std::int64_t index = 0; index < table.size(); ++index) {
+        const std::optional<Date> each = noteDateOf(table.at(index));
+        const auto distance = each ? (*each < date ? date - *each : *each - date) : Date::duration::max();
+        if (distance < least) {
+            least = distance;
+            nearest = index;
+        }
+    }
+    return nearest;
 }
 
 Table NoteQueries::copySpecificNoteFromArray(const Table& table, Date forDate)

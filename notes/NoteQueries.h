@@ -35,6 +35,13 @@ std::int64_t doesTVDataHaveDate(const Table& table, Date date);
 /// pass over the table. `dates` ascend.
 std::vector<std::string> textsOfDates(const Table& table, std::span<const Date> dates);
 
+/// The indexes of those of `dates` that have a note, in one pass over the table. `dates` ascend.
+IndexSet datesWithNotes(const Table& table, std::span<const Date> dates);
+
+/// The index of the note whose date is nearest to `date`, the first of equally near ones; `DateUtilities::NotFound` in
+/// a table without dates.
+std::int64_t indexNearestTo(const Table& table, Date date);
+
 /// The notes whose date equals `forDate`.
 Table copySpecificNoteFromArray(const Table& table, Date forDate);
 

@@ -11,6 +11,8 @@ target_sources(velumora-app PRIVATE
     notes/HeaderCell.h
     notes/NamedColor.cpp
     notes/NamedColor.h
+    notes/SearchField.cpp
+    notes/SearchField.h
     notes/TableAccessible.cpp
     notes/TableAccessible.h
     notes/TableCellAccessible.cpp

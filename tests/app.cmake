@@ -70,6 +70,7 @@ velumora_test(app-tests
     app/dock_icon_test.cpp
     app/editing_keys_test.cpp
     app/help_test.cpp
+    app/hidden_notes_test.cpp
     app/host_test.cpp
     app/keyboard_test.cpp
     app/legacy_import_test.cpp

@@ -626,8 +626,28 @@ der Hauptort der Zeitzone</translation>
         <translation>Suchen</translation>
     </message>
     <message>
+        <source>No note contains “%@”</source>
+        <translation>Keine Notiz enthält „%@“</translation>
+    </message>
+    <message>
+        <source>Notes of this month shown: %@ of %@</source>
+        <translation>Gezeigte Notizen dieses Monats: %@ von %@</translation>
+    </message>
+    <message>
+        <source>Notes of this week shown: %@ of %@</source>
+        <translation>Gezeigte Notizen dieser Woche: %@ von %@</translation>
+    </message>
+    <message>
         <source>Search notes</source>
         <translation>Notizen durchsuchen</translation>
+    </message>
+    <message>
+        <source>Show All Notes</source>
+        <translation>Alle Notizen zeigen</translation>
+    </message>
+    <message>
+        <source>Show every note in the list, the week and the month</source>
+        <translation>Jede Notiz in Liste, Woche und Monat zeigen</translation>
     </message>
     <message>
         <source>Select &amp;All</source>

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/PreferenceKeys.h"
 #include "notes/NamedColor.h"
+#include "notes/SearchField.h"
 #include "notes/TableRowView.h"
 #include "support/AppFixture.h"
 
+#include <QAccessible>
+#include <QImage>
 #include <QTest>
 
+#include <cstdlib>
 #include <fstream>
 
 namespace {
@@ -232,6 +236,90 @@ TEST_F(NotesListTest, ReturnInTheSearchFieldFilters)
     QTest::keyClicks(ui->filterField, text("early"));
     QTest::keyClick(ui->filterField, Qt::Key_Return);
     EXPECT_EQ(shownTexts(), QStringList{text("march early")});
+}
+
+TEST_F(NotesListTest, ASearchThatFindsNothingMarksItsFieldUntilTheTextChanges)
+{
+    startWithFourNotes();
+    SearchField& field = *ui->filterField;
+    const auto picture = [&field] { return field.grab().toImage(); };
+    const auto description = [&field] {
+        return QAccessible::queryAccessibleInterface(&field)->text(QAccessible::Description);
+    };
+    const auto searchFor = [&](const char* needle) {
+        field.setText(text(needle));
+        ui->filterBtn->click();
+    };
+    field.setFocus();
+    field.setText(text("no such text"));
+    const QImage unmarked = picture();
+    ui->filterBtn->setFocus();
+    const QString plainDescription = description();
+    ui->filterBtn->click();
+    EXPECT_EQ(description(), text("No note contains “no such text”"));
+    EXPECT_EQ(window->focusWidget(), &field) << "where the next search begins, and a screen reader hears it";
+    EXPECT_FALSE(alert());
+
+    // A sign in the end of the field that is there without its colours too.
+    const QImage marked = picture().convertToFormat(QImage::Format_Grayscale8);
+    const QImage plain = unmarked.convertToFormat(QImage::Format_Grayscale8);
+    int differing = 0;
+    for (int y = 6; y < marked.height() - 6; ++y) {
+        for (int x = marked.width() - 32; x < marked.width() - 6; ++x) {
+            differing += std::abs(qGray(marked.pixel(x, y)) - qGray(plain.pixel(x, y))) > 60 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(differing, 60);
+
+    QTest::keyClick(&field, Qt::Key_Backspace);
+    EXPECT_EQ(description(), plainDescription);
+    field.setText(text("no such text"));
+    EXPECT_EQ(picture(), unmarked) << "the mark is gone";
+
+    searchFor("nowhere");
+    ASSERT_TRUE(field.foundNothing());
+    app->allNotesTVData->append(note(2024, 3, 9, "nowhere"));
+    ui->filterBtn->click();
+    EXPECT_FALSE(field.foundNothing()) << "the same text is found now";
+    field.clear();
+    app->filterNotes();
+    EXPECT_FALSE(field.foundNothing()) << "nothing was searched for";
+}
+
+TEST_F(NotesListTest, EscapeEmptiesTheSearchField)
+{
+    startWithFourNotes();
+    QTest::keyClicks(ui->filterField, text("early"));
+    QTest::keyClick(ui->filterField, Qt::Key_Return);
+    QTest::keyClick(ui->filterField, Qt::Key_Escape);
+    EXPECT_EQ(ui->filterField->text(), QString());
+    EXPECT_FALSE(ui->filterBtn->isEnabled());
+    EXPECT_EQ(shownTexts(), QStringList{text("march early")}) << "the list stays";
+    ui->filterField->undo();
+    EXPECT_EQ(ui->filterField->text(), text("early"));
+}
+
+// The start
+
+TEST_F(NotesListTest, TheNoteNearestToTodayIsInViewAtTheStart)
+{
+    struct Row {
+        int firstOffset; ///< days from today of the first note; one each day
+        int nearest;     ///< its row
+    };
+    constexpr int count = 200;
+    for (const Row& row : {Row{-100, 100}, Row{-300, count - 1}, Row{5, 0}, Row{-150, 150}}) {
+        Table notes;
+        for (int i = 0; i < count; ++i) {
+            notes.append(note(2024, 3, 15 + row.firstOffset + i, "a\nb"));
+        }
+        putNotes(notes);
+        start();
+        const TableView& table = *ui->notesTableView;
+        EXPECT_TRUE(table.viewport()->rect().contains(table.rectOfRow(row.nearest))) << row.firstOffset;
+        EXPECT_EQ(table.selectedRow(), -1);
+        quit();
+    }
 }
 
 // Paging

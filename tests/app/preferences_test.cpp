@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/PreferenceKeys.h"
+#include "calendar/DayNumber.h"
+#include "calendar/MonthlyGrid.h"
 #include "support/AppFixture.h"
 
 #include <QAction>
@@ -144,6 +146,21 @@ TEST_F(PreferencesTest, APageThatDoesNotShowIsLaidOutWhenItIsSelected)
         choice("sundayPref").click();
         sheet().done(0);
     }
+}
+
+TEST_F(PreferencesTest, TheMonthThatShowsIsLaidOutAtOnce)
+{
+    start();
+    ui->myTabView->setCurrentIndex(2);
+    openSheet();
+    const auto day = [this](int cell) { return ui->monthlyGrid->dayNumber(cell).text(); };
+    ASSERT_EQ(day(6), QStringLiteral("1")) << "1 March 2024 is a Friday";
+    choice("mondayPref").click();
+    EXPECT_EQ(day(5), QStringLiteral("1"));
+    EXPECT_EQ(ui->monthlyGrid->header(0).text(), QStringLiteral("Mon"));
+    choice("sundayPref").click();
+    EXPECT_EQ(day(6), QStringLiteral("1"));
+    EXPECT_EQ(ui->monthlyGrid->header(0).text(), QStringLiteral("Sun"));
 }
 
 TEST_F(PreferencesTest, TheListPreferenceChangesNothingOnTheScreen)

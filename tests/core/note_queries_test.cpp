@@ -2,6 +2,7 @@
 #include "dates/Clock.h"
 #include "dates/DateUtilities.h"
 #include "notes/NoteQueries.h"
+#include "notes/NotesChoice.h"
 #include "notes/TextSearch.h"
 
 #include <gtest/gtest.h>
@@ -312,6 +313,56 @@ TEST_F(NoteQueriesTest, leavesACopyOfASortedTableAlone)
     const Table snapshot = table;
     NoteQueries::sortArrayAscending(table, "NoteDateKey");
     EXPECT_EQ(textsOf(snapshot), (Texts{"b", "a"}));
+}
+
+TEST_F(NoteQueriesTest, TheDatesWithNotesAreToldByTheirIndexes)
+{
+    const Table notes{note(march1, "a"), emptyList, withoutDate, Value(Array{note(january31, "b")}), note(july15, "c")};
+    const std::vector<Date> dates{january31, february1, february29, march1};
+    EXPECT_EQ(NoteQueries::datesWithNotes(notes, dates), (IndexSet{0, 3}));
+    EXPECT_EQ(NoteQueries::datesWithNotes(notes, {}), IndexSet());
+    EXPECT_EQ(NoteQueries::datesWithNotes({}, dates), IndexSet());
+}
+
+TEST_F(NoteQueriesTest, TheNearestNoteMayBeEarlierOrLater)
+{
+    const Table notes{withoutDate, note(newYear2024, "a"), note(march1, "b"), note(january31, "c"), note(march1, "d")};
+    EXPECT_EQ(NoteQueries::indexNearestTo(notes, february29), 2);
+    EXPECT_EQ(NoteQueries::indexNearestTo(notes, february1), 3);
+    EXPECT_EQ(NoteQueries::indexNearestTo(notes, newYearsEve2023), 1);
+    EXPECT_EQ(NoteQueries::indexNearestTo(notes, newYear2025), 2);
+    EXPECT_EQ(NoteQueries::indexNearestTo({withoutDate, emptyList}, march1), std::numeric_limits<std::int64_t>::max());
+}
+
+// What the list was asked for
+
+TEST_F(NoteQueriesTest, AChoiceGivesItsRowsAndKnowsWhatBelongsToThem)
+{
+    const Table notes{note(march1, "b"), note(february29, "leap"), note(newYear2025, "c"), note(february1, "a")};
+    struct Row {
+        NotesChoice choice;
+        std::vector<std::string> rows;
+    };
+    for (const Row& row :
+         {Row{NotesChoice::none(), {}}, Row{NotesChoice::all(), {"b", "leap", "c", "a"}},
+          Row{NotesChoice::ofMonth(february29), {"a", "leap"}}, Row{NotesChoice::ofYear(2024), {"b", "leap", "a"}},
+          Row{NotesChoice::matching("A", "de_DE"), {"leap", "a"}}}) {
+        EXPECT_EQ(textsOf(row.choice.of(notes)), row.rows);
+        for (const Value& each : notes) {
+            const std::string text = textsOf({each}).front();
+            EXPECT_EQ(row.choice.holds(each), std::ranges::count(row.rows, text) == 1) << text;
+        }
+    }
+}
+
+TEST_F(NoteQueriesTest, AnAddedNoteStandsAtItsDateInAMonthAndLastElsewhere)
+{
+    const Table rows{Value(Array{note(february1, "a")}), withoutDate, note(march1, "b")};
+    EXPECT_EQ(NotesChoice::ofMonth(february1).placeAmong(rows, note(february29, "leap")), 2);
+    EXPECT_EQ(NotesChoice::ofMonth(february1).placeAmong(rows, note(january31, "x")), 0);
+    EXPECT_EQ(NotesChoice::ofMonth(february1).placeAmong(rows, note(july15, "x")), 3);
+    EXPECT_EQ(NotesChoice::all().placeAmong(rows, note(january31, "x")), 3);
+    EXPECT_EQ(NotesChoice::ofMonth(february1).placeAmong({}, note(january31, "x")), 0);
 }
 
 } // namespace

@@ -4,12 +4,14 @@
 import datetime
 import os
 import pathlib
+import plistlib
 import stat
 import subprocess
 import unittest
 import zoneinfo
 
 from desktop.case import DesktopTest
+from gi.repository import Atspi
 
 BERLIN = zoneinfo.ZoneInfo("Europe/Berlin")
 NOTE = "Dentist at <nine> & half past"
@@ -73,6 +75,46 @@ class PagesTest(DesktopTest):
         window.wait_until(lambda: len(window.find_all("text", spoken(self.today))) == 2, "the whole note")
         window.key("Escape")
         window.wait_until(lambda: len(window.find_all("text", spoken(self.today))) == 1, "the page alone")
+
+    def test_a_search_without_a_match_is_heard_and_one_with_a_match_leaves_word_on_the_pages(self):
+        self.home.folder.mkdir(mode=0o700)
+        first = self.today.replace(day=1, hour=0, minute=0, second=0, microsecond=0)
+        notes = [(first, "Choir"), (first.replace(day=2), "Fair"), (first.replace(day=3), "Choir again")]
+        (self.home.folder / "TALV VeluMora").write_bytes(plistlib.dumps(
+            [{"NoteDateKey": day.astimezone(datetime.timezone.utc).replace(tzinfo=None), "NoteDataKey": text}
+             for day, text in notes]))
+        window = self.start(environment=self.viewer)
+        heard = []
+        listener = Atspi.EventListener.new(lambda event: heard.append(event.source.get_description()))
+        listener.register("object:property-change:accessible-description")
+        self.addCleanup(listener.deregister, "object:property-change:accessible-description")
+
+        field = window.find("text", "Search notes")
+        field.focus()
+        window.type("nowhere")
+        for times in (1, 2):
+            window.key("Return")
+            window.wait_until(lambda: heard.count("No note contains “nowhere”") >= times, f"the word {times} times")
+        window.key("Escape")
+        field.wait_for_text("")
+
+        window.type("choir")
+        window.key("Return")
+        window.wait_until_gone("table cell", "Note: Fair")
+        window.key("ctrl+3")
+        window.find("label", "Notes of this month shown: 2 of 3")
+        window.key("ctrl+p")
+        window.wait_until(self.opened.exists, "the viewer")
+        printed = subprocess.run(["pdftotext", str(self.home.runtime / "velumora/MyPrintedView.pdf"), "-"], check=True,
+                                 capture_output=True, stdin=subprocess.DEVNULL, text=True).stdout
+        self.assertIn("Choir again", printed)
+        self.assertNotIn("shown", printed)
+        show_all = window.find("push button", "Show All Notes")
+        self.assertEqual(show_all.description, "Notes of this month shown: 2 of 3")
+        show_all.focus()
+        window.key("space")
+        window.wait_until_gone("push button", "Show All Notes")
+        window.find("text", spoken(first.replace(day=2))).wait_for_text("Fair")
 
     def test_the_month_is_printed_and_nothing_is_left_of_it(self):
         window = self.start_with_note_of_today()

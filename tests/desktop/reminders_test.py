@@ -112,6 +112,24 @@ class RemindersTest(DesktopTest):
         self.picture("reminder-clicked")
         pump_until(lambda: not self.agent.file.exists(), "the agent to be done with it")
 
+    def test_a_click_during_a_deletion_leaves_the_rows_to_it(self):
+        daemon = self.daemon()
+        window = self.start()
+        window.find("table cell", "Note: Yesterday").click()
+        window.key("Escape")  # the row is selected, its note not edited any more
+        window.find("push button", "Delete Note…").press()
+        window.find("dialog", "Please confirm deletion")
+        self.agent.start()
+        number, _ = self.deliver(daemon)
+        daemon.click(number)
+        pump_until(lambda: not self.agent.file.exists(), "the program to have taken the click")
+        self.assertEqual(len(self.notes_shown(window)), 3)
+        window.find("push button", "Confirm Delete").press()
+        window.wait_until_gone("dialog", "Please confirm deletion")
+        self.wait_for_reminder(window)
+        self.picture("reminder-after-a-deletion")
+        window.wait_until(lambda: self.home.table("TALV VeluMora") == NOTES[1:], "the named note alone to be deleted")
+
     def test_a_click_starts_the_program_that_was_closed(self):
         daemon = self.daemon()
         window = self.start()

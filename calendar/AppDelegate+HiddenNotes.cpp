@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "app/Localized.h"
+#include "calendar/HiddenNotesLine.h"
+#include "notes/NoteQueries.h"
+#include "notes/SegmentedControl.h"
+#include "ui_MainWindow.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+constexpr int weeklyViewPage = 1;
+constexpr int monthlyViewPage = 2;
+constexpr int allNotesSegment = 1;
+
+} // namespace
+
+/// A page shows the notes of the list alone: `line` says how many of all notes of its `days` are among them, unless all
+/// are.
+void AppDelegate::tellHiddenNotes(HiddenNotesLine& line, const QString& format, std::span<const Date> days,
+                                  const std::optional<Table>& notes) const
+{
+    const IndexSet all = NoteQueries::datesWithNotes(allNotesTVData.value_or(Table()), days);
+    const IndexSet listed = NoteQueries::datesWithNotes(notes.value_or(Table()), days);
+    IndexSet shown;
+    std::ranges::set_intersection(all, listed, std::inserter(shown, shown.end()));
+    line.setText(shown.size() == all.size()
+                     ? QString()
+                     : filled(format, {QString::number(shown.size()), QString::number(all.size())}));
+}
+
+/// What the segment of all notes does, whatever it would do now; the page shown stays the page shown.
+void AppDelegate::showAllNotesOnPage()
+{
+    m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), allNotesSegment);
+    m_ui.hideShowSegBtn->press(allNotesSegment);
+    if (m_ui.myTabView->currentIndex() == weeklyViewPage) {
+        redrawWeek(0);
+    } else if (m_ui.myTabView->currentIndex() == monthlyViewPage) {
+        redrawMonth(0);
+    }
+}
