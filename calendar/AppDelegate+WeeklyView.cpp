@@ -101,6 +101,7 @@ void AppDelegate::colorTodayOnWeeklyView()
 void AppDelegate::backForwardWeek(QAbstractButton& sender)
 {
     redrawWeek(&sender == m_ui.weeklyViewBackWeek ? -MonthGrid::DaysPerWeek : MonthGrid::DaysPerWeek);
+    announceWeek();
 }
 
 /// Draws the week `days` away from the one shown; 0 draws that one anew.
@@ -114,5 +115,4 @@ void AppDelegate::redrawWeek(int days)
     const Date date = DateUtilities::dateByAddingDays(*start, days, 0, 0);
     const int offset = MonthGrid::weekStartOffset(MonthGrid::dayOfWeekForDate(date), startOnSunday());
     putDaysDatesTextOnWeeklyView(offset, date, m_window, notesTVData);
-    announceWeek();
 }
