@@ -86,6 +86,7 @@ void AppDelegate::putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget
         note->setNote(QString::fromStdString(texts.at(index)));
     }
     markToday(*grid, days);
+    tellHiddenNotes(*m_ui.weeklyViewHiddenNotes, localized("Notes of this week shown: %@ of %@"), dates, notes);
 }
 
 void AppDelegate::colorTodayOnWeeklyView()
@@ -95,7 +96,6 @@ void AppDelegate::colorTodayOnWeeklyView()
     if (start) {
         markToday(*m_ui.weeklyGrid, Week::daysFrom(*start));
     }
-    tellHiddenNotes(*m_ui.weeklyViewHiddenNotes, localized("Notes of this week shown: %@ of %@"), days, notes);
 }
 
 void AppDelegate::backForwardWeek(QAbstractButton& sender)
