@@ -58,13 +58,13 @@ AboutSheet::AboutSheet(const QString& version, const QUrl& webPage, QWidget* par
     auto* okButton = new QPushButton(localized("OK"));
     openButton->setAutoDefault(false);
     okButton->setDefault(true);
-    okButton->setFocus();
     buttons->addStretch();
     buttons->addWidget(openButton);
     buttons->addWidget(okButton);
     buttons->addStretch();
     rows->addSpacing(wideGap);
     rows->addLayout(buttons);
+    okButton->setFocus(); // now that both stand in the sheet
     connect(okButton, &QPushButton::clicked, this, &QDialog::accept);
     connect(openButton, &QPushButton::clicked, this, [this] {
         accept();

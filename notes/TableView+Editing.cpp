@@ -10,6 +10,7 @@
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -263,11 +264,12 @@ void TableView::openEditorMenu(QPoint globalPosition)
     menu->popup(globalPosition);
 }
 
-/// Ends the edit when the keys go to another control of this window, not when a menu opens or another window comes to
-/// the front.
+/// Ends the edit when the keys go to another control of this window, not when a menu opens, the menu bar takes them,
+/// which gives them back, or another window comes to the front.
 void TableView::focusMoved(QWidget* now)
 {
-    if (m_edit && now && now->window() == window() && !belongsTo(now, m_edit->view)) {
+    const bool isElsewhere = now && now->window() == window() && !qobject_cast<QMenuBar*>(now);
+    if (m_edit && isElsewhere && !belongsTo(now, m_edit->view)) {
         endEditing();
     }
 }

@@ -129,6 +129,7 @@ TEST_F(HelpTest, TheButtonInAboutOpensTheWebPageAndAFailureIsTold)
     const QList<QPushButton*> buttons = sheet->findChildren<QPushButton*>();
     ASSERT_EQ(buttons.size(), 2);
     EXPECT_TRUE(buttons.at(1)->isDefault());
+    EXPECT_EQ(sheet->focusWidget(), buttons.at(1));
     buttons.at(0)->click();
     runQueued();
     EXPECT_EQ(host.workspace.opened, QList<QUrl>{QUrl(QStringLiteral(VELUMORA_WEB_PAGE))});
