@@ -214,7 +214,7 @@ QVariant CellEditor::inputMethodQuery(Qt::InputMethodQuery property) const
 
 QVariant CellEditor::inputMethodQuery(Qt::InputMethodQuery property, const QVariant& argument) const
 {
-    const QVariant answer = QTextEdit::inputMethodQuery(property, argument);
+    QVariant answer = QTextEdit::inputMethodQuery(property, argument);
     if (property != Qt::ImCursorRectangle && property != Qt::ImAnchorRectangle) {
         return answer;
     }
