@@ -86,7 +86,7 @@ void PdfTextLayer::add(const Sign& sign)
 QByteArray PdfTextLayer::addedTo(const QByteArray& document) const
 {
     PdfUpdate file(document);
-    const auto follow = [&file](const QByteArray& from, const char* key) {
+    const auto follow = [](const QByteArray& from, const char* key) {
         return PdfUpdate::numberOf(from, key).value_or(0);
     };
     const QByteArray catalog = file.dictionary(follow(file.trailer(), "Root"));

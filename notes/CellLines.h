@@ -22,8 +22,8 @@ int count(QStringView text);
 /// The views stand in `text`. One pass over the text up to the last line taken, whatever the number of lines.
 std::vector<QStringView> slice(QStringView text, int first, int limit);
 
-/// The start of `line`, no more than `maximum` UTF-16 units of it, never part of what
-/// is seen as one sign (a letter with its marks, an emoji of several characters), unless that alone is longer.
+/// The start of `line`, no more than `maximum` UTF-16 units of it, never part of what is seen as one sign
+/// (a letter with its marks, an emoji of several characters), unless that alone is longer.
 QStringView cut(QStringView line, qsizetype maximum);
 
 /// The direction in which `line` is written: that of its first letter, `fallback` when it has none.

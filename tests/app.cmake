@@ -47,6 +47,12 @@ velumora_test(saving-tests
     LIBRARIES app-test-support
     LABELS app)
 
+# Scripts in print. A program of its own: which fonts have a letter is kept once somebody asked for it without them.
+velumora_test(print-tests
+    app/printed_scripts_test.cpp
+    LIBRARIES app-test-support
+    LABELS app)
+
 # Where the user is, and the line of sunrise and sunset.
 velumora_test(location-tests
     app/desktop_location_test.cpp
@@ -86,7 +92,6 @@ velumora_test(app-tests
     app/open_panel_test.cpp
     app/painted_days_test.cpp
     app/preferences_test.cpp
-    app/printed_scripts_test.cpp
     app/reminders_test.cpp
     app/screen_reader_test.cpp
     app/single_instance_test.cpp

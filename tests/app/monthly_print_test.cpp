@@ -73,8 +73,8 @@ protected:
         const QString words = told(QStringLiteral("pdftotext"), {QStringLiteral("-bbox")}, {QStringLiteral("-")});
         const QRegularExpressionMatch found = pattern.match(words);
         EXPECT_TRUE(found.hasMatch()) << word.toStdString() << " is not in\n" << words.toStdString();
-        return QRectF(QPointF(found.captured(1).toDouble(), found.captured(2).toDouble()),
-                      QPointF(found.captured(3).toDouble(), found.captured(4).toDouble()));
+        return {QPointF(found.captured(1).toDouble(), found.captured(2).toDouble()),
+                QPointF(found.captured(3).toDouble(), found.captured(4).toDouble())};
     }
 
     QStringList filesLeft() { return QDir(home.path()).entryList(QDir::Files | QDir::Hidden); }

@@ -95,10 +95,10 @@ TEST_F(NoteFieldTest, EachParagraphStandsWhereItsOwnDirectionBegins)
                           .join(lineBreak));
         const std::vector<QRect> lines = linesOf(*field.viewport());
         ASSERT_EQ(lines.size(), 5);
-        for (const int left : {0, 3}) {
+        for (const std::size_t left : {0, 3}) {
             EXPECT_LT(lines.at(left).left(), 10) << left;
         }
-        for (const int right : {1, 2, 4}) {
+        for (const std::size_t right : {1, 2, 4}) {
             EXPECT_GT(lines.at(right).left(), 80) << right;
             EXPECT_GT(lines.at(right).right(), field.viewport()->width() - 10) << right;
         }
@@ -136,7 +136,7 @@ TEST_F(NoteFieldTest, AMirroredWindowCutsNothingOff)
     mirrored.show();
     mirrored.setNote(note);
     mirrored.resize(90, 60);
-    QCoreApplication::processEvents(); // the scroll bar comes
+    QCoreApplication::processEvents();               // the scroll bar comes
     for (int width = 100; width < 140; width += 2) { // in some the blank at a line's end has no room
         field.resize(width, 60);
         mirrored.resize(width, 60);
