@@ -19,6 +19,7 @@ desktop_test(reminder_agent_test PROGRAM velumora-reminder-agent)
 desktop_test(reminders_test PROGRAM velumora)
 set_property(TEST reminders_test APPEND PROPERTY ENVIRONMENT TEST_COVER=$<TARGET_FILE:bare-window>)
 desktop_test(pages_test PROGRAM velumora)
+desktop_test(screen_reader_test PROGRAM velumora)
 
 # The program, told to look for new versions on a server of the test. The port is one of this build's own.
 string(MD5 build_digest "${CMAKE_BINARY_DIR}")

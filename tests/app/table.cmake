@@ -12,6 +12,6 @@ velumora_test(table-tests
     app/table_main.cpp
     app/table_painting_test.cpp
     app/table_view_test.cpp
-    LIBRARIES velumora-app Qt6::Test
+    LIBRARIES velumora-app Qt6::GuiPrivate Qt6::Test
     LABELS app
 )
