@@ -63,10 +63,10 @@ class ScreenReaderTest(DesktopTest):
         for page in ("ctrl+2", "ctrl+3", "ctrl+1"):
             window.key(page)
             window.find("frame", "Velumora")
-        windows = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Velumora$"], check=True,
-                                 stdin=subprocess.DEVNULL, capture_output=True, text=True,
-                                 env=self.home.environment | self.session.environment).stdout
-        self.assertEqual(len(windows.split()), 1, "and so by the desktop's list of windows")
+        name = subprocess.run(["xdotool", "search", "--onlyvisible", "--class", "velumora", "getwindowname"], check=True,
+                              stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                              env=self.home.environment | self.session.environment).stdout
+        self.assertEqual(name.strip(), "Velumora", "and so in the desktop's list of windows")
 
 
 if __name__ == "__main__":
