@@ -8,6 +8,7 @@ import zoneinfo
 
 from gi.repository import GLib
 
+from desktop import spoken
 from desktop.bus import Connection
 from desktop.case import DesktopTest
 from desktop.geoclue import LocationService
@@ -21,10 +22,6 @@ def day_of_this_month(day):
     return datetime.datetime.now(BERLIN).replace(day=day, hour=0, minute=0, second=0, microsecond=0)
 
 
-def spoken(day):
-    return f"{day:%A, %B} {day.day}, {day:%Y}"
-
-
 def in_file(day):
     """The instant as a property list carries it."""
     return day.astimezone(datetime.timezone.utc).replace(tzinfo=None)
@@ -34,20 +31,21 @@ class FirstDayTest(DesktopTest):
     day = day_of_this_month(2)
 
     def write_note(self, window, day, text):
-        window.find("push button", spoken(day)).press()
-        window.find("text", "Note").wait_for_state("focused")
+        window.find("push button", spoken.day(day)).press()
+        note = window.find("text", f"Note of {spoken.day(day)}")
+        note.wait_for_state("focused")
         window.type(text)
-        window.find("text", "Note").wait_for_text(text)
+        note.wait_for_text(text)
         window.find("push button", "Today").focus()
-        window.find("push button", f"{spoken(day)}, has a note")
+        window.find("push button", f"{spoken.day(day)}, has a note")
 
     def wait_for_notes(self, window, expected):
         window.wait_until(lambda: self.home.table(NOTES) == expected, f"{expected} on disk")
 
     def test_a_note_is_written_marked_stored_and_there_again(self):
         window = self.start()
-        window.find("push button", spoken(self.day)).press()
-        note = window.find("text", "Note")
+        window.find("push button", spoken.day(self.day)).press()
+        note = window.find("text", f"Note of {spoken.day(self.day)}")
         one_line = note.rectangle[3]
         note.wait_for_state("focused")
         window.type(TEXT)
@@ -56,7 +54,7 @@ class FirstDayTest(DesktopTest):
         self.assertIsNone(self.home.table(NOTES), "nothing is written while a note is being typed")
 
         window.find("text", "Search notes").click()
-        window.find("push button", f"{spoken(self.day)}, has a note")
+        window.find("push button", f"{spoken.day(self.day)}, has a note")
         expected = [{"NoteDateKey": in_file(self.day), "NoteDataKey": TEXT}]
         self.wait_for_notes(window, expected)
         self.assertEqual(self.home.table_by_plistutil(NOTES), expected)
@@ -66,8 +64,8 @@ class FirstDayTest(DesktopTest):
         window.key("ctrl+q")
         self.assertEqual(window.wait_for_end(), 0)
         again = self.start()
-        again.find("push button", f"{spoken(self.day)}, has a note").press()
-        again.find("text", "Note").wait_for_text(TEXT)
+        again.find("push button", f"{spoken.day(self.day)}, has a note").press()
+        again.find("text", f"Note of {spoken.day(self.day)}").wait_for_text(TEXT)
 
     def test_a_search_shows_the_notes_that_hold_the_words(self):
         window = self.start()
@@ -94,7 +92,7 @@ class FirstDayTest(DesktopTest):
         window.find("push button", "Delete Note…").press()
         window.find("push button", "Confirm Delete").press()
         self.wait_for_notes(window, None)
-        window.find("push button", spoken(self.day))
+        window.find("push button", spoken.day(self.day))
 
     def test_the_week_starts_on_the_day_that_the_preferences_say(self):
         def first_weekday(window):
@@ -121,7 +119,8 @@ class FirstDayTest(DesktopTest):
         weekdays = ("Montag", "Dienstag", "Mittwoch", "Donnerstag", "Freitag", "Samstag", "Sonntag")
         day = self.day
         window = self.start(home=german)
-        window.find("push button", f"{weekdays[day.weekday()]}, {day.day}. {months[day.month - 1]} {day.year}")
+        today = ", heute" if spoken.is_today(day) else ""
+        window.find("push button", f"{weekdays[day.weekday()]}, {day.day}. {months[day.month - 1]} {day.year}{today}")
         window.find("label", months[day.month - 1])
 
     def test_being_asked_to_end_by_the_system_ends_it_cleanly(self):

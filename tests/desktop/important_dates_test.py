@@ -2,6 +2,7 @@
 """Important dates by keyboard alone, holidays from their sheet, and a note made from a date."""
 
 import datetime
+import re
 import unittest
 import zoneinfo
 
@@ -28,7 +29,7 @@ class ImportantDatesTest(DesktopTest):
         window.find("spin button", "Date").wait_for_state("focused")
         window.type("12/24/1965")
         window.key("Tab")
-        window.find("text", "Description").wait_for_state("focused")
+        window.find("text", "Description of Friday, December 24, 1965").wait_for_state("focused")
         window.type("Grandma born\nin the snow")
         window.key("Escape")
         window.key("ctrl+s")
@@ -38,9 +39,8 @@ class ImportantDatesTest(DesktopTest):
                          datetime.date(1965, 12, 24))
         self.assertEqual(self.home.stamp(EVENTS), ("DATE", "Vel1"))
         window.find("table cell", "Date: Fri, Dec 24, 1965")
-        cell = window.find("table cell", "Description: Grandma born\nin the snow")
-        self.assertIn("Date: Fri, Dec 24, 1965", cell.description)
-        self.assertIn("Elapsed: ", cell.description)
+        window.find("table cell", "Description: Grandma born\nin the snow")
+        window.find("table cell", re.compile("^Elapsed: "))
 
     def test_ticked_holidays_become_dates_and_notes(self):
         year = datetime.datetime.now(BERLIN).year
@@ -67,7 +67,7 @@ class ImportantDatesTest(DesktopTest):
         window.find("spin button", "Date").wait_for_state("focused")
         window.type("05201990")
         window.key("Tab")
-        window.find("text", "Description").wait_for_state("focused")
+        window.find("text", "Description of Sunday, May 20, 1990").wait_for_state("focused")
         window.type("Ann's birthday")
         window.key("Escape")
         window.find("table cell", "Description: Ann's birthday").click(button=3)

@@ -10,15 +10,12 @@ import subprocess
 import unittest
 import zoneinfo
 
+from desktop import spoken
 from desktop.case import DesktopTest
 from gi.repository import Atspi
 
 BERLIN = zoneinfo.ZoneInfo("Europe/Berlin")
 NOTE = "Dentist at <nine> & half past"
-
-
-def spoken(day):
-    return f"{day:%A, %B} {day.day}, {day:%Y}"
 
 
 class PagesTest(DesktopTest):
@@ -39,8 +36,8 @@ class PagesTest(DesktopTest):
 
     def start_with_note_of_today(self):
         window = self.start(environment=self.viewer)
-        window.find("push button", spoken(self.today)).press()
-        note = window.find("text", "Note")
+        window.find("push button", spoken.day(self.today)).press()
+        note = window.find("text", f"Note of {spoken.day(self.today)}")
         note.wait_for_state("focused")
         window.type(NOTE)
         note.wait_for_text(NOTE)
@@ -50,16 +47,16 @@ class PagesTest(DesktopTest):
         window = self.start_with_note_of_today()
         window.key("ctrl+2")
         window.find("label", "For week beginning:")
-        window.find("text", spoken(self.today)).wait_for_text(NOTE)
+        window.find("text", spoken.day(self.today)).wait_for_text(NOTE)
         window.key("alt+Next")
-        window.wait_until_gone("text", spoken(self.today))
+        window.wait_until_gone("text", spoken.day(self.today))
         window.find("push button", "Previous Week").press()
-        window.find("text", spoken(self.today)).wait_for_text(NOTE)
+        window.find("text", spoken.day(self.today)).wait_for_text(NOTE)
 
         window.key("ctrl+3")
         title = f"{self.today:%B} {self.today:%Y}"
         window.find("label", title)
-        window.find("text", spoken(self.today)).wait_for_text(NOTE)
+        window.find("text", spoken.day(self.today)).wait_for_text(NOTE)
         window.key("ctrl+Next")
         window.wait_until_gone("label", title)
         window.find("push button", "Previous Month").press()
@@ -70,11 +67,11 @@ class PagesTest(DesktopTest):
         window.key("ctrl+3")
         window.find("push button", "Print…").focus()
         window.key("Tab")
-        window.find("text", spoken(self.today)).wait_for_state("focused")
+        window.find("text", spoken.day(self.today)).wait_for_state("focused")
         window.key("Return")
-        window.wait_until(lambda: len(window.find_all("text", spoken(self.today))) == 2, "the whole note")
+        window.wait_until(lambda: len(window.find_all("text", spoken.day(self.today))) == 2, "the whole note")
         window.key("Escape")
-        window.wait_until(lambda: len(window.find_all("text", spoken(self.today))) == 1, "the page alone")
+        window.wait_until(lambda: len(window.find_all("text", spoken.day(self.today))) == 1, "the page alone")
 
     def test_a_search_without_a_match_is_heard_and_one_with_a_match_leaves_word_on_the_pages(self):
         self.home.folder.mkdir(mode=0o700)

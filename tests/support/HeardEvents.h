@@ -5,8 +5,12 @@
 #include <QList>
 #include <QPointer>
 #include <QString>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
 
 #include <algorithm>
+
+#include <private/qguiapplication_p.h>
 
 /// What a screen reader is told from now on, as long as this lives. One at a time.
 class HeardEvents {
@@ -21,7 +25,7 @@ public:
     HeardEvents() : m_wasActive(QAccessible::isActive())
     {
         events().clear();
-        QAccessible::setActive(true);
+        setActive(true);
         m_former = QAccessible::installUpdateHandler(hear);
     }
     HeardEvents(const HeardEvents&) = delete;
@@ -29,7 +33,7 @@ public:
     ~HeardEvents()
     {
         QAccessible::installUpdateHandler(m_former);
-        QAccessible::setActive(m_wasActive);
+        setActive(m_wasActive);
     }
 
     const QList<Heard>& all() const { return events(); }
@@ -55,6 +59,12 @@ public:
     }
 
 private:
+    /// As the desktop does when a screen reader starts or ends.
+    static void setActive(bool active)
+    {
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(active);
+    }
+
     static QList<Heard>& events()
     {
         static QList<Heard> list;
