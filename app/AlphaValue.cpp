@@ -6,6 +6,10 @@
 
 void setAlphaValue(QWidget& control, double alpha)
 {
+    if (alpha >= 1) {
+        control.setGraphicsEffect(nullptr);
+        return;
+    }
     auto* effect = qobject_cast<QGraphicsOpacityEffect*>(control.graphicsEffect());
     if (!effect) {
         effect = new QGraphicsOpacityEffect(&control);

@@ -81,19 +81,23 @@ QPalette completed(const QPalette& given)
     const QColor ground = given.color(QPalette::Active, QPalette::Base);
     const QColor text = given.color(QPalette::Active, QPalette::Text);
     QPalette palette;
-    for (const QPalette::ColorRole role :
-         {QPalette::Window, QPalette::Base, QPalette::AlternateBase, QPalette::Button, QPalette::Light,
-          QPalette::ToolTipBase}) {
+    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::AlternateBase, QPalette::Button,
+                                           QPalette::Light, QPalette::ToolTipBase}) {
         palette.setColor(role, ground);
     }
-    for (const QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::Mid, QPalette::Dark,
-          QPalette::PlaceholderText, QPalette::ToolTipText}) {
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::Mid,
+                                           QPalette::Dark, QPalette::PlaceholderText, QPalette::ToolTipText}) {
         palette.setColor(role, text);
     }
-    for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText, QPalette::Link}) {
-        palette.setColor(role, given.color(QPalette::Active, role));
-    }
+    constexpr double readWithEase = 7;
+    const QColor selection = given.color(QPalette::Active, QPalette::Highlight);
+    const QColor selectedText = given.color(QPalette::Active, QPalette::HighlightedText);
+    const bool isSelectionRead = contrastOf(selection, selectedText) >= readWithEase;
+    palette.setColor(QPalette::Highlight, isSelectionRead ? selection : text);
+    palette.setColor(QPalette::HighlightedText, isSelectionRead ? selectedText : ground);
+    const QColor link =
+        given.color(QPalette::Active, QPalette::Link); // often the toolkit's, which knows no dark ground
+    palette.setColor(QPalette::Link, contrastOf(link, ground) >= readWithEase ? link : text);
     palette.setColor(QPalette::LinkVisited, palette.color(QPalette::Link));
     palette.setColor(QPalette::Midlight, mixed(ground, text, hoverShare));
     palette.setColor(QPalette::Shadow, mixed(ground, text, disabledShare));
@@ -230,7 +234,8 @@ void applyPalette(const QPalette& palette, QWidget& window)
 void applyStyleRules(QWidget& window)
 {
     Q_INIT_RESOURCE(velumora); // it stands in a library
-    const QString strong = isHighContrast(QApplication::palette()) ? rulesOf(QStringLiteral(":/high-contrast.qss")) : QString();
+    const QString strong =
+        isHighContrast(QApplication::palette()) ? rulesOf(QStringLiteral(":/high-contrast.qss")) : QString();
     window.setStyleSheet(rulesOf(QStringLiteral(":/velumora.qss")) + strong);
     if (!window.findChild<QObject*>(followerName, Qt::FindDirectChildrenOnly)) {
         new TextSizeFollower(window); // the window's

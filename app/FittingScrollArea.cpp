@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr QSize enough(640, 380); ///< in which a page can be worked with, though it scrolls
+constexpr QSize enough(560, 280); ///< in which a page can be worked with, though it scrolls
 
 } // namespace
 

@@ -74,8 +74,8 @@ QRect placedOnScreen(const QRect& wanted, const QMargins& frame, const QSize& le
         return wanted;
     }
     const QRect whole = wanted.marginsAdded(frame);
-    const QRect screen = *std::ranges::max_element(
-        screens, {}, [&whole](const QRect& each) { return area(each.intersected(whole)); });
+    const QRect screen =
+        *std::ranges::max_element(screens, {}, [&whole](const QRect& each) { return area(each.intersected(whole)); });
     const QRect free = screen.marginsRemoved(frame);
     QRect placed(wanted.topLeft(), wanted.size().boundedTo(free.size()).expandedTo(least));
     placed.moveLeft(std::max(std::min(placed.left(), free.right() + 1 - placed.width()), free.left()));
@@ -83,8 +83,7 @@ QRect placedOnScreen(const QRect& wanted, const QMargins& frame, const QSize& le
     return placed;
 }
 
-WindowPlace::WindowPlace(std::filesystem::path file, QMainWindow& window)
-    : m_file(std::move(file)), m_window(window)
+WindowPlace::WindowPlace(std::filesystem::path file, QMainWindow& window) : m_file(std::move(file)), m_window(window)
 {
     restore();
     window.installEventFilter(this);
@@ -95,9 +94,9 @@ void WindowPlace::restore()
     const std::optional<Place> last = placeIn(m_file);
     if (!last) { // the window manager finds a place
         const QRect screen = m_window.screen()->availableGeometry();
-        m_window.resize(placedOnScreen({screen.topLeft(), m_window.size()}, usualFrame, m_window.minimumSizeHint(),
-                                       {screen})
-                            .size());
+        m_window.resize(
+            placedOnScreen({screen.topLeft(), m_window.size()}, usualFrame, m_window.minimumSizeHint(), {screen})
+                .size());
         return;
     }
     m_window.setGeometry(placedOnScreen(last->rect, usualFrame, m_window.minimumSizeHint(), freeScreens()));
@@ -114,12 +113,8 @@ void WindowPlace::save()
     // What a maximised window goes back to when it is made smaller again.
     const QRect rect = m_window.isMaximized() ? m_window.normalGeometry() : m_window.geometry();
     const QString state = m_window.isMaximized() ? maximised : usual;
-    const QString text = QStringLiteral("%1 %2 %3 %4 %5\n")
-                             .arg(rect.x())
-                             .arg(rect.y())
-                             .arg(rect.width())
-                             .arg(rect.height())
-                             .arg(state);
+    const QString text =
+        QStringLiteral("%1 %2 %3 %4 %5\n").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height()).arg(state);
     constexpr QFile::Permissions usersAlone = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
     const QString folder = QString::fromStdString(m_file.parent_path().string());
     if (!QDir(folder).exists()) {

@@ -25,6 +25,11 @@ QStringList linesOf(const QString& title, const QFontMetrics& metrics, int room)
 
 } // namespace
 
+WrappingButton::WrappingButton(const QString& title, QWidget* parent) : QPushButton(title, parent)
+{
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+}
+
 QSize WrappingButton::edges() const
 {
     return sizeHint() - fontMetrics().size(Qt::TextShowMnemonic, text());

@@ -8,7 +8,7 @@ class WrappingButton : public QPushButton {
     Q_OBJECT
 
 public:
-    using QPushButton::QPushButton;
+    WrappingButton(const QString& title, QWidget* parent);
 
     /// As wide as the longest word needs.
     QSize minimumSizeHint() const override;

@@ -143,7 +143,6 @@ int main(int argc, char** argv)
     Ui::MainWindow layout;
     layout.setupUi(&window);
     applyLook(globalDefaults, processInfo, window);
-    WindowPlace windowPlace(usersStateFolder() / "Window", window);
     AppDelegate delegate(window, layout,
                          {.bundle = bundle,
                           .clockMonitor = clockMonitor,
@@ -159,6 +158,8 @@ int main(int argc, char** argv)
                           .applicationSupport = applicationSupportFolder(),
                           .temporaryFolder = temporaryFolder(),
                           .stateFolder = usersStateFolder()});
+
+    WindowPlace windowPlace(usersStateFolder() / "Window", window);
 
     QObject::connect(&instance, &SingleInstance::activated, &window,
                      [&window](const QString& token) { bringForward(window, token); });

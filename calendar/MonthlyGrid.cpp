@@ -23,6 +23,13 @@ constexpr int noteEdges = 6; ///< what a note needs besides one line to show it
 constexpr qreal cornerRadius = 10;
 constexpr int mostRows = MonthGrid::rowOfCell(MonthGrid::LastCell) + 1;
 
+/// Of a line in the font that the style rules give the widget.
+int lineHeight(const QWidget& widget)
+{
+    widget.ensurePolished();
+    return widget.fontMetrics().height();
+}
+
 } // namespace
 
 MonthlyGrid::MonthlyGrid(QWidget* parent) : CellGrid(parent)
@@ -87,19 +94,19 @@ void MonthlyGrid::daysDidChange()
 
 QSize MonthlyGrid::minimumSizeHint() const
 {
-    const int oneLine = noteField(MonthGrid::FirstCell).fontMetrics().height() + noteEdges;
+    const int oneLine = noteField(MonthGrid::FirstCell).lineHeight() + noteEdges;
     const int leastCellHeight = dayHeight() + oneLine + cellPadding;
     return {leastCellWidth * MonthGrid::DaysPerWeek, headerHeight() + leastCellHeight * mostRows};
 }
 
 int MonthlyGrid::headerHeight() const
 {
-    return header(0).fontMetrics().height() + 2 * headerPadding;
+    return lineHeight(header(0)) + 2 * headerPadding;
 }
 
 int MonthlyGrid::dayHeight() const
 {
-    return dayNumber(MonthGrid::FirstCell).fontMetrics().height() + dayPadding;
+    return lineHeight(dayNumber(MonthGrid::FirstCell)) + dayPadding;
 }
 
 bool MonthlyGrid::isBlank(int cell) const

@@ -11,6 +11,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -49,6 +50,12 @@ void NoteField::setNote(const QString& note)
 bool NoteField::isCut() const
 {
     return verticalScrollBar()->maximum() > 0;
+}
+
+int NoteField::lineHeight() const
+{
+    ensurePolished();                                                   // the style rules give the font
+    return static_cast<int>(std::ceil(QFontMetricsF(font()).height())); // as a layout counts it
 }
 
 QSize NoteField::minimumSizeHint() const
@@ -90,7 +97,7 @@ void NoteField::resizeEvent(QResizeEvent* event)
 {
     constexpr int around = 1; // what a field needs besides its lines to show them all
     const int room = viewport()->height() + viewportMargins().bottom();
-    const int spare = std::max(room - around, 0) % fontMetrics().height();
+    const int spare = std::max(room - around, 0) % lineHeight();
     if (viewportMargins().bottom() != spare) {
         setViewportMargins(0, 0, 0, spare);
     }

@@ -19,6 +19,9 @@ public:
     /// Whether some of the note is out of sight.
     bool isCut() const;
 
+    /// The height of one of its lines.
+    int lineHeight() const;
+
     QSize minimumSizeHint() const override;
 
 protected:

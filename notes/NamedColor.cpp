@@ -42,7 +42,6 @@ constexpr std::array<StrongEntry, 6> strongEntries = {{
     {u"TableRowSelectionColor", QPalette::Highlight},
 }};
 
-/// As the Web Content Accessibility Guidelines 2.1 define them.
 double luminance(const QColor& color)
 {
     const auto linear = [](double share) {
@@ -51,20 +50,20 @@ double luminance(const QColor& color)
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
-double contrast(const QColor& a, const QColor& b)
+} // namespace
+
+double contrastOf(const QColor& a, const QColor& b)
 {
-    const auto [low, high] = std::minmax(luminance(a), luminance(b));
+    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
     return (high + 0.05) / (low + 0.05);
 }
-
-} // namespace
 
 bool isHighContrast(const QPalette& palette)
 {
     const QColor ground = palette.color(QPalette::Base);
     const bool isOneGround = palette.color(QPalette::Window) == ground && palette.color(QPalette::Button) == ground;
-    return isOneGround && contrast(palette.color(QPalette::Text), ground) >= strongContrast &&
-           contrast(palette.color(QPalette::WindowText), ground) >= strongContrast;
+    return isOneGround && contrastOf(palette.color(QPalette::Text), ground) >= strongContrast &&
+           contrastOf(palette.color(QPalette::WindowText), ground) >= strongContrast;
 }
 
 bool isDarkAppearance(const QPalette& palette)

@@ -9,11 +9,14 @@ class QPalette;
 /// Whether text on `palette` is light on dark.
 bool isDarkAppearance(const QPalette& palette);
 
+/// The contrast of two opaque colours, 1 to 21, as the Web Content Accessibility Guidelines 2.1 define it.
+double contrastOf(const QColor& a, const QColor& b);
+
 /// Whether everything on `palette` stands on one ground, at a contrast that only black and white and the like have.
 bool isHighContrast(const QPalette& palette);
 
-/// The colour of that name in the appearance (light or dark, of high contrast or not) of `palette`; an invalid colour for a name that is not
-/// listed:
+/// The colour of that name in the appearance (light or dark, of high contrast or not) of `palette`; an invalid colour
+/// for a name that is not listed:
 ///  - "ControlTextColor", "ControlBackgroundColor": text and ground of a list, taken from the palette itself;
 ///  - "SystemRedColor", "SecondaryLabelColor": text on the ground of a list, at a contrast of 4.5:1 or better;
 ///  - "TableRowSelectionColor" under text in "TableRowSelectedTextColor", at 4.5:1 or better;

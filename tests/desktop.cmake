@@ -26,6 +26,7 @@ desktop_test(screen_reader_test PROGRAM velumora)
 desktop_test(start_test PROGRAM velumora)
 desktop_test(web_page_test PROGRAM velumora)
 desktop_test(writing_test PROGRAM velumora)
+desktop_test(window_test PROGRAM velumora)
 
 # The program, told to look for new versions on a server of the test. The port is one of this build's own.
 string(MD5 build_digest "${CMAKE_BINARY_DIR}")

@@ -3,10 +3,10 @@
 #include "support/AppFixture.h"
 #include "support/Screenshot.h"
 
-#include <QMenuBar>
-#include <QScrollBar>
 #include <QAccessible>
 #include <QClipboard>
+#include <QMenuBar>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBoundaryFinder>
@@ -57,7 +57,7 @@ ReadingText& bodyOf(Alert& alert)
 /// The alert itself, each of its visible buttons, the body and what it scrolls in, and the headline.
 QList<QWidget*> placesOfFocus(Alert& alert)
 {
-    return {&alert,         alert.buttons().at(0),      alert.buttons().at(1),
+    return {&alert,         alert.buttons().at(0),    alert.buttons().at(1),
             &bodyOf(alert), bodyOf(alert).viewport(), &headlineOf(alert)};
 }
 
@@ -253,7 +253,8 @@ TEST_F(AlertTest, AWordTooLongForALineGoesOnInTheNext)
 TEST_F(AlertTest, AShortenedHeadlineHalvesNoCharacter)
 {
     for (const QString& character :
-         {QStringLiteral("😀"), QStringLiteral("👩‍👩‍👧‍👦"), QStringLiteral("e\u0301\u0323"), QStringLiteral("🇩🇪"), QStringLiteral("👍🏽")}) {
+         {QStringLiteral("😀"), QStringLiteral("👩‍👩‍👧‍👦"), QStringLiteral("e\u0301\u0323"),
+          QStringLiteral("🇩🇪"), QStringLiteral("👍🏽")}) {
         for (int before = 0; before < 16; ++before) {
             const QString whole = QString(before, u'x') + character.repeated(300);
             Alert& shown = show(AppDelegate::copySheetAlertWithErrorString(body, whole, ok, QString()));

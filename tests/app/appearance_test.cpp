@@ -69,6 +69,62 @@ TEST_P(AppearanceOfAPage, ChangedWhileItShowsLooksAsIfStartedSo)
 
 INSTANTIATE_TEST_SUITE_P(Pages, AppearanceOfAPage, ::testing::Values(0, 1, 2));
 
+/// The greatest contrast of two neighbours on a line across the top edge of a control.
+double edgeContrast(const QImage& picture, const QWidget& control, const QWidget& window)
+{
+    const QPoint middle = control.mapTo(&window, QPoint(control.width() / 2, 0));
+    double greatest = 0;
+    for (int y = middle.y() - 2; y < middle.y() + 3; ++y) {
+        greatest =
+            std::max(greatest, contrast(picture.pixelColor(middle.x(), y), picture.pixelColor(middle.x(), y + 1)));
+    }
+    return greatest;
+}
+
+TEST_F(AppearanceTest, HighContrastIsFollowedWhileTheProgramRuns)
+{
+    startIn(Appearance::Light);
+    const QImage calm = picture(*window);
+    for (const std::optional<QString>& style : {std::optional<QString>(), dark}) {
+        host.globalDefaults.setInterfaceStyle(style);
+        host.globalDefaults.setHighContrast(true);
+        const QImage strong = picture(*window);
+        saveScreenshot(strong, style ? QStringLiteral("dark") : QStringLiteral("light"));
+        EXPECT_EQ(QApplication::palette(), strongPalette(style ? Appearance::Dark : Appearance::Light));
+        for (const QWidget* edged : {static_cast<QWidget*>(ui->todayBtn), static_cast<QWidget*>(ui->filterField)}) {
+            EXPECT_GE(edgeContrast(strong, *edged, *window), 15) << edged->objectName().toStdString();
+            EXPECT_LT(edgeContrast(calm, *edged, *window), 3);
+        }
+    }
+    host.globalDefaults.setInterfaceStyle(std::nullopt);
+    host.globalDefaults.setHighContrast(false);
+    EXPECT_EQ(picture(*window), calm);
+}
+
+TEST_F(AppearanceTest, InHighContrastTheFocusIsAThickFrame)
+{
+    startIn(Appearance::Light);
+    host.globalDefaults.setHighContrast(true);
+    const auto strongPixels = [this](QWidget& control) { // of the left edge, inwards
+        const QImage shown = picture(control);
+        int count = 0;
+        for (int x = 0; x < 5; ++x) {
+            const bool isGround = contrast(shown.pixelColor(x, shown.height() / 2), Qt::white) < 3;
+            count += isGround ? 0 : 1;
+        }
+        return count;
+    };
+    for (QWidget* control : {static_cast<QWidget*>(ui->filterField), static_cast<QWidget*>(ui->todayBtn)}) {
+        window->setFocus();
+        const QSize size = control->size();
+        EXPECT_EQ(strongPixels(*control), 1) << control->objectName().toStdString();
+        window->activateWindow();
+        control->setFocus();
+        EXPECT_GE(strongPixels(*control), 3) << control->objectName().toStdString();
+        EXPECT_EQ(control->size(), size) << "nothing moves";
+    }
+}
+
 TEST_F(AppearanceTest, AnOpenSheetChangesWithTheWindow)
 {
     const auto openSheet = [this](Appearance appearance) -> QWidget& {

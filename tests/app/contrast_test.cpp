@@ -3,6 +3,7 @@
 #include "calendar/DayButton.h"
 #include "notes/NamedColor.h"
 #include "support/Contrast.h"
+#include "support/FakeHost.h"
 #include "support/Screenshot.h"
 
 #include <QCoreApplication>
@@ -142,6 +143,79 @@ TEST_P(ContrastTest, EveryDayIsReadTodayIncluded)
             }
         }
     }
+}
+
+/// In high contrast every text and every line stands out as the guidelines' strictest level asks, and more.
+class StrongContrastTest : public ::testing::TestWithParam<Appearance> {};
+
+INSTANTIATE_TEST_SUITE_P(Both, StrongContrastTest, ::testing::Values(Appearance::Light, Appearance::Dark), nameOf);
+
+TEST_P(StrongContrastTest, EveryTextAndEveryLineStandsOut)
+{
+    constexpr double strong = 7.0;
+    const QPalette colors = strongPalette(GetParam());
+    const QColor ground = colors.color(QPalette::Base);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::Dark, QPalette::Mid, QPalette::Link,
+          QPalette::PlaceholderText, QPalette::Highlight}) {
+        EXPECT_GE(contrast(colors.color(role), ground), strong) << role;
+    }
+    EXPECT_GE(contrast(colors.color(QPalette::HighlightedText), colors.color(QPalette::Highlight)), strong);
+    EXPECT_GE(contrast(colors.color(QPalette::ButtonText), colors.color(QPalette::Midlight)), strong);
+    EXPECT_GE(contrast(colors.color(QPalette::Disabled, QPalette::ButtonText), ground), readable);
+    for (const QStringView name : {u"SecondaryLabelColor", u"SeparatorColor", u"FocusRingColor", u"ControlTextColor"}) {
+        EXPECT_GE(contrast(namedColor(name, colors), ground), strong) << name.toString().toStdString();
+    }
+    EXPECT_GE(contrast(namedColor(u"SystemRedColor", colors), ground), 6.5);
+    EXPECT_GE(contrast(namedColor(u"TableRowSelectedTextColor", colors), namedColor(u"TableRowSelectionColor", colors)),
+              strong);
+}
+
+QPalette desktopColors(const QColor& ground, const QColor& text)
+{
+    QPalette colors;
+    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+        colors.setColor(role, ground);
+    }
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        colors.setColor(role, text);
+    }
+    return colors;
+}
+
+TEST(HighContrastTest, IsToldByOneGroundUnderTextsThatStandOut)
+{
+    EXPECT_TRUE(isHighContrast(desktopColors(Qt::black, Qt::white)));
+    EXPECT_TRUE(isHighContrast(desktopColors(Qt::black, Qt::yellow)));
+    EXPECT_FALSE(isHighContrast(desktopColors(QColor(0x31, 0x36, 0x3b), QColor(0xfc, 0xfc, 0xfc))));
+    QPalette toolkits = desktopColors(Qt::white, Qt::black);
+    toolkits.setColor(QPalette::Window, QColor(0xef, 0xef, 0xef));
+    EXPECT_FALSE(isHighContrast(toolkits));
+    for (const Appearance appearance : {Appearance::Light, Appearance::Dark}) {
+        EXPECT_FALSE(isHighContrast(calmPalette(appearance)));
+        EXPECT_TRUE(isHighContrast(strongPalette(appearance)));
+    }
+}
+
+TEST(HighContrastTest, TheDesktopsOwnColoursAreKeptWhereTheyAreOfHighContrast)
+{
+    FakeHost host;
+    host.globalDefaults.highContrast = true;
+    host.globalDefaults.interfaceStyle = QStringLiteral("Dark");
+    host.globalDefaults.colors = desktopColors(Qt::black, Qt::yellow);
+    const QPalette kept = systemPalette(host.processInfo, host.globalDefaults);
+    EXPECT_EQ(kept.color(QPalette::WindowText), QColor(Qt::yellow));
+    EXPECT_EQ(kept.color(QPalette::Mid), QColor(Qt::yellow)) << "lines";
+    EXPECT_EQ(kept.color(QPalette::Window), QColor(Qt::black));
+    for (const QPalette::ColorRole role : {QPalette::Link, QPalette::Highlight}) { // the toolkit's are dark blues
+        EXPECT_GE(contrast(kept.color(role), Qt::black), 4.5) << role;
+    }
+    EXPECT_GE(contrast(kept.color(QPalette::Highlight), kept.color(QPalette::HighlightedText)), 7);
+
+    host.globalDefaults.interfaceStyle = std::nullopt; // the user has gone over to light since the start
+    EXPECT_EQ(systemPalette(host.processInfo, host.globalDefaults), strongPalette(Appearance::Light));
+    host.globalDefaults.highContrast = false;
+    EXPECT_EQ(systemPalette(host.processInfo, host.globalDefaults), calmPalette(Appearance::Light));
 }
 
 } // namespace

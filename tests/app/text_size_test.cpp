@@ -51,6 +51,7 @@ TEST_F(TextSizeTest, TextsAreSizedByTheDesktopsFont)
 
 TEST_F(TextSizeTest, WhatIsFixedStaysAsItIs)
 {
+    putNotes({note(2024, 3, 15, "one line")});
     startWith(20);
     EXPECT_EQ(cellFont().pixelSize(), 13);
     EXPECT_EQ(HeaderCell::font().pixelSize(), 13);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "app/SheetQueue.h"
 #include "app/ReadingText.h"
+#include "app/SheetQueue.h"
 #include "support/AppFixture.h"
 #include "support/Screenshot.h"
 

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Nothing in the window is cut off, in any language, at the default size and at the least one.
+// Nothing in the window is cut off, in any language and at any size of the texts, at the default size of the window, at
+// the least one and on a small screen. Large texts on a small screen are scrolled to.
+#include "app/FittingScrollArea.h"
+#include "app/ReadingText.h"
+#include "calendar/NoteField.h"
 #include "notes/TableMetrics.h"
 #include "support/AppFixture.h"
+#include "support/FontGuard.h"
 #include "support/Screenshot.h"
 #include "support/TranslationGuard.h"
 
@@ -10,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <QTabBar>
 
 #include <algorithm>
@@ -18,6 +24,9 @@ namespace {
 
 constexpr QSize least(900, 640);
 constexpr QSize usual(1080, 760);
+constexpr QSize onSmallScreen(1016, 530); ///< on a screen of 1024 x 600 with a panel and a title bar
+constexpr int usualText = 13;
+constexpr int largeText = 20; ///< 150 %
 
 struct Look {
     const char* name;
@@ -25,6 +34,8 @@ struct Look {
     const char* language;
     Qt::LayoutDirection direction;
     QSize size;
+    int textSize = usualText;
+    const char* font = "";
 };
 
 std::ostream& operator<<(std::ostream& out, const Look& look)
@@ -43,9 +54,24 @@ QSize textSize(const QWidget& widget, const QString& text)
     return widget.fontMetrics().size(Qt::TextShowMnemonic, text);
 }
 
+/// What `widget` scrolls with, null where it is always in sight.
+const QWidget* scrolledContent(const QWidget& widget)
+{
+    for (const QWidget* each = widget.parentWidget(); each; each = each->parentWidget()) {
+        const auto* area = each->parentWidget()
+                               ? qobject_cast<const FittingScrollArea*>(each->parentWidget()->parentWidget())
+                               : nullptr;
+        if (area && area->widget() == each) {
+            return each;
+        }
+    }
+    return nullptr;
+}
+
 void expectInsideWindow(const QWidget& widget, const std::string& name)
 {
-    const QWidget& window = *widget.window();
+    const QWidget* content = scrolledContent(widget);
+    const QWidget& window = content ? *content : *widget.window();
     EXPECT_TRUE(window.rect().contains(QRect(widget.mapTo(&window, QPoint()), widget.size()))) << name;
     EXPECT_TRUE(widget.parentWidget()->rect().contains(widget.geometry())) << name << " leaves what holds it";
 }
@@ -67,9 +93,9 @@ void expectTextFits(const QAbstractButton& button)
     const std::string name = nameOf(button, button.text());
     expectInsideWindow(button, name);
     EXPECT_GE(button.width(), textSize(button, button.text()).width()) << name;
-    const int needed =
-        std::min(button.minimumSizeHint().width(), button.maximumWidth()); // its edges and padding counted
-    EXPECT_GE(button.width(), needed) << name;
+    const QSize needed = button.minimumSizeHint().boundedTo(button.maximumSize()); // its edges and padding counted
+    EXPECT_GE(button.width(), needed.width()) << name;
+    EXPECT_GE(button.height(), needed.height()) << name;
 }
 
 void expectPlaceholderFits(const QLineEdit& field)
@@ -95,6 +121,16 @@ void expectNoOverlap(const QWidget& place)
     }
 }
 
+/// A field of a day without a note has nothing to scroll to, however low it is.
+void expectNoEmptyDayScrolls(const QWidget& page)
+{
+    for (const NoteField* field : page.findChildren<NoteField*>()) {
+        if (field->isVisible() && field->note().isEmpty()) {
+            EXPECT_FALSE(field->isCut()) << field->property("tag").toInt();
+        }
+    }
+}
+
 void expectEverythingFits(const QWidget& page)
 {
     for (const QWidget* widget : page.findChildren<QWidget*>()) {
@@ -114,7 +150,9 @@ void expectEverythingFits(const QWidget& page)
 
 class WindowFitTest : public AppFixture, public ::testing::WithParamInterface<Look> {
 protected:
-    WindowFitTest() : m_locale(GetParam().locale, {GetParam().language}), m_texts({GetParam().language})
+    WindowFitTest()
+        : m_locale(GetParam().locale, {GetParam().language}), m_texts({GetParam().language}),
+          m_font(GetParam().textSize, QString::fromLatin1(GetParam().font))
     {
         QGuiApplication::setLayoutDirection(GetParam().direction);
         putNotes({note(2024, 3, 15, "Zahnarzt um 9 Uhr"), note(2024, 12, 24, "Weihnachten"),
@@ -150,6 +188,7 @@ protected:
 private:
     LocaleGuard m_locale;
     TranslationGuard m_texts;
+    FontGuard m_font;
 };
 
 } // namespace
@@ -165,6 +204,46 @@ TEST_P(WindowFitTest, TheWindowIsAsSmallAsItsTextsAllowAndNoSmaller)
     EXPECT_EQ(window->size(), needed);
     runQueued();
     expectEverythingFits(*window);
+}
+
+/// Where nobody asked for large texts, nobody needs to scroll.
+TEST_P(WindowFitTest, NoPageScrollsButForLargeTexts)
+{
+    startShown();
+    EXPECT_EQ(window->size(), GetParam().size);
+    for (int page = 0; page < ui->myTabView->count(); ++page) {
+        ui->myTabView->setCurrentIndex(page);
+        runQueued();
+        const auto& area = *ui->myTabView->currentWidget()->findChild<FittingScrollArea*>();
+        if (GetParam().textSize == usualText) {
+            EXPECT_EQ(area.verticalScrollBar()->maximum(), 0) << page;
+            EXPECT_EQ(area.horizontalScrollBar()->maximum(), 0) << page;
+        }
+        expectNoEmptyDayScrolls(*window);
+        saveScreenshot(grabbed(*window), QString::number(page));
+    }
+}
+
+TEST_P(WindowFitTest, ASheetLiesWithinTheWindow)
+{
+    startShown();
+    ui->preferencesAction->trigger();
+    runQueued();
+    auto* preferences = window->findChild<QDialog*>(QStringLiteral("thePrefsSheet"));
+    EXPECT_LE(preferences->height(), window->height() - ui->menuBar->height());
+    EXPECT_LE(preferences->width(), window->width());
+    expectEverythingFits(*preferences);
+    saveScreenshot(grabbed(*preferences), QStringLiteral("preferences"));
+    preferences->done(0);
+    runQueued();
+    app->openHolidaySheet();
+    runQueued();
+    auto* holidays = window->findChild<QDialog*>(QStringLiteral("holidaySheet"));
+    ASSERT_TRUE(holidays->isVisible());
+    EXPECT_LE(holidays->height(), window->height() - ui->menuBar->height());
+    EXPECT_LE(holidays->width(), window->width());
+    expectEverythingFits(*holidays);
+    saveScreenshot(grabbed(*holidays), QStringLiteral("holidays"));
 }
 
 TEST_P(WindowFitTest, NothingIsCutOffInAnyMonth)
@@ -240,7 +319,12 @@ TEST_P(WindowFitTest, AnAlertShowsItsWholeText)
     runQueued();
     ui->deleteRowFromListBtn->click();
     ASSERT_TRUE(alert());
+    EXPECT_LE(alert()->width(), window->width());
     expectEverythingFits(*alert());
+    for (const ReadingText* text : alert()->findChildren<ReadingText*>()) {
+        EXPECT_FALSE(text->isCut()) << text->toPlainText().toStdString();
+    }
+    saveScreenshot(grabbed(*alert()));
 }
 
 TEST_P(WindowFitTest, ThePreferencesShowTheirWholeTexts)
@@ -274,11 +358,19 @@ TEST_P(WindowFitTest, IsPaintedInBothAppearancesAtBothScales)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Looks, WindowFitTest,
-                         ::testing::Values(Look{"englishLeast", "en_US", "en-US", Qt::LeftToRight, least},
-                                           Look{"englishUsual", "en_US", "en-US", Qt::LeftToRight, usual},
-                                           Look{"englishMirroredLeast", "en_US", "en-US", Qt::RightToLeft, least},
-                                           Look{"germanLeast", "de_DE", "de-DE", Qt::LeftToRight, least},
-                                           Look{"germanUsual", "de_DE", "de-DE", Qt::LeftToRight, usual},
-                                           Look{"arabicDatesLeast", "ar_EG", "ar-EG", Qt::RightToLeft, least}),
-                         [](const auto& look) { return std::string(look.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Looks, WindowFitTest,
+    ::testing::Values(
+        Look{"englishLeast", "en_US", "en-US", Qt::LeftToRight, least},
+        Look{"englishUsual", "en_US", "en-US", Qt::LeftToRight, usual},
+        Look{"englishMirroredLeast", "en_US", "en-US", Qt::RightToLeft, least},
+        Look{"germanLeast", "de_DE", "de-DE", Qt::LeftToRight, least},
+        Look{"germanUsual", "de_DE", "de-DE", Qt::LeftToRight, usual},
+        Look{"arabicDatesLeast", "ar_EG", "ar-EG", Qt::RightToLeft, least},
+        Look{"englishSmallScreen", "en_US", "en-US", Qt::LeftToRight, onSmallScreen},
+        Look{"germanSmallScreen", "de_DE", "de-DE", Qt::LeftToRight, onSmallScreen},
+        Look{"germanNotoSmallScreen", "de_DE", "de-DE", Qt::LeftToRight, onSmallScreen, 13, "Noto Sans"},
+        Look{"germanLargeSmallScreen", "de_DE", "de-DE", Qt::LeftToRight, onSmallScreen, largeText},
+        Look{"germanLargeNotoSmallScreen", "de_DE", "de-DE", Qt::LeftToRight, onSmallScreen, largeText, "Noto Sans"},
+        Look{"germanLargeCantarellUsual", "de_DE", "de-DE", Qt::LeftToRight, usual, largeText, "Cantarell"}),
+    [](const auto& look) { return std::string(look.param.name); });

@@ -26,7 +26,7 @@ _INTERFACE = """
 
 
 class Portal:
-    """Answers what the user's colour scheme is, and tells of changes. Use it in a with statement.
+    """Answers what the user's colour scheme and other settings are, and tells of changes. Use it in a with statement.
 
     A silent portal is there but never answers. `response` is what becomes of each page: 0 opened, 2 not."""
 
@@ -35,7 +35,7 @@ class Portal:
         self.opened = []  # the addresses that it was to open
         self._response = response
         self._address = session.bus_address
-        self._color_scheme = color_scheme
+        self._settings = {_SCHEME: GLib.Variant("u", color_scheme)}
         self._silent = silent
         self._loop = GLib.MainLoop(GLib.MainContext())
         self._ready = threading.Event()
@@ -53,8 +53,12 @@ class Portal:
         self._connection.close_sync(None)
 
     def set_color_scheme(self, color_scheme):
-        self._color_scheme = color_scheme
-        self.tell(*_SCHEME, GLib.Variant("u", color_scheme))
+        self.set_setting(*_SCHEME, GLib.Variant("u", color_scheme))
+
+    def set_setting(self, group, key, value):
+        """Answers with that value from now on, and tells everyone."""
+        self._settings[group, key] = value
+        self.tell(group, key, value)
 
     def tell(self, group, key, value):
         """Tells everyone on the bus that a setting has that value now."""
@@ -78,10 +82,10 @@ class Portal:
         self.asked.set()
         if self._silent:
             return
-        if parameters.unpack() == _SCHEME:
+        setting = self._settings.get(parameters.unpack())
+        if setting:
             # As the portal does: the value is wrapped twice.
-            value = GLib.Variant("v", GLib.Variant("u", self._color_scheme))
-            invocation.return_value(GLib.Variant("(v)", (value,)))
+            invocation.return_value(GLib.Variant("(v)", (GLib.Variant("v", setting),)))
         else:
             invocation.return_dbus_error("org.freedesktop.portal.Error.NotFound", "Requested setting not found")
 
