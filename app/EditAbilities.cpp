@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTextEdit>
 
 namespace {
 
@@ -21,7 +22,8 @@ EditAbilities abilitiesOf(const QLineEdit& field)
             .selectAll = !field.text().isEmpty()};
 }
 
-EditAbilities abilitiesOf(const QPlainTextEdit& field)
+/// Of the toolkit's two text controls, which answer alike and share no class that does.
+template <typename TextEdit> EditAbilities abilitiesOfText(const TextEdit& field)
 {
     const bool writable = !field.isReadOnly();
     const bool selected = field.textCursor().hasSelection();
@@ -41,7 +43,10 @@ EditAbilities editAbilitiesOf(const QWidget* control)
         return abilitiesOf(*line);
     }
     if (const auto* text = qobject_cast<const QPlainTextEdit*>(control)) {
-        return abilitiesOf(*text);
+        return abilitiesOfText(*text);
+    }
+    if (const auto* text = qobject_cast<const QTextEdit*>(control)) {
+        return abilitiesOfText(*text);
     }
     return {.selectAll = qobject_cast<const QAbstractSpinBox*>(control) != nullptr};
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/ReadingText.h"
 
+#include "calendar/ParagraphLayout.h"
+
 #include <QAccessibleWidget>
 #include <QEvent>
 #include <QScrollBar>
@@ -68,6 +70,7 @@ ReadingText::ReadingText(int longest, QWidget* parent) : QPlainTextEdit(parent),
     setFrameShape(NoFrame);
     setWordWrapMode(wrapping);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    document()->setDocumentLayout(new ParagraphLayout(*document(), *this)); // the document owns it
     document()->setDocumentMargin(0);
     setBackgroundVisible(false);
     viewport()->setAutoFillBackground(false);

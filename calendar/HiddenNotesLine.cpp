@@ -28,6 +28,9 @@ HiddenNotesLine::HiddenNotesLine(QWidget* parent)
 
 void HiddenNotesLine::setText(const QString& text)
 {
+    if (text == m_text->text()) {
+        return; // drawn anew, it tells nobody that it changed
+    }
     m_text->setText(text);
     m_showAll->setAccessibleDescription(text); // heard with the button, which the tab key reaches
     setVisible(!text.isEmpty());

@@ -8,7 +8,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPlainTextEdit>
+#include <QTextEdit>
 #include <QTest>
 
 namespace {
@@ -57,7 +57,7 @@ TEST_F(MenuTest, TheTextCommandsFollowTheNoteBeingWritten)
     putNotes({note(2024, 3, 2, "in March")});
     start();
     ui->notesTableView->editColumn(1, 0);
-    auto* editor = qobject_cast<QPlainTextEdit*>(ui->notesTableView->viewAt(1, 0));
+    auto* editor = qobject_cast<QTextEdit*>(ui->notesTableView->viewAt(1, 0));
     ASSERT_TRUE(editor);
     editor->setFocus();
     editor->moveCursor(QTextCursor::End);
@@ -150,7 +150,7 @@ TEST(EditAbilities, AreThoseOfTheControl)
     line.selectAll();
     EXPECT_EQ(editAbilitiesOf(&line), (EditAbilities{.paste = true, .selectAll = true}));
 
-    QPlainTextEdit readOnly(QStringLiteral("text"));
+    QTextEdit readOnly(QStringLiteral("text"));
     readOnly.setReadOnly(true);
     EXPECT_EQ(editAbilitiesOf(&readOnly), EditAbilities{.selectAll = true});
     readOnly.selectAll();
