@@ -172,6 +172,7 @@ protected:
         window->resize(GetParam().size);
         window->show();
         runQueued();
+        runQueued(); // what scrolls is laid out once its place is
     }
 
     /// Pictures of the other pages, for people to look at.
