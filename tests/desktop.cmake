@@ -26,6 +26,7 @@ desktop_test(screen_reader_test PROGRAM velumora)
 desktop_test(start_test PROGRAM velumora)
 desktop_test(web_page_test PROGRAM velumora)
 desktop_test(writing_test PROGRAM velumora)
+set_tests_properties(writing_test PROPERTIES TIMEOUT 900) # every key in every field, and four fonts at two scales
 desktop_test(window_test PROGRAM velumora)
 
 # The program, told to look for new versions on a server of the test. The port is one of this build's own.

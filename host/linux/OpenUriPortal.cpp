@@ -98,8 +98,7 @@ public:
         });
     }
 
-public Q_SLOTS:
-    void respond(uint response, const QVariantMap&) { finish(response <= lastGoodResponse); }
+    Q_SLOT void respond(uint response, const QVariantMap&) { finish(response <= lastGoodResponse); }
 
 private:
     void listenAt(const QString& path)

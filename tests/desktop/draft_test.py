@@ -13,6 +13,7 @@ import time
 import unittest
 import zoneinfo
 
+from desktop import spoken
 from desktop.case import DesktopTest
 
 NOTES = "TALV VeluMora"
@@ -23,17 +24,13 @@ SEED = int(os.environ.get("DRAFT_SEED", "20261121"))
 MISSING_AT_MOST = 3  # seconds of typing
 
 
-def spoken(day):
-    return f"{day:%A, %B} {day.day}, {day:%Y}"
-
-
 def second_day_of_this_month():
     return datetime.datetime.now(BERLIN).replace(day=2, hour=0, minute=0, second=0, microsecond=0)
 
 
 def begin_note(window, day):
-    window.find("push button", re.compile("^" + re.escape(spoken(day)))).press()
-    window.find("text", "Note").wait_for_state("focused")
+    window.find("push button", re.compile("^" + re.escape(spoken.day(day)))).press()
+    window.find("text", spoken.NOTE_EDITOR).wait_for_state("focused")
 
 
 class Typist:

@@ -133,10 +133,10 @@ class FirstDayTest(DesktopTest):
     def test_before_the_machine_is_switched_off_what_is_being_typed_is_saved(self):
         system_bus = LocationService(self.session.processes)  # without a service
         window = self.start(environment=system_bus.environment)
-        window.find("push button", spoken(self.day)).press()
-        window.find("text", "Note").wait_for_state("focused")
+        window.find("push button", spoken.day(self.day)).press()
+        window.find("text", spoken.NOTE_EDITOR).wait_for_state("focused")
         window.type("Half a thought")
-        window.find("text", "Note").wait_for_text("Half a thought")
+        window.find("text", spoken.NOTE_EDITOR).wait_for_text("Half a thought")
         login_manager = Connection(system_bus.address)
         self.addCleanup(login_manager.close)
         login_manager.emit("/org/freedesktop/login1", "org.freedesktop.login1.Manager", "PrepareForShutdown",

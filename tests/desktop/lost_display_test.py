@@ -6,6 +6,7 @@ import plistlib
 import unittest
 import zoneinfo
 
+from desktop import spoken
 from desktop.case import DesktopTest
 
 NOTES = "TALV VeluMora"
@@ -21,10 +22,10 @@ class LostDisplayTest(DesktopTest):
         day = datetime.datetime.now(BERLIN).replace(day=2)
         window = self.start()
         window.find("push button", "Add Date").press()
-        window.find("push button", f"{day:%A, %B} {day.day}, {day:%Y}").press()
-        window.find("text", "Note").wait_for_state("focused")
+        window.find("push button", spoken.day(day)).press()
+        window.find("text", spoken.NOTE_EDITOR).wait_for_state("focused")
         window.type("not lost")
-        window.find("text", "Note").wait_for_text("not lost")
+        window.find("text", spoken.NOTE_EDITOR).wait_for_text("not lost")
 
         self.session.end_display()
         self.assertEqual(window.wait_for_end(), 1, "the toolkit ends the process")

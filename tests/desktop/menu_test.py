@@ -5,16 +5,17 @@ import datetime
 import unittest
 import zoneinfo
 
+from desktop import spoken
 from desktop.case import DesktopTest
 
 
 class MenuTest(DesktopTest):
     def write(self, window, text):
         day = datetime.datetime.now(zoneinfo.ZoneInfo(self.home.zone)).replace(day=2)
-        window.find("push button", f"{day:%A, %B} {day.day}, {day:%Y}").press()
-        window.find("text", "Note").wait_for_state("focused")
+        window.find("push button", spoken.day(day)).press()
+        window.find("text", spoken.NOTE_EDITOR).wait_for_state("focused")
         window.type(text)
-        window.find("text", "Note").wait_for_text(text)
+        window.find("text", spoken.NOTE_EDITOR).wait_for_text(text)
 
     def offered(self, window):
         """The entries of the open menu that can be chosen."""
@@ -32,9 +33,9 @@ class MenuTest(DesktopTest):
             self.assertEqual(self.offered(window), always | {"Undo", "Select All"})
             window.key("Escape", "Escape")  # the second takes the keyboard back from the menu bar
             window.wait_until_gone("menu item", "Undo")
-            window.find("text", "Note").wait_for_state("focused")
+            window.find("text", spoken.NOTE_EDITOR).wait_for_state("focused")
             window.type(text[text.rindex(","):])
-            window.find("text", "Note").wait_for_text(text)
+            window.find("text", spoken.NOTE_EDITOR).wait_for_text(text)
 
     def test_the_edit_menu_offers_no_editing_without_a_text(self):
         window = self.start()

@@ -111,7 +111,7 @@ class PagesTest(DesktopTest):
         show_all.focus()
         window.key("space")
         window.wait_until_gone("push button", "Show All Notes")
-        window.find("text", spoken(first.replace(day=2))).wait_for_text("Fair")
+        window.find("text", spoken.day(first.replace(day=2))).wait_for_text("Fair")
 
     def test_the_month_is_printed_and_nothing_is_left_of_it(self):
         window = self.start_with_note_of_today()

@@ -8,6 +8,7 @@ import tempfile
 import unittest
 import zoneinfo
 
+from desktop import spoken
 from desktop.case import DesktopTest
 
 NOTES = "TALV VeluMora"
@@ -56,18 +57,14 @@ def day_of_this_month(day):
     return today.replace(day=day)
 
 
-def spoken(day):
-    return f"{day:%A, %B} {day.day}, {day:%Y}"
-
-
 class WritingTest(DesktopTest):
     def texts(self, name, key):
         table = self.home.table(name)
         return None if table is None else [record[key] for record in table]
 
     def open_note(self, window, day=2):
-        window.find("push button", spoken(day_of_this_month(day))).press()
-        note = window.find("text", "Note")
+        window.find("push button", spoken.day(day_of_this_month(day))).press()
+        note = window.find("text", spoken.NOTE_EDITOR)
         note.wait_for_state("focused")
         return note
 
@@ -143,7 +140,7 @@ class WritingTest(DesktopTest):
         window.key("Home", "ctrl+Delete", "End", "ctrl+BackSpace", "ctrl+a", "ctrl+c", "ctrl+shift+Delete")
         self.assertEqual(window.find_all("dialog"), [])
         window.key("Tab")
-        description = window.find("text", "Description")
+        description = window.find("text", spoken.DESCRIPTION_EDITOR)
         description.wait_for_state("focused")
         self.press_keys(window, description, KEYS + KEYS_OF_LINES)
         self.assertIn("focused", description.states)
@@ -182,7 +179,7 @@ class WritingTest(DesktopTest):
         window.find("push button", "Add Date").press()
         window.find("spin button", "Date").wait_for_state("focused")
         window.key("Tab")
-        description = window.find("text", "Description")
+        description = window.find("text", spoken.DESCRIPTION_EDITOR)
         description.wait_for_state("focused")
         window.type("Ann")
         description.wait_for_text("Ann")
@@ -197,11 +194,11 @@ class WritingTest(DesktopTest):
         window.key("dead_acute", "e")
         note.wait_for_text("é")
         window.key("dead_acute")
-        window.find("push button", spoken(day_of_this_month(9))).click()
-        window.wait_until(lambda: window.find("text", "Note").text == "", "the other note")
-        window.find("text", "Note").wait_for_state("focused")
+        window.find("push button", spoken.day(day_of_this_month(9))).click()
+        window.wait_until(lambda: window.find("text", spoken.NOTE_EDITOR).text == "", "the other note")
+        window.find("text", spoken.NOTE_EDITOR).wait_for_state("focused")
         window.key("e", "f")
-        window.find("text", "Note").wait_for_text("ef")
+        window.find("text", spoken.NOTE_EDITOR).wait_for_text("ef")
 
 
 if __name__ == "__main__":

@@ -2,11 +2,16 @@
 """What the program says of days, in English, and what it announces."""
 
 import datetime
+import re
 
 import gi
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402  (the version is chosen first)
+
+# What the editors in the two lists are called; the rest of the name says of which day or date they are.
+NOTE_EDITOR = re.compile("^Note of ")
+DESCRIPTION_EDITOR = re.compile("^Description of ")
 
 
 def is_today(moment):
