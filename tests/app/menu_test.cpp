@@ -8,8 +8,8 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QTextEdit>
 #include <QTest>
+#include <QTextEdit>
 
 namespace {
 
