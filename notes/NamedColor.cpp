@@ -50,6 +50,13 @@ double luminance(const QColor& color)
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
+/// Whether it is a palette of high contrast as the program makes one. The grounds of a control do not tell: a style
+/// rule that gives it a background makes them all that one.
+bool hasStrongLines(const QPalette& palette)
+{
+    return palette.color(QPalette::Mid) == palette.color(QPalette::Text);
+}
+
 } // namespace
 
 double contrastOf(const QColor& a, const QColor& b)
@@ -79,7 +86,7 @@ QColor namedColor(QStringView name, const QPalette& palette)
     if (name == u"ControlBackgroundColor") {
         return palette.color(QPalette::Base);
     }
-    if (isHighContrast(palette)) {
+    if (hasStrongLines(palette)) {
         const auto* const strong = std::ranges::find(strongEntries, name, &StrongEntry::name);
         if (strong != strongEntries.end()) {
             return palette.color(strong->role);

@@ -81,6 +81,21 @@ double edgeContrast(const QImage& picture, const QWidget& control, const QWidget
     return greatest;
 }
 
+/// The style rules give the list a background, which must not be taken for the one ground of a strong look.
+TEST_F(AppearanceTest, TheLinesBetweenRowsArePaleUnlessTheLookIsStrong)
+{
+    putNotes({note(2024, 3, 1, "one"), note(2024, 3, 2, "two")});
+    start();
+    constexpr int lastOfFirstRow = 16; // of its 17 points
+    const auto line = [this] { return grabbed(*ui->notesTableView->viewport()).pixelColor(2, lastOfFirstRow); };
+    for (const Appearance appearance : {Appearance::Light, Appearance::Dark}) {
+        applyPalette(calmPalette(appearance), *window);
+        EXPECT_EQ(line(), appearance == Appearance::Dark ? QColor(0x3a, 0x3a, 0x3d) : QColor(0xe4, 0xe4, 0xe6));
+        applyPalette(strongPalette(appearance), *window);
+        EXPECT_EQ(line(), QApplication::palette().color(QPalette::Text));
+    }
+}
+
 TEST_F(AppearanceTest, HighContrastIsFollowedWhileTheProgramRuns)
 {
     startIn(Appearance::Light);
