@@ -119,6 +119,9 @@ void AppDelegate::machineWillShutDown()
 {
     m_ui.notesTableView->endEditing();
     m_ui.importantDatesTableView->endEditing();
+    if (m_prefsSheet->isVisible()) {
+        userSetPlace(); // typed, and not left yet
+    }
     saveEvents();
     buttonEnableDisable(*m_ui.importantDateSaveBtn, false);
     waitForReports();

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <vector>
 
 namespace {
 
@@ -22,8 +23,10 @@ constexpr int allNotesSegment = 1;
 void AppDelegate::tellHiddenNotes(HiddenNotesLine& line, const QString& format, std::span<const Date> days,
                                   const std::optional<Table>& notes) const
 {
-    const IndexSet all = NoteQueries::datesWithNotes(allNotesTVData.value_or(Table()), days);
-    const IndexSet listed = NoteQueries::datesWithNotes(notes.value_or(Table()), days);
+    std::vector<Date> distinct(days.begin(), days.end());
+    distinct.erase(std::ranges::unique(distinct).begin(), distinct.end()); // a day left out begins with the next
+    const IndexSet all = NoteQueries::datesWithNotes(allNotesTVData.value_or(Table()), distinct);
+    const IndexSet listed = NoteQueries::datesWithNotes(notes.value_or(Table()), distinct);
     IndexSet shown;
     std::ranges::set_intersection(all, listed, std::inserter(shown, shown.end()));
     line.setText(shown.size() == all.size()

@@ -212,6 +212,7 @@ void AppDelegate::minuteHasChanged()
     const auto secondOfMinute = now - std::chrono::floor<std::chrono::minutes>(now);
     m_minuteTimer.start(std::chrono::minutes(1) - secondOfMinute);
     m_saves.retry();
+    draftHasChanged(); // tried again too, where it was not written
     // The rows' red of today and the elapsed texts go with the time; the rows themselves stay.
     m_ui.notesTableView->viewport()->update();
     m_ui.importantDatesTableView->viewport()->update();

@@ -141,6 +141,7 @@ void AppDelegate::saveNotesInsteadOf(const std::string& replaced, const std::str
         m_saves.save(allNotesTVData, std::string(NotesFileName));
         return;
     }
+    m_saves.retry();
     m_saves.waitUntilDone(); // the copy is made of what is on the disk
     m_saves.save(allNotesTVData, std::string(NotesFileName), Replacing::Nothing);
 }
@@ -218,6 +219,7 @@ void AppDelegate::deleteNoteAtRow(int row)
     const std::optional<Date> date = record ? dateOf(*record, NoteDateKey) : std::nullopt;
     if (date && allNotesTVData) {
         forgetDateNotes(*date);
+        draftHasChanged();
         const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, *date);
         if (index != DateUtilities::NotFound) {
             const std::string deleted = noteText(allNotesTVData->takeAt(index));

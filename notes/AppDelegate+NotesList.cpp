@@ -331,7 +331,8 @@ bool AppDelegate::shouldEditTableColumn(const TableView& tableView, const TableC
     const bool isNotes = &tableView == m_ui.notesTableView;
     const Value* element = rowOf(isNotes ? notesTVData : eventsTVData, row);
     const Value* record = element ? NoteQueries::recordOf(*element) : nullptr;
-    return record && (!isNotes || dateOf(*record, NoteDateKey));
+    // What is typed into a list whose file could not be read would have no place to go.
+    return record && (!isNotes || (allNotesTVData && dateOf(*record, NoteDateKey)));
 }
 
 void AppDelegate::tableViewSelectionDidChange(TableView& tableView)

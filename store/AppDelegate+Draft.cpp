@@ -48,11 +48,11 @@ void putEditedNote(Table& notes, const DatedText& edited)
 Draft draftFrom(const DraftSource& source)
 {
     Table notes = source.notes;
-    for (const Value& line : source.addedLines) {
-        NoteQueries::addLineToNote(notes, *dateOf(line, NoteDateKey), *textOf(line, NoteDataKey));
-    }
     if (source.editedNote) {
         putEditedNote(notes, *source.editedNote);
+    }
+    for (const Value& line : source.addedLines) { // after it: an edit need not have seen a line that waits
+        NoteQueries::addLineToNote(notes, *dateOf(line, NoteDateKey), *textOf(line, NoteDataKey));
     }
     Draft draft = source.found;
     std::ranges::move(Drafts::changedNotes(source.notesOnDisk, notes), std::back_inserter(draft));
@@ -90,7 +90,7 @@ void AppDelegate::draftHasChanged()
 std::optional<DatedText> AppDelegate::editedNote() const
 {
     const int row = m_ui.notesTableView->editedRow();
-    if (!allNotesTVData || !notesTVData || row < 0 || row >= notesTVData->size()) {
+    if (!m_textBeforeEdit || !allNotesTVData || !notesTVData || row < 0 || row >= notesTVData->size()) {
         return std::nullopt;
     }
     const Value* record = NoteQueries::recordOf(notesTVData->at(row));
@@ -101,11 +101,19 @@ void AppDelegate::writeDraft()
 {
     m_draftTimer.stop();
     readDraft(); // lest it is written over
+    const std::optional<DatedText> edited = editedNote();
+    Table lines = m_unsavedDateNotes;
+    if (edited) { // a line that the edit began with is part of what is typed
+        lines.removeIf([&](const Value& line) {
+            return dateOf(line, NoteDateKey) == edited->date &&
+                   m_textBeforeEdit->find(*textOf(line, NoteDataKey)) != std::string::npos;
+        });
+    }
     DraftSource source{.found = m_foundDraft,
                        .notesOnDisk = m_notesState.onDisk,
                        .notes = m_saves.unsaved(std::string(NotesFileName)).value_or(m_notesState.onDisk),
-                       .addedLines = m_unsavedDateNotes,
-                       .editedNote = editedNote(),
+                       .addedLines = std::move(lines),
+                       .editedNote = edited,
                        .eventsOnDisk = m_eventsState.onDisk,
                        .events = eventsTVData.value_or(m_eventsState.onDisk)};
     m_draftFile.write([source = std::move(source)] { return draftFrom(source); });
@@ -188,7 +196,20 @@ void AppDelegate::showKeptNotes(Draft draft)
         return !showsAll && NoteQueries::doesTVDataHaveDate(rows, dateOf(change)) == DateUtilities::NotFound &&
                NoteQueries::copyArrayOfDatesHavingNotes(day, today).isEmpty();
     });
-    Drafts::takeInNotes(draft, rows);
+    for (const DraftChange& change : draft) {
+        const std::int64_t row = NoteQueries::doesTVDataHaveDate(rows, dateOf(change));
+        const std::int64_t saved = NoteQueries::doesTVDataHaveDate(*allNotesTVData, dateOf(change));
+        const bool isShown = row != DateUtilities::NotFound;
+        if (saved == DateUtilities::NotFound) {
+            if (isShown) {
+                rows.removeAt(row);
+            }
+        } else if (isShown) {
+            rows[row] = allNotesTVData->at(saved);
+        } else {
+            rows.append(allNotesTVData->at(saved));
+        }
+    }
     showRows(std::move(rows));
     showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
 }

@@ -70,6 +70,17 @@ void AppDelegate::confirmImport(const std::filesystem::path& folder)
         if (answer != Alert::firstButtonReturn) {
             return;
         }
+        m_ui.notesTableView->endEditing();
+        m_ui.importantDatesTableView->endEditing();
+        if (hasEvents && eventsTVData && m_ui.importantDateSaveBtn->isEnabled()) {
+            m_saves.save(eventsTVData, std::string(EventsFileName)); // what was not saved yet is kept aside too
+        }
+        m_saves.retry();
+        m_saves.waitUntilDone(); // what is on its way to a file is to be on the disk before it is replaced
+        if ((hasNotes && m_saves.unsaved(std::string(NotesFileName))) ||
+            (hasEvents && m_saves.unsaved(std::string(EventsFileName)))) {
+            return; // nothing is replaced that the disk does not have; the save buttons say why it has not
+        }
         if (hasNotes) {
             importNotes(notes);
         }
@@ -81,7 +92,6 @@ void AppDelegate::confirmImport(const std::filesystem::path& folder)
 
 std::optional<Table> AppDelegate::importTALVDataFiles(const std::filesystem::path& source, const std::string& fileName)
 {
-    m_saves.waitUntilDone(); // what is on its way to the file is to be on the disk before it is replaced
     std::optional<Table> table = readLegacyTable(source);
     m_saves.save(table, fileName, Replacing::Nothing);
     return table;
@@ -90,7 +100,6 @@ std::optional<Table> AppDelegate::importTALVDataFiles(const std::filesystem::pat
 /// The shown notes are the imported ones; those that a save writes are the earlier ones until the next start.
 void AppDelegate::importNotes(const std::filesystem::path& source)
 {
-    m_ui.notesTableView->endEditing();
     std::optional<Table> imported = importTALVDataFiles(source, std::string(NotesFileName));
     m_notesChoice = NotesChoice::none(); // what is added goes with the earlier notes
     showRows(std::move(imported).value_or(Table()));
@@ -99,10 +108,6 @@ void AppDelegate::importNotes(const std::filesystem::path& source)
 
 void AppDelegate::importEvents(const std::filesystem::path& source)
 {
-    m_ui.importantDatesTableView->endEditing();
-    if (eventsTVData && m_ui.importantDateSaveBtn->isEnabled()) {
-        m_saves.save(eventsTVData, std::string(EventsFileName)); // what was not saved yet is kept aside too
-    }
     std::optional<Table> imported = importTALVDataFiles(source, std::string(EventsFileName));
     if (eventsTVData) {
         eventsTVData = std::move(imported).value_or(Table());
