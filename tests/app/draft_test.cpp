@@ -94,6 +94,22 @@ TEST_F(DraftTest, HoldsWhatIsBeingTypedAndAfterACrashItCanBeKept)
     EXPECT_EQ(draftTexts(), Texts());
 }
 
+/// A reminder's row stands for its note; the kept note takes its place instead of standing beside it.
+TEST_F(DraftTest, WhatIsKeptIsShownOnceAsItIsSaved)
+{
+    putNotes(march);
+    start();
+    typeInto(*ui->notesTableView, 0, QStringLiteral(" at nine"));
+    waitForTexts({"dentist at nine"});
+    crash();
+
+    start();
+    app->notesTVData = Table{Value(Array{march.at(0)})};
+    answer(Alert::firstButtonReturn);
+    EXPECT_EQ(shownRows(), QStringList{QStringLiteral("Sat, Mar 2, 2024 | dentist at nine")});
+    EXPECT_EQ(*app->notesTVData, Table{note(2024, 3, 2, "dentist at nine")});
+}
+
 TEST_F(DraftTest, IsWrittenDuringContinuousTyping)
 {
     putNotes(march);

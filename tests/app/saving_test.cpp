@@ -10,6 +10,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <string>
 
 namespace {
 
@@ -85,6 +87,34 @@ TEST_F(SavingTest, AFailedSaveIsToldByItsButtonAloneSinceWhenAndWhy)
     waitForReports();
     EXPECT_TRUE(button.isEnabled());
     EXPECT_EQ(button.toolTip().replace(QChar(0x202f), u' '), said) << "since the first time";
+}
+
+TEST_F(SavingTest, AnImportReplacesNothingThatTheDiskDoesNotHave)
+{
+    const std::filesystem::path legacy = dataFolder().parent_path() / "older" / "TALV";
+    std::filesystem::create_directories(legacy);
+    std::filesystem::copy_file(dataFolder() / NotesFileName, legacy / NotesFileName);
+    host.openPanel.answer = legacy;
+    const auto import = [this] {
+        ui->importAction->trigger();
+        ASSERT_TRUE(alert());
+        answer(Alert::firstButtonReturn);
+        waitForReports();
+    };
+    saveInVain();
+    import();
+    EXPECT_EQ(app->notesTVData, later) << "the disk does not have them yet";
+
+    putFolderBack();
+    import();
+    EXPECT_EQ(app->notesTVData, march);
+    EXPECT_EQ(notesOnDisk(), march);
+    std::string kept;
+    for (const auto& copy : std::filesystem::directory_iterator(dataFolder() / "Recovered")) {
+        std::ifstream file(copy.path());
+        kept.append(std::istreambuf_iterator<char>(file), {});
+    }
+    EXPECT_NE(kept.find("dentist at nine"), std::string::npos) << "what had failed is kept aside";
 }
 
 TEST_F(SavingTest, AFailedSaveIsTriedAgainAtTheMinuteAndItsButtonIsAsBefore)

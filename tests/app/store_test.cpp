@@ -229,6 +229,8 @@ TEST_F(StoreTest, UnreadableNotesAreAnEmptyListWhoseAdditionsAreLost)
     app->dayBtnAction(dayButton(3));
     EXPECT_EQ(shownRows(), QStringList{QStringLiteral("Sun, Mar 3, 2024 | ")});
     EXPECT_FALSE(app->allNotesTVData);
+    ui->notesTableView->editColumn(1, 0);
+    EXPECT_FALSE(ui->notesTableView->viewAt(1, 0)) << "what is typed there would have no place to go";
 }
 
 TEST_F(StoreTest, ALaterSaveOfUnreadableNotesRemovesTheFileAndKeepsItsBytes)
