@@ -17,7 +17,7 @@ bool install(const QString& file, const QString& folder)
     if (!translator->load(file, folder)) {
         return false;
     }
-    translator->setParent(qApp);
+    translator->setParent(QCoreApplication::instance());
     QCoreApplication::installTranslator(translator.release());
     return true;
 }
@@ -35,7 +35,9 @@ void installTranslation(const std::vector<std::string>& preferredLanguages)
         if (install(QStringLiteral("velumora_") + language, QStringLiteral(":/translations"))) {
             // The toolkit's own texts, those of context menus for one.
             install(QStringLiteral("qtbase_") + language, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-            QGuiApplication::setLayoutDirection(QLocale(language).textDirection());
+            if (qobject_cast<QGuiApplication*>(QCoreApplication::instance())) { // a command line has no windows
+                QGuiApplication::setLayoutDirection(QLocale(language).textDirection());
+            }
             return;
         }
     }
