@@ -78,7 +78,8 @@ void AppDelegate::colorDatePicker(DatePicker& picker, int row) const
 {
     const QPalette palette = m_window.palette();
     if (row == m_ui.importantDatesTableView->selectedRow()) {
-        picker.setColors(namedColor(u"TableRowSelectedTextColor", palette), namedColor(u"TableRowSelectionColor", palette));
+        picker.setColors(namedColor(u"TableRowSelectedTextColor", palette),
+                         namedColor(u"TableRowSelectionColor", palette));
     } else {
         picker.setColors(namedColor(u"ControlTextColor", palette), namedColor(u"ControlBackgroundColor", palette));
     }
