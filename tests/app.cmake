@@ -18,6 +18,7 @@ add_library(app-test-support STATIC
     support/ScriptFonts.h
     support/StandInGeoClue.cpp
     support/StandInGeoClue.h
+    support/StandInInputMethod.h
     support/StandInLogind.cpp
     support/StandInLogind.h
     support/TranslationGuard.cpp
