@@ -35,7 +35,7 @@ QString plainToolTip(const QString& text)
         const bool isRightToLeft = CellLines::direction(line, QGuiApplication::layoutDirection()) == Qt::RightToLeft;
         shown += QStringLiteral("<p dir=\"%1\" style=\"margin:0\">%2</p>")
                      .arg(isRightToLeft ? QStringLiteral("rtl") : QStringLiteral("ltr"),
-                          line.isEmpty() ? QStringLiteral("<br>") : line.toHtmlEscaped());
+                          line.isEmpty() ? QStringLiteral("&nbsp;") : line.toHtmlEscaped());
     };
     for (const QStringView line : CellLines::slice(text, 0, maximumLines)) {
         const QStringView start = CellLines::cut(line, maximumLength);

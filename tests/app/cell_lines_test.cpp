@@ -98,7 +98,7 @@ TEST(PlainToolTip, EachLineHasItsOwnDirection)
 {
     QTextDocument shown;
     shown.setHtml(plainToolTip(u"Tea\n\u05EA\u05D4, 7!\n\nend"_qs));
-    EXPECT_EQ(shown.toPlainText(), u"Tea\n\u05EA\u05D4, 7!\n\nend"_qs);
+    EXPECT_EQ(shown.toPlainText(), u"Tea\n\u05EA\u05D4, 7!\n \nend"_qs);
     EXPECT_EQ(shown.findBlockByNumber(0).textDirection(), Qt::LeftToRight);
     EXPECT_EQ(shown.findBlockByNumber(1).textDirection(), Qt::RightToLeft);
     EXPECT_EQ(shown.findBlockByNumber(3).textDirection(), Qt::LeftToRight);
