@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/UnexpectedExit.h"
 
+#include <QCoreApplication>
+
+#include <chrono>
+#include <condition_variable>
 #include <cstdlib>
+#include <mutex>
 #include <thread>
 #include <utility>
 
@@ -15,6 +20,10 @@ std::function<void()>& handlerInForce()
 
 std::thread::id handlerThread; ///< what the handler reads belongs to this thread
 
+std::mutex mutex;
+std::condition_variable handlerHasRun;
+bool isHandled = false;
+
 void callHandler()
 {
     if (std::this_thread::get_id() != handlerThread) {
@@ -22,6 +31,37 @@ void callHandler()
     }
     if (const auto handler = std::exchange(handlerInForce(), nullptr)) {
         handler();
+    }
+    {
+        const std::lock_guard lock(mutex);
+        isHandled = true;
+    }
+    handlerHasRun.notify_all();
+}
+
+/// Has the handler's thread call it, and holds this one up, which is about to end the process, until it has.
+void callHandlerFromElsewhere()
+{
+    constexpr std::chrono::seconds patience(10); // that thread may never come to it
+    QMetaObject::invokeMethod(QCoreApplication::instance(), callHandler, Qt::QueuedConnection);
+    std::unique_lock lock(mutex);
+    handlerHasRun.wait_for(lock, patience, [] { return isHandled; });
+}
+
+QtMessageHandler formerMessageHandler = nullptr;
+
+/// With Wayland the toolkit ends by _exit(), on one of its own threads perhaps, and _exit() calls no function. What it
+/// says right before is the only sign of it.
+void hearMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    formerMessageHandler(type, context, text);
+    if (!text.startsWith(QLatin1String("The Wayland connection "))) {
+        return;
+    }
+    if (std::this_thread::get_id() == handlerThread) {
+        callHandler();
+    } else if (QCoreApplication::instance()) {
+        callHandlerFromElsewhere();
     }
 }
 
@@ -32,9 +72,11 @@ UnexpectedExit::UnexpectedExit(std::function<void()> handler)
     handlerThread = std::this_thread::get_id();
     handlerInForce() = std::move(handler); // made first, so it is still there when `callHandler` runs
     [[maybe_unused]] static const int registered = std::atexit(callHandler);
+    formerMessageHandler = qInstallMessageHandler(hearMessage);
 }
 
 UnexpectedExit::~UnexpectedExit()
 {
+    qInstallMessageHandler(formerMessageHandler);
     handlerInForce() = nullptr;
 }

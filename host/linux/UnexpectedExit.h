@@ -3,8 +3,8 @@
 
 #include <functional>
 
-/// Calls a function when the main thread ends the process by exit() before this object is gone, as the toolkit does
-/// once the display's connection is broken. By then nothing can be shown any more; other threads still run. One at a
+/// Calls a function when the main thread ends the process before this object is gone: by exit(), or because the
+/// toolkit says that the display's connection is broken, after which it ends the process at once. By then nothing can be shown any more; other threads still run. One at a
 /// time.
 class UnexpectedExit {
 public:
