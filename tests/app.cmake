@@ -116,6 +116,7 @@ velumora_test(language-tests
     app/window_fit_test.cpp
     LIBRARIES app-test-support
     LABELS app)
+velumora_link_resources(language-tests)
 qt_add_lrelease(language-tests
     TS_FILES data/translations/velumora_ug.ts
     QM_FILES_OUTPUT_VARIABLE test_catalogues)
