@@ -11,7 +11,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <map>
 #include <string>
+#include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -19,6 +21,26 @@ namespace {
 
 constexpr std::array languages{"en_US", "de_DE", "sv_SE", "fa_IR", "th_TH", "ar_EG", "ja_JP",
                                "ko_KR", "zh_TW", "he_IL", "bg_BG", "my_MM", "am_ET", "hu_HU"};
+
+/// What reads texts in the current locale. It takes long to make.
+struct Readers {
+    explicit Readers(const std::string& language) : dayText(language)
+    {
+        for (const auto style : {DateFormatter::Style::Short, DateFormatter::Style::Long}) {
+            formatters.emplace_back().setDateStyle(style);
+        }
+        formatters.push_back(DateUtilities::listDateFormatter());
+    }
+
+    DayText dayText;
+    std::vector<DateFormatter> formatters;
+};
+
+const Readers& readersOf(const std::string& language)
+{
+    static std::map<std::string, Readers> readers;
+    return readers.try_emplace(language, language).first->second;
+}
 
 /// UTF-8, or code units as they stand: what is pasted may hold halves of a pair.
 QString textFrom(const std::string& bytes, bool units)
@@ -42,15 +64,12 @@ void tryDay(const DayText& dayText, const QString& typed, Date date)
     }
 }
 
-void tryStyles(const QString& typed)
+void tryFormats(const std::vector<DateFormatter>& formatters, const QString& typed)
 {
-    DateFormatter formatter;
-    for (const auto style : {DateFormatter::Style::Short, DateFormatter::Style::Long}) {
-        formatter.setDateStyle(style);
+    for (const DateFormatter& formatter : formatters) {
         (void)formatter.dateFromString(typed);
         (void)formatter.dayFromString(typed);
     }
-    (void)DateUtilities::listDateFormatter().dateFromString(typed);
 }
 
 void tryNumbers(const QString& typed)
@@ -79,8 +98,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string language = languages.at(letter % 32 % languages.size());
     const QString typed = textFrom(lines.rest(), letter < 'a');
     DateEnvironment::setLocalePair({language, {language}});
-    tryDay(DayText(language), typed, dateFromUnixSeconds(1'709'637'630)); // 5 March 2024, 12:20:30
-    tryStyles(typed);
+    const Readers& readers = readersOf(language);
+    tryDay(readers.dayText, typed, dateFromUnixSeconds(1'709'637'630)); // 5 March 2024, 12:20:30
+    tryFormats(readers.formatters, typed);
     tryNumbers(typed);
     return 0;
 }

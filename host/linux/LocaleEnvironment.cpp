@@ -35,13 +35,6 @@ std::string firstSet(const ReadEnvironment& read, std::initializer_list<const ch
     return {};
 }
 
-/// A language as the list of preferred languages writes it: "de_DE" is "de-DE".
-std::string languageTag(std::string identifier)
-{
-    std::ranges::replace(identifier, '_', '-');
-    return identifier;
-}
-
 /// Nothing for a name that no locale can have.
 std::optional<std::string> knownIdentifier(std::string_view posixName)
 {
@@ -57,8 +50,14 @@ std::optional<std::string> knownIdentifier(std::string_view posixName)
                               std::string("_").append(script->second));
         }
     }
-    const bool isKnown = isLocaleIdentifier(identifier) && isLocaleIdentifier(languageTag(identifier));
-    return isKnown ? std::optional(std::move(identifier)) : std::nullopt;
+    return isLocaleIdentifier(identifier) ? std::optional(std::move(identifier)) : std::nullopt;
+}
+
+/// A language as the list of preferred languages writes it: "de_DE" is "de-DE".
+std::string languageTag(std::string identifier)
+{
+    std::ranges::replace(identifier, '_', '-');
+    return identifier;
 }
 
 /// The good ones of a list of names, colons between.
