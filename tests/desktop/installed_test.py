@@ -3,6 +3,7 @@
 
 import os
 import pathlib
+import shutil
 import subprocess
 import unittest
 import urllib.parse
@@ -25,21 +26,27 @@ class InstalledTest(DesktopTest):
     def installed_files(self):
         return [path for path in self.prefix.rglob("*") if path.is_file()]
 
-    def opened_help(self, program):
-        """The folder of the help page that the program has opened."""
+    def opened(self, program, *items):
+        """What the program has opened after choosing these items of the help menu; the last of them opens something."""
         commands = self.home.path / "bin"
         opened = self.home.path / "opened"
         commands.mkdir()
         opener = commands / "xdg-open"
-        opener.write_text(f'#!/bin/sh\necho "$1" >"{opened}.part"\n/bin/mv "{opened}.part" "{opened}"\n',
-                          encoding="utf-8")
+        opener.write_text(f'#!/bin/sh\necho "$1" >>"{opened}"\n', encoding="utf-8")
         opener.chmod(0o700)
         self.program = str(program)
         window = self.start(environment={"PATH": str(commands)})
-        window.find("menu item", "Help").click()
-        window.find("menu item", "Velumora Help").click()
-        window.wait_until(opened.exists, "the help")
-        page = pathlib.Path(urllib.parse.unquote(urllib.parse.urlparse(opened.read_text().strip()).path))
+        for item in items:
+            window.find("menu item", "Help").click()
+            window.find("menu item", item).click()
+        window.wait_until(lambda: opened.exists() and opened.read_text().endswith("\n"), f"what {items[-1]} opens")
+        self.assertEqual(window.quit(), 0)
+        return [urllib.parse.urlparse(line) for line in opened.read_text().splitlines()]
+
+    def opened_help(self, program):
+        """The folder of the help page that the program has opened."""
+        page, = self.opened(program, "Velumora Help")
+        page = pathlib.Path(urllib.parse.unquote(page.path))
         self.assertTrue(page.is_file(), page)
         return page.parents[2]
 
@@ -66,6 +73,13 @@ class InstalledTest(DesktopTest):
 
     def test_the_help_of_a_program_that_is_not_installed_is_that_of_its_source(self):
         self.assertEqual(self.opened_help(self.program), SOURCE / "resources")
+
+    def test_a_program_alone_has_no_help(self):
+        alone = self.home.path / "alone/bin"
+        alone.mkdir(parents=True)
+        shutil.copy(self.prefix / "bin/velumora", alone)
+        opened = self.opened(alone / "velumora", "Velumora Help", "Velumora Web Page")
+        self.assertEqual([page.scheme for page in opened], ["https"])
 
 
 if __name__ == "__main__":
