@@ -2,6 +2,9 @@
 #include "app/Announcer.h"
 
 #include <QAccessibleWidget>
+#include <QStringList>
+
+#include <utility>
 
 namespace {
 
@@ -29,20 +32,21 @@ Announcer::Announcer(QWidget& window) : QWidget(&window)
     hide();
 }
 
-void Announcer::announce(const QString& text)
+void Announcer::announce(Kind kind, const QString& text)
 {
-    if (m_waiting.isEmpty()) {
+    if (m_waiting.empty()) {
         QMetaObject::invokeMethod(this, &Announcer::say, Qt::QueuedConnection);
     }
-    if (!m_waiting.contains(text)) {
-        m_waiting.append(text);
-    }
+    m_waiting.insert_or_assign(kind, text);
 }
 
 void Announcer::say()
 {
-    m_said = m_waiting.join(QStringLiteral(". "));
-    m_waiting.clear();
+    QStringList texts;
+    for (const auto& [kind, text] : std::exchange(m_waiting, {})) {
+        texts.append(text);
+    }
+    m_said = texts.join(QStringLiteral(". "));
     QAccessibleEvent renamed(this, QAccessible::NameChanged); // a reader keeps the names that it was told
     QAccessible::updateAccessibility(&renamed);
     QAccessibleEvent shown(this, QAccessible::ObjectShow);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QStringList>
 #include <QWidget>
+
+#include <map>
 
 /// Has a screen reader say what changed elsewhere than at the control with the keyboard: a month that was stepped to,
 /// how many notes a search found. It is never seen.
@@ -16,8 +17,10 @@ public:
     explicit Announcer(QWidget& window);
 
     /// Has `text` said once the event in hand is dealt with, so that a focus that this event moves does not cut it
-    /// short. What one event announces is said as one, each text once.
-    void announce(const QString& text);
+    /// short. What one event announces is said as one; of several texts of one kind only the last, the others being
+    /// untrue by then.
+    enum class Kind { Page, Rows };
+    void announce(Kind kind, const QString& text);
 
     /// What was said last.
     QString announcement() const { return m_said; }
@@ -25,6 +28,6 @@ public:
 private:
     void say();
 
-    QStringList m_waiting;
+    std::map<Kind, QString> m_waiting;
     QString m_said;
 };

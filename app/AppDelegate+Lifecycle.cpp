@@ -129,9 +129,9 @@ void AppDelegate::machineWillShutDown()
 
 void AppDelegate::processWillExit()
 {
-    if (const int row = m_ui.notesTableView->editedRow(); row >= 0) {
-        const auto* editor = m_ui.notesTableView->findChild<CellEditor*>();
-        takeInNote(row, editor && editor->isEdited());
+    if (const std::optional<DatedText> edited = editedNote()) {
+        takeInComposedText(*edited); // nothing can be asked of an input method any more
+        takeInNote(m_ui.notesTableView->editedRow(), true);
     }
     saveEvents();
     waitForReports();

@@ -54,6 +54,7 @@ void AppDelegate::connectMenuStates()
                 ifText(m_ui.pasteAction, &EditAbilities::paste),
                 ifText(m_ui.selectAllAction, &EditAbilities::selectAll),
                 follows(m_ui.deleteNoteAction, m_ui.deleteRowFromListBtn),
+                follows(m_ui.addDateAction, m_ui.addImportantDateBtn),
                 follows(m_ui.deleteDateAction, m_ui.deleteRowFromImpDateListBtn)});
     keepHonest(*m_ui.viewMenu, {isNotOn(m_ui.miniCalendarPageAction, m_ui.myTabView->widget(0)),
                                 isNotOn(m_ui.weeklyViewPageAction, m_ui.myTabView->widget(1)),

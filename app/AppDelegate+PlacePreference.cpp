@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 #include "app/EnteredPlace.h"
 #include "app/Localized.h"
+#include "app/SpokenName.h"
 #include "dates/DegreesText.h"
 #include "notes/NamedColor.h"
 #include "ui_PreferencesSheet.h"
@@ -87,6 +88,6 @@ void AppDelegate::showPlaceProblem(const QString& problem)
     sheet.placeHint->setVisible(problem.isEmpty());
     sheet.placeProblem->setVisible(!problem.isEmpty());
     const QString& spoken = problem.isEmpty() ? sheet.placeHint->text() : problem;
-    sheet.latitudeField->setAccessibleDescription(spoken);
-    sheet.longitudeField->setAccessibleDescription(spoken);
+    setSpokenDescription(*sheet.latitudeField, spoken);
+    setSpokenDescription(*sheet.longitudeField, spoken);
 }

@@ -23,18 +23,20 @@ QString AppDelegate::accessibleEditorName(const TableView& tableView, const Tabl
 
 void AppDelegate::announceMonthOfMiniCal()
 {
-    m_announcer->announce(filled(QStringLiteral("%@ %@"), {m_ui.miniCalMonthName->text(), m_ui.miniCalYear->text()}));
+    m_announcer->announce(Announcer::Kind::Page,
+                          filled(QStringLiteral("%@ %@"), {m_ui.miniCalMonthName->text(), m_ui.miniCalYear->text()}));
 }
 
 void AppDelegate::announceWeek()
 {
     m_announcer->announce(
+        Announcer::Kind::Page,
         filled(QStringLiteral("%@ %@"), {m_ui.weeklyViewStartingDateMsg->text(), m_ui.weeklyViewStartingDate->text()}));
 }
 
 void AppDelegate::announceMonthOfPage()
 {
-    m_announcer->announce(m_ui.monthlyViewMonthYear->text());
+    m_announcer->announce(Announcer::Kind::Page, m_ui.monthlyViewMonthYear->text());
 }
 
 void AppDelegate::announcePage(const QWidget& page)
@@ -48,11 +50,13 @@ void AppDelegate::announcePage(const QWidget& page)
 
 void AppDelegate::announceFoundNotes()
 {
-    m_announcer->announce(filled(localized("Notes found: %@"), {QString::number(m_ui.notesTableView->numberOfRows())}));
+    m_announcer->announce(Announcer::Kind::Rows,
+                          filled(localized("Notes found: %@"), {QString::number(m_ui.notesTableView->numberOfRows())}));
 }
 
 void AppDelegate::announceRows(const QString& choice)
 {
     m_announcer->announce(
+        Announcer::Kind::Rows,
         filled(localized("%@. Notes in the list: %@"), {choice, QString::number(m_ui.notesTableView->numberOfRows())}));
 }

@@ -165,6 +165,7 @@ void AppDelegate::connectActions()
     m_draftTimer.setSingleShot(true);
     m_draftTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_draftTimer, &QTimer::timeout, this, &AppDelegate::writeDraft);
+    connect(m_ui.notesTableView, &TableView::textComposed, this, &AppDelegate::draftHasChanged);
 
     for (QRadioButton* choice : {m_prefsLayout->sundayPref, m_prefsLayout->mondayPref, m_prefsLayout->allVelumora,
                                  m_prefsLayout->currentMonthVelumora}) {

@@ -179,6 +179,7 @@ public:
 
     /// Shows what an earlier run left unsaved, if it did.
     void offerDraft();
+    void forgetSavedDraft(Table notes, Table events);
 
     // --- Mini calendar -----------------------------------------------------------------------------------------------
 
@@ -383,6 +384,7 @@ private:
     void deleteNoteAtRow(int row);
     void deleteEvent(const Value& event);
     void confirmDeletion(const QString& question, std::function<void()> deletion);
+    void takeInComposedText(const DatedText& edited);
     bool takeInNote(int row, bool isEdited);
     void saveNotesInsteadOf(const std::string& replaced, const std::string& seen);
     void redrawWeek(int days);
@@ -390,6 +392,7 @@ private:
     void tellHiddenNotes(HiddenNotesLine& line, const QString& format, std::span<const Date> days,
                          const std::optional<Table>& notes) const;
     void showAllNotesOnPage();
+    void redrawPage();
     void showNoteOfDay(Date date, DayButton& button);
     void editSelectedNote(DayButton& day);
 
@@ -421,7 +424,8 @@ private:
     void takeInDateNotes();
     void forgetDateNotes(Date date);
     void forgetDateNotesIn(const std::string& text, Date date);
-    void endEditOfNote(Date date);
+    std::optional<DatedText> noteInEditor() const;
+    void takeIntoEditor(const DatedText& edited);
 
     void makeSendNotificationContextMenu();
     void updateSendNotificationContextMenu();

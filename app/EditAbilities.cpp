@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/EditAbilities.h"
 
+#include "notes/TableView.h"
+
 #include <QAbstractSpinBox>
 #include <QClipboard>
 #include <QGuiApplication>
@@ -47,6 +49,9 @@ EditAbilities editAbilitiesOf(const QWidget* control)
     }
     if (const auto* text = qobject_cast<const QTextEdit*>(control)) {
         return abilitiesOfText(*text);
+    }
+    if (const auto* table = qobject_cast<const TableView*>(control)) {
+        return {.copy = table->selectedRow() >= 0};
     }
     return {.selectAll = qobject_cast<const QAbstractSpinBox*>(control) != nullptr};
 }

@@ -83,6 +83,13 @@ QRect placedOnScreen(const QRect& wanted, const QMargins& frame, const QSize& le
     return placed;
 }
 
+QRect placedAgain(const QRect& last, const QMargins& frame, const QSize& least, const QList<QRect>& screens)
+{
+    const bool fits = last.size() == last.size().expandedTo(least) &&
+                      std::ranges::any_of(screens, [&last](const QRect& screen) { return screen.contains(last); });
+    return fits ? last : placedOnScreen(last, frame, least, screens);
+}
+
 WindowPlace::WindowPlace(std::filesystem::path file, QMainWindow& window) : m_file(std::move(file)), m_window(window)
 {
     restore();
@@ -99,7 +106,7 @@ void WindowPlace::restore()
                 .size());
         return;
     }
-    m_window.setGeometry(placedOnScreen(last->rect, usualFrame, m_window.minimumSizeHint(), freeScreens()));
+    m_window.setGeometry(placedAgain(last->rect, usualFrame, m_window.minimumSizeHint(), freeScreens()));
     if (last->isMaximised) {
         m_window.setWindowState(m_window.windowState() | Qt::WindowMaximized);
     }

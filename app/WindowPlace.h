@@ -14,6 +14,10 @@ class QMainWindow;
 /// is free of panels: on the one that shows most of it, the first where none does. No smaller than `least`.
 QRect placedOnScreen(const QRect& wanted, const QMargins& frame, const QSize& least, const QList<QRect>& screens);
 
+/// Where a window opens that stood at `last`: there, if one screen holds it whole, for its frame had room there; else
+/// as `placedOnScreen` says.
+QRect placedAgain(const QRect& last, const QMargins& frame, const QSize& least, const QList<QRect>& screens);
+
 /// Has a window come back with the size, the place and the state, maximised or not, that it had when it was last
 /// closed. They stand in a file of a few lines; where there is none, or none that can be read, the window keeps the
 /// size of its layout. Either way it fits the screens of this moment.

@@ -39,6 +39,12 @@ void AppDelegate::showAllNotesOnPage()
 {
     m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), allNotesSegment);
     m_ui.hideShowSegBtn->press(allNotesSegment);
+    redrawPage();
+}
+
+/// The notes that the page shows may be others now. The mini calendar is no such page.
+void AppDelegate::redrawPage()
+{
     if (m_ui.myTabView->currentIndex() == weeklyViewPage) {
         redrawWeek(0);
     } else if (m_ui.myTabView->currentIndex() == monthlyViewPage) {

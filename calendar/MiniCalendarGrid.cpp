@@ -9,6 +9,7 @@
 #include <QLabel>
 
 #include <algorithm>
+#include <utility>
 
 MiniCalendarGrid::MiniCalendarGrid(QWidget* parent) : CellGrid(parent)
 {
@@ -39,22 +40,34 @@ MiniCalendarGrid::MiniCalendarGrid(QWidget* parent) : CellGrid(parent)
 
 void MiniCalendarGrid::daysDidChange(MonthGrid::YearMonth month, int today)
 {
-    m_month = month;
+    const bool isOtherMonth = std::exchange(m_month, month) != month;
     const QList<DayButton*> shown = shownDays();
     if (shown.isEmpty()) {
         return;
     }
-    if (!m_tabStop || !m_tabStop->hasFocus()) {
+    const bool hasFocus = m_tabStop && m_tabStop->hasFocus();
+    if (std::exchange(m_wantsToday, false) || !hasFocus) {
         const bool isChosen = m_chosen && m_chosen->month == month;
         setTabStop(shownDay(isChosen ? m_chosen->day : std::max(today, 1)));
+        if (hasFocus) {
+            m_tabStop->setFocus(Qt::OtherFocusReason);
+        }
     } else if (shown.contains(m_tabStop)) {
-        choose(*m_tabStop);
+        if (m_chosen || isOtherMonth) {
+            choose(*m_tabStop);
+        }
     } else {
         const bool wasBefore = m_days.indexOf(m_tabStop) < m_days.indexOf(shown.first());
         DayButton& nearest = wasBefore ? *shown.first() : *shown.last();
         choose(nearest);
         nearest.setFocus(Qt::OtherFocusReason); // the focused cell is blank now: the keys go on from the nearest day
     }
+}
+
+void MiniCalendarGrid::forgetChosenDay()
+{
+    m_chosen.reset();
+    m_wantsToday = true;
 }
 
 bool MiniCalendarGrid::isSpoken(const QWidget& cell) const
@@ -66,7 +79,7 @@ bool MiniCalendarGrid::isSpoken(const QWidget& cell) const
 bool MiniCalendarGrid::eventFilter(QObject* watched, QEvent* event)
 {
     auto* day = qobject_cast<DayButton*>(watched);
-    if (day && event->type() == QEvent::FocusIn && !day->title().isEmpty()) {
+    if (day && day != m_tabStop && event->type() == QEvent::FocusIn && !day->title().isEmpty()) {
         choose(*day);
     } else if (day && event->type() == QEvent::KeyPress) {
         const auto* press = static_cast<QKeyEvent*>(event);

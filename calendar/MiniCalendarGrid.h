@@ -28,8 +28,8 @@ public:
     /// first.
     void daysDidChange(MonthGrid::YearMonth month, int today);
 
-    /// The tab key leads to today again, from the next daysDidChange on.
-    void forgetChosenDay() { m_chosen.reset(); }
+    /// The tab key leads to today again, from the next daysDidChange on; the focus goes there too if it is on a day.
+    void forgetChosenDay();
 
     bool isSpoken(const QWidget& cell) const override;
 
@@ -42,7 +42,7 @@ Q_SIGNALS:
     void monthStepWanted(MiniCalendarGrid::Step step);
 
 private:
-    /// A day that had the focus.
+    /// A day that the user went to. Passing by with the tab key is no such choice.
     struct Chosen {
         MonthGrid::YearMonth month;
         int day;
@@ -60,5 +60,6 @@ private:
     QList<DayButton*> m_days;
     MonthGrid::YearMonth m_month;
     std::optional<Chosen> m_chosen;
+    bool m_wantsToday = false;
     DayButton* m_tabStop = nullptr;
 };

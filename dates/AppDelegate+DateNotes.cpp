@@ -3,6 +3,7 @@
 #include "app/Localized.h"
 #include "dates/DateUtilities.h"
 #include "dates/IntegerValue.h"
+#include "notes/CellEditor.h"
 #include "notes/NoteQueries.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
@@ -127,9 +128,8 @@ void AppDelegate::takeInDateNotes()
     if (m_unsavedDateNotes.isEmpty() || !allNotesTVData) {
         return;
     }
-    const Table waiting = m_unsavedDateNotes; // the end of an edit may take some away
-    for (const Value& added : waiting) {
-        endEditOfNote(*dateOf(added, NoteDateKey));
+    if (const std::optional<DatedText> edited = noteInEditor()) {
+        takeIntoEditor(*edited);
     }
     for (const Value& added : std::exchange(m_unsavedDateNotes, {})) {
         const Date date = *dateOf(added, NoteDateKey);
@@ -137,6 +137,7 @@ void AppDelegate::takeInDateNotes()
         showSavedNote(date);
     }
     redrawMiniCal();
+    redrawPage();
 }
 
 /// The note of that date is gone, and its lines with it.
@@ -154,13 +155,40 @@ void AppDelegate::forgetDateNotesIn(const std::string& text, Date date)
     });
 }
 
-/// An editor would write over a line that its note gets meanwhile.
-void AppDelegate::endEditOfNote(Date date)
+/// The note in whose row an editor stands, as it is shown.
+std::optional<DatedText> AppDelegate::noteInEditor() const
 {
     const int row = m_ui.notesTableView->editedRow();
     const Value* record =
         notesTVData && row >= 0 && row < notesTVData->size() ? NoteQueries::recordOf(notesTVData->at(row)) : nullptr;
-    if (record && dateOf(*record, NoteDateKey) == date) {
-        m_ui.notesTableView->endEditing();
+    return record ? datedTextOf(*record) : std::nullopt;
+}
+
+/// An editor would write over the lines that its note gets meanwhile, so they come into its text. Where it shows
+/// something else than the saved note, it ends instead.
+void AppDelegate::takeIntoEditor(const DatedText& edited)
+{
+    const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, edited.date);
+    Table note;
+    if (index != DateUtilities::NotFound) {
+        note.append(allNotesTVData->at(index));
     }
+    bool hasLines = false;
+    for (const Value& added : std::as_const(m_unsavedDateNotes)) {
+        if (dateOf(added, NoteDateKey) == edited.date) {
+            NoteQueries::addLineToNote(note, edited.date, *textOf(added, NoteDataKey));
+            hasLines = true;
+        }
+    }
+    auto* const editor = m_ui.notesTableView->findChild<CellEditor*>();
+    if (!hasLines || !editor) {
+        return;
+    }
+    const std::string whole = *textOf(note.front(), NoteDataKey);
+    if (!whole.starts_with(edited.text)) {
+        m_ui.notesTableView->endEditing();
+        return;
+    }
+    editor->addAtEnd(QString::fromStdString(whole.substr(edited.text.size())));
+    m_textBeforeEdit.reset(); // from here on it is the saved note that is edited
 }

@@ -145,6 +145,7 @@ void AppDelegate::showSavedNote(Date date)
         return;
     }
     const Value& note = allNotesTVData->at(saved);
+    m_ui.filterField->setFoundNothing({}); // it may be what was searched for
     TableView& notes = *m_ui.notesTableView;
     if (const std::int64_t row = NoteQueries::doesTVDataHaveDate(*notesTVData, date); row != DateUtilities::NotFound) {
         (*notesTVData)[row] = note;

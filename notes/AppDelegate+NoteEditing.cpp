@@ -90,6 +90,16 @@ void AppDelegate::controlTextDidChange(QWidget& field)
     draftHasChanged();
 }
 
+/// What is composed becomes a part of the text in the row.
+void AppDelegate::takeInComposedText(const DatedText& edited)
+{
+    Value& element = (*notesTVData)[m_ui.notesTableView->editedRow()];
+    if (!m_textBeforeEdit) {
+        m_textBeforeEdit = noteText(element);
+    }
+    element = withEditedText(element, NoteDataKey, edited.text);
+}
+
 void AppDelegate::controlTextDidEndEditing(QWidget& field)
 {
     const auto* editor = qobject_cast<const CellEditor*>(&field);
@@ -115,7 +125,8 @@ bool AppDelegate::takeInNote(int row, bool isEdited)
         return false; // a day that was only looked at leaves no empty note behind
     }
     if (before) {
-        forgetDateNotesIn(*before, *date); // the text as it is now is what the user wants
+        forgetDateNotesIn(*before, *date);     // the text as it is now is what the user wants
+        m_ui.filterField->setFoundNothing({}); // and perhaps what was searched for
     }
     const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, *date);
     if (index == DateUtilities::NotFound) {

@@ -140,6 +140,19 @@ void CellEditor::insertTyped(const QString& text)
     ensureCursorVisible();
 }
 
+void CellEditor::addAtEnd(const QString& text)
+{
+    const int anchor = textCursor().anchor();
+    const int position = textCursor().position();
+    QTextCursor end(document());
+    end.movePosition(QTextCursor::End);
+    insertHonestly(end, withoutForbiddenXmlCharacters(text));
+    QTextCursor caret = textCursor(); // at the end it was moved along
+    caret.setPosition(anchor);
+    caret.setPosition(position, QTextCursor::KeepAnchor);
+    setTextCursor(caret);
+}
+
 // The clipboard: plain text only
 
 QMimeData* CellEditor::createMimeDataFromSelection() const
@@ -192,19 +205,34 @@ void CellEditor::keyPressEvent(QKeyEvent* event)
     QTextEdit::keyPressEvent(event);
 }
 
+QString CellEditor::textAsSeen() const
+{
+    const QTextBlock block = textCursor().block();
+    const QString composed = block.layout()->preeditAreaText();
+    return composed.isEmpty()
+               ? m_text
+               : QString(m_text).insert(block.position() + block.layout()->preeditAreaPosition(), composed);
+}
+
 void CellEditor::inputMethodEvent(QInputMethodEvent* event)
 {
-    const QString commit = event->commitString();
+    takeIn(*event);
+    Q_EMIT composed();
+}
+
+void CellEditor::takeIn(QInputMethodEvent& event)
+{
+    const QString commit = event.commitString();
     const QString clean = withoutForbiddenXmlCharacters(commit);
     if (clean == commit && std::none_of(clean.begin(), clean.end(), [](QChar c) { return endsLine(c.unicode()); })) {
-        QTextEdit::inputMethodEvent(event);
+        QTextEdit::inputMethodEvent(&event);
         return;
     }
-    QInputMethodEvent rest(event->preeditString(), event->attributes());
-    rest.setCommitString({}, event->replacementStart(), event->replacementLength());
+    QInputMethodEvent rest(event.preeditString(), event.attributes());
+    rest.setCommitString({}, event.replacementStart(), event.replacementLength());
     QTextEdit::inputMethodEvent(&rest);
     insertTyped(clean);
-    event->accept();
+    event.accept();
 }
 
 QVariant CellEditor::inputMethodQuery(Qt::InputMethodQuery property) const

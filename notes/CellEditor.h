@@ -21,8 +21,14 @@ public:
 
     const QString& text() const { return m_text; }
 
+    /// The text with what an input method composes at the caret, as the user sees it.
+    QString textAsSeen() const;
+
     /// Whether the user has changed the text, even if it is now the first one again.
     bool isEdited() const { return m_edited; }
+
+    /// Adds `text` at the end as if it had been typed there; the caret and what is selected stay.
+    void addAtEnd(const QString& text);
 
     /// The line at the top of the editor. The editor stays at that line until told otherwise: the table that holds it
     /// scrolls, not the editor.
@@ -37,7 +43,8 @@ public:
     Q_INVOKABLE QVariant inputMethodQuery(Qt::InputMethodQuery property, const QVariant& argument) const;
 
 Q_SIGNALS:
-    void edited(); ///< text() is another
+    void edited();   ///< text() is another
+    void composed(); ///< textAsSeen() may be another
     void endRequested();
     void moveRequested(int step); ///< 1 to the next cell, -1 to the one before
     void menuRequested(QPoint globalPosition);
@@ -56,6 +63,7 @@ protected:
 private:
     QString textBetween(int from, int to) const;
     void insertTyped(const QString& text);
+    void takeIn(QInputMethodEvent& event);
     void noticeChange();
 
     FixedLineLayout* m_layout;

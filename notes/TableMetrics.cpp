@@ -5,7 +5,7 @@
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
-#include <QTextDocument>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -31,12 +31,18 @@ QString plainToolTip(const QString& text)
     constexpr int maximumLines = 30;
     constexpr qsizetype maximumLength = 300;
     QString shown;
+    const auto add = [&shown](const QString& line) { // a paragraph, for each line has its own direction
+        const bool isRightToLeft = CellLines::direction(line, QGuiApplication::layoutDirection()) == Qt::RightToLeft;
+        shown += QStringLiteral("<p dir=\"%1\" style=\"margin:0\">%2</p>")
+                     .arg(isRightToLeft ? QStringLiteral("rtl") : QStringLiteral("ltr"),
+                          line.isEmpty() ? QStringLiteral("&nbsp;") : line.toHtmlEscaped());
+    };
     for (const QStringView line : CellLines::slice(text, 0, maximumLines)) {
-        shown += shown.isNull() ? QStringLiteral("") : QStringLiteral("\n");
         const QStringView start = CellLines::cut(line, maximumLength);
-        shown += start;
-        shown += start.size() < line.size() ? QStringLiteral("…") : QString();
+        add(start.toString() + (start.size() < line.size() ? QStringLiteral("…") : QString()));
     }
-    shown += CellLines::slice(text, maximumLines, 1).empty() ? QString() : QStringLiteral("\n…");
-    return Qt::convertFromPlainText(shown, Qt::WhiteSpaceNormal);
+    if (!CellLines::slice(text, maximumLines, 1).empty()) {
+        add(QStringLiteral("…"));
+    }
+    return shown;
 }

@@ -99,6 +99,7 @@ QWidget* TableView::makeEditor(Cell cell)
     auto* editor = new CellEditor(cellView(cell.column, cell.row).text, m_lineHeight, viewport());
     editor->setAccessibleName(m_delegate->accessibleEditorName(*this, column, cell.row));
     connect(editor, &CellEditor::edited, this, &TableView::editorTextChanged);
+    connect(editor, &CellEditor::composed, this, &TableView::textComposed);
     connect(editor, &CellEditor::endRequested, this, &TableView::endEditing);
     connect(editor, &CellEditor::moveRequested, this, &TableView::moveEdit);
     connect(editor, &CellEditor::menuRequested, this, &TableView::openEditorMenu);

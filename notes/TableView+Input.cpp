@@ -138,7 +138,7 @@ void TableView::openMenu(int row, QPoint globalPosition)
 void TableView::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::Copy)) {
-        copySelectedRow();
+        copy();
         return;
     }
     const bool starts = event->key() == Qt::Key_F2 || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -223,7 +223,7 @@ bool TableView::moveSelection(const QKeyEvent& event)
     return true;
 }
 
-void TableView::copySelectedRow() const
+void TableView::copy() const
 {
     if (!hasRow(m_selectedRow)) {
         return;

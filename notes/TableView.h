@@ -155,8 +155,13 @@ public:
     /// The row in which `view`, or the editor that holds it, stands now; -1 when it is in none of this table's cells.
     int rowForView(const QWidget& view) const;
 
+public Q_SLOTS:
+    /// Puts the texts of the selected row's cells on the clipboard, with a tab character between them.
+    void copy() const;
+
 Q_SIGNALS:
     void selectedRowChanged(int row);
+    void textComposed(); ///< an input method changed what it composes in an editor; the text itself is as it was
 
 protected:
     bool viewportEvent(QEvent* event) override;
@@ -208,7 +213,6 @@ private:
     int rowBeside(int direction) const;
     int rowPageAway(int direction) const;
     bool moveSelection(const QKeyEvent& event);
-    void copySelectedRow() const;
     void openMenu(int row, QPoint globalPosition);
 
     // TableView+Editing.cpp

@@ -4,6 +4,7 @@
 #include "app/PreferenceKeys.h"
 #include "dates/DateUtilities.h"
 #include "host/UserDefaults.h"
+#include "notes/CellEditor.h"
 #include "notes/NoteQueries.h"
 #include "notes/TableView.h"
 #include "store/Draft.h"
@@ -86,15 +87,19 @@ void AppDelegate::draftHasChanged()
     }
 }
 
-/// The note in whose row something is being typed.
+/// The note in whose row something is being typed, with what an input method composes.
 std::optional<DatedText> AppDelegate::editedNote() const
 {
-    const int row = m_ui.notesTableView->editedRow();
-    if (!m_textBeforeEdit || !allNotesTVData || !notesTVData || row < 0 || row >= notesTVData->size()) {
+    std::optional<DatedText> note = allNotesTVData ? noteInEditor() : std::nullopt;
+    if (!note) {
         return std::nullopt;
     }
-    const Value* record = NoteQueries::recordOf(notesTVData->at(row));
-    return record ? datedTextOf(*record) : std::nullopt;
+    const auto* editor = m_ui.notesTableView->findChild<CellEditor*>();
+    const bool isComposing = editor && editor->textAsSeen() != editor->text();
+    if (isComposing) {
+        note->text = editor->textAsSeen().toStdString();
+    }
+    return isComposing || m_textBeforeEdit ? note : std::nullopt;
 }
 
 void AppDelegate::writeDraft()
@@ -104,9 +109,10 @@ void AppDelegate::writeDraft()
     const std::optional<DatedText> edited = editedNote();
     Table lines = m_unsavedDateNotes;
     if (edited) { // a line that the edit began with is part of what is typed
+        const std::string& before = m_textBeforeEdit ? *m_textBeforeEdit : noteInEditor()->text;
         lines.removeIf([&](const Value& line) {
             return dateOf(line, NoteDateKey) == edited->date &&
-                   m_textBeforeEdit->find(*textOf(line, NoteDataKey)) != std::string::npos;
+                   before.find(*textOf(line, NoteDataKey)) != std::string::npos;
         });
     }
     DraftSource source{.found = m_foundDraft,
@@ -126,6 +132,18 @@ void AppDelegate::readDraft()
     }
 }
 
+/// What would change nothing in the tables was saved before the program ended.
+void AppDelegate::forgetSavedDraft(Table notes, Table events)
+{
+    std::erase_if(m_foundDraft, [&](const DraftChange& change) {
+        const Table notesBefore = notes;
+        const Table eventsBefore = events;
+        Drafts::takeInNotes({change}, notes);
+        Drafts::takeInEvents({change}, events);
+        return notes == notesBefore && events == eventsBefore;
+    });
+}
+
 void AppDelegate::offerDraft()
 {
     readDraft();
@@ -134,12 +152,8 @@ void AppDelegate::offerDraft()
     if (m_foundDraft.empty() || !hasPlace) {
         return; // without its table a draft waits for a start that has it
     }
-    Table notes = allNotesTVData.value_or(Table());
-    Table events = eventsTVData.value_or(Table());
-    Drafts::takeInNotes(m_foundDraft, notes);
-    Drafts::takeInEvents(m_foundDraft, events);
-    if (notes == allNotesTVData.value_or(Table()) && events == eventsTVData.value_or(Table())) {
-        m_foundDraft.clear(); // all of it had been saved
+    forgetSavedDraft(allNotesTVData.value_or(Table()), eventsTVData.value_or(Table()));
+    if (m_foundDraft.empty()) {
         writeDraft();
         return;
     }
@@ -173,6 +187,7 @@ void AppDelegate::keepDraft()
     const Draft draft = std::exchange(m_foundDraft, {});
     if (allNotesTVData && holds(draft, DraftChange::Kind::Note)) {
         Drafts::takeInNotes(draft, *allNotesTVData);
+        m_ui.filterField->setFoundNothing({});
         showKeptNotes(draft);
         m_saves.save(allNotesTVData, std::string(NotesFileName));
         redrawMiniCal();

@@ -102,8 +102,10 @@ void AppDelegate::importNotes(const std::filesystem::path& source)
 {
     std::optional<Table> imported = importTALVDataFiles(source, std::string(NotesFileName));
     m_notesChoice = NotesChoice::none(); // what is added goes with the earlier notes
+    m_ui.filterField->setFoundNothing({});
     showRows(std::move(imported).value_or(Table()));
     showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
+    redrawPage();
 }
 
 void AppDelegate::importEvents(const std::filesystem::path& source)

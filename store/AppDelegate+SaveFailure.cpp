@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/Localized.h"
+#include "app/SpokenName.h"
 #include "dates/DateFormatter.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
@@ -95,7 +96,7 @@ void AppDelegate::showSaveFailure(QAbstractButton& button, SaveState& state, std
     const QString text =
         filled(localized("Not saved since %@: %@"), {momentText(state.failure->since), reasonOf(error)});
     button.setToolTip(text);
-    button.setAccessibleDescription(text);
+    setSpokenDescription(button, text);
     buttonEnableDisable(button, true);
 }
 

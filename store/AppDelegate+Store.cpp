@@ -23,6 +23,7 @@ void AppDelegate::loadTables()
 
     eventsTVData = m_folder.loadTable(std::string(EventsFileName));
     m_eventsState.onDisk = eventsTVData.value_or(Table());
+    m_ui.addImportantDateBtn->setEnabled(eventsTVData.has_value()); // a list that could not be read takes none
     m_ui.importantDatesTableView->reloadData();
 }
 
@@ -41,11 +42,13 @@ void AppDelegate::saveTVDataToFile(QAbstractButton& sender)
 
 void AppDelegate::saveTableOf(QAbstractButton& button)
 {
+    if (&button == m_ui.noteEntryListSaveBtn) {
+        takeInDateNotes();
+    }
     buttonEnableDisable(button, false);
     if (&button == m_ui.importantDateSaveBtn) {
         m_saves.save(eventsTVData, std::string(EventsFileName));
     } else if (&button == m_ui.noteEntryListSaveBtn) {
-        takeInDateNotes();
         m_saves.save(allNotesTVData, std::string(NotesFileName));
     }
 }

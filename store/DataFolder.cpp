@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "store/DataFolder.h"
 
+#include "store/FileAttributes.h"
 #include "store/FileStamp.h"
 #include "store/PropertyList.h"
 #include "store/Recovered.h"
@@ -18,26 +19,29 @@ namespace fs = std::filesystem;
 
 constexpr int maximumLinks = 40; // as many as the system follows
 
+struct Resolved {
+    fs::path path;
+    bool isCircle = false; ///< links that lead to each other, seen to do so: there is nothing
+    std::error_code error; ///< when nobody can tell
+};
+
 /// What `file` stands for: where its symbolic links end, if that is a file or nothing; else `file` itself, so that
 /// a save never touches a folder or device elsewhere.
-fs::path resolved(const fs::path& file)
+Resolved resolved(const fs::path& file)
 {
-    std::error_code error;
-    const fs::file_status end = fs::status(file, error);
-    if (!fs::is_regular_file(end) && end.type() != fs::file_type::not_found) {
-        return file;
-    }
     fs::path path = file;
-    for (int links = 0; links < maximumLinks && fs::is_symlink(fs::symlink_status(path, error)); ++links) {
+    for (int links = 0; links <= maximumLinks; ++links) {
+        const FileStatus status = FileStatus::of(path);
+        if (!status.isLink()) {
+            return {status.isSomethingElse() ? file : path, false, status.error()};
+        }
+        std::error_code error;
         path = path.parent_path() / fs::read_symlink(path, error);
+        if (error) {
+            return {file, false, error};
+        }
     }
-    return path;
-}
-
-bool isThere(const fs::path& file)
-{
-    std::error_code error;
-    return fs::exists(fs::symlink_status(file, error));
+    return {file, true, {}};
 }
 
 } // namespace
@@ -62,7 +66,9 @@ std::optional<fs::path> DataFolder::ensure() const
 {
     std::optional<fs::path> folder = url();
     if (folder) {
-        (void)::mkdir(folder->c_str(), S_IRWXU);
+        if (::mkdir(folder->c_str(), S_IRWXU) == 0) {
+            (void)syncFolder(folder->parent_path());
+        }
     }
     return folder;
 }
@@ -72,16 +78,19 @@ std::optional<Table> DataFolder::loadTable(const std::string& name)
     if (!ensure()) {
         return Table();
     }
-    const fs::path file = resolved(*fileUrl(name));
+    const auto [file, isCircle, doubt] = resolved(*fileUrl(name));
+    if (doubt) {
+        return std::nullopt;
+    }
+    if (isCircle) {
+        return Table();
+    }
     removeStaleTemporaries(file.parent_path(), file.filename().native()); // beside what a link points at
 
     std::error_code error;
-    if (!fs::exists(file, error)) {
-        return Table();
-    }
-    std::optional<FileContent> content = readFile(file, PropertyList::maximumSize);
+    std::optional<FileContent> content = readFile(file, PropertyList::maximumSize, error);
     if (!content) {
-        return std::nullopt;
+        return meansAbsent(error) ? std::optional(Table()) : std::nullopt;
     }
     std::optional<Table> table = PropertyList::readTableInPlace(content->bytes());
     // What could not be understood is not known: a save keeps it.
@@ -94,7 +103,11 @@ std::error_code DataFolder::saveTable(const std::optional<Table>& table, const s
     if (!ensure()) {
         return std::make_error_code(std::errc::no_such_file_or_directory);
     }
-    const fs::path file = resolved(*fileUrl(name));
+    const auto [file, isCircle, doubt] = resolved(*fileUrl(name));
+    if (doubt) {
+        return doubt;
+    }
+    removeStaleTemporaries(file.parent_path(), file.filename().native()); // of saves that failed
     return table && !table->isEmpty() ? write(*table, file, name, replacing) : remove(file, name);
 }
 
@@ -106,25 +119,29 @@ std::error_code DataFolder::write(const Table& table, const fs::path& file, cons
     if (const std::error_code error = PropertyList::writeXml(table, sink)) {
         return error;
     }
-    if (const std::error_code error = temporary.sync()) {
+    if (const std::error_code error = copyAttributes(file, temporary.descriptor())) {
         return error;
     }
     stampFile(temporary.path(), typeCodeOf(name), CreatorCode);
+    if (const std::error_code error = temporary.sync()) {
+        return error;
+    }
     // Only now that the new file is whole, lest saves that fail one after the other push older copies out.
     if (const std::error_code error = keepWhatWouldBeLost(file, name, replacing)) {
         return error;
     }
-    if (const std::error_code error = temporary.replaceTarget()) {
-        return error;
+    const std::error_code error = temporary.replaceTarget();
+    if (temporary.hasReplacedTarget()) {
+        setKnown(name, temporary.identity());
     }
-    setKnown(name, temporary.identity());
-    return {};
+    return error;
 }
 
 std::error_code DataFolder::remove(const fs::path& file, const std::string& name)
 {
-    if (!isThere(file)) {
-        return {};
+    const FileStatus status = FileStatus::of(file);
+    if (status.error() || status.isAbsent()) {
+        return status.error();
     }
     if (const std::error_code error = keepWhatWouldBeLost(file, name, Replacing::Nothing)) {
         return error;
@@ -132,16 +149,18 @@ std::error_code DataFolder::remove(const fs::path& file, const std::string& name
     if (::unlink(file.c_str()) != 0 && errno != ENOENT) { // gone when it was moved to be kept
         return {errno, std::generic_category()};
     }
-    syncFolder(file.parent_path());
     setKnown(name, std::nullopt);
-    return {};
+    return syncFolder(file.parent_path());
 }
 
 std::error_code DataFolder::keepWhatWouldBeLost(const fs::path& file, const std::string& name, Replacing replacing)
 {
-    std::error_code error;
-    const bool holdsNothing = fs::is_regular_file(fs::symlink_status(file, error)) && fs::file_size(file, error) == 0;
-    if (!isThere(file) || holdsNothing || (replacing == Replacing::OwnFile && isKnown(name, file))) {
+    const FileStatus status = FileStatus::of(file);
+    if (status.error()) {
+        return status.error();
+    }
+    const bool holdsNothing = status.isAbsent() || (status.isRegular() && status.size() == 0);
+    if (holdsNothing || (replacing == Replacing::OwnFile && isKnown(name, file))) {
         return {};
     }
     return Recovered::keep(*url() / "Recovered", file, name, m_clock.now());

@@ -194,10 +194,12 @@ private:
         const auto [found, isNew] = m_indexes.emplace(typed.date, m_notes.size());
         if (isNew) {
             m_notes.append(makeNoteRecord(typed.date, typed.text));
-        } else if (const std::string* current = textOf(m_notes.at(found->second), NoteDataKey)) {
-            if (std::string merged = mergedText(*current, change); merged != *current) {
-                m_notes[found->second] = withText(m_notes.at(found->second), NoteDataKey, std::move(merged));
-            }
+            return;
+        }
+        const std::string* current = textOf(m_notes.at(found->second), NoteDataKey);
+        std::string merged = mergedText(current ? *current : std::string(), change);
+        if (!current || merged != *current) {
+            m_notes[found->second] = withText(m_notes.at(found->second), NoteDataKey, std::move(merged));
         }
     }
 

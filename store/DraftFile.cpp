@@ -24,39 +24,30 @@ namespace fs = std::filesystem;
 const std::string draftName = "Draft";
 constexpr int mostSetAside = 1000;
 
-/// Makes a folder and those around it for the user alone.
-void makePrivateFolder(const fs::path& folder)
-{
-    if (::mkdir(folder.c_str(), S_IRWXU) != 0 && errno == ENOENT && folder.has_relative_path()) {
-        makePrivateFolder(folder.parent_path());
-        (void)::mkdir(folder.c_str(), S_IRWXU);
-    }
-}
-
-bool isThere(const fs::path& file)
-{
-    std::error_code error;
-    return fs::exists(fs::symlink_status(file, error));
-}
-
-/// Gives the file a name that is not taken.
-void setAside(const fs::path& file)
+/// Gives the file a name that is not taken. Whether its own name is free then.
+bool setAside(const fs::path& file)
 {
     for (int number = 1; number <= mostSetAside; ++number) {
         const fs::path name = file.native() + " unread " + std::to_string(number);
         if (::renameat2(AT_FDCWD, file.c_str(), AT_FDCWD, name.c_str(), RENAME_NOREPLACE) == 0) {
             qCWarning(logDraft, "a draft that cannot be read was set aside: %s", name.c_str());
-            return;
+            return true;
         }
         if (errno != EEXIST) {
-            return;
+            return errno == ENOENT;
         }
     }
+    return false;
 }
 
+/// An empty one when there is no file, nullopt when there is something that cannot be read.
 std::optional<Draft> draftIn(const fs::path& file)
 {
-    std::optional<FileContent> content = readFile(file, PropertyList::maximumSize);
+    std::error_code error;
+    std::optional<FileContent> content = readFile(file, PropertyList::maximumSize, error);
+    if (!content && meansAbsent(error) && FileStatus::of(file).isAbsent()) { // and no link that leads nowhere
+        return Draft();
+    }
     const std::optional<Table> table =
         content ? PropertyList::readTableInPlace(content->bytes()) : std::optional<Table>();
     return table ? Drafts::draftFromTable(*table) : std::nullopt;
@@ -83,13 +74,10 @@ Draft DraftFile::read()
     }
     const fs::path file = *m_folder / draftName;
     removeStaleTemporaries(*m_folder, draftName);
-    if (!isThere(file)) {
-        return {};
-    }
     if (std::optional<Draft> draft = draftIn(file)) {
         return std::move(*draft);
     }
-    setAside(file);
+    m_isInTheWay = !setAside(file);
     return {};
 }
 
@@ -142,18 +130,23 @@ void DraftFile::store(const Draft& draft)
     }
 }
 
-std::error_code DraftFile::replaceFile(const Draft& draft) const
+std::error_code DraftFile::replaceFile(const Draft& draft)
 {
     const fs::path file = *m_folder / draftName;
+    if (m_isInTheWay && !setAside(file)) {
+        return std::make_error_code(std::errc::file_exists);
+    }
+    m_isInTheWay = false;
     if (draft.empty()) {
         if (::unlink(file.c_str()) == 0) {
-            syncFolder(*m_folder);
-            return {};
+            return syncFolder(*m_folder);
         }
-        return errno == ENOENT || errno == ENOTDIR ? std::error_code()
-                                                   : std::error_code(errno, std::generic_category());
+        const std::error_code error(errno, std::generic_category());
+        return meansAbsent(error) ? std::error_code() : error;
     }
-    makePrivateFolder(*m_folder);
+    if (const std::error_code error = makePrivateFolder(*m_folder)) {
+        return error;
+    }
     TemporaryFile temporary(file);
     const auto sink = [&temporary](std::string_view xml) { return temporary.write(xml); };
     if (const std::error_code error = PropertyList::writeXml(Drafts::tableFromDraft(draft), sink)) {

@@ -28,7 +28,8 @@ public:
     ~DraftFile();
 
     /// The draft that another run left; an empty one when there is none. A file that cannot be read, or that a newer
-    /// version wrote, is given another name, so that nothing ever writes over it.
+    /// version wrote, is given another name, so that nothing ever writes over it; while it cannot be, no draft is
+    /// written. To be called before anything else.
     Draft read();
 
     /// Has the draft that `make` makes replace the file's, and returns at once. An empty draft removes the file. Of
@@ -42,7 +43,7 @@ public:
 private:
     void run();
     void store(const Draft& draft);
-    std::error_code replaceFile(const Draft& draft) const;
+    std::error_code replaceFile(const Draft& draft);
 
     const std::optional<std::filesystem::path> m_folder;
     std::mutex m_mutex;
@@ -50,6 +51,7 @@ private:
     Maker m_waiting;
     std::vector<Maker> m_done;     ///< kept until the next `write`, as the tables they hold were read
     std::optional<Draft> m_stored; ///< what the file holds, as far as it is known; the worker's
+    bool m_isInTheWay = false;     ///< the name of the file is taken by what could not be read
     bool m_working = false;
     bool m_ending = false;
     std::thread m_worker; ///< last, as it uses the others

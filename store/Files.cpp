@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::string_view temporaryMark = ".tmp-";
 constexpr std::string_view randomPart = "XXXXXX"; // filled in by mkostemp
+constexpr int mostTries = 100;                    // of a call that neither succeeds nor fails for good
 
 std::error_code lastError()
 {
@@ -30,26 +31,31 @@ bool isTemporaryOf(std::string_view entry, std::string_view fileName)
            entry.substr(entry.size() - tail).starts_with(temporaryMark);
 }
 
-bool isLinked(const FileDescriptor& file)
+/// As `call`, a system call, but not given up when a signal comes in between.
+template <typename Call> ssize_t uninterrupted(Call call)
 {
-    struct stat status {};
-    return fstat(file.get(), &status) == 0 && status.st_nlink > 0;
+    for (int tries = 1;; ++tries) {
+        const ssize_t result = call();
+        if (result >= 0 || errno != EINTR || tries == mostTries) {
+            return result;
+        }
+    }
 }
 
 /// What stands in the file, but of a file that grew no more than `maximumSize` + 1 bytes, so that the caller sees it.
 /// No memory after an error.
-FileContent readAll(const FileDescriptor& file, const FileIdentity& identity, std::size_t maximumSize)
+FileContent readAll(const FileDescriptor& file, const FileIdentity& identity, std::size_t maximumSize,
+                    std::error_code& error)
 {
     // One byte more than expected, to meet the end without growing.
     FileContent content{PageMemory(static_cast<std::size_t>(identity.size) + 1), 0, identity};
     while (content.memory.data()) {
-        const ssize_t count =
-            ::read(file.get(), content.memory.data() + content.size, content.memory.size() - content.size);
-        if (count < 0 && errno == EINTR) {
-            continue;
-        }
+        const ssize_t count = uninterrupted([&] {
+            return ::read(file.get(), content.memory.data() + content.size, content.memory.size() - content.size);
+        });
         if (count < 0) {
-            break;
+            error = lastError();
+            return {};
         }
         content.size += static_cast<std::size_t>(count);
         if (count == 0 || content.size > maximumSize) {
@@ -63,6 +69,7 @@ FileContent readAll(const FileDescriptor& file, const FileIdentity& identity, st
             content.memory = std::move(larger);
         }
     }
+    error = std::make_error_code(std::errc::not_enough_memory);
     return {};
 }
 
@@ -83,50 +90,120 @@ FileDescriptor::~FileDescriptor()
     }
 }
 
+bool meansAbsent(const std::error_code& error)
+{
+    return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+}
+
+FileStatus FileStatus::answer(int result, const struct stat& status)
+{
+    FileStatus answer;
+    if (result == 0) {
+        answer.m_mode = status.st_mode;
+        answer.m_size = status.st_size;
+    } else if (const std::error_code error = lastError(); !meansAbsent(error)) {
+        answer.m_error = error;
+    }
+    return answer;
+}
+
+FileStatus FileStatus::of(const std::filesystem::path& file)
+{
+    struct stat status {};
+    const int result = ::lstat(file.c_str(), &status);
+    return answer(result, status);
+}
+
+FileStatus FileStatus::ofTarget(const std::filesystem::path& file)
+{
+    struct stat status {};
+    const int result = ::stat(file.c_str(), &status);
+    return answer(result, status);
+}
+
+bool FileStatus::isRegular() const
+{
+    return S_ISREG(m_mode);
+}
+
+bool FileStatus::isLink() const
+{
+    return S_ISLNK(m_mode);
+}
+
 std::optional<FileIdentity> identityOf(const FileDescriptor& file)
 {
     struct stat status {};
-    if (fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    if (fstat(file.get(), &status) != 0) {
+        return std::nullopt;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        errno = EINVAL;
         return std::nullopt;
     }
     return FileIdentity{status.st_dev,          status.st_ino,         status.st_size,        status.st_mtim.tv_sec,
                         status.st_mtim.tv_nsec, status.st_ctim.tv_sec, status.st_ctim.tv_nsec};
 }
 
+std::optional<FileContent> readFile(const std::filesystem::path& file, std::size_t maximumSize, std::error_code& error)
+{
+    // Asked first, because opening some devices has effects.
+    if (FileStatus status = FileStatus::ofTarget(file); !status.isRegular()) {
+        const std::errc reason = status.isAbsent() ? std::errc::no_such_file_or_directory : std::errc::invalid_argument;
+        error = status.error() ? status.error() : std::make_error_code(reason);
+        return std::nullopt;
+    }
+    const FileDescriptor open(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    const std::optional<FileIdentity> identity = open.isOpen() ? identityOf(open) : std::nullopt;
+    if (!identity) {
+        error = lastError();
+        return std::nullopt;
+    }
+    if (std::cmp_less_equal(identity->size, maximumSize)) {
+        FileContent content = readAll(open, *identity, maximumSize, error);
+        if (!content.memory.data()) {
+            return std::nullopt;
+        }
+        if (content.size <= maximumSize) {
+            return content;
+        }
+    }
+    error = std::make_error_code(std::errc::file_too_large);
+    return std::nullopt;
+}
+
 std::optional<FileContent> readFile(const std::filesystem::path& file, std::size_t maximumSize)
 {
     std::error_code ignored;
-    if (!std::filesystem::is_regular_file(file, ignored)) {
-        return std::nullopt; // opening some devices has effects, so they are not even opened
-    }
-    const FileDescriptor open(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    const std::optional<FileIdentity> identity = identityOf(open);
-    if (!identity || std::cmp_greater(identity->size, maximumSize)) {
-        return std::nullopt;
-    }
-    FileContent content = readAll(open, *identity, maximumSize);
-    return content.memory.data() && content.size <= maximumSize ? std::optional(std::move(content)) : std::nullopt;
+    return readFile(file, maximumSize, ignored);
 }
 
 TemporaryFile::TemporaryFile(std::filesystem::path target) : m_target(std::move(target)), m_file(-1)
 {
     std::string pattern = m_target.parent_path() / ".";
     pattern.append(m_target.filename().native()).append(temporaryMark).append(randomPart);
-    for (;;) {
+    for (int tries = 0; tries < mostTries; ++tries) {
         std::string name = pattern;
         FileDescriptor file(::mkostemp(name.data(), O_CLOEXEC)); // readable by the user alone
         if (!file.isOpen()) {
             m_openError = lastError();
             return;
         }
-        // Another process may take it for a stale one between the two calls; then it is gone, and a new one is made.
         (void)flock(file.get(), LOCK_EX);
-        if (isLinked(file)) {
+        struct stat status {};
+        if (fstat(file.get(), &status) != 0) {
+            m_openError = lastError();
+            ::unlink(name.c_str());
+            return;
+        }
+        if (status.st_nlink > 0) {
             m_path = std::move(name);
             m_file = std::move(file);
             return;
         }
+        // Another process took it for a stale one between the two calls; it is gone, and a new one is made.
     }
+    m_openError = std::make_error_code(std::errc::resource_unavailable_try_again);
 }
 
 TemporaryFile::~TemporaryFile()
@@ -142,12 +219,14 @@ std::error_code TemporaryFile::write(std::string_view bytes)
         return m_openError;
     }
     while (!bytes.empty()) {
-        const ssize_t count = ::write(m_file.get(), bytes.data(), bytes.size());
-        if (count >= 0) {
-            bytes.remove_prefix(static_cast<std::size_t>(count));
-        } else if (errno != EINTR) {
+        const ssize_t count = uninterrupted([&] { return ::write(m_file.get(), bytes.data(), bytes.size()); });
+        if (count < 0) {
             return lastError();
         }
+        if (count == 0) {
+            return std::make_error_code(std::errc::io_error); // it would never end
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(count));
     }
     return {};
 }
@@ -163,8 +242,8 @@ std::error_code TemporaryFile::replaceTarget()
         return lastError();
     }
     m_path.clear();
-    syncFolder(m_target.parent_path());
-    return {};
+    m_hasReplacedTarget = true;
+    return syncFolder(m_target.parent_path());
 }
 
 void removeStaleTemporaries(const std::filesystem::path& folder, std::string_view fileName)
@@ -185,10 +264,32 @@ void removeStaleTemporaries(const std::filesystem::path& folder, std::string_vie
     }
 }
 
-void syncFolder(const std::filesystem::path& folder)
+std::error_code syncFolder(const std::filesystem::path& folder)
 {
     const FileDescriptor open(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (open.isOpen()) {
-        (void)fsync(open.get());
+    if (open.isOpen() ? fsync(open.get()) == 0 : errno == EACCES) {
+        return {};
     }
+    const bool isUnable = errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP || errno == EROFS;
+    return isUnable ? std::error_code() : lastError();
+}
+
+std::error_code makePrivateFolder(const std::filesystem::path& folder)
+{
+    if (::mkdir(folder.c_str(), S_IRWXU) == 0) {
+        return syncFolder(folder.parent_path());
+    }
+    if (errno == EEXIST) {
+        return {};
+    }
+    if (errno != ENOENT || !folder.has_relative_path()) {
+        return lastError();
+    }
+    if (const std::error_code error = makePrivateFolder(folder.parent_path())) {
+        return error;
+    }
+    if (::mkdir(folder.c_str(), S_IRWXU) != 0) {
+        return errno == EEXIST ? std::error_code() : lastError();
+    }
+    return syncFolder(folder.parent_path());
 }

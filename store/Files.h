@@ -10,6 +10,8 @@
 #include <string_view>
 #include <system_error>
 
+struct stat;
+
 /// An open file, closed when it goes. Holds -1 when the opening failed.
 class FileDescriptor {
 public:
@@ -27,6 +29,36 @@ private:
     int m_descriptor;
 };
 
+/// What the system says of a name. Only "no such name" (ENOENT) and "a part of the path is no folder" (ENOTDIR) mean
+/// that nothing is there; whoever takes another answer for that loses what stands there.
+class FileStatus {
+public:
+    /// Of the name itself: a symbolic link is a link.
+    static FileStatus of(const std::filesystem::path& file);
+
+    /// Of what the name's symbolic links lead to.
+    static FileStatus ofTarget(const std::filesystem::path& file);
+
+    /// Why the system cannot tell; none when it does, and then exactly one of the following is true.
+    const std::error_code& error() const { return m_error; }
+    bool isAbsent() const { return !m_error && m_mode == 0; }
+    bool isRegular() const;
+    bool isLink() const;
+    bool isSomethingElse() const { return !m_error && !isAbsent() && !isRegular() && !isLink(); }
+
+    std::int64_t size() const { return m_size; }
+
+private:
+    static FileStatus answer(int result, const struct stat& status);
+
+    std::error_code m_error;
+    unsigned m_mode = 0;     ///< kind and permissions, 0 when nothing is there
+    std::int64_t m_size = 0; ///< bytes
+};
+
+/// Whether the error of a system call says that nothing is there.
+bool meansAbsent(const std::error_code& error);
+
 /// Tells one state of one file from every other: it changes when the file is replaced, written to or touched.
 struct FileIdentity {
     std::uint64_t device = 0;
@@ -40,7 +72,7 @@ struct FileIdentity {
     bool operator==(const FileIdentity&) const = default;
 };
 
-/// The identity of the open file; nullopt when it is no regular file.
+/// The identity of the open file; nullopt, and the reason in errno, when it cannot be told or is no regular file.
 std::optional<FileIdentity> identityOf(const FileDescriptor& file);
 
 struct FileContent {
@@ -52,8 +84,12 @@ struct FileContent {
     std::string_view text() const { return {memory.data(), size}; }
 };
 
-/// The whole regular file at `file`, through symbolic links. nullopt when it cannot be read, holds more than
-/// `maximumSize` bytes or is something else: a folder, pipe, socket or device is neither waited for nor woken.
+/// The whole regular file at `file`, through symbolic links. nullopt and the reason in `error` when it cannot be read,
+/// holds more than `maximumSize` bytes or is something else: a folder, pipe, socket or device is neither waited for nor
+/// woken.
+std::optional<FileContent> readFile(const std::filesystem::path& file, std::size_t maximumSize, std::error_code& error);
+
+/// The same for whoever does not ask for the reason.
 std::optional<FileContent> readFile(const std::filesystem::path& file, std::size_t maximumSize);
 
 /// A new file beside `target` that takes the target's place once it is whole and on the disk. Until then, and whenever
@@ -75,8 +111,11 @@ public:
     /// Waits until the disk has all that was written.
     std::error_code sync();
 
-    /// Takes the target's place and waits until the disk knows.
+    /// Takes the target's place and waits until the disk knows. After an error it may stand there all the same.
     std::error_code replaceTarget();
+    bool hasReplacedTarget() const { return m_hasReplacedTarget; }
+
+    const FileDescriptor& descriptor() const { return m_file; } ///< not open when the file could not be made
 
     std::optional<FileIdentity> identity() const { return identityOf(m_file); }
 
@@ -85,11 +124,17 @@ private:
     std::filesystem::path m_path; ///< empty when there is nothing to remove
     FileDescriptor m_file;
     std::error_code m_openError;
+    bool m_hasReplacedTarget = false;
 };
 
 /// Removes what killed programs left of writing `fileName`, or a file whose name begins so, in `folder`. Files that
 /// some process is writing are left alone.
 void removeStaleTemporaries(const std::filesystem::path& folder, std::string_view fileName);
 
-/// Waits until the disk knows the names in `folder`. File systems that cannot do so are none the worse for it.
-void syncFolder(const std::filesystem::path& folder);
+/// Waits until the disk knows the names in `folder`. No error where the file system or the folder's mode does not let
+/// one wait: nothing better can be done there.
+std::error_code syncFolder(const std::filesystem::path& folder);
+
+/// Makes the folder and those above it that are missing, for the user alone, on the disk when it returns. No error when
+/// something stands there already.
+std::error_code makePrivateFolder(const std::filesystem::path& folder);

@@ -13,7 +13,7 @@
 /// Property lists: XML read and written, binary read.
 namespace PropertyList {
 
-/// What both readers allow; anything beyond is bad input.
+/// What both readers allow and the writer writes; anything beyond is bad input.
 constexpr int maximumDepth = 512;                         ///< nested arrays and dictionaries
 constexpr std::size_t maximumSize = std::size_t{1} << 30; ///< bytes of a file
 
@@ -28,9 +28,9 @@ std::optional<Table> readTableInPlace(std::span<char> bytes);
 using Sink = std::function<std::error_code(std::string_view bytes)>;
 
 /// `table` as an XML property list in UTF-8, handed to `sink` in pieces of a size that suits files, and the error that
-/// the sink gave, if it did. Reading it gives back an equal table, but for the fractions of a second of dates (the form
-/// has none; they are cut off towards the past) and for characters that XML 1.0 cannot carry, which are written
-/// as U+FFFD.
+/// the sink gave, if it did; an error, too, where a reader would not take what was written. Reading it gives back an
+/// equal table, but for the fractions of a second of dates (the form has none; they are cut off towards the past) and
+/// for characters that XML 1.0 cannot carry, which are written as U+FFFD.
 std::error_code writeXml(const Table& table, const Sink& sink);
 
 /// The same in one text.

@@ -26,11 +26,10 @@ QString momentFormat()
     return QStringLiteral("yyyy-MM-dd HH.mm.ss.zzz");
 }
 
-/// The copies of the data file called `name`, oldest first.
-std::vector<Copy> copiesIn(const fs::path& folder, const std::string& name)
+/// The copies of the data file called `name`, oldest first. All of them, unless there is an error.
+std::vector<Copy> copiesIn(const fs::path& folder, const std::string& name, std::error_code& error)
 {
     std::vector<Copy> copies;
-    std::error_code error;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
         const std::string found = entry->path().filename().native();
         if (!found.starts_with(name + ' ')) {
@@ -76,23 +75,28 @@ std::error_code copyBytes(std::string_view bytes, const fs::path& to)
 
 std::error_code Recovered::keep(const fs::path& folder, const fs::path& file, const std::string& name, Date now)
 {
-    if (::mkdir(folder.c_str(), S_IRWXU) == 0) {
-        syncFolder(folder.parent_path());
+    if (const std::error_code error = makePrivateFolder(folder)) {
+        return error;
     }
     removeStaleTemporaries(folder, name);
 
-    const std::vector<Copy> copies = copiesIn(folder, name);
-    const fs::path kept = folder / (name + ' ' + momentAfter(copies, now).toString(momentFormat()).toStdString());
     std::error_code error;
-    if (!fs::is_regular_file(fs::symlink_status(file, error))) {
+    const std::vector<Copy> copies = copiesIn(folder, name, error);
+    if (error) {
+        return error; // without knowing them all, a copy could take another's place
+    }
+    const fs::path kept = folder / (name + ' ' + momentAfter(copies, now).toString(momentFormat()).toStdString());
+    const FileStatus status = FileStatus::of(file);
+    if (status.error()) {
+        return status.error();
+    }
+    if (!status.isRegular()) {
         fs::rename(file, kept, error);
-    } else if (const std::optional<FileContent> content = readFile(file, PropertyList::maximumSize)) {
+    } else if (const std::optional<FileContent> content = readFile(file, PropertyList::maximumSize, error)) {
         if (!copies.empty() && holds(copies.back().path, content->text())) {
-            return {};
+            return syncFolder(folder); // perhaps the last attempt came to an end before that
         }
         error = copyBytes(content->text(), kept);
-    } else {
-        error = std::make_error_code(std::errc::permission_denied);
     }
     if (error) {
         fs::create_hard_link(file, kept, error);
@@ -100,7 +104,9 @@ std::error_code Recovered::keep(const fs::path& folder, const fs::path& file, co
     if (error) {
         return error;
     }
-    syncFolder(folder);
+    if (const std::error_code doubt = syncFolder(folder)) {
+        return doubt;
+    }
 
     const auto surplus = static_cast<std::ptrdiff_t>(copies.size()) + 1 - copiesPerFile;
     for (std::ptrdiff_t i = 0; i < surplus; ++i) {

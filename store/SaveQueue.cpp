@@ -111,13 +111,16 @@ void SaveQueue::run()
         Snapshots discarded = std::exchange(m_discarded, {});
         lock.unlock();
         discarded.clear();
-        const bool isWritten = write(*m_writing);
+        const SaveResult result = write(*m_writing);
         lock.lock();
         Save save = *std::exchange(m_writing, std::nullopt);
-        if (isWritten) {
-            m_written.push_back(std::move(save.table));
-        } else {
+        if (result.error) {
             keepFailed(std::move(save));
+        } else {
+            m_written.push_back(std::move(save.table));
+        }
+        if (m_report) {
+            m_report(result); // now that `unsaved` says the same
         }
         m_changed.notify_all();
     }
@@ -135,14 +138,11 @@ void SaveQueue::keepFailed(Save save)
     m_written.push_back(std::move(save.table)); // read, so not let go of here either
 }
 
-bool SaveQueue::write(const Save& save)
+SaveResult SaveQueue::write(const Save& save)
 {
     const std::error_code error = m_folder.saveTable(save.table, save.name, save.replacing);
     if (error) {
         qCWarning(logStore, "%s was not saved: %s", save.name.c_str(), error.message().c_str());
     }
-    if (m_report) {
-        m_report({save.name, save.table, error});
-    }
-    return !error;
+    return {save.name, save.table, error};
 }

@@ -26,7 +26,7 @@ struct SaveResult {
 /// one that may change it.
 class SaveQueue {
 public:
-    /// Called on the queue's own thread after every attempt.
+    /// Called on the queue's own thread after every attempt. It must not call the queue.
     using Report = std::function<void(const SaveResult& result)>;
 
     /// `folder` must outlive the queue, and whatever `report` uses.
@@ -63,7 +63,7 @@ private:
     void discard(std::optional<Table> table);
     void run();
     void keepFailed(Save save);
-    bool write(const Save& save);
+    SaveResult write(const Save& save);
 
     using Snapshots = std::vector<std::optional<Table>>;
 

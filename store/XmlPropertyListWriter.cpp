@@ -9,6 +9,7 @@
 #include <charconv>
 #include <cmath>
 #include <memory>
+#include <utility>
 
 namespace PropertyList {
 
@@ -98,6 +99,8 @@ public:
 
     bool hasFailed() const { return static_cast<bool>(m_error); }
 
+    void fail(std::errc reason) { m_error = m_error ? m_error : std::make_error_code(reason); }
+
 private:
     static constexpr std::size_t size = std::size_t{256} << 10;
 
@@ -109,15 +112,20 @@ private:
 
     void handOver()
     {
-        if (!m_error) {
-            m_error = m_sink({m_piece.get(), size - m_free});
+        const std::size_t count = std::exchange(m_free, size);
+        m_written += size - count;
+        if (m_written > maximumSize) {
+            fail(std::errc::file_too_large); // the reader would not take it
         }
-        m_free = size;
+        if (!m_error) {
+            m_error = m_sink({m_piece.get(), size - count});
+        }
     }
 
     const Sink& m_sink;
     std::unique_ptr<char[]> m_piece{new char[size]}; // make_unique would fill it
     std::size_t m_free = size;
+    std::size_t m_written = 0; // bytes, the sum of all pieces
     std::error_code m_error;
 };
 
@@ -136,6 +144,10 @@ public:
 private:
     void writeValue(const Value& value, int depth)
     {
+        if (depth >= maximumDepth && (value.array() || value.dictionary())) {
+            m_xml.fail(std::errc::invalid_argument); // the reader would not take it
+            return;
+        }
         switch (value.type()) {
         case Value::Type::BooleanType:
             writeLine(*value.boolean() ? "<true/>" : "<false/>", depth);

@@ -6,6 +6,8 @@ target_sources(velumora-core PRIVATE
     store/Draft.h
     store/DraftFile.cpp
     store/DraftFile.h
+    store/FileAttributes.cpp
+    store/FileAttributes.h
     store/FileStamp.cpp
     store/FileStamp.h
     store/Files.cpp

@@ -18,6 +18,7 @@ add_library(app-test-support STATIC
     support/ScriptFonts.h
     support/StandInGeoClue.cpp
     support/StandInGeoClue.h
+    support/StandInInputMethod.h
     support/StandInLogind.cpp
     support/StandInLogind.h
     support/TranslationGuard.cpp
@@ -37,7 +38,8 @@ velumora_test(important-dates-tests
     app/holiday_sheet_test.cpp
     app/important_dates_test.cpp
     LIBRARIES app-test-support
-    LABELS app)
+    LABELS app
+    SHARDS 2)
 
 # What keeps the user's words when a save fails, the program is killed or the machine ends.
 velumora_test(saving-tests
@@ -45,13 +47,15 @@ velumora_test(saving-tests
     app/saving_test.cpp
     app/shutdown_monitor_test.cpp
     LIBRARIES app-test-support
-    LABELS app)
+    LABELS app
+    SHARDS 2)
 
 # Scripts in print. A program of its own: which fonts have a letter is kept once somebody asked for it without them.
 velumora_test(print-tests
     app/printed_scripts_test.cpp
     LIBRARIES app-test-support
-    LABELS app)
+    LABELS app
+    SHARDS 1)
 
 # Where the user is, and the line of sunrise and sunset.
 velumora_test(location-tests
@@ -59,7 +63,8 @@ velumora_test(location-tests
     app/location_test.cpp
     app/place_preference_test.cpp
     LIBRARIES app-test-support
-    LABELS app)
+    LABELS app
+    SHARDS 2)
 
 # The pages in other calendars, languages and zones.
 velumora_test(locale-tests
@@ -67,7 +72,8 @@ velumora_test(locale-tests
     app/locale_calendars_test.cpp
     app/page_names_test.cpp
     LIBRARIES app-test-support
-    LABELS app)
+    LABELS app
+    SHARDS 3)
 
 velumora_test(app-tests
     app/alert_test.cpp
@@ -104,7 +110,8 @@ velumora_test(app-tests
     app/window_place_test.cpp
     app/workspace_test.cpp
     LIBRARIES app-test-support
-    LABELS app)
+    LABELS app
+    SHARDS 8)
 
 set_source_files_properties(app/help_test.cpp PROPERTIES COMPILE_DEFINITIONS VELUMORA_WEB_PAGE="${VELUMORA_WEB_PAGE}")
 
@@ -115,7 +122,8 @@ velumora_test(language-tests
     app/translation_test.cpp
     app/window_fit_test.cpp
     LIBRARIES app-test-support
-    LABELS app)
+    LABELS app
+    SHARDS 3)
 velumora_link_resources(language-tests)
 qt_add_lrelease(language-tests
     TS_FILES data/translations/velumora_ug.ts

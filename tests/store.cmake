@@ -2,6 +2,8 @@ velumora_test(store-tests
     core/data_folder_test.cpp
     core/draft_file_test.cpp
     core/draft_test.cpp
+    core/file_attributes_test.cpp
+    core/files_test.cpp
     core/record_test.cpp
     core/recovered_test.cpp
     core/save_failure_test.cpp

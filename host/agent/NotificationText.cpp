@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/agent/NotificationText.h"
 
+#include "notes/CellLines.h"
+
 namespace {
 
 constexpr qsizetype maximumLength = 2000;
@@ -11,11 +13,7 @@ QString shortened(const QString& text)
     if (text.size() <= maximumLength) {
         return text;
     }
-    qsizetype end = maximumLength;
-    if (text.at(end).isLowSurrogate()) {
-        --end; // not between the halves of a character
-    }
-    return text.first(end) + QChar(0x2026);
+    return CellLines::cut(text, maximumLength).toString() + QChar(0x2026);
 }
 
 QString plainBody(const NotificationContent& content)

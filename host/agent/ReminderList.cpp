@@ -8,11 +8,7 @@
 #include "store/PropertyList.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <utility>
-
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -68,24 +64,6 @@ std::optional<Reminder> reminderFrom(const Value& value)
     const bool delivered = isTrue(*dictionary, deliveredKey);
     return Reminder{*std::move(request), delivered ? Reminder::State::Delivered : Reminder::State::Pending,
                     isTrue(*dictionary, announcedKey), notificationFrom(*dictionary)};
-}
-
-/// Makes the folder and those above it that are missing, for the user alone.
-std::error_code makePrivateFolder(const fs::path& folder)
-{
-    std::error_code error;
-    if (fs::is_directory(folder, error)) {
-        return {};
-    }
-    if (folder.has_parent_path() && folder.parent_path() != folder) {
-        if (const std::error_code above = makePrivateFolder(folder.parent_path())) {
-            return above;
-        }
-    }
-    if (::mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
-        return {errno, std::generic_category()};
-    }
-    return {};
 }
 
 /// Gives a file that cannot be read another name, so that no later one takes its place.

@@ -4,6 +4,7 @@
 #include "store/XmlCharacters.h"
 
 #include <QString>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <gtest/gtest.h>
 
@@ -91,6 +92,16 @@ TEST(PlainToolTip, ShowsMarkupAsItStands)
     QTextDocument shown;
     shown.setHtml(plainToolTip(u"<b>not bold</b> & co"_qs));
     EXPECT_EQ(shown.toPlainText(), u"<b>not bold</b> & co"_qs);
+}
+
+TEST(PlainToolTip, EachLineHasItsOwnDirection)
+{
+    QTextDocument shown;
+    shown.setHtml(plainToolTip(u"Tea\n\u05EA\u05D4, 7!\n\nend"_qs));
+    EXPECT_EQ(shown.toPlainText(), u"Tea\n\u05EA\u05D4, 7!\n \nend"_qs);
+    EXPECT_EQ(shown.findBlockByNumber(0).textDirection(), Qt::LeftToRight);
+    EXPECT_EQ(shown.findBlockByNumber(1).textDirection(), Qt::RightToLeft);
+    EXPECT_EQ(shown.findBlockByNumber(3).textDirection(), Qt::LeftToRight);
 }
 
 TEST(PlainToolTip, IsBoundedWhateverTheText)

@@ -1,56 +1,14 @@
 // SPDX-License-Identifier: MIT
-
-// What becomes of a text that is half composed. Qt has no public way to stand in for an input method.
+// What becomes of a text that is half composed.
+#include "support/StandInInputMethod.h"
 #include "table_fixture.h"
 
 #include <QApplication>
-#include <QInputMethodEvent>
 #include <QTest>
-#include <qpa/qplatforminputcontext.h>
-
-#include <private/qinputmethod_p.h>
 
 namespace {
 
 constexpr int noteColumn = 1;
-
-/// An input method as the platform knows it: what is composed is shown in the text, and written into it when the
-/// program says so.
-class StandInInputMethod : public QPlatformInputContext {
-public:
-    StandInInputMethod() { inputMethod().testContext = this; }
-    StandInInputMethod(const StandInInputMethod&) = delete;
-    StandInInputMethod& operator=(const StandInInputMethod&) = delete;
-    ~StandInInputMethod() override { inputMethod().testContext = nullptr; }
-
-    void compose(const QString& text)
-    {
-        composed = text;
-        QInputMethodEvent event(text, {});
-        QApplication::sendEvent(QApplication::focusObject(), &event);
-    }
-
-    bool isValid() const override { return true; }
-
-    void commit() override
-    {
-        QInputMethodEvent event;
-        event.setCommitString(std::exchange(composed, {}));
-        QApplication::sendEvent(QApplication::focusObject(), &event);
-    }
-
-    void reset() override
-    {
-        composed.clear();
-        deadKey = false;
-    }
-
-    QString composed;
-    bool deadKey = false; ///< pressed, and nothing after it yet
-
-private:
-    static QInputMethodPrivate& inputMethod() { return *QInputMethodPrivate::get(QGuiApplication::inputMethod()); }
-};
 
 } // namespace
 

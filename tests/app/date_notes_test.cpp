@@ -283,11 +283,31 @@ TEST_F(DateNotesTest, ALineThatWasNotInTheTextOutlivesAnEditThatIsSavedWhileItGo
     QTest::keyClicks(ui->notesTableView->viewAt(1, 0), QStringLiteral("!"));
     ui->saveAction->trigger();
     EXPECT_EQ(notesOnDisk(), Table{note(2024, 5, 20, "Cake!\rAnn")});
-    if (QWidget* editor = ui->notesTableView->viewAt(1, 0)) {
-        QTest::keyClicks(editor, QStringLiteral("?"));
-    }
+    EXPECT_FALSE(ui->noteEntryListSaveBtn->isEnabled());
+    QWidget* editor = ui->notesTableView->viewAt(1, 0);
+    ASSERT_TRUE(editor);
+    QTest::keyClicks(editor, QStringLiteral("?"));
     ui->notesTableView->endEditing();
-    EXPECT_TRUE(QString::fromStdString(*textOf(notesOnDisk()->at(0), NoteDataKey)).contains(QStringLiteral("Ann")));
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 5, 20, "Cake!?\rAnn")});
+}
+
+TEST_F(DateNotesTest, ALineThatIsSavedWhileItsNoteIsLookedAtLeavesTheCaretWhereItIs)
+{
+    putNotes({note(2024, 5, 20, "Cake")});
+    putEvents({event(1990, 5, 20, "Ann")});
+    start();
+    openMenu(0);
+    choose(2);
+    answer(Alert::firstButtonReturn);
+    ui->notesTableView->editColumn(1, 0);
+    QTest::keyClick(ui->notesTableView->viewAt(1, 0), Qt::Key_Home, Qt::ControlModifier);
+    ui->saveAction->trigger();
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 5, 20, "Cake\rAnn")});
+    QWidget* editor = ui->notesTableView->viewAt(1, 0);
+    ASSERT_TRUE(editor);
+    QTest::keyClicks(editor, QStringLiteral("My "));
+    ui->notesTableView->endEditing();
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 5, 20, "My Cake\rAnn")});
 }
 
 TEST_F(DateNotesTest, EachOfTwoLinesOfADayIsForgottenByItself)

@@ -3,6 +3,7 @@
 #include "notes/CellEditor.h"
 #include "store/DraftFile.h"
 #include "support/AppFixture.h"
+#include "support/StandInInputMethod.h"
 
 #include <QTest>
 
@@ -316,4 +317,74 @@ TEST_F(DraftTest, ADayThatWasOnlyLookedAtLeavesNone)
     app->draftHasChanged();
     app->machineWillShutDown();
     EXPECT_EQ(draftTexts(), Texts());
+    EXPECT_EQ(notesOnDisk(), std::nullopt);
+}
+
+TEST_F(DraftTest, ANewDayOfWhichAllIsErasedAgainIsInNone)
+{
+    start();
+    app->dayBtnAction(dayButton(3));
+    typeInto(*ui->notesTableView, 0, QStringLiteral("x"));
+    waitForTexts({"x"});
+    QTest::keyClick(ui->notesTableView->viewAt(textColumn, 0), Qt::Key_Backspace);
+    waitForTexts({});
+}
+
+TEST_F(DraftTest, HoldsWhatAnInputMethodComposes)
+{
+    StandInInputMethod inputMethod;
+    putNotes(march);
+    start();
+    ui->notesTableView->editColumn(textColumn, 0);
+    QTest::keyClick(ui->notesTableView->viewAt(textColumn, 0), Qt::Key_End);
+    inputMethod.compose(QStringLiteral("に"));
+    waitForTexts({"dentistに"});
+    inputMethod.compose(QString());
+    waitForTexts({});
+}
+
+TEST_F(DraftTest, WhatIsComposedIsSavedWhenTheDisplayGoes)
+{
+    StandInInputMethod inputMethod;
+    putNotes(march);
+    start();
+    ui->notesTableView->editColumn(textColumn, 0);
+    QTest::keyClick(ui->notesTableView->viewAt(textColumn, 0), Qt::Key_End);
+    inputMethod.compose(QStringLiteral("に"));
+    app->processWillExit();
+    EXPECT_EQ(notesOnDisk()->front(), note(2024, 3, 2, "dentistに"));
+}
+
+TEST_F(DraftTest, OfferedIsOnlyWhatWasNotSavedMeanwhile)
+{
+    putNotes(march);
+    start();
+    typeInto(*ui->notesTableView, 0, QStringLiteral(" at nine"));
+    typeInto(*ui->notesTableView, 1, QStringLiteral("!"));
+    waitForTexts({"spring!"});
+    app->waitForSaves();
+    crash();
+    const Draft typed{{DraftChange::Kind::Note, DatedText{*dateOf(march.at(0), NoteDateKey), "dentist"},
+                       DatedText{*dateOf(march.at(0), NoteDateKey), "dentist at nine"}},
+                      {DraftChange::Kind::Note, DatedText{*dateOf(march.at(1), NoteDateKey), "spring"},
+                       DatedText{*dateOf(march.at(1), NoteDateKey), "spring!"}}};
+    DraftFile(state()).write([&typed] { return typed; });
+    start();
+    const QString said = alert()->informativeText();
+    EXPECT_TRUE(said.contains(QStringLiteral("spring!")));
+    EXPECT_FALSE(said.contains(QStringLiteral("dentist"))) << "the disk has it";
+}
+
+TEST_F(DraftTest, ADayWhoseRecordHasNoTextTakesIt)
+{
+    putNotes({march.at(1), Value(Dictionary{{std::string(NoteDateKey), Value(*dateOf(march.at(0), NoteDateKey))}})});
+    const Draft typed{{DraftChange::Kind::Note, std::nullopt, DatedText{*dateOf(march.at(0), NoteDateKey), "typed"}}};
+    DraftFile(state()).write([&typed] { return typed; });
+    start();
+    ASSERT_TRUE(alert());
+    answer(Alert::firstButtonReturn); // the table's word about the row without a text
+    ASSERT_EQ(alert()->messageText(), QStringLiteral("Velumora ended before this was saved"));
+    answer(Alert::firstButtonReturn);
+    app->waitForSaves();
+    EXPECT_EQ(notesOnDisk(), (Table{march.at(1), note(2024, 3, 2, "typed")}));
 }

@@ -62,6 +62,15 @@ TEST_F(HiddenNotesTest, WhileAPageShowsAllItsNotesItSaysNothing)
     EXPECT_EQ(said(), QString());
 }
 
+TEST_F(HiddenNotesTest, AMarkedSearchIsNoMoreOnceWhatItSoughtMayBeThere)
+{
+    startWithNotes();
+    search("milk");
+    ASSERT_TRUE(ui->filterField->foundNothing());
+    typeNote(0, QStringLiteral("milk"));
+    EXPECT_FALSE(ui->filterField->foundNothing());
+}
+
 TEST_F(HiddenNotesTest, AfterASearchAPageSaysHowManyOfItsNotesItShows)
 {
     startWithNotes();

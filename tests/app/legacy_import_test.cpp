@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "calendar/NoteField.h"
 #include "store/PropertyList.h"
 #include "support/AppFixture.h"
+#include "support/StandInInputMethod.h"
 
 #include <QAction>
 #include <QTest>
@@ -277,6 +279,36 @@ TEST_F(LegacyImportTest, ADescriptionThatIsBeingTypedIsKeptAside)
     EXPECT_EQ(app->eventsTVData, Table{event(1970, 6, 1, "Born")});
     EXPECT_EQ(eventsOnDisk(), Table{event(1970, 6, 1, "Born")});
     EXPECT_TRUE(recovered().contains(PropertyList::writeXml({event(1990, 5, 20, "Anna")})));
+}
+
+TEST_F(LegacyImportTest, ADescriptionThatIsBeingComposedIsKeptAsideAndInNoImportedRow)
+{
+    StandInInputMethod inputMethod;
+    putLegacy(eventsName, PropertyList::writeXml({event(1970, 6, 1, "Born")}));
+    putEvents({event(1990, 5, 20, "Ann")});
+    start();
+    TableView& dates = *ui->importantDatesTableView;
+    dates.editColumn(1, 0);
+    QTest::keyClicks(dates.viewAt(1, 0), QStringLiteral("a"));
+    inputMethod.compose(QStringLiteral("に"));
+    import(legacy());
+    EXPECT_EQ(app->eventsTVData, Table{event(1970, 6, 1, "Born")});
+    EXPECT_TRUE(recovered().contains(PropertyList::writeXml({event(1990, 5, 20, "Annaに")})));
+}
+
+TEST_F(LegacyImportTest, ThePageShownShowsTheImportedNotes)
+{
+    putLegacy(notesName, PropertyList::writeXml({note(2024, 3, 5, "imported")}));
+    putNotes({note(2024, 3, 5, "mine")});
+    start();
+    ui->myTabView->setCurrentIndex(2);
+    import(legacy());
+    QStringList shown;
+    for (const NoteField* field : ui->monthlyViewPage->findChildren<NoteField*>()) {
+        shown << field->note();
+    }
+    EXPECT_TRUE(shown.contains(QStringLiteral("imported")));
+    EXPECT_FALSE(shown.contains(QStringLiteral("mine")));
 }
 
 TEST_F(LegacyImportTest, ANoteOfTheSameDayAsAnImportedOneThatIsEditedIsKeptAside)

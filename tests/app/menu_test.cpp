@@ -129,6 +129,28 @@ TEST_F(MenuTest, WhileTheMenuBarHasTheKeyboardTheCommandsAreThoseOfTheControlBef
     EXPECT_FALSE(disabledInEditMenu().contains(QStringLiteral("undoAction")));
 }
 
+TEST_F(MenuTest, TheChosenRowIsCopiedByItsKeyAndByTheMenu)
+{
+    putNotes({note(2024, 3, 5, "choir\rpractice")});
+    start();
+    TableView& notes = *ui->notesTableView;
+    notes.setFocus();
+    QGuiApplication::clipboard()->clear();
+    QTest::keyClick(&notes, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QString()) << "no row is chosen";
+
+    QTest::keyClick(&notes, Qt::Key_Down);
+    QTest::keyClick(&notes, Qt::Key_C, Qt::ControlModifier);
+    const QString copied = QGuiApplication::clipboard()->text();
+    EXPECT_TRUE(copied.endsWith(QStringLiteral("\tchoir\rpractice"))) << copied.toStdString();
+    QGuiApplication::clipboard()->clear();
+    ui->copyAction->trigger();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), copied);
+    Q_EMIT ui->editMenu->aboutToShow();
+    EXPECT_TRUE(ui->copyAction->isEnabled());
+    EXPECT_FALSE(ui->cutAction->isEnabled());
+}
+
 TEST(EditAbilities, AreThoseOfTheControl)
 {
     QApplication::clipboard()->setText(QStringLiteral("pasted"));

@@ -545,6 +545,36 @@ TEST_F(MiniCalendarKeysTest, TheDayChosenLastIsRememberedInItsMonthOnly)
     EXPECT_THAT(tabStops(), ElementsAre(15)) << "it leads back to today";
 }
 
+TEST_F(MiniCalendarKeysTest, TheTodayButtonTakesTheFocusAlong)
+{
+    start();
+    dayButton(5).setFocus();
+    ui->todayAction->trigger();
+    EXPECT_EQ(focusedDay(), QStringLiteral("15"));
+    EXPECT_THAT(tabStops(), ElementsAre(15));
+    showMonth(2024, 6);
+    dayButton(5).setFocus();
+    ui->todayAction->trigger();
+    EXPECT_EQ(focusedDay(), QStringLiteral("15"));
+}
+
+TEST_F(MiniCalendarKeysTest, PassingByTodayChoosesNoDay)
+{
+    start();
+    dayButton(15).setFocus(Qt::TabFocusReason);
+    ui->filterField->setFocus();
+    clock.set(utcDate(2024, 3, 16, 8, 30));
+    app->minuteHasChanged();
+    EXPECT_THAT(tabStops(), ElementsAre(16));
+    dayButton(16).setFocus(Qt::TabFocusReason);
+    clock.set(utcDate(2024, 3, 17, 8, 30));
+    app->minuteHasChanged();
+    EXPECT_EQ(focusedDay(), QStringLiteral("16")) << "nobody's focus is moved at midnight";
+    ui->filterField->setFocus();
+    app->redrawMiniCal();
+    EXPECT_THAT(tabStops(), ElementsAre(17));
+}
+
 TEST_F(MiniCalendarKeysTest, TheTabKeyLeadsFirstToToday)
 {
     start();

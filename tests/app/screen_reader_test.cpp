@@ -90,7 +90,7 @@ TEST(AnnouncerTest, SaysOnceTheEventInHandIsOver)
     QWidget window;
     Announcer announcer(window);
     const HeardEvents heard;
-    announcer.announce(QStringLiteral("April 2024"));
+    announcer.announce(Announcer::Kind::Page, QStringLiteral("April 2024"));
     EXPECT_THAT(heard.all(), IsEmpty());
     QCoreApplication::sendPostedEvents();
     EXPECT_EQ(heard.announcements(), QStringList{QStringLiteral("April 2024")});
@@ -99,16 +99,16 @@ TEST(AnnouncerTest, SaysOnceTheEventInHandIsOver)
     EXPECT_EQ(nameOf(announcer), QStringLiteral("April 2024"));
 }
 
-TEST(AnnouncerTest, SaysWhatOneEventAnnouncesAsOneAndEachTextOnce)
+TEST(AnnouncerTest, SaysWhatOneEventAnnouncesAsOneAndOfEachKindTheLast)
 {
     QWidget window;
     Announcer announcer(window);
     const HeardEvents heard;
-    announcer.announce(QStringLiteral("April 2024"));
-    announcer.announce(QStringLiteral("Notes found: 3"));
-    announcer.announce(QStringLiteral("April 2024"));
+    announcer.announce(Announcer::Kind::Page, QStringLiteral("March 2024"));
+    announcer.announce(Announcer::Kind::Rows, QStringLiteral("Notes found: 3"));
+    announcer.announce(Announcer::Kind::Page, QStringLiteral("April 2024"));
     QCoreApplication::sendPostedEvents();
-    announcer.announce(QStringLiteral("April 2024"));
+    announcer.announce(Announcer::Kind::Page, QStringLiteral("April 2024"));
     QCoreApplication::sendPostedEvents();
     EXPECT_EQ(heard.announcements(),
               QStringList({QStringLiteral("April 2024. Notes found: 3"), QStringLiteral("April 2024")}));
@@ -272,6 +272,15 @@ TEST_F(ScreenReaderTest, AMinuteTellsOfTheTimeAndOfNothingElse)
         EXPECT_EQ(each.object, ui->miniCalTime) << each.name.toStdString();
     }
     EXPECT_EQ(heard.all().size(), 1);
+}
+
+TEST_F(ScreenReaderTest, OnTheWayToAnotherWeekOnlyThatOneIsAnnounced)
+{
+    startWithNotes();
+    const HeardEvents heard;
+    ui->nextWeekAction->trigger(); // on the first page
+    runQueued();
+    EXPECT_EQ(heard.announcements(), QStringList{QStringLiteral("For week beginning: March 17, 2024")});
 }
 
 TEST_F(ScreenReaderTest, ThePagesDrawnAgainTellNothing)

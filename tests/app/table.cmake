@@ -16,15 +16,15 @@ velumora_test(table-tests
     app/table_writing_test.cpp
     LIBRARIES velumora-app Qt6::GuiPrivate Qt6::Test
     LABELS app
+    SHARDS 4
 )
 
 # Writing on the desktops that there are: each with its font, at one pixel a point and at two.
 foreach(fonts dejavu noto cantarell cjk)
     foreach(scale 1 2)
         if(NOT "${fonts} ${scale}" STREQUAL "dejavu 1") # which is every test's
-            gtest_discover_tests(table-tests DISCOVERY_MODE PRE_TEST
-                TEST_FILTER "*TableWriting*:TestFonts*" TEST_PREFIX "${fonts}-${scale}x." TEST_LIST table_tests_${fonts}_${scale}
-                PROPERTIES TIMEOUT 300 LABELS app ENVIRONMENT "TEST_FONTS=${fonts};QT_SCALE_FACTOR=${scale}")
+            velumora_shards(table-tests 1 PREFIX "${fonts}-${scale}x." FILTER "*TableWriting*:TestFonts*"
+                ENVIRONMENT "TEST_FONTS=${fonts}" "QT_SCALE_FACTOR=${scale}" LABELS app)
         endif()
     endforeach()
 endforeach()

@@ -53,6 +53,21 @@ TEST(PlacedOnScreenTest, BelowItsLeastSizeItBeginsAtTheTopLeft)
     EXPECT_EQ(placed, QRect(4, 30, 400, 300));
 }
 
+TEST(PlacedAgainTest, AtAScreensEdgeItStaysThereThoughAnotherFrameWouldNotFit)
+{
+    for (const QRect& tiled : {QRect(0, 27, 960, 1053), QRect(960, 27, 960, 1053), QRect(0, 0, 1920, 1080)}) {
+        EXPECT_EQ(placedAgain(tiled, frame, least, {large}), tiled);
+    }
+    EXPECT_EQ(placedAgain({1920, 0, 640, 1024}, frame, least, {large, besideLarge}), QRect(1920, 0, 640, 1024));
+}
+
+TEST(PlacedAgainTest, WhatNoScreenHoldsWholeIsPlacedAnew)
+{
+    for (const QRect& last : {QRect(500, 300, 1080, 760), QRect(-4, 30, 900, 500), QRect(0, 0, 100, 100)}) {
+        EXPECT_EQ(placedAgain(last, frame, least, {small}), placedOnScreen(last, frame, least, {small}));
+    }
+}
+
 class WindowPlaceTest : public ::testing::Test {
 protected:
     /// The program runs once: the window shows, `use` moves it about, it closes.

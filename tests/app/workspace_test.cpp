@@ -326,7 +326,7 @@ TEST_F(WorkspaceTest, AnOpenerThatRunsOnHasOpenedAndIsNotEndedFromHere)
 {
     const QString gate = bin() + QStringLiteral("/gate");
     ASSERT_EQ(mkfifo(QFile::encodeName(gate).constData(), S_IRUSR | S_IWUSR), 0);
-    putOpener("read word <\"${0%/*}/gate\"; echo \"$word\" >>\"${0%/*}/opened\"");
+    putOpener("read word <\"${0%/*}/gate\"; echo \"$word $$\" >>\"${0%/*}/opened\"");
     {
         Opener opener(std::chrono::milliseconds(1));
         opener.open(page, intoOutcome());
@@ -337,7 +337,12 @@ TEST_F(WorkspaceTest, AnOpenerThatRunsOnHasOpenedAndIsNotEndedFromHere)
     ASSERT_TRUE(way.open(QIODevice::WriteOnly)) << "it still reads";
     way.write("ran on\n");
     way.close();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return openedByOpener().contains(QStringLiteral("ran on")); }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !openedByOpener().filter(QStringLiteral("ran on")).isEmpty(); }));
+    const QStringList words = openedByOpener().filter(QStringLiteral("ran on")).first().split(u' ');
+    ASSERT_EQ(words.size(), 3);
+    EXPECT_EQ(words.first(2), QStringList({QStringLiteral("ran"), QStringLiteral("on")}));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ::kill(words.last().toInt(), 0) != 0; })) << "it is waited for";
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 TEST_F(WorkspaceTest, ThePortalGetsAFileItself)

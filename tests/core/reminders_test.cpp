@@ -347,6 +347,13 @@ TEST(NotificationText, AVeryLongNoteIsCutBetweenCharacters)
     content.body = QString(1999, QLatin1Char('a')) + QStringLiteral("📅📅\n");
     EXPECT_EQ(notificationText(content, {}, NotificationSound::Silent).body,
               QString(1999, QLatin1Char('a')) + QStringLiteral("…"));
+    for (const QString& sign :
+         {QStringLiteral("👩‍👩‍👧"), QStringLiteral("🇩🇪"), QStringLiteral("👍🏽")}) {
+        content.body = QString(1997, QLatin1Char('a')) + sign;
+        EXPECT_EQ(notificationText(content, {}, NotificationSound::Silent).body,
+                  QString(1997, QLatin1Char('a')) + QStringLiteral("…"))
+            << sign.toStdString();
+    }
     content.body = QString(2000, QLatin1Char('a'));
     EXPECT_EQ(notificationText(content, {}, NotificationSound::Silent).body, content.body);
 }

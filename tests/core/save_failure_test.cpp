@@ -2,12 +2,12 @@
 #include "core/store_fixture.h"
 #include "store/DataFolder.h"
 #include "support/FileSizeLimit.h"
+#include "support/OrdinaryUser.h"
 
 #include <cstdio>
 
 #include <fcntl.h>
 #include <sched.h>
-#include <sys/fsuid.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -31,34 +31,6 @@ protected:
     TestFolder m_home;
     StillClock m_clock;
     DataFolder m_folder{m_home.path(), m_clock};
-};
-
-/// Makes this thread meet file permissions as an ordinary user does, also where the tests run as root.
-class OrdinaryUser {
-public:
-    OrdinaryUser() { set(nobody); }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-    ~OrdinaryUser() { set(0); }
-
-    /// Gives `path` to the user that this guard acts as.
-    static void own(const fs::path& path)
-    {
-        if (geteuid() == 0) {
-            ASSERT_EQ(::chown(path.c_str(), nobody, nobody), 0);
-        }
-    }
-
-private:
-    static constexpr uid_t nobody = 65534;
-
-    static void set(uid_t user)
-    {
-        if (geteuid() == 0) {
-            setfsgid(user);
-            setfsuid(user);
-        }
-    }
 };
 
 bool canReach(const fs::path& folder)

@@ -101,7 +101,7 @@ class PagesTest(DesktopTest):
         window.key("ctrl+3")
         window.find("label", "Notes of this month shown: 2 of 3")
         window.key("ctrl+p")
-        window.wait_until(self.opened.exists, "the viewer")
+        window.wait_until(lambda: self.opened.exists() and self.opened.read_text(), "the viewer")
         printed = subprocess.run(["pdftotext", str(self.home.runtime / "velumora/MyPrintedView.pdf"), "-"], check=True,
                                  capture_output=True, stdin=subprocess.DEVNULL, text=True).stdout
         self.assertIn("Choir again", printed)
@@ -116,7 +116,7 @@ class PagesTest(DesktopTest):
     def test_the_month_is_printed_and_nothing_is_left_of_it(self):
         window = self.start_with_note_of_today()
         window.key("ctrl+p")
-        window.wait_until(self.opened.exists, "the viewer")
+        window.wait_until(lambda: self.opened.exists() and self.opened.read_text(), "the viewer")
         printed = self.home.runtime / "velumora" / "MyPrintedView.pdf"
         self.assertTrue(self.opened.read_text().strip().endswith(str(printed)))
         self.assertEqual(stat.S_IMODE(printed.stat().st_mode), 0o600)
