@@ -13,7 +13,13 @@ target_include_directories(velumora-app PUBLIC ${CMAKE_BINARY_DIR}/velumora-app_
 set_source_files_properties(app/AppDelegate+Help.cpp PROPERTIES COMPILE_DEFINITIONS
     VELUMORA_WEB_PAGE="${VELUMORA_WEB_PAGE}")
 set_source_files_properties(host/linux/InstalledBundle.cpp PROPERTIES COMPILE_DEFINITIONS
-    "VELUMORA_VERSION=\"${PROJECT_VERSION}\";VELUMORA_SOURCE_DIR=\"${CMAKE_SOURCE_DIR}\"")
+    VELUMORA_VERSION="${PROJECT_VERSION}")
+
+# velumora_link_resources(TARGET): beside the program, for as long as it is not installed (see InstalledBundle.h).
+function(velumora_link_resources target)
+    add_custom_command(TARGET ${target} POST_BUILD VERBATIM COMMAND ${CMAKE_COMMAND} -E create_symlink
+        ${CMAKE_SOURCE_DIR}/resources $<TARGET_FILE_DIR:${target}>/velumora-resources)
+endfunction()
 
 target_sources(velumora-app PRIVATE
     app/AboutSheet.cpp
@@ -129,4 +135,5 @@ target_sources(velumora-app PRIVATE
 
 add_executable(velumora app/main.cpp)
 target_link_libraries(velumora PRIVATE velumora-app)
+velumora_link_resources(velumora)
 target_compile_definitions(velumora PRIVATE VELUMORA_VERSION_SERVER="${VELUMORA_VERSION_SERVER}")

@@ -4,6 +4,8 @@ target_compile_definitions(velumora-compile INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_compile_options(velumora-compile INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
 target_link_options(velumora-compile INTERFACE -Wl,--as-needed) # a library that is linked but not used costs every start
+velumora_harden(velumora-compile)
+velumora_hide_folders(velumora-compile)
 
 if(VELUMORA_WERROR)
     target_compile_options(velumora-compile INTERFACE -Werror)

@@ -18,7 +18,7 @@ public:
 };
 
 /// The two sources of language, kept apart: formats of dates follow the current locale, names of months and texts the
-/// preferred languages.
+/// preferred languages. Every entry is one that ICU can work with (`isLocaleIdentifier`).
 struct LocalePair {
     std::string currentLocale = "en_US";                     ///< ICU identifier, for example "de_DE"
     std::vector<std::string> preferredLanguages = {"en-US"}; ///< first entry preferred; never empty

@@ -7,7 +7,9 @@
 #include <unicode/calendar.h>
 #include <unicode/dtfmtsym.h>
 #include <unicode/smpdtfmt.h>
+#include <unicode/strenum.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -94,7 +96,31 @@ std::optional<Date> instantOf(const icu::Calendar& fields)
     return U_SUCCESS(status) ? std::optional(dateFromUDate(moment)) : std::nullopt;
 }
 
+/// What a locale asks for beyond its own calendar and digits may be something that there is not.
+bool canWriteDates(const icu::Locale& locale)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::StringEnumeration> keywords(locale.createKeywords(status));
+    if (keywords) {
+        const icu::SimpleDateFormat formatter(icu::UnicodeString("y"), locale, status);
+    }
+    return U_SUCCESS(status) != 0;
+}
+
 } // namespace
+
+bool isLocaleIdentifier(const std::string& identifier)
+{
+    const auto isPart = [](char c) {
+        return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' || c == '-';
+    };
+    if (identifier.size() >= ULOC_FULLNAME_CAPACITY || !std::ranges::all_of(identifier, isPart) ||
+        icu::Locale(identifier.c_str()).isBogus()) {
+        return false;
+    }
+    const icu::Locale locale = icuLocale(identifier);
+    return !locale.isBogus() && canWriteDates(locale);
+}
 
 icu::Locale icuLocale(const std::string& identifier)
 {

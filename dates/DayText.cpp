@@ -31,6 +31,8 @@ QString patternOf(const icu::Locale& locale)
     QString pattern = qStringFromIcu(generator->getBestPattern(icu::UnicodeString("yMd"), status));
     static const QRegularExpression era(QStringLiteral(" ?G+ ?")); // some calendars ask for it; a number needs none
     pattern.remove(era);
+    static const QRegularExpression year(QStringLiteral("y+")); // four digits, as a typed one must have
+    pattern.replace(year, QStringLiteral("yyyy"));
     return pattern;
 }
 

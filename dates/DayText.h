@@ -19,7 +19,8 @@ public:
     /// `language` is a locale identifier; the calendar is its default one, in the process's time zone.
     explicit DayText(const std::string& language);
 
-    /// "12/24/1965", "24.12.1965", "1965-12-24".
+    /// "12/24/1965", "24.12.1965", "1965-12-24"; a year before 1000 has zeros in front ("0982"). `dateFromText` reads
+    /// it back as the same day.
     QString textFromDate(Date date) const;
 
     /// The date that `typed` stands for, at the time of day of `date`: three numbers with anything between them, or

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "fuzz/Failure.h"
 #include "store/Draft.h"
 #include "store/PropertyList.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <iostream>
 #include <string>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
@@ -22,16 +21,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::optional<Table> again = PropertyList::readTable(written);
     const std::optional<Draft> read = again ? Drafts::draftFromTable(*again) : std::nullopt;
     if (!read || read->size() != draft->size()) {
-        std::cerr << "what was written cannot be read\n";
-        std::abort();
+        fail("what was written cannot be read");
     }
     Table notes;
     Table events;
     Drafts::takeInNotes(*draft, notes);
     Drafts::takeInEvents(*draft, events);
     if (Drafts::changedNotes(notes, notes) != Draft() || Drafts::changedEvents(events, events) != Draft()) {
-        std::cerr << "equal tables have a draft\n";
-        std::abort();
+        fail("equal tables have a draft");
     }
     return 0;
 }

@@ -1,20 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "fuzz/RoundTrip.h"
 
+#include "fuzz/Failure.h"
 #include "store/PropertyList.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <iostream>
 
 namespace {
-
-[[noreturn]] void fail(const char* why)
-{
-    std::cerr << why << '\n';
-    std::abort();
-}
 
 bool isCarriedByXml(const std::string& text)
 {
@@ -25,7 +18,8 @@ bool isCarriedByXml(const std::string& text)
            text.find("\xEF\xBF\xBF") == std::string::npos;
 }
 
-/// Whether writing may keep all of `value`.
+} // namespace
+
 bool isCarriedByXml(const Value& value)
 {
     if (const Date* date = value.date()) {
@@ -44,8 +38,6 @@ bool isCarriedByXml(const Value& value)
     }
     return true;
 }
-
-} // namespace
 
 void readWriteRead(std::string bytes)
 {

@@ -16,7 +16,7 @@ void print(std::FILE* stream, const QString& text)
 
 int refuse(const QString& reason)
 {
-    print(stderr, QStringLiteral("%1: %2\n").arg(QCoreApplication::applicationName(), reason));
+    std::fprintf(stderr, "%s: %s\n", qPrintable(QCoreApplication::applicationName()), qPrintable(reason));
     return EXIT_FAILURE;
 }
 

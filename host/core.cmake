@@ -1,4 +1,4 @@
-# What the reminder agent and the program share, and what of the agent is pure.
+# What the reminder agent and the program share, and what of them is pure.
 target_sources(velumora-core PRIVATE
     host/CommandLine.cpp
     host/CommandLine.h
@@ -15,4 +15,6 @@ target_sources(velumora-core PRIVATE
     host/agent/StateFolder.h
     host/agent/TriggerMoment.cpp
     host/agent/TriggerMoment.h
+    host/linux/LocaleEnvironment.cpp
+    host/linux/LocaleEnvironment.h
 )

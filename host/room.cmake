@@ -32,8 +32,6 @@ target_sources(velumora-app PRIVATE
     host/linux/LinuxProcessInfo.h
     host/linux/LogindShutdownMonitor.cpp
     host/linux/LogindShutdownMonitor.h
-    host/linux/LocaleEnvironment.cpp
-    host/linux/LocaleEnvironment.h
     host/linux/OpenUriPortal.cpp
     host/linux/OpenUriPortal.h
     host/linux/Opener.cpp

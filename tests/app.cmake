@@ -124,6 +124,7 @@ velumora_test(language-tests
     LIBRARIES app-test-support
     LABELS app
     SHARDS 3)
+velumora_link_resources(language-tests)
 qt_add_lrelease(language-tests
     TS_FILES data/translations/velumora_ug.ts
     QM_FILES_OUTPUT_VARIABLE test_catalogues)

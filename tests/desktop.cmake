@@ -18,6 +18,8 @@ desktop_test(first_day_test PROGRAM velumora)
 desktop_test(important_dates_test PROGRAM velumora)
 desktop_test(lost_compositor_test PROGRAM velumora)
 desktop_test(lost_display_test PROGRAM velumora)
+desktop_test(locale_test PROGRAM velumora)
+set_tests_properties(locale_test PROPERTIES TIMEOUT 900) # each locale on a display and off
 desktop_test(reminder_agent_test PROGRAM velumora-reminder-agent)
 desktop_test(reminders_test PROGRAM velumora)
 set_property(TEST reminders_test APPEND PROPERTY ENVIRONMENT TEST_COVER=$<TARGET_FILE:bare-window>)
@@ -40,3 +42,11 @@ target_compile_definitions(velumora-on-loopback PRIVATE VELUMORA_VERSION_SERVER=
 desktop_test(version_check_test PROGRAM velumora-on-loopback)
 set_property(TEST version_check_test APPEND PROPERTY ENVIRONMENT "TEST_VERSION_PORT=${version_port}")
 desktop_test(location_test PROGRAM velumora)
+
+# What is handed to others: not what is built with sanitizers, for counting coverage or unoptimised.
+if(NOT VELUMORA_SANITIZERS AND NOT VELUMORA_COVERAGE AND NOT CMAKE_BUILD_TYPE STREQUAL Debug)
+    add_test(NAME hardening COMMAND hardening-check $<TARGET_FILE:velumora> $<TARGET_FILE:velumora-reminder-agent>)
+    desktop_test(installed_test PROGRAM velumora)
+    set_property(TEST installed_test APPEND PROPERTY ENVIRONMENT
+        "TEST_BUILD=${CMAKE_BINARY_DIR};TEST_SOURCE=${CMAKE_SOURCE_DIR}")
+endif()

@@ -4,6 +4,7 @@
 #include "host/Bundle.h"
 #include "host/VersionServer.h"
 #include "ui_MainWindow.h"
+#include "update/VersionText.h"
 
 #include <QGuiApplication>
 
@@ -16,9 +17,7 @@ std::unique_ptr<Alert> alertAbout(const std::optional<QString>& reply, const QSt
         return AppDelegate::copySheetAlertWithErrorString(localized("The Velumora web site could not be contacted."),
                                                           localized("Version check failed."), localized("OK"), {});
     }
-    // Plain texts in the order of their UTF-16 code units, not numbers: what differs last in 1.9 and 1.10 is "9" and
-    // "1".
-    if (*reply > ownVersion) {
+    if (VersionText::isNewer(*reply, ownVersion)) {
         return AppDelegate::copySheetAlertWithErrorString(
             localized("It can be downloaded from the Velumora web site. "),
             localized("A new version of Velumora (") + *reply + localized(") is available."),

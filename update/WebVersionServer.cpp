@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "update/WebVersionServer.h"
 
+#include "update/VersionText.h"
+
 #include <QEventLoop>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
-#include <QStringDecoder>
 #include <QTimer>
 
 #include <memory>
@@ -42,14 +43,6 @@ std::optional<QByteArray> wholeFile(QNetworkReply& reply)
     return brokenOff || body.size() > WebVersionServer::longestReply ? std::nullopt : std::optional(std::move(body));
 }
 
-std::optional<QString> decodedUtf8(const QByteArray& bytes)
-{
-    using Flag = QStringConverter::Flag;
-    QStringDecoder decoder(QStringConverter::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
-    QString text = decoder.decode(bytes);
-    return decoder.hasError() ? std::nullopt : std::optional(std::move(text));
-}
-
 } // namespace
 
 WebVersionServer::WebVersionServer(QUrl server, std::chrono::milliseconds limit)
@@ -77,5 +70,5 @@ std::optional<QString> WebVersionServer::newestVersion()
     }
 
     const std::optional<QByteArray> file = wholeFile(*reply);
-    return file ? decodedUtf8(*file) : std::nullopt;
+    return file ? VersionText::fromFile(*file) : std::nullopt;
 }

@@ -13,12 +13,12 @@ QString InstalledBundle::shortVersionString() const
 std::optional<std::filesystem::path> InstalledBundle::localizationFolder(const QString& language) const
 {
     const std::filesystem::path program = QCoreApplication::applicationDirPath().toStdString();
+    std::error_code ignored; // an empty path is no folder
     const std::array roots{program.parent_path() / "share" / "velumora",
-                           std::filesystem::path(VELUMORA_SOURCE_DIR) / "resources"};
+                           std::filesystem::read_symlink(program / "velumora-resources", ignored)};
     for (const std::filesystem::path& root : roots) {
         std::filesystem::path folder = root / (language.toStdString() + ".lproj");
-        std::error_code ignored;
-        if (std::filesystem::is_directory(folder, ignored)) {
+        if (!root.empty() && std::filesystem::is_directory(folder, ignored)) {
             return folder;
         }
     }

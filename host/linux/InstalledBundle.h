@@ -3,7 +3,8 @@
 
 #include "host/Bundle.h"
 
-/// Files beside the program: in the install prefix when it runs from there, else in the source tree it was built from.
+/// Files beside the program: in the install prefix when it runs from there; else where the link "velumora-resources"
+/// beside it leads, which a build makes and an installation leaves out.
 class InstalledBundle : public Bundle {
 public:
     QString shortVersionString() const override;

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/LocaleEnvironment.h"
 
+#include "dates/DateFormatter.h"
+
 #include <algorithm>
 #include <array>
 #include <initializer_list>
+#include <optional>
 
 namespace {
 
 constexpr std::string_view fallbackIdentifier = "en_US";
+constexpr std::size_t mostLanguages = 64; // of a list; nobody reads as many, and each costs a search for its texts
 
 /// Modifiers that name a script; the others (a currency, say) do not matter here.
 constexpr std::array scripts{
@@ -31,17 +35,8 @@ std::string firstSet(const ReadEnvironment& read, std::initializer_list<const ch
     return {};
 }
 
-/// A language as the list of preferred languages writes it: "de_DE.UTF-8" is "de-DE".
-std::string languageTag(std::string_view posixName)
-{
-    std::string tag = localeIdentifier(posixName);
-    std::ranges::replace(tag, '_', '-');
-    return tag;
-}
-
-} // namespace
-
-std::string localeIdentifier(std::string_view posixName)
+/// Nothing for a name that no locale can have.
+std::optional<std::string> knownIdentifier(std::string_view posixName)
 {
     const std::string_view base = posixName.substr(0, posixName.find_first_of(".@"));
     if (isNeutral(base)) {
@@ -55,27 +50,46 @@ std::string localeIdentifier(std::string_view posixName)
                               std::string("_").append(script->second));
         }
     }
+    return isLocaleIdentifier(identifier) ? std::optional(std::move(identifier)) : std::nullopt;
+}
+
+/// A language as the list of preferred languages writes it: "de_DE" is "de-DE".
+std::string languageTag(std::string identifier)
+{
+    std::ranges::replace(identifier, '_', '-');
     return identifier;
+}
+
+/// The good ones of a list of names, colons between.
+std::vector<std::string> languageTags(std::string_view list)
+{
+    std::vector<std::string> tags;
+    while (!list.empty() && tags.size() < mostLanguages) {
+        const std::size_t end = std::min(list.find(':'), list.size());
+        const std::string_view name = list.substr(0, end);
+        if (std::optional<std::string> identifier = knownIdentifier(name); identifier && !name.empty()) {
+            tags.push_back(languageTag(*std::move(identifier)));
+        }
+        list.remove_prefix(std::min(end + 1, list.size()));
+    }
+    return tags;
+}
+
+} // namespace
+
+std::string localeIdentifier(std::string_view posixName)
+{
+    return knownIdentifier(posixName).value_or(std::string(fallbackIdentifier));
 }
 
 LocalePair localePairFrom(const ReadEnvironment& read)
 {
     LocalePair pair;
     pair.currentLocale = localeIdentifier(firstSet(read, {"LC_ALL", "LC_TIME", "LANG"}));
-
-    const std::string messages = firstSet(read, {"LC_ALL", "LC_MESSAGES", "LANG"});
-    pair.preferredLanguages.clear();
-    if (const std::string list = read("LANGUAGE"); !list.empty()) {
-        for (std::string_view rest = list; !rest.empty();) {
-            const std::size_t colon = rest.find(':');
-            if (const std::string_view name = rest.substr(0, colon); !name.empty()) {
-                pair.preferredLanguages.push_back(languageTag(name));
-            }
-            rest.remove_prefix(colon == std::string_view::npos ? rest.size() : colon + 1);
-        }
-    }
+    pair.preferredLanguages = languageTags(read("LANGUAGE"));
     if (pair.preferredLanguages.empty()) {
-        pair.preferredLanguages.push_back(languageTag(messages));
+        const std::string messages = firstSet(read, {"LC_ALL", "LC_MESSAGES", "LANG"});
+        pair.preferredLanguages.push_back(languageTag(localeIdentifier(messages)));
     }
     return pair;
 }

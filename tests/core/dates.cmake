@@ -15,6 +15,7 @@ velumora_test(date-tests
     core/holidays_easter_test.cpp
     core/day_text_test.cpp
     core/holidays_test.cpp
+    core/locale_environment_test.cpp
     core/paper_size_test.cpp
     support/DateGuards.cpp
     support/DateGuards.h

@@ -96,6 +96,12 @@ TEST_F(DayTextTest, WhatIsWrittenIsReadBackInEveryLanguage)
     }
 }
 
+TEST_F(DayTextTest, AYearBeforeTheThousandthIsWrittenAsItIsTyped)
+{
+    EXPECT_EQ(text("ko-KR", *typed("ko-KR", "0982. 12. 24.")), "0982. 12. 24.");
+    EXPECT_EQ(text("en-US", *typed("en-US", "12/24/0001")), "12/24/0001");
+}
+
 TEST_F(DayTextTest, ThePartAtTheCaretFollowsTheOrderOfTheLanguage)
 {
     using enum DayText::Part;

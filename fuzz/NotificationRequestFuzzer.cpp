@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "fuzz/Failure.h"
+#include "fuzz/RoundTrip.h"
+#include "host/agent/NotificationRequestFormat.h"
+#include "host/agent/TriggerMoment.h"
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+/// What comes over the bus: a request that is taken has a moment, and is written and read again as the same request.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    using namespace NotificationRequestFormat;
+    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    const std::optional<NotificationRequest> request = requestFromBytes(bytes);
+    if (!request) {
+        return 0;
+    }
+    if (!std::isfinite(unixSeconds(momentOf(request->trigger)))) {
+        fail("a request without a moment");
+    }
+    const std::optional<NotificationRequest> again = requestFromBytes(bytesOf(*request));
+    if (!again) {
+        fail("what was written cannot be read");
+    }
+    if (isCarriedByXml(valueOf(*request)) && *again != *request) {
+        fail("what was written reads back differently");
+    }
+    return 0;
+}

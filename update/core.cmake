@@ -1,0 +1,4 @@
+target_sources(velumora-core PRIVATE
+    update/VersionText.cpp
+    update/VersionText.h
+)
