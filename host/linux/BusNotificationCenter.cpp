@@ -4,6 +4,7 @@
 #include "host/agent/NotificationRequestFormat.h"
 #include "host/agent/ReminderList.h"
 #include "host/linux/StartedService.h"
+#include "store/Files.h"
 
 #include <QDBusConnection>
 #include <QDBusPendingCallWatcher>
@@ -109,8 +110,7 @@ void BusNotificationCenter::removeDeliveredNotifications(const QStringList& iden
 
 void BusNotificationCenter::startAgentForReminders()
 {
-    std::error_code ignored;
-    if (std::filesystem::exists(usersReminderFile(), ignored)) {
+    if (!FileStatus::of(usersReminderFile()).isAbsent()) {
         agent().call(agentMethod(QStringLiteral("PendingRequests")), [](const QDBusMessage&) {});
     }
 }
