@@ -235,6 +235,7 @@ void ReminderAgent::shown(const QString& identifier, const std::optional<Notific
         notification->upToDate = false;
     }
     if (result && notification->upToDate) {
+        takeNumberFromOthers(identifier, notification->id);
         m_reminders.setNotification(identifier, result->notification);
         if (!result->clickable) {
             m_reminders.removeDelivered({identifier}); // nothing more will be heard of it
@@ -242,6 +243,17 @@ void ReminderAgent::shown(const QString& identifier, const std::optional<Notific
         }
     }
     update();
+}
+
+/// A number stands for the notification that was shown under it last.
+void ReminderAgent::takeNumberFromOthers(const QString& identifier, uint id)
+{
+    for (auto other = m_notifications.begin(); other != m_notifications.end(); ++other) {
+        if (other.key() != identifier && id != 0 && other->id == id) {
+            other->id = 0;
+            m_reminders.setNotification(other.key(), {});
+        }
+    }
 }
 
 void ReminderAgent::clicked(uint id, const QString& activationToken)

@@ -17,10 +17,10 @@
 /// Keeps the user's reminders and delivers each at its moment. What it offers on the bus are its public slots; a
 /// request goes over the bus as the property list of NotificationRequestFormat.h.
 ///
-/// The bus carries arrays of up to 64 MiB and messages of up to 128 MiB. One request is of 16 MiB at the most, and all
-/// of them of 32 MiB in the file (ReminderList::largestWritten) and 1,000 in number; apart from the others each is less
-/// than half as long again, so every reply is below `largestReply`. A list that was written before there was such
-/// a limit may be above it, and is then not told.
+/// D-Bus carries arrays of up to 64 MiB and messages of up to 128 MiB; a bus daemon whose configuration names no limit
+/// takes messages of up to 32 MiB. One request is of 16 MiB at the most, all of them together are of 30 MiB in the file
+/// and of 1,000 in number (see ReminderList.h), and each by itself is a quarter of a kilobyte longer: every reply is
+/// below `largestReply`. A list from before these limits may be above it; then the answer is an error.
 ///
 /// While its file cannot be read the agent answers every call with an error and leaves the file alone. It tries again
 /// with each call and from time to time; so it does when a change could not be written.
@@ -36,7 +36,7 @@ class ReminderAgent : public QObject, protected QDBusContext {
 public:
     static constexpr const char* service = "app.velumora.ReminderAgent1";
     static constexpr const char* path = "/app/velumora/ReminderAgent1";
-    static constexpr qsizetype largestReply = qsizetype{60} << 20; ///< bytes
+    static constexpr qsizetype largestReply = qsizetype{31} << 20; ///< bytes
 
     ReminderAgent(const QDBusConnection& bus, const std::filesystem::path& file, AutostartEntry autostart);
 
@@ -80,6 +80,7 @@ private:
     void updateTimers();
     void show(const QString& identifier);
     void shown(const QString& identifier, const std::optional<NotificationDaemon::Shown>& result);
+    void takeNumberFromOthers(const QString& identifier, uint id);
     void clicked(uint id, const QString& activationToken);
     void closed(uint id, NotificationDaemon::Closing closing);
     void daemonGone();

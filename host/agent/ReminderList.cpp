@@ -83,12 +83,7 @@ std::error_code keepAside(const fs::path& file)
 /// The file's records, none where there is no file; nullopt and no error for a file that is no list.
 std::optional<Table> recordsIn(const fs::path& file, std::error_code& error)
 {
-    const FileStatus status = FileStatus::of(file);
-    if (status.error()) {
-        error = status.error();
-        return std::nullopt;
-    }
-    if (status.isAbsent() || FileStatus::ofTarget(file).isSomethingElse()) {
+    if (FileStatus::of(file).isAbsent() || FileStatus::ofTarget(file).isSomethingElse()) {
         return Table(); // a folder in its place is no list, and nothing will take the place of a folder
     }
     if (std::optional<FileContent> content = readFile(file, ReminderList::largestRead, error)) {

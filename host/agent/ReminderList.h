@@ -47,7 +47,7 @@ public:
 
     /// Bytes of the file that an added request may make. The rest up to `largestRead` is for what later becomes of the
     /// requests: whether they were announced, and by which notification.
-    static constexpr std::size_t largestWritten = std::size_t{32} << 20;
+    static constexpr std::size_t largestWritten = std::size_t{30} << 20;
 
     static constexpr std::size_t mostReminders = 1000; ///< added ones; the program itself has two at the most
 
