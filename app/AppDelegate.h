@@ -9,6 +9,7 @@
 #include "host/HostServices.h"
 #include "host/LocationManager.h"
 #include "host/UserNotificationCenter.h"
+#include "host/VersionServer.h"
 #include "notes/NotesChoice.h"
 #include "notes/TableViewDelegate.h"
 #include "store/DataFolder.h"
@@ -149,8 +150,8 @@ public:
 
     // --- Version check -----------------------------------------------------------------------------------------------
 
-    /// Fetches the newest version and tells whether it is newer than this one. Returns when the sheet that says so has
-    /// begun, or waits behind another.
+    /// Fetches the newest version, then begins the sheet that tells whether it is newer than this one. Nothing waits
+    /// meanwhile; a second check is not begun before the first has ended.
     void doNewVersionCheck();
 
     // --- Store -------------------------------------------------------------------------------------------------------
@@ -434,6 +435,8 @@ private:
     void scheduleReminder(const DatedText& note);
     void showOnlyNoteOf(Date date);
 
+    void tellAboutVersion(const std::optional<QString>& reply);
+
     QMainWindow& m_window;
     Ui::MainWindow& m_ui;
     std::unique_ptr<Ui::PreferencesSheet> m_prefsLayout;
@@ -472,7 +475,8 @@ private:
     QPointer<QWidget> m_lastFocusedControl; ///< that had the keyboard before the one that has it now
     std::string m_zoneOfLocation;           ///< the zone in force when the location was last asked for
     QTimer m_minuteTimer{this};
-    QTimer m_iconTimer;                 ///< hands the desktop the icon
-    QTimer m_draftTimer;                ///< runs while the draft is older than what it keeps
-    bool m_missingTextReported = false; ///< while the alert about a missing text is up
+    std::unique_ptr<VersionServer::Fetch> m_versionFetch; ///< of the check that is under way
+    QTimer m_iconTimer;                                   ///< hands the desktop the icon
+    QTimer m_draftTimer;                                  ///< runs while the draft is older than what it keeps
+    bool m_missingTextReported = false;                   ///< while the alert about a missing text is up
 };
