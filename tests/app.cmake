@@ -98,6 +98,7 @@ velumora_test(app-tests
     app/open_panel_test.cpp
     app/painted_days_test.cpp
     app/preferences_test.cpp
+    app/private_settings_test.cpp
     app/reminders_test.cpp
     app/screen_reader_test.cpp
     app/single_instance_test.cpp

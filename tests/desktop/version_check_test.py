@@ -97,7 +97,7 @@ class VersionCheckTest(DesktopTest):
             self.ask(window)
             self.assertTrue(file.asked.wait(PATIENCE))
             window.key("ctrl+2")
-            window.find("page tab list", "Weekly View")
+            window.find("label", "For week beginning:")
             file.may_answer.set()
             window.find("dialog", "A new version of Velumora (9.9) is available.")
 
