@@ -81,6 +81,7 @@ velumora_test(app-tests
     app/contrast_test.cpp
     app/dock_icon_test.cpp
     app/editing_keys_test.cpp
+    app/forged_messages_test.cpp
     app/help_test.cpp
     app/hidden_notes_test.cpp
     app/host_test.cpp

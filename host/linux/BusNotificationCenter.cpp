@@ -117,8 +117,17 @@ void BusNotificationCenter::startAgentForReminders()
 
 void BusNotificationCenter::reminderClicked(const QByteArray& request, const std::function<void(bool)>& done)
 {
+    const bool isTooMany = m_delegate && !m_delegate->acceptsResponses();
+    if (isTooMany && !m_isRefusing) {
+        qWarning("velumora: too many clicked reminders wait; no more are taken");
+    }
+    m_isRefusing = isTooMany;
+    if (!m_delegate || m_ending || isTooMany || request.size() > NotificationRequestFormat::largestRequest) {
+        done(false);
+        return;
+    }
     const std::optional<NotificationRequest> clicked = NotificationRequestFormat::requestFromBytes(request);
-    if (!clicked || !m_delegate || m_ending) {
+    if (!clicked) {
         done(false);
         return;
     }

@@ -237,7 +237,7 @@ TEST_F(WebVersionServerTest, ADripIsCutOffByItsBytesToo)
     constexpr qint64 mostDrops = 100;
     DownloadLimits limits = patient;
     limits.received = mostDrops;
-    for (const char* beginning : {"", "HTTP/1.1 200 OK\r\n", "HTTP/1.1 200 OK\r\n\r\n"}) {
+    for (const char* beginning : {"HTTP/1.1 200 ", "HTTP/1.1 200 OK\r\n", "HTTP/1.1 200 OK\r\n\r\n"}) {
         qint64 sent = 0;
         server.answer = [&](QTcpSocket& connection, const QByteArray&) {
             connection.setSocketOption(QAbstractSocket::LowDelayOption, 1);
@@ -247,7 +247,7 @@ TEST_F(WebVersionServerTest, ADripIsCutOffByItsBytesToo)
             drip->start(0);
         };
         EXPECT_EQ(newest(limits), std::nullopt) << beginning;
-        EXPECT_GT(sent, mostDrops - 20);
+        EXPECT_GT(sent, mostDrops - 30) << beginning; // it counts what the beginning has, too
     }
 }
 
