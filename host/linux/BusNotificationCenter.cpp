@@ -117,16 +117,19 @@ void BusNotificationCenter::startAgentForReminders()
 
 void BusNotificationCenter::reminderClicked(const QByteArray& request, const std::function<void(bool)>& done)
 {
-    const bool isTooMany = m_delegate && !m_delegate->acceptsResponses();
+    if (!m_delegate || m_ending) { // at the end the delegate may be gone
+        done(false);
+        return;
+    }
+    const bool isTooMany = !m_delegate->acceptsResponses();
     if (isTooMany && !m_isRefusing) {
         qWarning("velumora: too many clicked reminders wait; no more are taken");
     }
     m_isRefusing = isTooMany;
-    if (!m_delegate || m_ending || isTooMany || request.size() > NotificationRequestFormat::largestRequest) {
-        done(false);
-        return;
+    std::optional<NotificationRequest> clicked;
+    if (!isTooMany && request.size() <= NotificationRequestFormat::largestRequest) {
+        clicked = NotificationRequestFormat::requestFromBytes(request);
     }
-    const std::optional<NotificationRequest> clicked = NotificationRequestFormat::requestFromBytes(request);
     if (!clicked) {
         done(false);
         return;

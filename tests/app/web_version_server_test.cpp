@@ -392,6 +392,61 @@ TEST_F(WebVersionServerTest, AnEncryptedServerMustBeOne)
     EXPECT_EQ(answerOf(asked), std::nullopt);
 }
 
+// --- Proxies ---------------------------------------------------------------------------------------------------------
+
+/// The desktop has the web reached by way of the server.
+class ProxyTest : public WebVersionServerTest {
+protected:
+    ~ProxyTest() override { QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy); }
+
+    void setProxy(QNetworkProxy::ProxyType type, const QString& user = {}, const QString& password = {})
+    {
+        QNetworkProxy::setApplicationProxy(
+            {type, server.url().host(), static_cast<quint16>(server.url().port()), user, password});
+    }
+};
+
+TEST_F(ProxyTest, AnOpenConnectionIsAskedOfTheProxy)
+{
+    server.answerAlways(LoopbackServer::reply("200 OK", "2.4"));
+    for (const QNetworkProxy::ProxyType type : {QNetworkProxy::HttpProxy, QNetworkProxy::HttpCachingProxy}) {
+        server.heads.clear();
+        setProxy(type, QStringLiteral("Jane"), QStringLiteral("secret"));
+        WebVersionServer asked(QUrl(QStringLiteral("http://velumora.invalid")), patient);
+        EXPECT_EQ(answerOf(asked), QStringLiteral("2.4"));
+        ASSERT_EQ(server.heads.size(), 1);
+        const QByteArray& head = server.heads.first();
+        EXPECT_TRUE(head.startsWith("GET http://velumora.invalid/vm/Velumora_version.txt HTTP/1.1\r\n"));
+        EXPECT_TRUE(head.contains("\r\nProxy-Authorization: Basic " + QByteArray("Jane:secret").toBase64() + "\r\n"));
+    }
+}
+
+TEST_F(ProxyTest, AnEncryptedOneGoesThroughAndAProxyThatFloodsIsCutOff)
+{
+    setProxy(QNetworkProxy::HttpProxy);
+    WebVersionServer asked(QUrl(QStringLiteral("https://velumora.invalid")), patient);
+    server.answerAlways(LoopbackServer::reply("403 Forbidden", "2.4"));
+    EXPECT_EQ(answerOf(asked), std::nullopt);
+    ASSERT_EQ(server.heads.size(), 1);
+    EXPECT_TRUE(server.heads.first().startsWith("CONNECT velumora.invalid:443 HTTP/1.1\r\n"));
+    for (const char* again : {"X: y\r\n", "HTTP/1.1 100 Continue\r\n\r\n"}) {
+        const Flood flood(server, "HTTP/1.1 200 OK\r\n", again);
+        EXPECT_EQ(answerOf(asked), std::nullopt);
+        EXPECT_GT(flood.sent(), 0);
+        EXPECT_LT(flood.sent(), mostSent);
+    }
+}
+
+TEST_F(ProxyTest, ASocksProxyIsSpokenToInItsOwnWay)
+{
+    server.answer = [](QTcpSocket& connection, const QByteArray&) { connection.disconnectFromHost(); };
+    setProxy(QNetworkProxy::Socks5Proxy);
+    WebVersionServer asked(QUrl(QStringLiteral("http://velumora.invalid")), patient);
+    EXPECT_EQ(answerOf(asked), std::nullopt);
+    ASSERT_FALSE(server.heads.isEmpty());
+    EXPECT_TRUE(server.heads.first().startsWith('\x05'));
+}
+
 // --- Encrypted connections -------------------------------------------------------------------------------------------
 
 /// A server with a certificate of its own, which the system does not know.
