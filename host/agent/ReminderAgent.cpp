@@ -263,7 +263,7 @@ void ReminderAgent::clicked(uint id, const QString& activationToken)
     if (!reminder || m_notifications[*shownOne].clicked) {
         return;
     }
-    const QString identifier = *shownOne;
+    const QString& identifier = *shownOne;
     m_notifications[identifier].clicked = true;
     const QByteArray request = bytesOf(reminder->request);
     m_program.call(

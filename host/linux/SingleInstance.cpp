@@ -93,9 +93,7 @@ void SingleInstance::Activate(const QVariantMap& platformData)
 
 void SingleInstance::comeForward()
 {
-    if (const std::optional<QString> token = std::exchange(m_activationToken, std::nullopt)) {
-        Q_EMIT activated(*token);
-    }
+    Q_EMIT activated(std::exchange(m_activationToken, std::nullopt).value_or(QString()));
 }
 
 void SingleInstance::Open(const QStringList&, const QVariantMap& platformData)
