@@ -33,7 +33,8 @@ void makeSmall(QPushButton& button)
 } // namespace
 
 void AppDelegate::doSheetAlert(QWidget& window, const QString& errorString, const QString& titleString,
-                               const QString& okBtnTitle, const QString& canBtnTitle, Alert::Preparation preparation)
+                               const QString& okBtnTitle, const QString& canBtnTitle, Alert::Preparation preparation,
+                               Alert::Completion completion)
 {
     std::unique_ptr<Alert> alert = makeAlert(errorString, titleString);
     for (const QString& title : {okBtnTitle, canBtnTitle}) {
@@ -41,7 +42,7 @@ void AppDelegate::doSheetAlert(QWidget& window, const QString& errorString, cons
             alert->addButton(title);
         }
     }
-    Alert::beginSheet(std::move(alert), window, {}, std::move(preparation));
+    Alert::beginSheet(std::move(alert), window, std::move(completion), std::move(preparation));
 }
 
 std::unique_ptr<Alert> AppDelegate::copySheetAlertWithErrorString(const QString& errorString,

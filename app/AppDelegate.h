@@ -9,6 +9,7 @@
 #include "host/HostServices.h"
 #include "host/LocationManager.h"
 #include "host/UserNotificationCenter.h"
+#include "host/VersionServer.h"
 #include "notes/NotesChoice.h"
 #include "notes/TableViewDelegate.h"
 #include "store/DataFolder.h"
@@ -111,11 +112,11 @@ public:
 
     // --- Alerts ------------------------------------------------------------------------------------------------------
 
-    /// A null title adds no button; an empty one adds an empty button. The answer is ignored. `preparation` is called
-    /// when the alert's turn has come.
+    /// A null title adds no button; an empty one adds an empty button. `preparation` is called when the alert's turn
+    /// has come, `completion` when it is answered.
     static void doSheetAlert(QWidget& window, const QString& errorString, const QString& titleString,
-                             const QString& okBtnTitle, const QString& canBtnTitle,
-                             Alert::Preparation preparation = {});
+                             const QString& okBtnTitle, const QString& canBtnTitle, Alert::Preparation preparation = {},
+                             Alert::Completion completion = {});
 
     /// Alerts that the caller shows. An empty or null title adds no button.
     static std::unique_ptr<Alert> copySheetAlertWithErrorString(const QString& errorString, const QString& titleString,
@@ -149,8 +150,8 @@ public:
 
     // --- Version check -----------------------------------------------------------------------------------------------
 
-    /// Fetches the newest version and tells whether it is newer than this one. Returns when the sheet that says so has
-    /// begun, or waits behind another.
+    /// Fetches the newest version, then begins the sheet that tells whether it is newer than this one. Nothing waits
+    /// meanwhile; a second check is not begun before the first has ended.
     void doNewVersionCheck();
 
     // --- Store -------------------------------------------------------------------------------------------------------
@@ -313,7 +314,11 @@ public:
     /// Shows the note of a reminder that was clicked, also as the only row of the notes list.
     void respondWithContent(const NotificationContent& content);
 
+    /// So many reminders that were clicked may be shown or wait behind another sheet.
+    static constexpr int mostClickedReminders = 3;
+
     NotificationOptions willPresentNotification(const NotificationRequest& request) override;
+    bool acceptsResponses() const override { return m_clickedReminders < mostClickedReminders; }
     void didReceiveNotificationResponse(const NotificationResponse& response,
                                         const std::function<void()>& completionHandler) override;
 
@@ -434,6 +439,10 @@ private:
     void scheduleReminder(const DatedText& note);
     void showOnlyNoteOf(Date date);
 
+    void showReminder(const QString& errorString, const QString& titleString, Alert::Preparation preparation);
+
+    void tellAboutVersion(const std::optional<QString>& reply);
+
     QMainWindow& m_window;
     Ui::MainWindow& m_ui;
     std::unique_ptr<Ui::PreferencesSheet> m_prefsLayout;
@@ -472,7 +481,9 @@ private:
     QPointer<QWidget> m_lastFocusedControl; ///< that had the keyboard before the one that has it now
     std::string m_zoneOfLocation;           ///< the zone in force when the location was last asked for
     QTimer m_minuteTimer{this};
-    QTimer m_iconTimer;                 ///< hands the desktop the icon
-    QTimer m_draftTimer;                ///< runs while the draft is older than what it keeps
-    bool m_missingTextReported = false; ///< while the alert about a missing text is up
+    int m_clickedReminders = 0;                           ///< whose sheets are up or wait
+    std::unique_ptr<VersionServer::Fetch> m_versionFetch; ///< of the check that is under way
+    QTimer m_iconTimer;                                   ///< hands the desktop the icon
+    QTimer m_draftTimer;                                  ///< runs while the draft is older than what it keeps
+    bool m_missingTextReported = false;                   ///< while the alert about a missing text is up
 };

@@ -129,6 +129,8 @@ target_sources(velumora-app PRIVATE
     store/AppDelegate+SaveFailure.cpp
     store/AppDelegate+Store.cpp
     update/AppDelegate+VersionCheck.cpp
+    update/Download.cpp
+    update/Download.h
     update/WebVersionServer.cpp
     update/WebVersionServer.h
 )

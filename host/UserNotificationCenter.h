@@ -75,6 +75,10 @@ public:
     /// A notification is due while the program is in front; the answer says how it is shown.
     virtual NotificationOptions willPresentNotification(const NotificationRequest& request) = 0;
 
+    /// False while so many responses wait for the user that no other is to come. Those that do come then are refused,
+    /// unread.
+    virtual bool acceptsResponses() const = 0;
+
     /// `completionHandler` is called once the response has been dealt with.
     virtual void didReceiveNotificationResponse(const NotificationResponse& response,
                                                 const std::function<void()>& completionHandler) = 0;

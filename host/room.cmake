@@ -36,6 +36,8 @@ target_sources(velumora-app PRIVATE
     host/linux/OpenUriPortal.h
     host/linux/Opener.cpp
     host/linux/Opener.h
+    host/linux/PrivateSettings.cpp
+    host/linux/PrivateSettings.h
     host/linux/SettingsUserDefaults.cpp
     host/linux/SettingsUserDefaults.h
     host/linux/SingleInstance.cpp

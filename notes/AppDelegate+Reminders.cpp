@@ -38,6 +38,17 @@ NotificationContent contentFor(const DatedText& note)
             .userInfo = *makeNoteRecord(note.date, note.text).dictionary()};
 }
 
+/// A note as a reminder's sheet shows it: what is on the bus may be of any length, and nobody reads all of that.
+QString shortened(const QString& text)
+{
+    constexpr qsizetype longest = 20'000; // UTF-16 units
+    if (text.size() <= longest) {
+        return text;
+    }
+    const bool isBetween = text.at(longest).isLowSurrogate(); // the halves of a character
+    return text.first(isBetween ? longest - 1 : longest) + QChar(0x2026);
+}
+
 /// Midnight at the beginning of the note's day, in the zone of now.
 CalendarNotificationTrigger triggerFor(const DatedText& note)
 {
@@ -184,21 +195,31 @@ void AppDelegate::respondWithContent(const NotificationContent& content)
     const std::optional<DatedText> note = datedTextOf(Value(content.userInfo));
     if (note) {
         const QString date = DateUtilities::mediumStyleFromDate(note->date);
-        const QString text = QString::fromStdString(note->text);
+        const QString text = shortened(QString::fromStdString(note->text));
         if (allNotesTVData && !allNotesTVData->isEmpty()) {
-            doSheetAlert(m_window, filled(QStringLiteral("%@\r%@"), {date, text}), localized("Velumora Reminder"),
-                         localized("OK"), QString(), [this, date = note->date] { showOnlyNoteOf(date); });
+            showReminder(filled(QStringLiteral("%@\r%@"), {date, text}), localized("Velumora Reminder"),
+                         [this, date = note->date] { showOnlyNoteOf(date); });
         } else {
-            doSheetAlert(
-                m_window,
+            showReminder(
                 filled(QStringLiteral("%@\r%@\r\r%@\r%@"),
                        {localized("Velumora is attempting to respond to a Notification Center message but cannot."),
                         localized("The Notification Center message is for the following date and note:"), date, text}),
-                localized("Warning: No Notes Data Found in 'respondWithContent:'"), localized("OK"), QString(),
+                localized("Warning: No Notes Data Found in 'respondWithContent:'"),
                 [this] { m_ui.myTabView->setCurrentIndex(miniCalendarPage); });
         }
     }
     m_host.notificationCenter.removeDeliveredNotifications({reminderIdentifier});
+}
+
+void AppDelegate::showReminder(const QString& errorString, const QString& titleString, Alert::Preparation preparation)
+{
+    ++m_clickedReminders;
+    doSheetAlert(m_window, errorString, titleString, localized("OK"), QString(), std::move(preparation),
+                 [self = QPointer(this)](int) {
+                     if (self) {
+                         --self->m_clickedReminders;
+                     }
+                 });
 }
 
 /// The list's one element is the list of that day's notes. A sheet that a click finds up is about the rows and the page

@@ -81,6 +81,7 @@ velumora_test(app-tests
     app/contrast_test.cpp
     app/dock_icon_test.cpp
     app/editing_keys_test.cpp
+    app/forged_messages_test.cpp
     app/help_test.cpp
     app/hidden_notes_test.cpp
     app/host_test.cpp
@@ -98,6 +99,7 @@ velumora_test(app-tests
     app/open_panel_test.cpp
     app/painted_days_test.cpp
     app/preferences_test.cpp
+    app/private_settings_test.cpp
     app/reminders_test.cpp
     app/screen_reader_test.cpp
     app/single_instance_test.cpp

@@ -20,6 +20,7 @@ desktop_test(lost_compositor_test PROGRAM velumora)
 desktop_test(lost_display_test PROGRAM velumora)
 desktop_test(locale_test PROGRAM velumora)
 set_tests_properties(locale_test PROPERTIES TIMEOUT 900) # each locale on a display and off
+desktop_test(reminder_agent_peers_test PROGRAM velumora-reminder-agent)
 desktop_test(reminder_agent_test PROGRAM velumora-reminder-agent)
 desktop_test(reminders_test PROGRAM velumora)
 set_property(TEST reminders_test APPEND PROPERTY ENVIRONMENT TEST_COVER=$<TARGET_FILE:bare-window>)

@@ -6,7 +6,8 @@
 #include "ui_MainWindow.h"
 #include "update/VersionText.h"
 
-#include <QGuiApplication>
+#include <QAction>
+#include <QMainWindow>
 
 namespace {
 
@@ -32,12 +33,21 @@ std::unique_ptr<Alert> alertAbout(const std::optional<QString>& reply, const QSt
 
 void AppDelegate::doNewVersionCheck()
 {
-    m_ui.versionCheckAction->setEnabled(false); // one check at a time, whoever asks in the meantime
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const std::optional<QString> reply = m_host.versionServer.newestVersion();
-    QGuiApplication::restoreOverrideCursor();
-    m_ui.versionCheckAction->setEnabled(true);
+    if (m_versionFetch) {
+        return;
+    }
+    m_ui.versionCheckAction->setEnabled(false);
+    m_window.setCursor(Qt::BusyCursor);
+    m_versionFetch = m_host.versionServer.fetchNewestVersion([this](const std::optional<QString>& reply) {
+        m_versionFetch.reset();
+        m_window.unsetCursor();
+        m_ui.versionCheckAction->setEnabled(true);
+        tellAboutVersion(reply);
+    });
+}
 
+void AppDelegate::tellAboutVersion(const std::optional<QString>& reply)
+{
     Alert::beginSheet(alertAbout(reply, m_host.bundle.shortVersionString()), m_window, [this](int answer) {
         if (answer == Alert::secondButtonReturn) { // "OK"; "Go to web site" closes the sheet alone
             openProductWebPage();

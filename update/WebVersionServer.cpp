@@ -3,72 +3,144 @@
 
 #include "update/VersionText.h"
 
-#include <QEventLoop>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QNetworkRequest>
+#include <QObject>
 #include <QTimer>
 
-#include <memory>
+#include <condition_variable>
+#include <csignal>
+#include <system_error>
+#include <thread>
 #include <utility>
+
+/// The downloads that still run. A thread of its own may outlive the server, so both have a share in this.
+class DownloadThreads {
+public:
+    void enter()
+    {
+        const std::scoped_lock lock(m_mutex);
+        ++m_running;
+    }
+    void leave()
+    {
+        const std::scoped_lock lock(m_mutex);
+        --m_running;
+        m_ended.notify_all();
+    }
+    void waitForAll(std::chrono::milliseconds patience)
+    {
+        std::unique_lock lock(m_mutex);
+        m_ended.wait_for(lock, patience, [this] { return m_running == 0; });
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_ended;
+    int m_running = 0;
+};
 
 namespace {
 
-constexpr int mostRedirects = 8;
-constexpr int statusOk = 200;
+constexpr std::chrono::milliseconds patienceAtEnd{1000}; // one that is given up ends at once, unless a proxy is sought
 
-QNetworkRequest requestFor(const QUrl& file)
+/// Signals are the main thread's.
+void leaveSignalsToTheMainThread()
 {
-    QNetworkRequest request(file);
-    request.setMaximumRedirectsAllowed(mostRedirects);
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
-    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-    // A packed body would be unpacked before anyone can see how long it is.
-    request.setRawHeader("Accept-Encoding", "identity");
-    // The library would tell the user's languages.
-    request.setRawHeader("Accept-Language", "en");
-    return request;
+    sigset_t all;
+    sigfillset(&all);
+    pthread_sigmask(SIG_BLOCK, &all, nullptr);
 }
 
-/// The body of a reply that is the file, the whole file; nullopt for any other.
-std::optional<QByteArray> wholeFile(QNetworkReply& reply)
+/// A download on a thread of its own, and its end on this one. The thread is never waited for.
+class WebFetch : public QObject, public VersionServer::Fetch {
+public:
+    WebFetch(const QUrl& file, const DownloadLimits& limits, const std::filesystem::path& authorities,
+             const std::shared_ptr<DownloadThreads>& threads, VersionServer::Completion completion);
+    ~WebFetch() override;
+
+private:
+    /// What the thread shares with the fetch.
+    struct Link {
+        DownloadBreak breakOff;
+        std::mutex mutex;
+        WebFetch* fetch = nullptr; ///< null once it is gone
+    };
+
+    void start(const QUrl& file, const DownloadLimits& limits, const std::filesystem::path& authorities,
+               const std::shared_ptr<DownloadThreads>& threads);
+    void end(const std::optional<QByteArray>& file);
+
+    std::shared_ptr<Link> m_link = std::make_shared<Link>();
+    QTimer m_patience;
+    VersionServer::Completion m_completion;
+};
+
+WebFetch::WebFetch(const QUrl& file, const DownloadLimits& limits, const std::filesystem::path& authorities,
+                   const std::shared_ptr<DownloadThreads>& threads, VersionServer::Completion completion)
+    : m_completion(std::move(completion))
 {
-    if (!reply.isFinished() || reply.error() != QNetworkReply::NoError ||
-        reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() != statusOk) {
-        return std::nullopt;
+    m_link->fetch = this;
+    // The download keeps to the limit too, but for what it asks the desktop.
+    m_patience.setSingleShot(true);
+    connect(&m_patience, &QTimer::timeout, this, [this] { end(std::nullopt); });
+    m_patience.start(limits.time);
+    start(file, limits, authorities, threads);
+}
+
+WebFetch::~WebFetch()
+{
+    m_link->breakOff.request();
+    const std::scoped_lock lock(m_link->mutex);
+    m_link->fetch = nullptr;
+}
+
+void WebFetch::start(const QUrl& file, const DownloadLimits& limits, const std::filesystem::path& authorities,
+                     const std::shared_ptr<DownloadThreads>& threads)
+{
+    const auto run = [file, limits, authorities, threads, link = m_link] {
+        leaveSignalsToTheMainThread();
+        const std::optional<QByteArray> bytes = download(file, limits, link->breakOff, authorities);
+        {
+            const std::scoped_lock lock(link->mutex);
+            if (WebFetch* fetch = link->fetch) {
+                QMetaObject::invokeMethod(
+                    fetch, [fetch, bytes] { fetch->end(bytes); }, Qt::QueuedConnection);
+            }
+        }
+        threads->leave();
+    };
+    threads->enter();
+    try {
+        std::thread(run).detach();
+    } catch (const std::system_error&) {
+        threads->leave();
+        m_patience.start(0);
     }
-    QByteArray body = reply.readAll();
-    const QVariant announced = reply.header(QNetworkRequest::ContentLengthHeader);
-    const bool brokenOff = announced.isValid() && announced.toLongLong() != body.size();
-    return brokenOff || body.size() > WebVersionServer::longestReply ? std::nullopt : std::optional(std::move(body));
+}
+
+void WebFetch::end(const std::optional<QByteArray>& file)
+{
+    m_patience.stop();
+    m_link->breakOff.request();
+    if (const VersionServer::Completion completion = std::exchange(m_completion, {})) {
+        completion(file ? VersionText::fromFile(*file) : std::nullopt); // after which this may be gone
+    }
 }
 
 } // namespace
 
-WebVersionServer::WebVersionServer(QUrl server, std::chrono::milliseconds limit)
-    : m_file(std::move(server)), m_limit(limit)
+WebVersionServer::WebVersionServer(QUrl server, const DownloadLimits& limits, std::filesystem::path authorities)
+    : m_file(std::move(server)), m_limits(limits), m_authorities(std::move(authorities)),
+      m_threads(std::make_shared<DownloadThreads>())
 {
     m_file.setPath(QStringLiteral("/vm/Velumora_version.txt"));
 }
 
-std::optional<QString> WebVersionServer::newestVersion()
+WebVersionServer::~WebVersionServer()
 {
-    QNetworkAccessManager network;
-    const std::unique_ptr<QNetworkReply> reply(network.get(requestFor(m_file)));
-    reply->setReadBufferSize(longestReply + 1);
+    m_threads->waitForAll(patienceAtEnd);
+}
 
-    QEventLoop loop;
-    QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
-    QObject::connect(reply.get(), &QNetworkReply::readyRead, &loop, [&reply] {
-        if (reply->bytesAvailable() > longestReply) {
-            reply->abort();
-        }
-    });
-    QTimer::singleShot(m_limit, &loop, [&reply] { reply->abort(); });
-    if (!reply->isFinished()) {
-        loop.exec(QEventLoop::ExcludeUserInputEvents);
-    }
-
-    const std::optional<QByteArray> file = wholeFile(*reply);
-    return file ? VersionText::fromFile(*file) : std::nullopt;
+std::unique_ptr<VersionServer::Fetch> WebVersionServer::fetchNewestVersion(Completion completion)
+{
+    return std::make_unique<WebFetch>(m_file, m_limits, m_authorities, m_threads, std::move(completion));
 }

@@ -3,7 +3,10 @@
 
 #include "store/Files.h"
 
+#include <cerrno>
 #include <utility>
+
+#include <unistd.h>
 
 namespace {
 
@@ -74,8 +77,7 @@ std::error_code AutostartEntry::enable() const
     if (present && present->text() == text) {
         return {};
     }
-    std::error_code error;
-    std::filesystem::create_directories(m_file.parent_path(), error);
+    std::error_code error = makePrivateFolder(m_file.parent_path());
     if (error) {
         return error;
     }
@@ -86,8 +88,11 @@ std::error_code AutostartEntry::enable() const
     return file.replaceTarget();
 }
 
-void AutostartEntry::disable() const
+std::error_code AutostartEntry::disable() const
 {
-    std::error_code ignored;
-    std::filesystem::remove(m_file, ignored);
+    if (::unlink(m_file.c_str()) != 0) {
+        const std::error_code error(errno, std::generic_category());
+        return meansAbsent(error) ? std::error_code() : error;
+    }
+    return syncFolder(m_file.parent_path());
 }

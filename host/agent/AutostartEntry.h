@@ -12,10 +12,11 @@ public:
     /// `folder` need not exist. `program` is an absolute path.
     AutostartEntry(const std::filesystem::path& folder, std::filesystem::path program);
 
-    /// Writes the entry unless it is there already.
+    /// Writes the entry, whole, unless it is there already. After an error there is the former one or none.
     std::error_code enable() const;
 
-    void disable() const;
+    /// Removes the entry. No error when there is none.
+    std::error_code disable() const;
 
 private:
     std::filesystem::path m_file;

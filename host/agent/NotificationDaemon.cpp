@@ -12,6 +12,7 @@ namespace {
 
 constexpr int noTimeout = std::numeric_limits<int>::max(); // a daemon that ends is heard of at once
 constexpr int neverExpires = 0;
+constexpr qsizetype longestToken = 4096; // it goes to the program in its environment, which has little room
 
 QString service()
 {
@@ -112,7 +113,7 @@ void NotificationDaemon::actionInvoked(uint id, const QString& action)
 void NotificationDaemon::activationTokenGiven(uint id, const QString& token)
 {
     m_tokenId = id;
-    m_token = token;
+    m_token = token.size() <= longestToken ? token : QString();
 }
 
 void NotificationDaemon::notificationClosed(uint id, uint reason)

@@ -11,6 +11,10 @@
 /// Notification requests as property lists: in the reminder agent's file and on the bus.
 namespace NotificationRequestFormat {
 
+/// Bytes of a request on the bus, both as it comes and as it is written again. The agent takes no larger one, so the
+/// program need not either. See ReminderAgent.h for what all of them may come to.
+constexpr qsizetype largestRequest = qsizetype{16} << 20;
+
 /// A dictionary that `requestFrom` reads back to an equal request, but for what XML cannot carry (see PropertyList.h).
 Value valueOf(const NotificationRequest& request);
 

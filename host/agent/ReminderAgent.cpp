@@ -7,15 +7,23 @@
 
 #include <QDBusMetaType>
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
 using namespace std::chrono_literals;
+using namespace NotificationRequestFormat;
 
 namespace {
 
-constexpr auto lingerTime = 3s;                           // whoever started it by way of the bus is about to call
-constexpr qsizetype largestRequest = qsizetype{16} << 20; // bytes; see the largest file in ReminderList.cpp
+constexpr auto lingerTime = 3s; // whoever started it by way of the bus is about to call
+constexpr auto firstRetry = 1s; // each time that it fails, twice as long is waited
+constexpr auto lastRetry = 60s;
+
+bool isLimit(const std::error_code& error)
+{
+    return error == std::errc::value_too_large;
+}
 
 } // namespace
 
@@ -27,6 +35,9 @@ ReminderAgent::ReminderAgent(const QDBusConnection& bus, const std::filesystem::
     m_linger.setSingleShot(true);
     m_linger.setInterval(lingerTime);
     connect(&m_linger, &QTimer::timeout, this, &ReminderAgent::finished);
+    m_retry.setSingleShot(true);
+    m_retry.setInterval(firstRetry);
+    connect(&m_retry, &QTimer::timeout, this, &ReminderAgent::tryAgain);
     connect(&m_due, &DueTimer::woken, this, &ReminderAgent::update);
     connect(&m_daemon, &NotificationDaemon::clicked, this, &ReminderAgent::clicked);
     connect(&m_daemon, &NotificationDaemon::closed, this, &ReminderAgent::closed);
@@ -36,56 +47,127 @@ ReminderAgent::ReminderAgent(const QDBusConnection& bus, const std::filesystem::
 
 void ReminderAgent::begin()
 {
-    m_reminders.load();
-    if (!m_reminders.empty()) {
-        (void)m_autostart.enable(); // the program may have been moved since
-    }
+    load();
     update();
 }
 
 bool ReminderAgent::hasNothingToDo() const
 {
-    return m_reminders.empty();
+    return m_reminders.isLoaded() && m_reminders.empty() && !m_reminders.hasUnsavedChanges();
+}
+
+/// Reads the file if that has not been done; false when it cannot be.
+bool ReminderAgent::load()
+{
+    if (m_reminders.isLoaded()) {
+        return true;
+    }
+    m_loadError = m_reminders.load();
+    if (m_loadError) {
+        report("The reminders cannot be read", m_loadError);
+    } else if (!m_reminders.empty()) {
+        startAtLogin(); // the program may have been moved since
+    }
+    return !m_loadError;
+}
+
+/// As `load`, for a call: it is answered with an error when there is no list to work on.
+bool ReminderAgent::canAnswer()
+{
+    const bool wasLoaded = m_reminders.isLoaded();
+    if (!load()) {
+        sendErrorReply(QDBusError::Failed, QStringLiteral("The reminders cannot be read: ") +
+                                               QString::fromStdString(m_loadError.message()));
+        return false;
+    }
+    if (!wasLoaded) {
+        update();
+    }
+    return true;
+}
+
+void ReminderAgent::startAtLogin()
+{
+    const std::error_code error = m_autostart.enable();
+    m_isStartedAtLogin = !error;
+    if (error) {
+        report("The reminders cannot be started at login", error);
+    }
+}
+
+void ReminderAgent::tryAgain()
+{
+    if (load()) {
+        if (const std::error_code error = m_reminders.saveAgain()) {
+            report("The reminders cannot be saved", error);
+        }
+        if (!m_isStartedAtLogin) {
+            startAtLogin();
+        }
+    }
+    m_retry.setInterval(std::min<std::chrono::milliseconds>(2 * m_retry.intervalAsDuration(), lastRetry));
+    update();
+}
+
+/// Writes a failure to the log, once until there is another one or it is over.
+void ReminderAgent::report(const char* failure, const std::error_code& error)
+{
+    const QString line = QString::fromUtf8(failure) + QStringLiteral(": ") + QString::fromStdString(error.message());
+    if (std::exchange(m_reported, line) != line) {
+        qWarning("velumora-reminder-agent: %s", qUtf8Printable(line));
+    }
 }
 
 void ReminderAgent::AddRequest(const QByteArray& request)
 {
-    if (request.size() > largestRequest) {
+    std::optional<NotificationRequest> parsed;
+    QByteArray written;
+    if (request.size() <= largestRequest && (parsed = requestFromBytes(request))) {
+        written = bytesOf(*parsed);
+        parsed = requestFromBytes(written); // as it will be read back
+    }
+    if (std::max(request.size(), written.size()) > largestRequest) {
         sendErrorReply(QDBusError::LimitsExceeded, QStringLiteral("The request is too large"));
         return;
     }
-    const std::optional<NotificationRequest> parsed = NotificationRequestFormat::requestFromBytes(request);
     if (!parsed || parsed->trigger.repeats) {
         sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("Not a request for one moment"));
         return;
     }
+    if (!canAnswer()) {
+        return;
+    }
     std::error_code error = m_autostart.enable();
     if (!error) {
+        m_isStartedAtLogin = true;
         error = m_reminders.add(*parsed);
     }
-    if (error && m_reminders.empty()) {
+    if (error && hasNothingToDo()) {
         m_autostart.disable();
     }
     if (error) {
-        sendErrorReply(QDBusError::Failed, QString::fromStdString(error.message()));
+        sendErrorReply(isLimit(error) ? QDBusError::LimitsExceeded : QDBusError::Failed,
+                       QString::fromStdString(error.message()));
     }
     update();
 }
 
-QByteArrayList ReminderAgent::PendingRequests() const
+QByteArrayList ReminderAgent::PendingRequests()
 {
     return requests(Reminder::State::Pending);
 }
 
-QByteArrayList ReminderAgent::DeliveredRequests() const
+QByteArrayList ReminderAgent::DeliveredRequests()
 {
     return requests(Reminder::State::Delivered);
 }
 
 void ReminderAgent::RemoveDelivered(const QStringList& identifiers)
 {
-    dismiss(identifiers);
-    update();
+    if (canAnswer()) {
+        dismiss(identifiers);
+        update();
+    }
 }
 
 void ReminderAgent::update()
@@ -100,11 +182,26 @@ void ReminderAgent::update()
         }
     }
     m_due.waitFor(m_reminders.nextMoment());
-    if (!m_reminders.empty()) {
+    updateTimers();
+}
+
+void ReminderAgent::updateTimers()
+{
+    if (!hasNothingToDo()) {
         m_linger.stop();
     } else if (!m_linger.isActive()) {
-        m_autostart.disable();
+        if (const std::error_code error = m_autostart.disable()) { // the next start tries again
+            report("The start at login cannot be taken back", error);
+        }
+        m_isStartedAtLogin = true;
         m_linger.start();
+    }
+    if (m_reminders.isLoaded() && !m_reminders.hasUnsavedChanges() && m_isStartedAtLogin) {
+        m_retry.stop();
+        m_retry.setInterval(firstRetry);
+        m_reported.clear();
+    } else if (!m_retry.isActive()) {
+        m_retry.start();
     }
 }
 
@@ -138,6 +235,7 @@ void ReminderAgent::shown(const QString& identifier, const std::optional<Notific
         notification->upToDate = false;
     }
     if (result && notification->upToDate) {
+        takeNumberFromOthers(identifier, notification->id);
         m_reminders.setNotification(identifier, result->notification);
         if (!result->clickable) {
             m_reminders.removeDelivered({identifier}); // nothing more will be heard of it
@@ -147,15 +245,27 @@ void ReminderAgent::shown(const QString& identifier, const std::optional<Notific
     update();
 }
 
+/// A number stands for the notification that was shown under it last.
+void ReminderAgent::takeNumberFromOthers(const QString& identifier, uint id)
+{
+    for (auto other = m_notifications.begin(); other != m_notifications.end(); ++other) {
+        if (other.key() != identifier && id != 0 && other->id == id) {
+            other->id = 0;
+            m_reminders.setNotification(other.key(), {});
+        }
+    }
+}
+
 void ReminderAgent::clicked(uint id, const QString& activationToken)
 {
-    const QString identifier = identifierOf(id);
-    const Reminder* reminder = m_reminders.delivered(identifier);
-    if (!reminder || m_notifications[identifier].clicked) {
+    const std::optional<QString> shownOne = identifierOf(id);
+    const Reminder* reminder = shownOne ? m_reminders.delivered(*shownOne) : nullptr;
+    if (!reminder || m_notifications[*shownOne].clicked) {
         return;
     }
+    const QString& identifier = *shownOne;
     m_notifications[identifier].clicked = true;
-    const QByteArray request = NotificationRequestFormat::bytesOf(reminder->request);
+    const QByteArray request = bytesOf(reminder->request);
     m_program.call(
         ApplicationMessages::showReminder(request, activationToken),
         [this, identifier](const QDBusMessage& reply) {
@@ -176,17 +286,17 @@ void ReminderAgent::clicked(uint id, const QString& activationToken)
 
 void ReminderAgent::closed(uint id, NotificationDaemon::Closing closing)
 {
-    const QString identifier = identifierOf(id);
-    const auto notification = m_notifications.find(identifier);
-    if (notification == m_notifications.end()) {
+    const std::optional<QString> identifier = identifierOf(id);
+    if (!identifier) {
         return;
     }
-    notification->id = 0;
-    m_reminders.setNotification(identifier, {});
-    if (!notification->clicked && closing == NotificationDaemon::Closing::Wanted) {
-        dismiss({identifier});
-        update();
+    Notification& notification = m_notifications[*identifier];
+    notification.id = 0;
+    m_reminders.setNotification(*identifier, {});
+    if (!notification.clicked && closing == NotificationDaemon::Closing::Wanted) {
+        dismiss({*identifier});
     }
+    update();
 }
 
 void ReminderAgent::daemonGone()
@@ -218,22 +328,32 @@ void ReminderAgent::dismiss(const QStringList& identifiers)
     m_reminders.removeDelivered(identifiers);
 }
 
-QString ReminderAgent::identifierOf(uint id) const
+std::optional<QString> ReminderAgent::identifierOf(uint id) const
 {
     for (auto entry = m_notifications.begin(); entry != m_notifications.end(); ++entry) {
         if (id != 0 && entry->id == id) {
             return entry.key();
         }
     }
-    return {};
+    return std::nullopt;
 }
 
-QByteArrayList ReminderAgent::requests(Reminder::State state) const
+QByteArrayList ReminderAgent::requests(Reminder::State state)
 {
+    if (!canAnswer()) {
+        return {};
+    }
+    constexpr qsizetype lengthAndPadding = 8; // of each element on the bus
     QByteArrayList found;
+    qsizetype size = 0;
     for (const Reminder& reminder : m_reminders.all()) {
         if (reminder.state == state) {
-            found << NotificationRequestFormat::bytesOf(reminder.request);
+            found << bytesOf(reminder.request);
+            size += found.last().size() + lengthAndPadding;
+        }
+        if (size > largestReply) {
+            sendErrorReply(QDBusError::LimitsExceeded, QStringLiteral("The reminders are too large for the bus"));
+            return {};
         }
     }
     return found;

@@ -7,8 +7,13 @@
 #include "store/Files.h"
 #include "store/PropertyList.h"
 
+#include <QSet>
+
 #include <algorithm>
+#include <cerrno>
 #include <utility>
+
+#include <unistd.h>
 
 namespace {
 
@@ -19,7 +24,6 @@ constexpr std::string_view deliveredKey = "Delivered";
 constexpr std::string_view announcedKey = "Announced";
 constexpr std::string_view notificationKey = "Notification"; // absent where none stands
 constexpr std::string_view daemonKey = "Daemon";
-constexpr std::size_t maximumFileSize = std::size_t{64} << 20; // bytes; one note is a few hundred
 
 Value valueOf(const Reminder& reminder)
 {
@@ -66,16 +70,29 @@ std::optional<Reminder> reminderFrom(const Value& value)
                     isTrue(*dictionary, announcedKey), notificationFrom(*dictionary)};
 }
 
-/// Gives a file that cannot be read another name, so that no later one takes its place.
-void keepAside(const fs::path& file)
+/// Gives a file that is no list another name, so that no later one takes its place.
+std::error_code keepAside(const fs::path& file)
 {
-    std::error_code ignored; // what cannot be renamed cannot be replaced either
-    if (fs::is_regular_file(file, ignored) && !fs::is_empty(file, ignored)) {
-        fs::path aside = file;
-        aside += ".unreadable";
-        fs::rename(file, aside, ignored);
-        syncFolder(file.parent_path());
+    fs::path aside = file;
+    aside += ".unreadable";
+    std::error_code error;
+    fs::rename(file, aside, error);
+    return error ? error : syncFolder(file.parent_path());
+}
+
+/// The file's records, none where there is no file; nullopt and no error for a file that is no list.
+std::optional<Table> recordsIn(const fs::path& file, std::error_code& error)
+{
+    if (FileStatus::of(file).isAbsent() || FileStatus::ofTarget(file).isSomethingElse()) {
+        return Table(); // a folder in its place is no list, and nothing will take the place of a folder
     }
+    if (std::optional<FileContent> content = readFile(file, ReminderList::largestRead, error)) {
+        return content->size == 0 ? Table() : PropertyList::readTableInPlace(content->bytes());
+    }
+    if (error == std::errc::file_too_large) {
+        error.clear();
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -85,19 +102,24 @@ fs::path usersReminderFile()
     return usersStateFolder() / "Reminders";
 }
 
-void ReminderList::load()
+std::error_code ReminderList::load()
 {
     removeStaleTemporaries(m_file.parent_path(), m_file.filename().native());
-    std::optional<FileContent> content = readFile(m_file, maximumFileSize);
-    const std::optional<Table> table = content ? PropertyList::readTableInPlace(content->bytes()) : std::nullopt;
-    if (!table) {
-        keepAside(m_file);
+    std::error_code error;
+    const std::optional<Table> table = recordsIn(m_file, error);
+    if (!table && !error) {
+        error = keepAside(m_file);
     }
+    if (error) {
+        return error;
+    }
+    m_isLoaded = true;
     for (const Value& value : table.value_or(Table())) {
         if (std::optional<Reminder> reminder = reminderFrom(value)) {
             put(*std::move(reminder));
         }
     }
+    return {};
 }
 
 std::optional<Date> ReminderList::nextMoment() const
@@ -122,9 +144,16 @@ const Reminder* ReminderList::delivered(const QString& identifier) const
 
 std::error_code ReminderList::add(const NotificationRequest& request)
 {
+    if (!m_isLoaded) {
+        return std::make_error_code(std::errc::operation_not_permitted);
+    }
     const std::vector<Reminder> former = m_reminders;
     put({.request = request});
-    const std::error_code error = save();
+    if (m_reminders.size() > std::max(mostReminders, former.size())) {
+        m_reminders = former;
+        return std::make_error_code(std::errc::value_too_large);
+    }
+    const std::error_code error = save(Check::ReadBack);
     if (error) {
         m_reminders = former;
     }
@@ -149,7 +178,7 @@ QStringList ReminderList::deliverDue(Date now)
         put(std::move(reminder));
     }
     if (!due.empty()) {
-        (void)save(); // when that fails, the request is delivered again at the next start: better than never
+        (void)save();
     }
     return identifiers;
 }
@@ -168,8 +197,9 @@ void ReminderList::setNotification(const QString& identifier, const StandingNoti
 
 void ReminderList::removeDelivered(const QStringList& identifiers)
 {
+    const QSet<QString> gone(identifiers.begin(), identifiers.end());
     const std::size_t removed = std::erase_if(m_reminders, [&](const Reminder& reminder) {
-        return reminder.state == Reminder::State::Delivered && identifiers.contains(reminder.request.identifier);
+        return reminder.state == Reminder::State::Delivered && gone.contains(reminder.request.identifier);
     });
     if (removed > 0) {
         (void)save();
@@ -184,28 +214,52 @@ void ReminderList::put(Reminder reminder)
     m_reminders.push_back(std::move(reminder));
 }
 
-std::error_code ReminderList::save() const
+std::error_code ReminderList::saveAgain()
 {
-    if (m_reminders.empty()) {
-        std::error_code error;
-        if (fs::remove(m_file, error)) {
-            syncFolder(m_file.parent_path());
-        }
-        return error;
+    return m_hasUnsavedChanges ? save() : std::error_code();
+}
+
+std::error_code ReminderList::save(Check check)
+{
+    const std::error_code error = m_reminders.empty() ? removeFile() : write(check);
+    if (!error) {
+        m_hasUnsavedChanges = false;
+    } else if (check == Check::None) {
+        m_hasUnsavedChanges = true;
     }
-    if (const std::error_code error = makePrivateFolder(m_file.parent_path())) {
-        return error;
+    return error;
+}
+
+std::error_code ReminderList::removeFile() const
+{
+    if (::unlink(m_file.c_str()) != 0) {
+        const std::error_code error(errno, std::generic_category());
+        return meansAbsent(error) ? std::error_code() : error;
     }
+    return syncFolder(m_file.parent_path());
+}
+
+std::error_code ReminderList::write(Check check)
+{
     Table table;
     for (const Reminder& reminder : m_reminders) {
         table << valueOf(reminder);
     }
+    const std::string bytes = PropertyList::writeXml(table);
+    if (check == Check::ReadBack && (bytes.size() > largestWritten || !PropertyList::readTable(bytes))) {
+        return std::make_error_code(std::errc::value_too_large);
+    }
+    std::error_code error = makePrivateFolder(m_file.parent_path());
+    if (error) {
+        return error;
+    }
     TemporaryFile file(m_file);
-    if (const std::error_code error = file.write(PropertyList::writeXml(table))) {
+    if ((error = file.write(bytes)) || (error = file.sync())) {
         return error;
     }
-    if (const std::error_code error = file.sync()) {
-        return error;
+    error = file.replaceTarget();
+    if (file.hasReplacedTarget() && error) {
+        m_hasUnsavedChanges = true; // it stands there, for how long is not sure; a caller may want another one
     }
-    return file.replaceTarget();
+    return error;
 }

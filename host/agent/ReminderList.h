@@ -38,16 +38,28 @@ struct Reminder {
 std::filesystem::path usersReminderFile();
 
 /// The pending and the delivered requests, kept in one file that only the user can read. There is at most one of each
-/// state for an identifier. Every change is on the disk, whole, when the call returns; a program that is killed in
-/// between leaves the file as it was.
+/// state for an identifier. A change is on the disk, whole, when the call returns; a program that is killed in between
+/// leaves the file as it was. A change that could not be written is kept, and written with the next one or by
+/// `saveAgain`.
 class ReminderList {
 public:
+    static constexpr std::size_t largestRead = std::size_t{64} << 20; ///< bytes of a file that is read
+
+    /// Bytes of the file that an added request may make. The rest up to `largestRead` is for what later becomes of the
+    /// requests: whether they were announced, and by which notification.
+    static constexpr std::size_t largestWritten = std::size_t{30} << 20;
+
+    static constexpr std::size_t mostReminders = 1000; ///< added ones; the program itself has two at the most
+
     explicit ReminderList(std::filesystem::path file) : m_file(std::move(file)) {}
 
-    /// Takes what the file holds; entries that are no requests count as none. A file that cannot be read, is above
-    /// 64 MiB or is no property list counts as none too: it is kept beside as Reminders.unreadable, in the place of an
-    /// earlier one.
-    void load();
+    /// Takes what the file holds; entries that are no requests count as none. A file that is above `largestRead` or is
+    /// no property list counts as none too: it is kept beside as Reminders.unreadable, in the place of an earlier one.
+    ///
+    /// After an error nobody knows what the file holds. It stays as it is, the list is empty and takes nothing until
+    /// a later call succeeds.
+    std::error_code load();
+    bool isLoaded() const { return m_isLoaded; }
 
     bool empty() const { return m_reminders.empty(); }
     const std::vector<Reminder>& all() const { return m_reminders; }
@@ -58,7 +70,8 @@ public:
     /// The delivered request of that identifier, null when there is none. It lives until the next change.
     const Reminder* delivered(const QString& identifier) const;
 
-    /// Puts `request` in the place of the pending one of the same identifier. After an error nothing has changed.
+    /// Puts `request` in the place of the pending one of the same identifier. After an error nothing has changed;
+    /// std::errc::value_too_large says that the list would be beyond its limits, or could not be read back.
     std::error_code add(const NotificationRequest& request);
 
     /// Delivers each pending request whose moment is not after `now`, in the place of the delivered one of the same
@@ -69,11 +82,22 @@ public:
     void setNotification(const QString& identifier, const StandingNotification& notification);
     void removeDelivered(const QStringList& identifiers);
 
+    /// The file is not what the list is: writing it failed. It may hold delivered requests as pending ones, so that a
+    /// program that is killed now delivers them again: better than never.
+    bool hasUnsavedChanges() const { return m_hasUnsavedChanges; }
+    std::error_code saveAgain();
+
 private:
+    enum class Check { None, ReadBack };
+
     /// Puts it in the place of the one with the same identifier and state.
     void put(Reminder reminder);
-    std::error_code save() const;
+    std::error_code save(Check check = Check::None);
+    std::error_code write(Check check);
+    std::error_code removeFile() const;
 
     std::filesystem::path m_file;
     std::vector<Reminder> m_reminders;
+    bool m_isLoaded = false;
+    bool m_hasUnsavedChanges = false;
 };

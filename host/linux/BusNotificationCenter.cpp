@@ -4,6 +4,7 @@
 #include "host/agent/NotificationRequestFormat.h"
 #include "host/agent/ReminderList.h"
 #include "host/linux/StartedService.h"
+#include "store/Files.h"
 
 #include <QDBusConnection>
 #include <QDBusPendingCallWatcher>
@@ -109,16 +110,27 @@ void BusNotificationCenter::removeDeliveredNotifications(const QStringList& iden
 
 void BusNotificationCenter::startAgentForReminders()
 {
-    std::error_code ignored;
-    if (std::filesystem::exists(usersReminderFile(), ignored)) {
+    if (!FileStatus::of(usersReminderFile()).isAbsent()) {
         agent().call(agentMethod(QStringLiteral("PendingRequests")), [](const QDBusMessage&) {});
     }
 }
 
 void BusNotificationCenter::reminderClicked(const QByteArray& request, const std::function<void(bool)>& done)
 {
-    const std::optional<NotificationRequest> clicked = NotificationRequestFormat::requestFromBytes(request);
-    if (!clicked || !m_delegate || m_ending) {
+    if (!m_delegate || m_ending) { // at the end the delegate may be gone
+        done(false);
+        return;
+    }
+    const bool isTooMany = !m_delegate->acceptsResponses();
+    if (isTooMany && !m_isRefusing) {
+        qWarning("velumora: too many clicked reminders wait; no more are taken");
+    }
+    m_isRefusing = isTooMany;
+    std::optional<NotificationRequest> clicked;
+    if (!isTooMany && request.size() <= NotificationRequestFormat::largestRequest) {
+        clicked = NotificationRequestFormat::requestFromBytes(request);
+    }
+    if (!clicked) {
         done(false);
         return;
     }

@@ -34,7 +34,9 @@ public:
     /// Has the agent run where reminders wait for it: it may have been killed since login.
     void startAgentForReminders();
 
-    /// Passes a reminder that was clicked, as it goes over the bus, to the delegate. `done` tells whether it was one.
+    /// Passes a reminder that was clicked, as it goes over the bus, to the delegate. `done` tells whether it was one
+    /// that the delegate took: anybody on the bus may say that one was clicked, again and again, and of any size. Of
+    /// those that come while the delegate takes none, the first is written to the log.
     void reminderClicked(const QByteArray& request, const std::function<void(bool)>& done);
 
 private:
@@ -44,4 +46,5 @@ private:
     std::unique_ptr<StartedService> m_agent;
     int m_unanswered = 0; ///< requests on their way to the agent
     bool m_ending = false;
+    bool m_isRefusing = false; ///< the last reminder was one too many
 };

@@ -68,5 +68,5 @@ void SettingsUserDefaults::removeObjectForKey(const QString& key)
 
 void SettingsUserDefaults::synchronize()
 {
-    m_settings.sync();
+    m_settings.save();
 }

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "host/UserDefaults.h"
+#include "host/linux/PrivateSettings.h"
 
-#include <QSettings>
-
-/// User defaults in the settings file of the desktop's native format.
+/// User defaults in the settings file of the desktop's native format, which only the user can read.
 class SettingsUserDefaults : public UserDefaults {
 public:
     void registerDefaults(const QHash<QString, int>& defaults) override;
@@ -17,6 +16,6 @@ public:
     void synchronize() override;
 
 private:
-    QSettings m_settings;
+    PrivateSettings m_settings;
     QHash<QString, int> m_registered;
 };

@@ -8,8 +8,11 @@
 #include <QDeadlineTimer>
 #include <QEventLoop>
 
+#include <utility>
+
 namespace {
 
+constexpr qsizetype longestToken = 4096;
 constexpr int maximumAttempts = 20; // a holder that says nothing but errors is not one that is just ending
 
 } // namespace
@@ -79,7 +82,18 @@ void SingleInstance::Activate(const QVariantMap& platformData)
     if (token.isEmpty()) {
         token = platformData.value(QStringLiteral("desktop-startup-id")).toString();
     }
-    Q_EMIT activated(token);
+    if (token.size() > longestToken) {
+        token.clear();
+    }
+    if (!m_activationToken) {
+        QMetaObject::invokeMethod(this, &SingleInstance::comeForward, Qt::QueuedConnection);
+    }
+    m_activationToken = token;
+}
+
+void SingleInstance::comeForward()
+{
+    Q_EMIT activated(std::exchange(m_activationToken, std::nullopt).value_or(QString()));
 }
 
 void SingleInstance::Open(const QStringList&, const QVariantMap& platformData)
@@ -101,7 +115,7 @@ void SingleInstance::ActivateAction(const QString& action, const QVariantList& p
     message().setDelayedReply(true);
     const auto done = [call = message(), bus = connection()](bool well) {
         bus.send(well ? call.createReply()
-                      : call.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("Not a reminder")));
+                      : call.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("The reminder was not taken")));
     };
     m_reminderHandler(parameters.first().toByteArray(), done);
 }

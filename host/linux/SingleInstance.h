@@ -60,7 +60,8 @@ public Q_SLOTS:
     void ActivateAction(const QString& action, const QVariantList& parameters, const QVariantMap& platformData);
 
 Q_SIGNALS:
-    /// The window is to come forward. The token lets it take the keyboard; it may be empty.
+    /// The window is to come forward. The token lets it take the keyboard; it may be empty. However many have asked for
+    /// it by the time that the program gets round to it, it is told once.
     void activated(const QString& activationToken);
 
 private:
@@ -68,9 +69,11 @@ private:
     std::optional<QDBusMessage> callHolder(const QDBusMessage& message, int patienceMs,
                                            const TerminationSignals& signals) const;
     bool refusesCalls();
+    void comeForward();
 
     QDBusConnection m_bus;
     std::chrono::milliseconds m_patience;
     ReminderHandler m_reminderHandler;
+    std::optional<QString> m_activationToken; ///< of the call that waits to be told
     bool m_released = false;
 };

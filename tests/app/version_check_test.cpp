@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/ReadingText.h"
-#include "app/SheetQueue.h"
 #include "support/AppFixture.h"
 #include "support/Screenshot.h"
 
@@ -162,19 +161,75 @@ TEST_F(VersionCheckTest, AWebPageThatDoesNotOpenIsTold)
     EXPECT_EQ(alert()->messageText(), QStringLiteral("Unexpected Error"));
 }
 
-TEST_F(VersionCheckTest, TheSheetHasBegunWhenTheCheckReturnsAndNotBefore)
+// --- While the reply is on its way -----------------------------------------------------------------------------------
+
+class HeldVersionCheckTest : public VersionCheckTest {
+protected:
+    HeldVersionCheckTest() { host.versionServer.answersLater = true; }
+
+    void letAnswer()
+    {
+        host.versionServer.answer();
+        runQueued();
+    }
+};
+
+TEST_F(HeldVersionCheckTest, TheSheetBeginsWhenTheReplyIsThereAndNotBefore)
 {
-    host.versionServer.onFetch = [this] {
-        EXPECT_FALSE(SheetQueue::of(*window).current());
-        ui->versionCheckAction->trigger(); // as an assistive technology may do while the window waits
-    };
-    host.versionServer.reply = QStringLiteral("1.0");
-    app->doNewVersionCheck();
-    ASSERT_TRUE(SheetQueue::of(*window).current());
-    EXPECT_TRUE(SheetQueue::of(*window).current()->isVisible());
-    EXPECT_EQ(host.versionServer.fetches, 1);
+    check(QStringLiteral("2.3"), QStringLiteral("2.4"));
+    EXPECT_FALSE(alert());
+    EXPECT_FALSE(ui->versionCheckAction->isEnabled());
+    EXPECT_EQ(window->cursor().shape(), Qt::BusyCursor);
+    letAnswer();
+    ASSERT_TRUE(alert());
+    EXPECT_EQ(alert()->messageText(), newerIs.arg(QStringLiteral("2.4")));
     EXPECT_TRUE(ui->versionCheckAction->isEnabled());
-    EXPECT_FALSE(QGuiApplication::overrideCursor());
+    EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(host.versionServer.underWay, 0);
+}
+
+TEST_F(HeldVersionCheckTest, OneCheckIsMadeAtATime)
+{
+    app->doNewVersionCheck();
+    app->doNewVersionCheck(); // as an assistive technology may have it
+    EXPECT_EQ(host.versionServer.fetches, 1);
+    letAnswer();
+    answer(1000);
+    EXPECT_FALSE(alert()) << "there is no second answer";
+    app->doNewVersionCheck();
+    EXPECT_EQ(host.versionServer.fetches, 2);
+}
+
+TEST_F(HeldVersionCheckTest, NotesCanBeWrittenMeanwhile)
+{
+    putNotes({note(2024, 3, 16, "a")});
+    start();
+    app->doNewVersionCheck();
+    typeNote(0, QStringLiteral("typed meanwhile"));
+    EXPECT_EQ(notesOnDisk(), Table{note(2024, 3, 16, "typed meanwhile")});
+    EXPECT_EQ(host.versionServer.underWay, 1);
+}
+
+TEST_F(HeldVersionCheckTest, ItsSheetWaitsBehindOneThatWasPutUpMeanwhile)
+{
+    check(QStringLiteral("2.3"), std::nullopt);
+    clickReminder(note(2024, 3, 16, "b"));
+    Alert* former = alert();
+    ASSERT_TRUE(former);
+    letAnswer();
+    EXPECT_EQ(alert(), former);
+    answer(1000);
+    ASSERT_TRUE(alert());
+    EXPECT_EQ(alert()->messageText(), QStringLiteral("Version check failed."));
+}
+
+TEST_F(HeldVersionCheckTest, TheEndOfTheProgramGivesItUp)
+{
+    app->doNewVersionCheck();
+    host.versionServer.answer();
+    quit();
+    EXPECT_EQ(host.versionServer.underWay, 0);
+    runQueued(); // the answer comes to nobody
 }
 
 TEST_F(VersionCheckTest, NothingIsFetchedUnasked)

@@ -15,6 +15,7 @@
 #include "host/Workspace.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 #include <QStringList>
 
 #include <functional>
@@ -253,21 +254,49 @@ private:
     Journal& m_journal;
 };
 
-/// Answers at once with `reply`, after `onFetch`.
+/// Answers with `reply`, at once or when told to.
 class FakeVersionServer : public VersionServer {
 public:
     std::optional<QString> reply;
-    std::function<void()> onFetch;
+    bool answersLater = false;
     int fetches = 0;
+    int underWay = 0;
 
-    std::optional<QString> newestVersion() override
+    [[nodiscard]] std::unique_ptr<Fetch> fetchNewestVersion(Completion completion) override
     {
         ++fetches;
-        if (onFetch) {
-            onFetch();
+        auto fetch = std::make_unique<FakeFetch>(*this, std::move(completion));
+        m_last = fetch.get();
+        if (!answersLater) {
+            answer();
         }
-        return reply;
+        return fetch;
     }
+
+    /// Answers the last fetch unless it was given up, from the event loop.
+    void answer()
+    {
+        const auto complete = [fetch = m_last, now = reply] { std::exchange(fetch->completion, {})(now); };
+        if (m_last) {
+            QMetaObject::invokeMethod(m_last, complete, Qt::QueuedConnection);
+        }
+    }
+
+private:
+    class FakeFetch : public QObject, public Fetch {
+    public:
+        FakeFetch(FakeVersionServer& server, Completion then) : completion(std::move(then)), m_server(server)
+        {
+            ++m_server.underWay;
+        }
+        ~FakeFetch() override { --m_server.underWay; }
+        Completion completion;
+
+    private:
+        FakeVersionServer& m_server;
+    };
+
+    QPointer<FakeFetch> m_last;
 };
 
 /// Opens nothing; remembers what was asked for. Answers at once, or when told to.

@@ -48,9 +48,10 @@ class Agent:
         self.file = home.path / ".local/state/velumora/Reminders"
         self.autostart = home.path / f".config/autostart/{SERVICE}.desktop"
 
-    def start(self):
-        self.process = self._session.processes.start([str(self._program)],
-                                                     env=self._home.environment | self._session.environment)
+    def start(self, *wrapper, **options):
+        """`wrapper` is a command that becomes the program it is given."""
+        self.process = self._session.processes.start([*wrapper, str(self._program)],
+                                                     env=self._home.environment | self._session.environment, **options)
         self._connection.wait_for_owner(SERVICE)
         return self
 
