@@ -15,6 +15,14 @@ target_compile_definitions(store-tests PRIVATE TEST_FOLDER="${CMAKE_CURRENT_BINA
 velumora_test(durability-tests core/durability_test.cpp LABELS core store)
 target_compile_definitions(durability-tests PRIVATE TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}")
 
+# Each call of the system fails in turn: a program of its own, too.
+velumora_test(fault-tests
+    faults/FaultShim.cpp
+    faults/FaultShim.h
+    faults/store_faults_test.cpp
+    LABELS core store)
+target_compile_definitions(fault-tests PRIVATE TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}")
+
 # Tests with other programs that read, write and are killed. The thread sanitizer loses track of locks where processes are
 # started; store-tests has the same burst without them.
 if(NOT VELUMORA_SANITIZERS MATCHES thread)
