@@ -76,10 +76,13 @@ TEST_F(ReminderFileTest, AFileThatCannotBeOpenedStaysAndIsReadLater)
 {
     const std::string bytes = putOne();
     ReminderList list(file());
+    std::error_code error;
     {
-        const NoMoreFiles guard;
-        expectUnreadable(list, std::errc::too_many_files_open);
+        const NoMoreFiles guard; // for a sanitizer neither: nothing is called here that it would look at by way of one
+        error = list.load();
     }
+    EXPECT_EQ(error, std::errc::too_many_files_open);
+    EXPECT_FALSE(list.isLoaded());
     EXPECT_EQ(bytesOf(file()), bytes);
     EXPECT_EQ(namesIn(folder()), std::vector<std::string>{"Reminders"});
     EXPECT_EQ(list.load(), std::error_code());
