@@ -12,7 +12,7 @@ from desktop.session import Session
 from gi.repository import Gio, GLib
 
 MEBIBYTE = 1024 * 1024
-MEMORY = 512 * MEBIBYTE  # that the agent may use at the most, whatever it is sent
+MEMORY = os.environ.get("TEST_MEMORY")  # bytes that the agent may use at the most; a sanitizer takes more for itself
 
 
 class RawDaemon:
@@ -67,7 +67,8 @@ class AgentPeersTest(unittest.TestCase):
         self.addCleanup(self.agent.end)
 
     def start(self, **options):
-        return self.agent.start("prlimit", f"--as={MEMORY}", **options)
+        limit = ("prlimit", f"--as={MEMORY}") if MEMORY else ()
+        return self.agent.start(*limit, **options)
 
     def daemon(self):
         daemon = NotificationDaemon(self.session.bus_address)
