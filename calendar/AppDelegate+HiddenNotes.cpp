@@ -24,7 +24,8 @@ void AppDelegate::tellHiddenNotes(HiddenNotesLine& line, const QString& format, 
                                   const std::optional<Table>& notes) const
 {
     std::vector<Date> distinct(days.begin(), days.end());
-    distinct.erase(std::ranges::unique(distinct).begin(), distinct.end()); // a day left out begins with the next
+    // A day left out begins with the next.
+    distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
     const IndexSet all = NoteQueries::datesWithNotes(allNotesTVData.value_or(Table()), distinct);
     const IndexSet listed = NoteQueries::datesWithNotes(notes.value_or(Table()), distinct);
     IndexSet shown;
