@@ -180,7 +180,6 @@ public:
 
     /// Shows what an earlier run left unsaved, if it did.
     void offerDraft();
-    void forgetSavedDraft(Table notes, Table events);
 
     // --- Mini calendar -----------------------------------------------------------------------------------------------
 

@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 #include "app/Localized.h"
 #include "dates/DateUtilities.h"
+#include "notes/CellLines.h"
 #include "notes/NoteQueries.h"
 #include "notes/TableView.h"
 #include "ui_MainWindow.h"
@@ -42,11 +43,7 @@ NotificationContent contentFor(const DatedText& note)
 QString shortened(const QString& text)
 {
     constexpr qsizetype longest = 20'000; // UTF-16 units
-    if (text.size() <= longest) {
-        return text;
-    }
-    const bool isBetween = text.at(longest).isLowSurrogate(); // the halves of a character
-    return text.first(isBetween ? longest - 1 : longest) + QChar(0x2026);
+    return text.size() <= longest ? text : CellLines::cut(text, longest).toString() + QChar(0x2026);
 }
 
 /// Midnight at the beginning of the note's day, in the zone of now.

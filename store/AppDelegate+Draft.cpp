@@ -132,18 +132,6 @@ void AppDelegate::readDraft()
     }
 }
 
-/// What would change nothing in the tables was saved before the program ended.
-void AppDelegate::forgetSavedDraft(Table notes, Table events)
-{
-    std::erase_if(m_foundDraft, [&](const DraftChange& change) {
-        const Table notesBefore = notes;
-        const Table eventsBefore = events;
-        Drafts::takeInNotes({change}, notes);
-        Drafts::takeInEvents({change}, events);
-        return notes == notesBefore && events == eventsBefore;
-    });
-}
-
 void AppDelegate::offerDraft()
 {
     readDraft();
@@ -152,7 +140,7 @@ void AppDelegate::offerDraft()
     if (m_foundDraft.empty() || !hasPlace) {
         return; // without its table a draft waits for a start that has it
     }
-    forgetSavedDraft(allNotesTVData.value_or(Table()), eventsTVData.value_or(Table()));
+    Drafts::forgetSaved(m_foundDraft, allNotesTVData.value_or(Table()), eventsTVData.value_or(Table()));
     if (m_foundDraft.empty()) {
         writeDraft();
         return;

@@ -170,14 +170,8 @@ public:
         }
     }
 
-    void takeIn(const DraftChange& change)
-    {
-        if (change.unsaved) {
-            put(change);
-        } else {
-            remove(*change.saved);
-        }
-    }
+    /// Whether that changes a note.
+    bool takeIn(const DraftChange& change) { return change.unsaved ? put(change) : remove(*change.saved); }
 
     /// Only now do the notes change their places.
     void finish()
@@ -188,30 +182,34 @@ public:
     }
 
 private:
-    void put(const DraftChange& change)
+    bool put(const DraftChange& change)
     {
         const DatedText& typed = *change.unsaved;
         const auto [found, isNew] = m_indexes.emplace(typed.date, m_notes.size());
         if (isNew) {
             m_notes.append(makeNoteRecord(typed.date, typed.text));
-            return;
+            return true;
         }
         const std::string* current = textOf(m_notes.at(found->second), NoteDataKey);
         std::string merged = mergedText(current ? *current : std::string(), change);
-        if (!current || merged != *current) {
-            m_notes[found->second] = withText(m_notes.at(found->second), NoteDataKey, std::move(merged));
+        if (current && merged == *current) {
+            return false;
         }
+        m_notes[found->second] = withText(m_notes.at(found->second), NoteDataKey, std::move(merged));
+        return true;
     }
 
-    void remove(const DatedText& saved)
+    bool remove(const DatedText& saved)
     {
         const auto found = m_indexes.find(saved.date);
         const std::string* current =
             found != m_indexes.end() ? textOf(m_notes.at(found->second), NoteDataKey) : nullptr;
-        if (current && *current == saved.text) {
-            m_removed.insert(found->second);
-            m_indexes.erase(found);
+        if (!current || *current != saved.text) {
+            return false;
         }
+        m_removed.insert(found->second);
+        m_indexes.erase(found);
+        return true;
     }
 
     Table& m_notes;
@@ -219,17 +217,19 @@ private:
     std::set<qsizetype, std::greater<>> m_removed; ///< the last one first
 };
 
-void takeInEvent(const DraftChange& change, Table& events)
+/// Whether that changes an important date.
+bool takeInEvent(const DraftChange& change, Table& events)
 {
     const auto saved = change.saved ? findEvent(events, *change.saved) : events.end();
     if (!change.unsaved) {
-        if (saved != events.end()) {
-            events.erase(saved);
+        if (saved == events.end()) {
+            return false;
         }
-        return;
+        events.erase(saved);
+        return true;
     }
     if (findEvent(events, *change.unsaved) != events.end()) {
-        return; // saved meanwhile
+        return false; // saved meanwhile
     }
     Value event = makeEventRecord(change.unsaved->date, change.unsaved->text);
     if (saved != events.end()) {
@@ -237,6 +237,7 @@ void takeInEvent(const DraftChange& change, Table& events)
     } else {
         events.append(std::move(event));
     }
+    return true;
 }
 
 } // namespace
@@ -319,6 +320,14 @@ void takeInEvents(const Draft& draft, Table& events)
             takeInEvent(change, events);
         }
     }
+}
+
+void forgetSaved(Draft& draft, Table notes, Table events)
+{
+    NotesByDay days(notes);
+    std::erase_if(draft, [&](const DraftChange& change) {
+        return change.kind == DraftChange::Kind::Note ? !days.takeIn(change) : !takeInEvent(change, events);
+    });
 }
 
 } // namespace Drafts

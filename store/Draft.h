@@ -46,4 +46,7 @@ void takeInNotes(const Draft& draft, Table& notes);
 /// at the end.
 void takeInEvents(const Draft& draft, Table& events);
 
+/// Leaves out of `draft` what would change nothing in these tables: it was saved before the program ended.
+void forgetSaved(Draft& draft, Table notes, Table events);
+
 } // namespace Drafts

@@ -202,4 +202,19 @@ TEST(DraftRecords, OtherTablesAreNoDraft)
     EXPECT_EQ(Drafts::draftFromTable({head, deletionOfNothing}), std::nullopt);
 }
 
+TEST(ForgetSaved, LeavesWhatWouldChangeSomethingAndNothingElse)
+{
+    const auto day = [](int number) { return dateFromUnixSeconds(number * 86400); };
+    const Table saved{makeNoteRecord(day(1), "one at nine"), makeNoteRecord(day(2), "two")};
+    const Table dates{makeEventRecord(day(5), "Ada")};
+    const DraftChange same{DraftChange::Kind::Note, DatedText{day(1), "one"}, DatedText{day(1), "one at nine"}};
+    const DraftChange other{DraftChange::Kind::Note, DatedText{day(2), "two"}, DatedText{day(2), "two!"}};
+    const DraftChange gone{DraftChange::Kind::Note, DatedText{day(3), "three"}, std::nullopt};
+    const DraftChange knownDate{DraftChange::Kind::Event, std::nullopt, DatedText{day(5), "Ada"}};
+    const DraftChange newDate{DraftChange::Kind::Event, std::nullopt, DatedText{day(6), "Ben"}};
+    Draft draft{same, other, gone, knownDate, newDate, other};
+    Drafts::forgetSaved(draft, saved, dates);
+    EXPECT_EQ(draft, (Draft{other, newDate})) << "the second time it changes nothing any more";
+}
+
 } // namespace
