@@ -40,7 +40,7 @@ class Application:
 
         A name is a whole text or a compiled expression that matches some part; None allows any."""
         return self.wait_until(lambda: next(iter(self.find_all(role, name)), None),
-                               f"{role} {_shown(name)}; there are {_Outline(self)}", patience)
+                               lambda: f"{role} {_shown(name)}; there are {self._outline()}", patience)
 
     def find_all(self, role, name=None):
         """The visible controls of that role and name at this moment, in the order of the window."""
@@ -63,7 +63,8 @@ class Application:
         def checked():
             _take_in_events()
             if self.process.poll() is not None:
-                raise AssertionError(f"program ended with {self.process.returncode} while waiting for {what}:\n"
+                awaited = "an answer of its controls" if callable(what) else what
+                raise AssertionError(f"program ended with {self.process.returncode} while waiting for {awaited}:\n"
                                      + self.log.read_text(errors="replace"))
             try:
                 return condition()
@@ -99,6 +100,15 @@ class Application:
         self._session.processes.end(self.process)
         return status
 
+    def _outline(self):
+        """The controls as a text; what goes away meanwhile cuts it short."""
+        shown = []
+        try:
+            shown.extend(map(repr, self.controls()))
+        except GLib.Error:
+            shown.append("...")
+        return ", ".join(shown)
+
     def _find_root(self):
         desktop = Atspi.get_desktop(0)
         for index in range(desktop.get_child_count()):
@@ -121,7 +131,10 @@ class Control:
         self._node = node
 
     def __repr__(self):
-        return f"{self.role} '{self.name}'"
+        try:
+            return f"{self.role} '{self.name}'"
+        except GLib.Error:
+            return "a control that is gone"
 
     @property
     def role(self):
@@ -155,19 +168,29 @@ class Control:
 
     def press(self, action=("Press", "Toggle")):
         """Does the control's own action, without the mouse."""
-        for index in range(Atspi.Action.get_n_actions(self._node)):
-            if Atspi.Action.get_action_name(self._node, index) in action:
-                Atspi.Action.do_action(self._node, index)
-                return
-        raise AssertionError(f"{self} has none of the actions {action}")
+        def names():
+            return [Atspi.Action.get_action_name(self._node, index)
+                    for index in range(Atspi.Action.get_n_actions(self._node))]
+        known = self._application.wait_until(names, lambda: f"the actions of {self}")
+        index = next((index for index, name in enumerate(known) if name in action), None)
+        if index is None:
+            raise AssertionError(f"{self} has none of the actions {action}, but {known}")
+        try:
+            Atspi.Action.do_action(self._node, index)
+        except GLib.Error as error:
+            if "timeout" not in error.message:  # the program got the call, and is slow to end what it does
+                raise
 
     def click(self, button=1):
-        x, y, width, height = self.rectangle
+        x, y, width, height = self._application.wait_until(lambda: self.rectangle, lambda: f"the place of {self}")
         self._application.click_at(x + width // 2, y + height // 2, button)
 
     def focus(self):
         """Gives the control the keyboard."""
-        Atspi.Component.grab_focus(self._node)
+        def grab():
+            Atspi.Component.grab_focus(self._node)
+            return True
+        self._application.wait_until(grab, lambda: f"{self} to be asked")
         self.wait_for_state("focused")
 
     def type(self, text):
@@ -178,20 +201,10 @@ class Control:
         return [Control(self._application, child) for child in _showing_children(self._node)]
 
     def wait_for_text(self, text):
-        self._application.wait_until(lambda: self.text == text, f"text {text!r} in {self}")
+        self._application.wait_until(lambda: self.text == text, lambda: f"text {text!r} in {self}")
 
     def wait_for_state(self, state):
-        self._application.wait_until(lambda: state in self.states, f"state {state} of {self}")
-
-
-class _Outline:
-    """The controls of an application as a text, made only when a failure shows it."""
-
-    def __init__(self, application):
-        self._application = application
-
-    def __str__(self):
-        return ", ".join(map(repr, self._application.controls()))
+        self._application.wait_until(lambda: state in self.states, lambda: f"state {state} of {self}")
 
 
 def _showing_children(node):
