@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "store/ListMemory.h"
 #include "store/PropertyList.h"
 #include "store/PropertyListParts.h"
 
@@ -23,12 +24,13 @@ struct Trailer {
 
 /// What one object became.
 struct Object {
-    enum class State { Unread, BeingRead, Read };
+    enum class State : std::uint8_t { Unread, BeingRead, Read };
 
     State state = State::Unread;
-    Value value;
-    int height = 0;          ///< arrays and dictionaries one inside the other, itself counted
-    std::size_t written = 0; ///< about the bytes that it takes in XML, where nothing is shared
+    Value value{false};
+    int height = 0;             ///< arrays and dictionaries one inside the other, itself counted
+    std::uint64_t written = 0;  ///< about the bytes that it takes in XML, where nothing is shared
+    std::uint64_t elements = 1; ///< the keys and values that it is there
 };
 
 constexpr std::size_t markupSize = 32; ///< about the bytes of XML around a value
@@ -39,7 +41,7 @@ public:
 
     std::optional<Value> read()
     {
-        if (!readTrailer()) {
+        if (!readTrailer() || m_trailer.objects > maximumElements || !take(m_trailer.objects, sizeof(Object))) {
             return std::nullopt;
         }
         m_objects.resize(m_trailer.objects);
@@ -65,6 +67,13 @@ private:
     std::optional<Value> readReal(std::size_t position, std::size_t width);
     std::optional<Value> readDate(std::size_t position);
     std::optional<Value> readUid(std::size_t position, std::size_t width);
+    /// Whether there may be so many more bytes of memory.
+    bool take(std::uint64_t count, std::uint64_t size)
+    {
+        m_memory += count * size; // counts are no more than the bytes of the file
+        return ListMemory::isAllowed(m_memory, m_bytes.size());
+    }
+
     std::optional<std::string_view> claim(std::size_t position, std::size_t count, std::size_t width);
 
     std::uint64_t numberAt(std::size_t position, std::size_t width) const
@@ -83,6 +92,7 @@ private:
 
     std::string_view m_bytes;
     std::size_t m_unclaimed;
+    std::uint64_t m_memory = 0; ///< bytes taken for values
     Trailer m_trailer;
     std::vector<Object> m_objects;
 };
@@ -136,7 +146,9 @@ const Object* Reader::objectAt(std::uint64_t index, int depth)
         object = std::move(*result);
         object.state = Object::State::Read;
     }
-    return depth + object.height <= maximumDepth && object.written <= maximumSize ? &object : nullptr;
+    const bool isAllowed =
+        depth + object.height <= maximumDepth && object.written <= maximumSize && object.elements <= maximumElements;
+    return isAllowed ? &object : nullptr;
 }
 
 std::optional<Object> Reader::readObject(std::uint64_t index, int depth)
@@ -194,10 +206,10 @@ std::optional<Object> Reader::readPlain(const Head& head)
     case 0x6: {
         const std::optional<std::size_t> count = readCount(rest);
         const auto bytes = count ? claim(rest.position, *count, head.kind == 0x6 ? 2 : 1) : std::nullopt;
-        if (!bytes) {
+        length = bytes ? bytes->size() * 2 : 0;
+        if (!bytes || !take(1, ListMemory::textSize + length)) {
             return std::nullopt;
         }
-        length = bytes->size() * 2;
         if (head.kind == 0x4) {
             const auto data = std::as_bytes(std::span(bytes->data(), bytes->size()));
             value = Value(std::vector<std::byte>(data.begin(), data.end()));
@@ -211,7 +223,8 @@ std::optional<Object> Reader::readPlain(const Head& head)
     default:
         break;
     }
-    return value ? std::optional(Object{Object::State::Read, std::move(*value), 0, markupSize + length}) : std::nullopt;
+    return value ? std::optional(Object{Object::State::Read, std::move(*value), 0, markupSize + length, 1})
+                 : std::nullopt;
 }
 
 /// The count in the marker, or in the integer behind it.
@@ -234,10 +247,11 @@ std::optional<std::size_t> Reader::readCount(Head& head)
 
 std::optional<Object> Reader::readArray(std::size_t position, std::size_t count, int depth)
 {
-    if (!claim(position, count, m_trailer.referenceWidth)) {
+    if (!claim(position, count, m_trailer.referenceWidth) || !take(1, ListMemory::arraySize) ||
+        !take(count, sizeof(Value))) {
         return std::nullopt;
     }
-    Object result{Object::State::Read, Value(), 1, markupSize};
+    Object result{Object::State::Read, Value(false), 1, markupSize, 1};
     Array array;
     array.reserve(static_cast<qsizetype>(count));
     for (std::size_t i = 0; i < count; ++i) {
@@ -247,6 +261,7 @@ std::optional<Object> Reader::readArray(std::size_t position, std::size_t count,
         }
         result.height = std::max(result.height, element->height + 1);
         result.written += element->written;
+        result.elements += element->elements;
         array.append(element->value);
     }
     result.value = Value(std::move(array));
@@ -255,20 +270,22 @@ std::optional<Object> Reader::readArray(std::size_t position, std::size_t count,
 
 std::optional<Object> Reader::readDictionary(std::size_t position, std::size_t count, int depth)
 {
-    if (!claim(position, count, 2 * m_trailer.referenceWidth)) {
+    if (!claim(position, count, 2 * m_trailer.referenceWidth) || !take(1, ListMemory::dictionarySize) ||
+        !take(count, sizeof(Dictionary::Entry))) {
         return std::nullopt;
     }
-    Object result{Object::State::Read, Value(), 1, markupSize};
+    Object result{Object::State::Read, Value(false), 1, markupSize, 1};
     std::vector<Dictionary::Entry> entries;
     entries.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
         const Object* key = objectAt(referenceAt(position, i), depth + 1);
         const Object* value = objectAt(referenceAt(position, count + i), depth + 1);
-        if (!key || !key->value.text() || !value) {
+        if (!key || !key->value.text() || !value || !take(1, key->value.text()->size())) {
             return std::nullopt;
         }
         result.height = std::max(result.height, value->height + 1);
         result.written += key->written + value->written;
+        result.elements += key->elements + value->elements;
         entries.emplace_back(*key->value.text(), value->value);
     }
     result.value = Value(Dictionary(std::move(entries)));
@@ -319,7 +336,7 @@ std::optional<Value> Reader::readDate(std::size_t position)
 /// The form in which XML carries the identifiers of keyed archives.
 std::optional<Value> Reader::readUid(std::size_t position, std::size_t width)
 {
-    if (width > 8 || !claim(position, width, 1)) {
+    if (width > 8 || !claim(position, width, 1) || !take(1, ListMemory::dictionarySize + sizeof(Dictionary::Entry))) {
         return std::nullopt;
     }
     return Value(Dictionary{{"CF$UID", Value(Integer{numberAt(position, width), false})}});

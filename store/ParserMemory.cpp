@@ -55,3 +55,11 @@ void* ParserMemory::allocate(std::size_t size)
     }
     return m_blocks.back().data() + std::exchange(m_used, m_used + space);
 }
+
+void ParserMemory::reuse()
+{
+    if (m_blocks.size() > 1) {
+        m_blocks.erase(m_blocks.begin(), m_blocks.end() - 1);
+    }
+    m_used = 0;
+}

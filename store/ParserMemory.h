@@ -20,6 +20,9 @@ public:
     /// `size` bytes that suit every type; null when the system has not as many.
     void* allocate(std::size_t size);
 
+    /// Gives everything allocated out anew. No document may be left.
+    void reuse();
+
 private:
     std::vector<PageMemory> m_blocks;
     std::size_t m_used = 0; ///< bytes of the last block

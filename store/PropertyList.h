@@ -13,9 +13,19 @@
 /// Property lists: XML read and written, binary read.
 namespace PropertyList {
 
-/// What both readers allow and the writer writes; anything beyond is bad input.
+// What both readers allow and the writer writes; anything beyond is bad input, and found before values are made of it.
 constexpr int maximumDepth = 512;                         ///< nested arrays and dictionaries
 constexpr std::size_t maximumSize = std::size_t{1} << 30; ///< bytes of a file
+
+/// Keys and values: those of a note for each day of a hundred lifetimes of a hundred years.
+constexpr std::size_t maximumElements = std::size_t{100} * 36'525 * 5;
+
+/// Bytes of memory that what is read may take for each byte of its file, the file's own beside them. A note of one
+/// letter, in the shortest form that it has, takes less.
+constexpr std::size_t memoryPerByte = 3;
+
+/// Bytes of memory that any list may take, however small its file.
+constexpr std::size_t memoryOfSmallLists = std::size_t{64} << 20;
 
 /// The records of the list that `bytes` hold, in XML or binary form; nullopt when they hold none or its root is no
 /// array.

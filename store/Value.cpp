@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
+#include <numeric>
 
 Value::Value() : Value(std::string()) {}
 Value::Value(bool boolean) : m_value(boolean) {}
@@ -47,25 +47,61 @@ bool Value::isSameObject(const Value& other) const
 
 Dictionary::Dictionary(std::initializer_list<Entry> entries) : Dictionary(std::vector<Entry>(entries)) {}
 
+namespace {
+
+/// Looking through all keys for each key would let a file of a few megabytes take hours.
+constexpr std::size_t fewEntries = 16;
+
+using Places = std::vector<std::uint32_t>;
+
+/// The places of the entries in the order of their keys, those of one key in their own. (Sorted rather than hashed: a
+/// file can be made of keys that share one hash.)
+Places placesByKey(const std::vector<Dictionary::Entry>& entries)
+{
+    Places places(entries.size());
+    std::iota(places.begin(), places.end(), 0U);
+    std::sort(places.begin(), places.end(), [&entries](std::uint32_t a, std::uint32_t b) {
+        const int order = entries[a].first.compare(entries[b].first);
+        return order < 0 || (order == 0 && a < b);
+    });
+    return places;
+}
+
+/// For each entry the place of the first one with its key.
+Places firstPlaces(const std::vector<Dictionary::Entry>& entries)
+{
+    const Places places = placesByKey(entries);
+    Places firsts(entries.size());
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const bool isRepeated = i > 0 && entries[places[i]].first == entries[places[i - 1]].first;
+        firsts[places[i]] = isRepeated ? firsts[places[i - 1]] : places[i];
+    }
+    return firsts;
+}
+
+} // namespace
+
 Dictionary::Dictionary(std::vector<Entry> entries) : m_entries(std::move(entries))
 {
-    // Looking through all keys for each key would let a file of a few megabytes take hours.
-    constexpr std::size_t fewEntries = 16;
-    std::unordered_map<std::string, std::size_t> places;
+    const bool areFew = m_entries.size() <= fewEntries;
+    Places firsts = areFew ? Places() : firstPlaces(m_entries);
     std::size_t kept = 0;
-    for (Entry& entry : m_entries) {
+    for (std::size_t i = 0; i < m_entries.size(); ++i) {
+        Entry& entry = m_entries[i];
         std::size_t place = 0;
-        if (m_entries.size() <= fewEntries) {
+        if (areFew) {
             const auto end = m_entries.begin() + static_cast<std::ptrdiff_t>(kept);
             place = static_cast<std::size_t>(
                 std::find_if(m_entries.begin(), end, [&entry](const Entry& e) { return e.first == entry.first; }) -
                 m_entries.begin());
         } else {
-            place = places.try_emplace(entry.first, kept).first->second;
+            const std::size_t first = firsts[i];
+            place = first == i ? kept : firsts[first];
+            firsts[i] = static_cast<std::uint32_t>(place); // from here on where it stands now
         }
         if (place < kept) {
             m_entries[place].second = std::move(entry.second);
-        } else if (&m_entries[kept++] != &entry) {
+        } else if (kept++ != i) {
             m_entries[place] = std::move(entry);
         }
     }
@@ -90,8 +126,15 @@ void Dictionary::set(std::string_view key, Value value)
 
 bool operator==(const Dictionary& a, const Dictionary& b)
 {
-    return a.size() == b.size() && std::ranges::all_of(a, [&b](const Dictionary::Entry& entry) {
-               const Value* other = b.find(entry.first);
-               return other && *other == entry.second;
-           });
+    if (a.size() != b.size()) {
+        return false;
+    }
+    if (a.size() > fewEntries) {
+        return std::ranges::equal(placesByKey(a.m_entries), placesByKey(b.m_entries),
+                                  [&](std::uint32_t i, std::uint32_t j) { return a.m_entries[i] == b.m_entries[j]; });
+    }
+    return std::ranges::all_of(a, [&b](const Dictionary::Entry& entry) {
+        const Value* other = b.find(entry.first);
+        return other && *other == entry.second;
+    });
 }

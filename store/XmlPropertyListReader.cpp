@@ -2,6 +2,7 @@
 #include "store/ParserMemory.h"
 #include "store/PropertyList.h"
 #include "store/PropertyListParts.h"
+#include "store/XmlOutline.h"
 
 #include <QByteArray>
 #include <pugixml.hpp>
@@ -15,27 +16,16 @@ namespace PropertyList {
 
 namespace {
 
+/// Lists of this many bytes and more are parsed in memory of the parser's own.
+constexpr std::size_t largeSize = std::size_t{1} << 20;
+
+/// A part of a list has this many bytes and more: few enough for its nodes to stay in the processor's cache.
+constexpr std::size_t partSize = std::size_t{256} << 10;
+
 /// Blank texts are kept, for a note of blanks is a note; ends of lines are not touched, for a carriage return is a
 /// character of the note. Comments, processing instructions and the document type are passed over; entities that the
 /// document type defines are never expanded.
 constexpr unsigned parseOptions = pugi::parse_escapes | pugi::parse_cdata | pugi::parse_embed_pcdata;
-
-/// Which blanks the parser is to make nodes of. Those between elements are half of all nodes and say nothing, but
-/// beside a comment, CDATA section or instruction they may be a part of a text.
-unsigned blankOptions(std::string_view xml)
-{
-    if (!xml.starts_with(xmlHead)) {
-        return pugi::parse_ws_pcdata;
-    }
-    std::uint8_t found = 0;
-    for (std::size_t i = xmlHead.size(); i < xml.size(); ++i) { // without branches, for vector instructions
-        const auto opens = static_cast<std::uint8_t>(xml[i - 1] == '<');
-        const auto declares = static_cast<std::uint8_t>(xml[i] == '!');
-        const auto instructs = static_cast<std::uint8_t>(xml[i] == '?');
-        found = static_cast<std::uint8_t>(found | (opens & (declares | instructs)));
-    }
-    return found != 0 ? pugi::parse_ws_pcdata : pugi::parse_ws_pcdata_single;
-}
 
 constexpr std::string_view blanks = " \t\r\n";
 
@@ -129,8 +119,8 @@ std::optional<double> realFrom(std::string_view text)
 std::optional<std::vector<std::byte>> dataFrom(std::string text)
 {
     std::erase_if(text, [](char c) { return blanks.find(c) != std::string_view::npos; });
-    const auto decoded =
-        QByteArray::fromBase64Encoding(QByteArray::fromStdString(text), QByteArray::AbortOnBase64DecodingErrors);
+    const auto encoded = QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size()));
+    const auto decoded = QByteArray::fromBase64Encoding(encoded, QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded) {
         return std::nullopt;
     }
@@ -139,9 +129,16 @@ std::optional<std::vector<std::byte>> dataFrom(std::string text)
     return std::vector<std::byte>(bytes.begin(), bytes.end());
 }
 
+/// The elements in `parent`, so that there is memory for exactly as many.
+std::size_t countElements(pugi::xml_node parent)
+{
+    return static_cast<std::size_t>(std::ranges::count(parent.children(), pugi::node_element, &pugi::xml_node::type));
+}
+
 std::optional<Array> arrayOf(pugi::xml_node element, int depth)
 {
     Array array;
+    array.reserve(static_cast<qsizetype>(countElements(element)));
     auto child = firstElementIn(element);
     while (child && *child) {
         std::optional<Value> value = valueOf(*child, depth);
@@ -157,7 +154,7 @@ std::optional<Array> arrayOf(pugi::xml_node element, int depth)
 std::optional<Dictionary> dictionaryOf(pugi::xml_node element, int depth)
 {
     std::vector<Dictionary::Entry> entries;
-    entries.reserve(2); // a record
+    entries.reserve(countElements(element) / 2);
     auto child = firstElementIn(element);
     while (child && *child) {
         const auto following = elementFrom(child->next_sibling());
@@ -237,18 +234,59 @@ std::optional<ByteOrder> utf16Order(std::string_view bytes)
     return std::nullopt;
 }
 
-/// The list in a text in any encoding but UTF-16.
-std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encoding)
+/// The values of the elements in one part of a root; false when the part is broken.
+bool appendValues(Array& array, std::span<char> part)
 {
-    const std::string_view xml(bytes.data(), bytes.size());
-    if (namesNull(xml)) {
-        return std::nullopt;
+    using namespace std::string_view_literals;
+    if (std::string_view(part.data(), part.size()).starts_with("\xEF\xBB\xBF"sv)) {
+        return false; // the parser would take it for the mark of an encoding
     }
-    const unsigned options = parseOptions | blankOptions(xml);
-    constexpr std::size_t large = std::size_t{1} << 20;
-    const auto memory = bytes.size() >= large ? std::make_unique<ParserMemory>() : nullptr;
+    // Blanks between elements are half of all nodes and say nothing; only those that are the whole text of an element
+    // are made nodes of.
+    constexpr unsigned options = parseOptions | pugi::parse_ws_pcdata_single | pugi::parse_fragment;
     pugi::xml_document document;
-    if (!document.load_buffer_inplace(bytes.data(), bytes.size(), options, encoding)) {
+    if (!document.load_buffer_inplace(part.data(), part.size(), options, pugi::encoding_utf8)) {
+        return false;
+    }
+    auto child = elementFrom(document.first_child());
+    while (child && *child) {
+        std::optional<Value> value = valueOf(*child, 1);
+        if (!value) {
+            return false;
+        }
+        array.append(std::move(*value));
+        child = elementFrom(child->next_sibling());
+    }
+    return child.has_value();
+}
+
+/// The list in `xml`, part by part: the nodes of one take the place of those before.
+std::optional<Value> readParts(std::span<char> xml, const XmlParts& parts, ParserMemory* memory)
+{
+    Array array;
+    array.reserve(static_cast<qsizetype>(parts.elements));
+    xml[parts.ends.back()] = ' '; // the parser pays no heed to the last byte, which must be no text then
+    std::size_t begin = parts.begin;
+    for (const std::size_t part : parts.ends) {
+        const std::size_t end = part == parts.ends.back() ? part + 1 : part;
+        if (!appendValues(array, xml.subspan(begin, end - begin))) {
+            return std::nullopt;
+        }
+        if (memory) {
+            memory->reuse();
+        }
+        begin = end;
+    }
+    return Value(std::move(array));
+}
+
+/// The list in `xml`, which may have comments, sections, attributes or any other root.
+std::optional<Value> readWhole(std::span<char> xml, pugi::xml_encoding encoding)
+{
+    // Blanks beside a comment, CDATA section or instruction may be a part of a text.
+    constexpr unsigned options = parseOptions | pugi::parse_ws_pcdata;
+    pugi::xml_document document;
+    if (!document.load_buffer_inplace(xml.data(), xml.size(), options, encoding)) {
         return std::nullopt;
     }
     pugi::xml_node root = document.first_child();
@@ -264,6 +302,18 @@ std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encodi
         root = *list;
     }
     return valueOf(root, 0);
+}
+
+/// The list in a text in any encoding but UTF-16.
+std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encoding)
+{
+    const std::string_view xml(bytes.data(), bytes.size());
+    const XmlOutline outline = outlineOf(xml, partSize);
+    if (!outline.isAllowed || namesNull(xml)) {
+        return std::nullopt;
+    }
+    const auto memory = bytes.size() >= largeSize ? std::make_unique<ParserMemory>() : nullptr;
+    return outline.parts ? readParts(bytes, *outline.parts, memory.get()) : readWhole(bytes, encoding);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "store/ListMemory.h"
 #include "store/PropertyList.h"
 #include "store/PropertyListParts.h"
 
@@ -97,6 +98,8 @@ public:
         return m_error;
     }
 
+    std::size_t written() const { return m_written + size - m_free; }
+
     bool hasFailed() const { return static_cast<bool>(m_error); }
 
     void fail(std::errc reason) { m_error = m_error ? m_error : std::make_error_code(reason); }
@@ -138,6 +141,9 @@ public:
         m_xml.append(xmlHead);
         writeArray(table, 0);
         m_xml.append(foot);
+        if (!m_memory.isAllowed(m_xml.written())) {
+            m_xml.fail(std::errc::file_too_large); // the reader would not take it
+        }
         return m_xml.finish();
     }
 
@@ -150,6 +156,7 @@ private:
         }
         switch (value.type()) {
         case Value::Type::BooleanType:
+            m_memory.addElement("true", 0);
             writeLine(*value.boolean() ? "<true/>" : "<false/>", depth);
             break;
         case Value::Type::IntegerType:
@@ -178,6 +185,7 @@ private:
 
     void writeArray(const Array& array, int depth)
     {
+        m_memory.addElement("array", 0);
         if (array.empty()) {
             writeLine("<array/>", depth);
             return;
@@ -188,12 +196,16 @@ private:
                 return;
             }
             writeValue(value, depth + 1);
+            if (depth == 0) {
+                m_memory.endPart();
+            }
         }
         writeLine("</array>", depth);
     }
 
     void writeDictionary(const Dictionary& dictionary, int depth)
     {
+        m_memory.addElement("dict", 0);
         if (dictionary.empty()) {
             writeLine("<dict/>", depth);
             return;
@@ -219,7 +231,9 @@ private:
         m_xml.append("<");
         m_xml.append(name);
         m_xml.append(">");
+        const std::size_t begin = m_xml.written();
         writeText(text);
+        m_memory.addElement(name, m_xml.written() - begin);
         m_xml.append("</");
         m_xml.append(name);
         m_xml.append(">\n");
@@ -276,6 +290,7 @@ private:
     }
 
     Pieces m_xml;
+    ListMemory m_memory;
 };
 
 } // namespace

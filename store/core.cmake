@@ -14,6 +14,7 @@ target_sources(velumora-core PRIVATE
     store/Files.h
     store/LegacyTable.cpp
     store/LegacyTable.h
+    store/ListMemory.h
     store/PageMemory.cpp
     store/PageMemory.h
     store/ParserMemory.cpp
@@ -33,6 +34,8 @@ target_sources(velumora-core PRIVATE
     store/Value.h
     store/XmlCharacters.cpp
     store/XmlCharacters.h
+    store/XmlOutline.cpp
+    store/XmlOutline.h
     store/XmlPropertyListReader.cpp
     store/XmlPropertyListWriter.cpp
 )

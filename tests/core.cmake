@@ -4,6 +4,7 @@ velumora_test(query-tests
     core/text_search_test.cpp
 )
 velumora_test(property-list-tests
+    core/hostile_list_test.cpp
     core/property_list_bad_input_test.cpp
     core/property_list_samples.h
     core/property_list_test.cpp

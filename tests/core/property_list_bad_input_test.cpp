@@ -121,6 +121,7 @@ TEST(PropertyListBadInput, GivesNoTable)
 {
     for (const Row& row : unreadable) {
         EXPECT_FALSE(PropertyList::readTable(row.bytes)) << row.name;
+        EXPECT_FALSE(PropertyList::readTable(inPlainForm(row.bytes))) << row.name << ", plain";
     }
 }
 
@@ -161,6 +162,7 @@ TEST(PropertyListBadInput, UnusualInputIsReadAllTheSame)
     };
     for (const auto& row : rows) {
         EXPECT_TRUE(PropertyList::readTable(row.bytes) == row.table) << row.name;
+        EXPECT_TRUE(PropertyList::readTable(inPlainForm(row.bytes)) == row.table) << row.name << ", plain";
     }
     EXPECT_TRUE(PropertyList::readTable(nested(512)));
 }

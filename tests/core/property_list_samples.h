@@ -29,6 +29,25 @@ inline std::string xmlArray(const std::string& elements)
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><array>" + elements + "</array></plist>";
 }
 
+/// The same as the program itself writes it, but for the blanks.
+inline std::string plainArray(const std::string& elements)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+           "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+           "<plist version=\"1.0\">\n<array>" +
+           elements + "</array></plist>";
+}
+
+/// A list made by `xmlArray` as `plainArray` makes it; any other as it is.
+inline std::string inPlainForm(const std::string& xml)
+{
+    const std::string before = xmlArray("").substr(0, xmlArray("").find("</array>"));
+    const std::string after = "</array></plist>";
+    const bool isArray = xml.starts_with(before) && xml.ends_with(after);
+    return isArray ? plainArray(xml.substr(before.size(), xml.size() - before.size() - after.size())) : xml;
+}
+
 /// What tests/data/property_list/make_fixtures.py wrote. The seconds of the dates are Python's
 /// calendar.timegm(moment.timetuple()).
 inline Table everyType()

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "store/PropertyList.h"
+#include "store/Value.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <utility>
+
+namespace PropertyList {
+
+/// What a list in XML takes in memory once it is read: summed up from its elements, rather too much than too little.
+/// The reader does it before it builds anything of them and the writer while it writes, so that both refuse the same
+/// lists.
+class ListMemory {
+public:
+    // Bytes of what a value shares with its copies, those that the heap keeps for itself counted.
+    static constexpr std::size_t heapSize = 16; ///< beside each piece
+    static constexpr std::size_t sharedSize = 16 + heapSize;
+    static constexpr std::size_t arraySize = sharedSize + sizeof(Array) + 2 * heapSize;
+    static constexpr std::size_t dictionarySize = sharedSize + sizeof(Dictionary) + heapSize;
+    static constexpr std::size_t textSize = sharedSize + sizeof(std::string);
+
+    /// An element whose tag has that name; `content` are the bytes between the tag and the next one.
+    void addElement(std::string_view name, std::size_t content)
+    {
+        ++m_elements;
+        m_values += valueSize(name, content);
+        m_nodes += 2 * nodeSize; // there may be a text behind it
+    }
+
+    /// Whatever else the parser may make a node of.
+    void addNode() { m_nodes += nodeSize; }
+
+    /// What comes next is parsed after the nodes so far were thrown away.
+    void endPart() { m_largestPart = std::max(m_largestPart, std::exchange(m_nodes, 0)); }
+
+    /// Whether a file of `size` bytes may hold the list.
+    bool isAllowed(std::size_t size) const
+    {
+        return m_elements <= maximumElements && isAllowed(m_values + std::max(m_nodes, m_largestPart), size);
+    }
+
+    /// Whether what is read from a file of `size` bytes may take `memory` bytes.
+    static bool isAllowed(std::uint64_t memory, std::size_t size)
+    {
+        return memory <= memoryPerByte * std::uint64_t{size} + memoryOfSmallLists;
+    }
+
+private:
+    static constexpr std::size_t nodeSize = 64;
+
+    static std::size_t valueSize(std::string_view name, std::size_t content)
+    {
+        const std::size_t text = content > 15 ? content + heapSize : 0; // shorter ones stand in the string itself
+        if (name == "key") {
+            return sizeof(Dictionary::Entry) - sizeof(Value) + text; // its value counts as every value does
+        }
+        if (name == "string" || name == "data") {
+            return sizeof(Value) + textSize + text;
+        }
+        return sizeof(Value) + (name == "dict" ? dictionarySize : 0) + (name == "array" ? arraySize : 0);
+    }
+
+    std::uint64_t m_elements = 0;
+    std::uint64_t m_values = 0;
+    std::uint64_t m_nodes = 0; ///< bytes, of the part so far
+    std::uint64_t m_largestPart = 0;
+};
+
+} // namespace PropertyList

@@ -1,0 +1,332 @@
+// SPDX-License-Identifier: MIT
+// Files that are made to take far more memory or time than they have bytes.
+#include "core/property_list_samples.h"
+#include "store/XmlOutline.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <functional>
+#include <random>
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+using namespace std::string_literals;
+
+constexpr std::size_t million = 1'000'000;
+
+std::string repeated(std::string_view text, std::size_t bytes)
+{
+    std::string result;
+    result.reserve(bytes + text.size());
+    while (result.size() < bytes) {
+        result += text;
+    }
+    return result;
+}
+
+std::string numbers(std::initializer_list<std::uint64_t> values)
+{
+    std::string bytes;
+    for (const std::uint64_t value : values) {
+        for (int shift = 56; shift >= 0; shift -= 8) {
+            bytes += static_cast<char>(value >> shift & 0xFF);
+        }
+    }
+    return bytes;
+}
+
+/// A binary list whose objects are named by one byte each: `body` behind the header, then `offsets` for `count` of
+/// them.
+std::string binaryList(const std::string& body, const std::string& offsets)
+{
+    return "bplist00" + body + offsets + "\0\0\0\0\0\0\1\1"s + numbers({offsets.size(), 0, 8 + body.size()});
+}
+
+std::string inUtf16(const std::string& ascii)
+{
+    std::string bytes = "\xFF\xFE";
+    for (const char c : ascii) {
+        bytes += c;
+        bytes += '\0';
+    }
+    return bytes;
+}
+
+struct Hostile {
+    const char* name;
+    std::function<std::string(std::size_t bytes)> make;
+};
+
+const Hostile hostile[] = {
+    {"empty arrays", [](std::size_t n) { return plainArray(repeated("<array/>", n)); }},
+    {"empty arrays with two tags", [](std::size_t n) { return plainArray(repeated("<array></array>", n)); }},
+    {"empty dictionaries", [](std::size_t n) { return plainArray(repeated("<dict/>", n)); }},
+    {"empty texts", [](std::size_t n) { return plainArray(repeated("<string/>", n)); }},
+    {"short texts", [](std::size_t n) { return plainArray(repeated("<string>a</string>", n)); }},
+    {"short data", [](std::size_t n) { return plainArray(repeated("<data>AAAA</data>", n)); }},
+    {"true", [](std::size_t n) { return plainArray(repeated("<true/>", n)); }},
+    {"true inside one array",
+     [](std::size_t n) { return plainArray("<array>" + repeated("<true/>", n) + "</array>"); }},
+    {"one dictionary of empty keys",
+     [](std::size_t n) { return plainArray("<dict>" + repeated("<key/><true/>", n) + "</dict>"); }},
+    {"small dictionaries", [](std::size_t n) { return plainArray(repeated("<dict><key/><true/></dict>", n)); }},
+    {"arrays in arrays", [](std::size_t n) { return plainArray(repeated("<array><array/></array>", n)); }},
+    {"deep nests",
+     [](std::size_t n) {
+         return plainArray(repeated(repeated("<array>", 7 * 500) + repeated("</array>", 8 * 500), n));
+     }},
+    {"never closed", [](std::size_t n) { return plainArray(repeated("<array>", n)); }},
+    {"closed only", [](std::size_t n) { return plainArray(repeated("</array>", n)); }},
+    {"empty arrays and a comment", [](std::size_t n) { return xmlArray(repeated("<array/>", n) + "<!-- -->"); }},
+    {"comments in a text", [](std::size_t n) { return xmlArray("<string>" + repeated("a<!---->", n) + "</string>"); }},
+    {"sections in a text",
+     [](std::size_t n) { return xmlArray("<string>" + repeated("<![CDATA[]]>", n) + "</string>"); }},
+    {"instructions", [](std::size_t n) { return xmlArray(repeated("<?a?> ", n)); }},
+    {"attributes", [](std::size_t n) { return xmlArray("<true" + repeated(" a=''", n) + "/>"); }},
+    {"attributes apart", [](std::size_t n) { return xmlArray("<true" + repeated(" a= \"\"", n) + "/>"); }},
+    {"attributes behind a tag's end in quotes",
+     [](std::size_t n) { return xmlArray("<true a='>'" + repeated(" a=''", n) + "/>"); }},
+    {"a document type",
+     [](std::size_t n) { return "<!DOCTYPE plist [" + repeated("<!ENTITY a 'a'>", n) + "]>" + xmlArray(""); }},
+    {"empty arrays in UTF-16", [](std::size_t n) { return inUtf16(plainArray(repeated("<array/>", n / 2))); }},
+    {"one text", [](std::size_t n) { return plainArray("<string>" + repeated("a", n) + "</string>"); }},
+    {"one text of references",
+     [](std::size_t n) { return plainArray("<string>" + repeated("&lt;", n) + "</string>"); }},
+    {"one piece of data", [](std::size_t n) { return plainArray("<data>" + repeated("AAAA\n", n) + "</data>"); }},
+    {"references without an end",
+     [](std::size_t n) { return plainArray("<string>" + repeated("&#0", n) + "</string>"); }},
+    {"long names", [](std::size_t n) { return plainArray("<" + repeated("array", n) + "/>"); }},
+    {"binary: objects in one place", [](std::size_t n) { return binaryList("\xA0", repeated("\x08", n)); }},
+    {"binary: one object often",
+     [](std::size_t n) {
+         return binaryList("\xAF\x13" + numbers({n}) + repeated("\1", n) + "\x09", "\x08" + repeated("\x08", 1));
+     }},
+    {"binary: many dictionaries",
+     [](std::size_t n) { return binaryList("\xDF\x13" + numbers({n / 2}) + repeated("\1", n), "\x08\x08"); }},
+    {"binary: a long key often",
+     [](std::size_t n) {
+         const std::string half = repeated("k", n / 2);
+         return binaryList("\xDF\x13" + numbers({n / 4}) + repeated("\1", n / 2), "\x08" + repeated("\x08", 1)) + half;
+     }},
+};
+
+/// How a process ended that read the list with so much memory beside its bytes: 0 when there was a table, 1 when not.
+int statusOfReading(std::string& bytes, std::size_t memory)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        std::ifstream statistics("/proc/self/statm");
+        std::size_t pages = 0;
+        statistics >> pages;
+        const rlim_t most = pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) + memory;
+        const rlimit limit{most, most};
+        setrlimit(RLIMIT_AS, &limit);
+        const rlimit noCore{0, 0};
+        setrlimit(RLIMIT_CORE, &noCore);
+        _exit(PropertyList::readTableInPlace(bytes) ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // they take memory of their own
+TEST(HostileList, IsReadOrRefusedWithinTheMemoryThatItsSizeAllows)
+{
+    constexpr std::size_t alignment = std::size_t{40} << 20; // blocks of the parser's own, and rounding
+    for (const Hostile& each : hostile) {
+        for (const std::size_t size : {million, 16 * million}) {
+            std::string bytes = each.make(size);
+            const std::size_t memory =
+                PropertyList::memoryPerByte * bytes.size() + PropertyList::memoryOfSmallLists + alignment;
+            const int status = statusOfReading(bytes, memory);
+            EXPECT_TRUE(status == 0 || status == 1) << each.name << ", " << size << " bytes: ended with " << status;
+        }
+    }
+}
+#endif
+
+TEST(HostileList, IsRefusedBeforeAnythingIsBuilt)
+{
+    const struct {
+        const char* name;
+        std::string xml;
+    } rows[] = {
+        {"too many", plainArray(repeated("<array/>", 20 * million))},
+        {"too deep", plainArray(repeated("<array>", 7 * 600) + repeated("</array>", 8 * 600))},
+        {"too many, in a form that is not plain", xmlArray(repeated("<array/>", 20 * million))},
+        {"too many attributes", xmlArray("<true" + repeated(" a=''", 20 * million) + "/>")},
+    };
+    for (const auto& row : rows) {
+        EXPECT_FALSE(PropertyList::outlineOf(row.xml, million).isAllowed) << row.name;
+    }
+}
+
+// The writer draws the same line as the reader.
+TEST(HostileList, NoListIsWrittenThatWouldNotBeRead)
+{
+    const Table large(1'000'000, Value(Array()));
+    const auto written = [&large](qsizetype count) -> std::optional<std::string> {
+        std::string xml;
+        const std::error_code error = PropertyList::writeXml(large.mid(0, count), [&xml](std::string_view piece) {
+            xml.append(piece);
+            return std::error_code();
+        });
+        EXPECT_TRUE(!error || error == std::errc::file_too_large) << error.message();
+        return error ? std::nullopt : std::optional(xml);
+    };
+    qsizetype most = 0;
+    qsizetype tooMany = large.size();
+    ASSERT_FALSE(written(tooMany));
+    while (tooMany - most > 1) {
+        const qsizetype middle = (most + tooMany) / 2;
+        (written(middle) ? most : tooMany) = middle;
+    }
+    std::string xml = written(most).value();
+    EXPECT_TRUE(PropertyList::readTable(xml));
+    xml.insert(xml.rfind("</array>"), "\t<array/>\n");
+    EXPECT_FALSE(PropertyList::readTable(xml));
+}
+
+// The honest files that the limits are made for.
+TEST(HostileList, ALifetimeOfNotesOfOneLetterInTheShortestFormIsRead)
+{
+    std::string notes;
+    constexpr int days = 36'525 * 10;
+    for (int i = 0; i < days; ++i) {
+        notes += "<dict><key>NoteDateKey</key><date>2001-01-01T00:00:00Z</date><key>NoteDataKey</key>"
+                 "<string>a</string></dict>";
+    }
+    const std::optional<Table> table = PropertyList::readTable(plainArray(notes));
+    ASSERT_TRUE(table);
+    EXPECT_EQ(table->size(), days);
+    EXPECT_TRUE(PropertyList::readTable(PropertyList::writeXml(*table)) == table);
+}
+
+TEST(HostileList, ManyKeysTakeNoLongerForBeingUnlike)
+{
+    std::string entries;
+    constexpr int count = 300'000;
+    for (int i = 0; i < count; ++i) {
+        entries += "<key>" + std::to_string(i % 200'000) + "</key><integer>" + std::to_string(i) + "</integer>";
+    }
+    const std::optional<Table> table = PropertyList::readTable(plainArray("<dict>" + entries + "</dict>"));
+    ASSERT_TRUE(table);
+    const Dictionary& read = *table->front().dictionary();
+    ASSERT_EQ(read.size(), 200'000U);
+    EXPECT_EQ(read.begin()->first, "0");
+    EXPECT_EQ(read.begin()->second, integer(200'000)); // the last value in the first one's place
+    EXPECT_EQ((read.end() - 1)->second, integer(199'999));
+
+    std::vector<Dictionary::Entry> reversed(read.begin(), read.end());
+    std::reverse(reversed.begin(), reversed.end());
+    EXPECT_TRUE(Dictionary(reversed) == read);
+    reversed.front().second = Value("other");
+    EXPECT_FALSE(Dictionary(reversed) == read);
+}
+
+TEST(XmlParts, EachEndsBehindAWholeElementOfTheRoot)
+{
+    const std::string elements[] = {"<true/>",
+                                    "\n\t<dict>\n<key>a</key><array><string>&lt;array></string></array></dict>",
+                                    "<array><array/></array>", "<string>></string>"};
+    std::string inside;
+    for (const std::string& element : elements) {
+        inside += element;
+    }
+    const std::string xml = plainArray(inside);
+    const PropertyList::XmlOutline outline = PropertyList::outlineOf(xml, 1);
+    ASSERT_TRUE(outline.isAllowed && outline.parts);
+    EXPECT_EQ(outline.parts->elements, std::size(elements));
+    std::size_t begin = outline.parts->begin;
+    ASSERT_EQ(outline.parts->ends.size(), std::size(elements) + 1);
+    for (std::size_t i = 0; i < std::size(elements); ++i) {
+        EXPECT_EQ(xml.substr(begin, outline.parts->ends[i] - begin), elements[i]);
+        begin = outline.parts->ends[i];
+    }
+    EXPECT_EQ(outline.parts->ends.back(), begin);
+    const PropertyList::XmlOutline whole = PropertyList::outlineOf(xml, xml.size());
+    ASSERT_TRUE(whole.parts);
+    EXPECT_EQ(whole.parts->ends.size(), 1U);
+}
+
+TEST(XmlParts, AreOnlyOfThePlainForm)
+{
+    EXPECT_TRUE(PropertyList::outlineOf(plainArray(""), 1).parts);
+    EXPECT_TRUE(PropertyList::outlineOf(plainArray(" <true/> ") + " \n", 1).parts);
+    for (const std::string& xml :
+         {xmlArray("<true/>"), plainArray("<true a=\"1\"/>"), plainArray("<true />"), plainArray("<!-- -->"),
+          plainArray("<![CDATA[ ]]>"), plainArray("<?a?>"), plainArray("<true/>") + "<!-- -->", plainArray("</array>"),
+          plainArray("<array>"), plainArray("<string>\0</string>"s), plainArray("<true/>") + "x",
+          "\n" + plainArray("")}) {
+        EXPECT_FALSE(PropertyList::outlineOf(xml, 1).parts) << xml;
+    }
+}
+
+// Cutting a list up is a matter of speed alone: with a comment behind its end it is read in one piece.
+TEST(XmlParts, AreReadAsTheWholeIs)
+{
+    const std::string_view pieces[] = {"<array>",
+                                       "</array>",
+                                       "<array/>",
+                                       "<dict>",
+                                       "</dict>",
+                                       "<key>",
+                                       "</key>",
+                                       "k",
+                                       "<string>",
+                                       "</string>",
+                                       "<string/>",
+                                       "<true/>",
+                                       " ",
+                                       "\n",
+                                       "text",
+                                       "&amp;",
+                                       "&",
+                                       "<true>",
+                                       "</true>",
+                                       "<",
+                                       ">",
+                                       "/>",
+                                       "<date>2001-01-01T00:00:00Z</date>",
+                                       "\xEF\xBB\xBF",
+                                       "<dict><key>k</key><true/></dict>",
+                                       "<string>long enough for the heap</string>",
+                                       "</array></plist>"};
+    std::minstd_rand random(20261122);
+    int read = 0;
+    for (int i = 0; i < 200'000; ++i) {
+        std::string inside;
+        for (auto count = random() % 8; count > 0; --count) {
+            inside += pieces[random() % std::size(pieces)];
+        }
+        const std::string xml = plainArray(inside);
+        const std::optional<Table> inParts = PropertyList::readTable(xml);
+        const std::optional<Table> whole = PropertyList::readTable(xml + "<!-- -->");
+        ASSERT_TRUE(inParts == whole) << xml;
+        read += inParts && !inParts->empty() ? 1 : 0;
+    }
+    EXPECT_GT(read, 1000);
+}
+
+TEST(XmlParts, OfALargeListAreAllRead)
+{
+    Table table;
+    for (int i = 0; i < 40'000; ++i) {
+        table.append(Value(Dictionary{{"NoteDateKey", dateAt(86'400.0 * i)},
+                                      {"NoteDataKey", Value("Note " + std::to_string(i) + std::string(i % 90, 'x'))}}));
+    }
+    const std::string xml = PropertyList::writeXml(table);
+    ASSERT_GT(PropertyList::outlineOf(xml, std::size_t{256} << 10).parts.value().ends.size(), 10U);
+    EXPECT_TRUE(PropertyList::readTable(xml) == table);
+    std::string broken = xml;
+    broken[broken.rfind("</string>") + 3] = 'x';
+    EXPECT_FALSE(PropertyList::readTable(broken));
+}
+
+} // namespace
