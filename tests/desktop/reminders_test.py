@@ -191,7 +191,7 @@ class RemindersTest(DesktopTest):
         window = self.start()
         self.ask_for_reminder(window, TEXT)
         window.find("dialog", "Failed to post notification")
-        self.assertFalse(self.connection.has_owner(SERVICE))
+        pump_until(lambda: not self.connection.has_owner(SERVICE), "the agent to end, which has nothing to do")
 
     def test_installed_services_start_the_agent_and_the_program(self):
         daemon = self.daemon()

@@ -44,7 +44,9 @@ class Application:
 
     def find_all(self, role, name=None):
         """The visible controls of that role and name at this moment, in the order of the window."""
-        return [control for control in self.controls() if control.role == role and _is_named(control.name, name)]
+        def found():
+            return [[control for control in self.controls() if control.role == role and _is_named(control.name, name)]]
+        return self.wait_until(found, lambda: f"the controls to stand still; there are {self._outline()}")[0]
 
     def wait_until_gone(self, role, name=None):
         self.wait_until(lambda: not self.find_all(role, name), f"{role} {_shown(name)} to go")
