@@ -32,12 +32,12 @@ Value cleaned(const Value& value)
         return Value(std::move(elements));
     }
     if (const Dictionary* dictionary = value.dictionary()) {
-        Dictionary entries;
+        std::vector<Dictionary::Entry> entries;
         entries.reserve(dictionary->size());
         for (const auto& [key, entry] : *dictionary) {
-            entries.set(key, cleaned(entry));
+            entries.emplace_back(key, cleaned(entry));
         }
-        return Value(std::move(entries));
+        return Value(Dictionary(std::move(entries)));
     }
     return value;
 }

@@ -50,6 +50,15 @@ velumora_test(saving-tests
     LABELS app
     SHARDS 2)
 
+# The whole program while calls of the system fail.
+velumora_test(program-fault-tests
+    faults/FaultShim.cpp
+    faults/FaultShim.h
+    faults/program_faults_test.cpp
+    LIBRARIES app-test-support
+    LABELS app
+    SHARDS 2)
+
 # Scripts in print. A program of its own: which fonts have a letter is kept once somebody asked for it without them.
 velumora_test(print-tests
     app/printed_scripts_test.cpp

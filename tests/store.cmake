@@ -32,6 +32,10 @@ if(NOT VELUMORA_SANITIZERS MATCHES thread)
     velumora_test(fault-tests
         faults/FaultShim.cpp
         faults/FaultShim.h
+        faults/draft_faults_test.cpp
+        faults/every_fault.cpp
+        faults/every_fault.h
+        faults/reminder_faults_test.cpp
         faults/store_faults_test.cpp
         LABELS core store)
     target_compile_definitions(fault-tests PRIVATE TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}")

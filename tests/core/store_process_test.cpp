@@ -5,6 +5,7 @@
 #include <QProcess>
 
 #include <chrono>
+#include <cstdlib>
 #include <random>
 #include <thread>
 
@@ -28,9 +29,12 @@ int temporariesIn(const std::filesystem::path& folder)
         namesIn(folder), [](const std::string& name) { return name.find(".tmp-") != std::string::npos; }));
 }
 
+/// STORE_KILLS in the environment sets how often it is killed.
 TEST(StoreProcess, AProgramKilledWhileSavingLeavesAWholeListAndNothingBehindAfterTheNextLoad)
 {
-    constexpr int kills = 200;
+    const char* wanted = std::getenv("STORE_KILLS");
+    const int kills = wanted ? std::atoi(wanted) : 200;
+    ASSERT_GT(kills, 0);
     const TestFolder home;
     const StillClock clock;
     DataFolder folder(home.path(), clock);
@@ -56,6 +60,8 @@ TEST(StoreProcess, AProgramKilledWhileSavingLeavesAWholeListAndNothingBehindAfte
         }
         ASSERT_EQ(temporariesIn(home.path() / "TALV"), 0);
     }
+    RecordProperty("kills", kills);
+    RecordProperty("killsDuringAWrite", leftBehind);
     EXPECT_GT(leftBehind, 0) << "no kill hit a write, so nothing was tried";
 }
 

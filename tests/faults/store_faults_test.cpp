@@ -1,22 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Every call of the system that the store makes fails once, with each error that it can have, and then for good.
-// Whatever happens, nothing is lost and nothing untrue is told, and the next attempt without a fault succeeds and
-// tidies up.
-#include "core/store_fixture.h"
-#include "faults/FaultShim.h"
+// The store's lists while calls of the system fail.
+#include "faults/every_fault.h"
 #include "store/DataFolder.h"
-#include "store/DraftFile.h"
-#include "store/PropertyList.h"
+#include "store/SaveQueue.h"
 
 #include <cerrno>
-#include <functional>
 
 namespace {
 
 namespace fs = std::filesystem;
 
 const std::string notesName = "TALV VeluMora";
-constexpr int mostCalls = 1000; // no scenario makes as many
 
 const Table& oldNotes()
 {
@@ -30,34 +24,12 @@ const Table& newNotes()
     return table;
 }
 
-std::optional<Table> listIn(const fs::path& file)
-{
-    return fs::exists(file) ? PropertyList::readTable(bytesOf(file)) : std::nullopt;
-}
-
-/// A home of its own with an old list, and what is done to it.
-class Scenario {
+/// A home with an old list.
+class Scenario : public FaultScenario {
 public:
-    virtual ~Scenario() = default;
+    void prepare() override { saveOld(); }
 
-    virtual void prepare() { saveOld(); }
-    virtual void act() = 0;
-
-    /// What must hold although a call failed.
-    virtual void checkAfterFault() = 0;
-
-    /// What must hold once it was done again, without a fault.
-    virtual void checkAfterSuccess() = 0;
-
-    const fs::path& home() const { return m_home.path(); }
     const std::error_code& error() const { return m_error; }
-
-    void checkNoTemporary() const
-    {
-        for (const auto& entry : fs::recursive_directory_iterator(home())) {
-            EXPECT_EQ(entry.path().native().find(".tmp-"), std::string::npos) << entry.path();
-        }
-    }
 
 protected:
     fs::path folder() const { return home() / "TALV"; }
@@ -97,9 +69,7 @@ protected:
         }
     }
 
-    TestFolder m_home;
-    StillClock m_clock;
-    DataFolder m_folder{m_home.path(), m_clock};
+    DataFolder m_folder{home(), m_clock};
     std::error_code m_error;
 };
 
@@ -198,6 +168,39 @@ class Import : public SaveOverForeign {
     void act() override { save(newNotes(), Replacing::Nothing); }
 };
 
+/// What the queue could not save it keeps, and its retry saves it.
+class Queue : public Scenario {
+    void prepare() override
+    {
+        saveOld();
+        ASSERT_EQ(m_folder.loadTable(notesName), oldNotes());
+    }
+    void act() override
+    {
+        if (m_wasHandedOver) {
+            m_queue.retry();
+        } else {
+            m_wasHandedOver = true;
+            m_queue.save(newNotes(), notesName);
+        }
+        m_queue.waitUntilDone();
+    }
+    void checkAfterFault() override
+    {
+        checkOldOrNew(false);
+        EXPECT_EQ(m_queue.unsaved(notesName), m_error ? std::optional(newNotes()) : std::nullopt);
+    }
+    void checkAfterSuccess() override
+    {
+        EXPECT_FALSE(m_error);
+        EXPECT_FALSE(m_queue.unsaved(notesName));
+        EXPECT_EQ(listIn(file()), newNotes());
+    }
+
+    bool m_wasHandedOver = false;
+    SaveQueue m_queue{m_folder, [this](const SaveResult& result) { m_error = result.error; }};
+};
+
 /// Copies are there already; whatever goes wrong, none takes another's place, and no torn one comes.
 class CopiesAreThere : public SaveOverForeign {
     void prepare() override
@@ -233,142 +236,17 @@ class CopiesAreThere : public SaveOverForeign {
     }
 };
 
-/// A draft of another run is read, and one of this run written.
-class DraftIsReplaced : public Scenario {
-    static Draft draftOf(const std::string& text)
-    {
-        return {{DraftChange::Kind::Note, std::nullopt, DatedText{dateFromUnixSeconds(0), text}}};
-    }
-    fs::path state() const { return home() / "state"; }
-
-    void prepare() override
-    {
-        DraftFile(state()).write([] { return draftOf("former"); });
-    }
-    void act() override
-    {
-        DraftFile run(state());
-        const Draft former = run.read();
-        m_wasRead = former == draftOf("former") || former == draftOf("both");
-        run.write([former] { return draftOf(former.empty() ? "new" : "both"); });
-    }
-    void checkAfterFault() override
-    {
-        bool holdsFormer = false;
-        for (const std::string& name : namesIn(state())) {
-            if (name.find(".tmp-") != std::string::npos) {
-                continue;
-            }
-            const std::optional<Table> table = listIn(state() / name);
-            ASSERT_TRUE(table) << name << " is torn";
-            const std::optional<Draft> draft = Drafts::draftFromTable(*table);
-            holdsFormer = holdsFormer || draft == draftOf("former") || draft == draftOf("both");
-        }
-        EXPECT_TRUE(holdsFormer) << "lost";
-    }
-    void checkAfterSuccess() override { checkAfterFault(); }
-
-    bool m_wasRead = false;
+const FaultRow rows[] = {
+    faultRow<Load>("Load"),
+    faultRow<FirstSave>("FirstSave"),
+    faultRow<SaveOverOwn>("SaveOverOwn"),
+    faultRow<SaveOverForeign>("SaveOverForeign"),
+    faultRow<SaveThroughLink>("SaveThroughLink"),
+    faultRow<Removal>("Removal"),
+    faultRow<Import>("Import"),
+    faultRow<Queue>("Queue"),
+    faultRow<CopiesAreThere>("CopiesAreThere"),
 };
-
-/// What another program put in the draft's place is not a draft, but not to be lost either.
-class DraftIsNone : public Scenario {
-    fs::path state() const { return home() / "state"; }
-
-    void prepare() override
-    {
-        fs::create_directory(state());
-        put(state() / "Draft", "of a newer version");
-    }
-    void act() override
-    {
-        DraftFile run(state());
-        run.read();
-        run.write([] { return Draft{{DraftChange::Kind::Note, std::nullopt, DatedText{Date(), "new"}}}; });
-    }
-    void checkAfterFault() override
-    {
-        const std::vector<std::string> names = namesIn(state());
-        EXPECT_TRUE(std::ranges::any_of(names, [this](const std::string& name) {
-            return bytesOf(state() / name) == "of a newer version";
-        })) << "lost";
-    }
-    void checkAfterSuccess() override { checkAfterFault(); }
-};
-
-struct Row {
-    const char* name;
-    std::function<std::unique_ptr<Scenario>()> make;
-};
-
-template <typename Kind> Row row(const char* name)
-{
-    return {name, [] { return std::make_unique<Kind>(); }};
-}
-
-const Row rows[] = {
-    row<Load>("Load"),
-    row<FirstSave>("FirstSave"),
-    row<SaveOverOwn>("SaveOverOwn"),
-    row<SaveOverForeign>("SaveOverForeign"),
-    row<SaveThroughLink>("SaveThroughLink"),
-    row<Removal>("Removal"),
-    row<Import>("Import"),
-    row<CopiesAreThere>("CopiesAreThere"),
-    row<DraftIsReplaced>("DraftIsReplaced"),
-    row<DraftIsNone>("DraftIsNone"),
-};
-
-class EveryFault : public testing::TestWithParam<Row> {
-protected:
-    /// False when the scenario makes fewer such calls.
-    static bool tryFault(const Faults::Plan& plan)
-    {
-        SCOPED_TRACE(testing::Message() << Faults::nameOf(plan.call) << " number " << plan.number << " fails with "
-                                        << plan.error << (plan.forGood ? " for good" : ""));
-        const std::unique_ptr<Scenario> scenario = GetParam().make();
-        scenario->prepare();
-        bool fired = false;
-        {
-            const Faults::Watch watch(scenario->home(), plan);
-            scenario->act();
-            fired = watch.hasFired();
-        }
-        scenario->checkAfterFault();
-        scenario->act();
-        scenario->checkAfterSuccess();
-        scenario->checkNoTemporary();
-        return fired;
-    }
-
-    /// How many faults there were.
-    static int tryAll(Faults::Call call, int error, bool forGood)
-    {
-        int number = 1;
-        while (number < mostCalls && tryFault({call, number, error, forGood}) && !HasFailure()) {
-            ++number;
-        }
-        EXPECT_LT(number, mostCalls);
-        return number - 1;
-    }
-};
-
-TEST_P(EveryFault, LosesNothingAndTellsNothingUntrue)
-{
-    int faults = 0;
-    for (const Faults::Call call : Faults::allCalls()) {
-        for (const int error : Faults::errorsOf(call)) {
-            for (const bool forGood : {false, true}) {
-                faults += tryAll(call, error, forGood);
-                if (HasFailure()) {
-                    return;
-                }
-            }
-        }
-    }
-    RecordProperty("faults", faults);
-    EXPECT_GT(faults, 100) << "the calls were not seen";
-}
 
 /// Who is told of a success must not lose the list when the power fails.
 TEST(StoreFaults, ASaveWithoutOneOfItsSyncsIsNone)
@@ -389,7 +267,6 @@ TEST(StoreFaults, ASaveWithoutOneOfItsSyncsIsNone)
     EXPECT_EQ(needless, std::vector<int>{3}) << "a second name of the old file stands in for the copy";
 }
 
-INSTANTIATE_TEST_SUITE_P(Scenarios, EveryFault, testing::ValuesIn(rows),
-                         [](const auto& parameter) { return std::string(parameter.param.name); });
+INSTANTIATE_TEST_SUITE_P(Store, EveryFault, testing::ValuesIn(rows), nameOfFaultRow);
 
 } // namespace
