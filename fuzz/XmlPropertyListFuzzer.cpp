@@ -1,13 +1,23 @@
 // SPDX-License-Identifier: MIT
+#include "fuzz/Failure.h"
 #include "fuzz/RoundTrip.h"
+#include "store/PropertyList.h"
+#include "store/XmlOutline.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    readWriteRead(std::string(data, data + size));
+    const std::string bytes(data, data + size);
+    readWriteRead(bytes);
+    // A list in plain form is read part by part; with a comment behind its end it is read as a whole.
+    if (PropertyList::outlineOf(bytes, 1).parts &&
+        PropertyList::readTable(bytes) != PropertyList::readTable(bytes + "<!-- -->")) {
+        fail("in parts it is another list");
+    }
     return 0;
 }

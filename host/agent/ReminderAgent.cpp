@@ -234,8 +234,12 @@ void ReminderAgent::shown(const QString& identifier, const std::optional<Notific
     if (std::exchange(notification->retryIfRefused, false) && !result) {
         notification->upToDate = false;
     }
-    if (result && notification->upToDate) {
+    if (result) {
         takeNumberFromOthers(identifier, notification->id);
+    }
+    if (result && !notification->upToDate) {
+        m_reminders.setFormerNotification(identifier, result->notification); // it was delivered anew meanwhile
+    } else if (result) {
         m_reminders.setNotification(identifier, result->notification);
         if (!result->clickable) {
             m_reminders.removeDelivered({identifier}); // nothing more will be heard of it

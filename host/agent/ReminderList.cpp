@@ -195,6 +195,16 @@ void ReminderList::setNotification(const QString& identifier, const StandingNoti
     }
 }
 
+void ReminderList::setFormerNotification(const QString& identifier, const StandingNotification& notification)
+{
+    for (Reminder& reminder : m_reminders) {
+        if (reminder.state == Reminder::State::Delivered && reminder.request.identifier == identifier &&
+            std::exchange(reminder.notification, notification) != notification) {
+            (void)save();
+        }
+    }
+}
+
 void ReminderList::removeDelivered(const QStringList& identifiers)
 {
     const QSet<QString> gone(identifiers.begin(), identifiers.end());

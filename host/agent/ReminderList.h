@@ -80,6 +80,9 @@ public:
 
     /// The delivered request was announced by that notification, or is shown by none any more.
     void setNotification(const QString& identifier, const StandingNotification& notification);
+
+    /// That notification stands for an earlier delivery of the request, which is yet to be announced in its place.
+    void setFormerNotification(const QString& identifier, const StandingNotification& notification);
     void removeDelivered(const QStringList& identifiers);
 
     /// The file is not what the list is: writing it failed. It may hold delivered requests as pending ones, so that a

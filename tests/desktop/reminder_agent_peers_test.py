@@ -300,6 +300,29 @@ class DaemonTest(AgentPeersTest):
         pump_until(lambda: "CloseNotification" in daemon.calls, "the late notification to be closed")
         self.assertEqual(self.agent.wait_for_end(), 0)
 
+    def test_one_that_answers_after_the_next_delivery_shows_that_in_the_same_place(self):
+        held = []
+
+        def answer(invocation, method):
+            if method == "GetCapabilities":
+                invocation.return_value(GLib.Variant("(as)", (["actions"],)))
+            else:
+                held.append(invocation)
+        self.raw_daemon(answer)
+        self.start()
+        self.agent.add(request(in_time(-60), "First"))
+        pump_until(lambda: held, "the notification")
+        second = request(in_time(-30), "Second")
+        self.agent.add(second)
+        self.assertEqual(self.agent.delivered(), [second])
+        held[0].return_value(GLib.Variant("(u)", (7,)))
+        pump_until(lambda: len(held) == 2, "the second notification")
+        _, replaced, _, _, body, *_ = held[1].get_parameters().unpack()
+        self.assertEqual((replaced, body.endswith(":Second")), (7, True))
+        self.assertFalse(self.agent.in_file()[0]["Announced"], "nobody has heard of the second one yet")
+        held[1].return_value(GLib.Variant("(u)", (7,)))
+        pump_until(lambda: self.agent.in_file()[0]["Announced"], "the agent to know")
+
     def test_one_that_answers_twice_and_with_the_same_number_loses_nothing(self):
         def answer(invocation, method):
             if method == "CloseNotification":
