@@ -122,14 +122,14 @@ TEST_P(ProgramFaults, NoWordIsLostByADataFolderThatFailsForGood)
     RecordProperty("faults", tryAll(dataFolder(), true));
 }
 
-INSTANTIATE_TEST_SUITE_P(Calls, ProgramFaults,
-                         testing::ValuesIn([] {
+INSTANTIATE_TEST_SUITE_P(Calls, ProgramFaults, testing::ValuesIn([] {
                              std::vector<Faults::Call> calls = Faults::allCalls();
                              std::erase(calls, Faults::Call::Map); // the toolkit's, too
                              return calls;
                          }()),
                          [](const auto& row) {
                              std::string name = Faults::nameOf(row.param);
-                             std::erase_if(name, [](char c) { return std::isalnum(static_cast<unsigned char>(c)) == 0; });
+                             std::erase_if(name,
+                                           [](char c) { return std::isalnum(static_cast<unsigned char>(c)) == 0; });
                              return name;
                          });
