@@ -51,18 +51,6 @@ std::optional<double> angle(std::string_view text, std::size_t degreeDigits, int
     return (text[0] == '-' ? -inSeconds : inSeconds) / 3600.0;
 }
 
-/// "America/Argentina/La_Rioja", "Etc/GMT+5": words between single slashes, so that a name is no way out of a folder.
-bool isZoneName(std::string_view zone)
-{
-    const auto isPart = [](char c) {
-        return isDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == '-' || c == '+';
-    };
-    constexpr std::size_t LongestName = 255;
-    return !zone.empty() && zone.size() <= LongestName && zone.front() != '/' && zone.back() != '/' &&
-           zone.find("//") == std::string_view::npos &&
-           std::ranges::all_of(zone, [&](char c) { return isPart(c) || c == '/'; });
-}
-
 struct Row {
     std::string_view zone;
     Coordinate place;
@@ -80,7 +68,7 @@ std::vector<Row> rowsOf(std::string_view table)
         takeUntil(line, '\t');
         const std::optional<Coordinate> place = ZonePlace::placeFromIso6709(takeUntil(line, '\t'));
         const std::string_view zone = takeUntil(line, '\t');
-        if (place && isZoneName(zone)) {
+        if (place && ZonePlace::isZoneName(zone)) {
             rows.push_back({zone, *place});
         }
     }
@@ -162,6 +150,17 @@ std::string content(const std::filesystem::path& file)
 }
 
 } // namespace
+
+bool ZonePlace::isZoneName(std::string_view zone)
+{
+    const auto isPart = [](char c) {
+        return isDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == '-' || c == '+';
+    };
+    constexpr std::size_t LongestName = 255;
+    return !zone.empty() && zone.size() <= LongestName && zone.front() != '/' && zone.back() != '/' &&
+           zone.find("//") == std::string_view::npos &&
+           std::ranges::all_of(zone, [&](char c) { return isPart(c) || c == '/'; });
+}
 
 std::optional<Coordinate> ZonePlace::placeFromIso6709(std::string_view text)
 {

@@ -17,6 +17,10 @@ namespace ZonePlace {
 /// stands for; nothing for any other form, and for 60 minutes or a place beyond a pole or the 180th meridian.
 std::optional<Coordinate> placeFromIso6709(std::string_view text);
 
+/// Whether a zone can have the name, as "America/Argentina/La_Rioja" and "Etc/GMT+5": words between single slashes, so
+/// that it is no way out of the database's folder.
+bool isZoneName(std::string_view zone);
+
 /// The contents of the three files of the database that tell of places and names.
 struct Database {
     std::string

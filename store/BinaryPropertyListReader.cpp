@@ -206,7 +206,7 @@ std::optional<Object> Reader::readPlain(const Head& head)
     case 0x6: {
         const std::optional<std::size_t> count = readCount(rest);
         const auto bytes = count ? claim(rest.position, *count, head.kind == 0x6 ? 2 : 1) : std::nullopt;
-        length = bytes ? bytes->size() * 2 : 0;
+        length = bytes ? bytes->size() * (head.kind == 0x6 ? 3 : 2) : 0;
         if (!bytes || !take(1, ListMemory::textSize + length)) {
             return std::nullopt;
         }

@@ -32,16 +32,32 @@ public:
         m_nodes += 2 * nodeSize; // there may be a text behind it
     }
 
-    /// Whatever else the parser may make a node of.
-    void addNode() { m_nodes += nodeSize; }
+    /// An attribute, of which the parser makes a node.
+    void addAttribute() { m_nodes += nodeSize; }
 
-    /// What comes next is parsed after the nodes so far were thrown away.
-    void endPart() { m_largestPart = std::max(m_largestPart, std::exchange(m_nodes, 0)); }
+    /// A comment, section or instruction, with so many bytes up to the next tag: it may be a text, and another may
+    /// stand behind it.
+    void addSection(std::size_t content)
+    {
+        m_nodes += 2 * nodeSize;
+        m_values += content;
+    }
+
+    /// What comes next may be parsed after the nodes so far were thrown away.
+    void endPart()
+    {
+        m_endedNodes += m_nodes;
+        m_largestPart = std::max(m_largestPart, std::exchange(m_nodes, 0));
+    }
+
+    enum class Parsing { InParts, Whole };
 
     /// Whether a file of `size` bytes may hold the list.
-    bool isAllowed(std::size_t size) const
+    bool isAllowed(std::size_t size, Parsing parsing) const
     {
-        return m_elements <= maximumElements && isAllowed(m_values + std::max(m_nodes, m_largestPart), size);
+        const std::uint64_t nodes =
+            parsing == Parsing::Whole ? m_endedNodes + m_nodes : std::max(m_nodes, m_largestPart);
+        return m_elements <= maximumElements && isAllowed(m_values + nodes, size);
     }
 
     /// Whether what is read from a file of `size` bytes may take `memory` bytes.
@@ -59,15 +75,19 @@ private:
         if (name == "key") {
             return sizeof(Dictionary::Entry) - sizeof(Value) + text; // its value counts as every value does
         }
-        if (name == "string" || name == "data") {
+        if (name == "string") {
             return sizeof(Value) + textSize + text;
+        }
+        if (name == "data") {
+            return sizeof(Value) + textSize + 2 * text; // the bytes are there twice for a moment
         }
         return sizeof(Value) + (name == "dict" ? dictionarySize : 0) + (name == "array" ? arraySize : 0);
     }
 
     std::uint64_t m_elements = 0;
     std::uint64_t m_values = 0;
-    std::uint64_t m_nodes = 0; ///< bytes, of the part so far
+    std::uint64_t m_nodes = 0;      ///< bytes, of the part so far
+    std::uint64_t m_endedNodes = 0; ///< of the parts before
     std::uint64_t m_largestPart = 0;
 };
 

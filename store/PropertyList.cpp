@@ -5,6 +5,16 @@
 
 namespace PropertyList {
 
+namespace {
+
+/// What a binary list shares, XML does not: a list of a few kilobytes can be too large for it.
+bool canBeWritten(const Table& table)
+{
+    return !writeXml(table, [](std::string_view) { return std::error_code(); });
+}
+
+} // namespace
+
 std::optional<Table> readTable(std::string bytes)
 {
     return readTableInPlace(bytes);
@@ -16,9 +26,13 @@ std::optional<Table> readTableInPlace(std::span<char> bytes)
         return std::nullopt;
     }
     const std::string_view text(bytes.data(), bytes.size());
-    const std::optional<Value> root = text.starts_with("bplist0") ? readBinary(text) : readXml(bytes);
+    const bool isBinary = text.starts_with("bplist0");
+    const std::optional<Value> root = isBinary ? readBinary(text) : readXml(bytes);
     const Array* array = root ? root->array() : nullptr;
-    return array ? std::optional(*array) : std::nullopt;
+    if (!array || (isBinary && !canBeWritten(*array))) {
+        return std::nullopt;
+    }
+    return *array;
 }
 
 std::string writeXml(const Table& table)

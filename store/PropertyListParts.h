@@ -17,8 +17,12 @@ constexpr std::string_view xmlHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>
                                      "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
                                      "<plist version=\"1.0\">\n";
 
-/// The list that the XML text `bytes` holds, nullopt when it is broken. They are parsed in place.
-std::optional<Value> readXml(std::span<char> bytes);
+/// A part of a list has this many bytes and more: few enough for its nodes to stay in the processor's cache.
+constexpr std::size_t usualPartSize = std::size_t{256} << 10;
+
+/// The list that the XML text `bytes` holds, nullopt when it is broken. They are parsed in place; the parts that they
+/// are cut into, if they can be, are no smaller than `partSize`.
+std::optional<Value> readXml(std::span<char> bytes, std::size_t partSize = usualPartSize);
 
 /// The list that `bytes` hold in binary form, nullopt when it is broken.
 std::optional<Value> readBinary(std::string_view bytes);

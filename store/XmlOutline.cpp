@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "store/XmlOutline.h"
 
-#include "store/PropertyListParts.h"
-
 #include <algorithm>
 
 namespace PropertyList {
 
 namespace {
 
-constexpr std::string_view rootTag = "<array>";
+constexpr std::string_view rootTag = XmlParts::rootTag;
 constexpr std::string_view rootEnd = "</array>";
+constexpr std::string_view plistTag = "<plist";
 constexpr std::string_view plistEnd = "</plist>";
 constexpr std::string_view blanks = " \t\r\n";
 
@@ -20,22 +19,69 @@ std::string_view withoutBlanks(std::string_view text)
     return text;
 }
 
+/// Whether the declaration that `text` begins with, if there is one, lets the rest be UTF-8.
+bool declaresUtf8(std::string_view text)
+{
+    const std::string_view declaration = text.substr(0, text.find("?>"));
+    const std::size_t name = declaration.find("encoding");
+    return !text.starts_with("<?xml") || name == std::string_view::npos ||
+           declaration.find("UTF-8", name) != std::string_view::npos ||
+           declaration.find("utf-8", name) != std::string_view::npos;
+}
+
+struct Head {
+    std::size_t root = 0; ///< where the root's tag is
+    bool isInPlist = false;
+};
+
+/// What stands before an array that is the whole list; nullopt when that is not plain. Whether it is well formed is for
+/// the parser to say.
+std::optional<Head> headOf(std::string_view xml)
+{
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    constexpr std::size_t largestHead = std::size_t{64} << 10;
+    std::string_view rest = xml.substr(0, largestHead);
+    if (rest.starts_with(byteOrderMark)) {
+        rest.remove_prefix(byteOrderMark.size());
+    }
+    if (!declaresUtf8(rest)) {
+        return std::nullopt;
+    }
+    const char* const begin = xml.data();
+    Head head;
+    for (rest = withoutBlanks(rest); !rest.starts_with(rootTag); rest = withoutBlanks(rest)) {
+        const bool isPlist = rest.starts_with(plistTag);
+        const std::string_view ending = rest.starts_with("<!--") ? "-->" : rest.starts_with("<?") ? "?>" : ">";
+        const std::size_t end = rest.find(ending);
+        const bool isKnown = isPlist || rest.starts_with("<?") || rest.starts_with("<!");
+        if (head.isInPlist || !isKnown || end == std::string_view::npos) {
+            return std::nullopt;
+        }
+        head.isInPlist = isPlist;
+        rest.remove_prefix(end + ending.size());
+    }
+    head.root = static_cast<std::size_t>(rest.data() - begin);
+    return head;
+}
+
 /// Goes from tag to tag.
 class Scan {
 public:
     Scan(std::string_view xml, std::size_t partSize) : m_xml(xml), m_partSize(partSize)
     {
-        m_isPlain = xml.starts_with(xmlHead) && xml.substr(xmlHead.size()).starts_with(rootTag) &&
-                    xml.find('\0') == std::string_view::npos;
-        m_parts.begin = xmlHead.size() + rootTag.size();
+        const std::optional<Head> head = headOf(xml);
+        m_isPlain = head && xml.find('\0') == std::string_view::npos;
+        m_parts.isInPlist = head && head->isInPlist;
+        m_root = head ? head->root : 0;
+        m_parts.begin = m_root + rootTag.size();
         m_partBegin = m_parts.begin;
     }
 
     XmlOutline outline()
     {
-        std::size_t tag = m_isPlain ? xmlHead.size() : m_xml.find('<');
+        std::size_t tag = m_xml.find('<', m_root);
         while (tag < m_xml.size() && !m_isAtEnd) {
-            if (!m_memory.isAllowed(m_xml.size()) || (m_isPlain && m_depth > maximumDepth)) {
+            if (!isAllowed() || (m_isPlain && m_depth > maximumDepth)) {
                 return {};
             }
             tag = takeTag(tag);
@@ -45,7 +91,7 @@ public:
             countAttributes();
         }
         XmlOutline result;
-        result.isAllowed = m_memory.isAllowed(m_xml.size());
+        result.isAllowed = isAllowed();
         if (m_isPlain) {
             result.parts = std::move(m_parts);
         }
@@ -53,46 +99,61 @@ public:
     }
 
 private:
+    bool isAllowed() const
+    {
+        return m_memory.isAllowed(m_xml.size(), m_isPlain ? ListMemory::Parsing::InParts : ListMemory::Parsing::Whole);
+    }
+
     /// Takes in the tag at `tag` and gives the place of the next one.
     std::size_t takeTag(std::size_t tag)
     {
-        const char kind = tag + 1 < m_xml.size() ? m_xml[tag + 1] : '\0';
+        const std::size_t next = std::min(m_xml.find('<', tag + 1), m_xml.size());
+        const char kind = tag + 1 < next ? m_xml[tag + 1] : '\0';
         if (kind == '/') {
-            return takeEndTag(tag);
-        }
-        if (kind == '!' || kind == '?') {
+            takeEndTag(tag, next);
+        } else if (kind == '!' || kind == '?') {
             m_isPlain = false;
-            m_memory.addNode();
-            return m_xml.find('<', tag + 1);
-        }
-        std::size_t nameEnd = tag + 1;
-        while (nameEnd < m_xml.size() && !isNameEnd(m_xml[nameEnd])) {
-            ++nameEnd;
-        }
-        const bool closesItself = m_xml.substr(nameEnd).starts_with("/>");
-        const bool isBare = closesItself || m_xml.substr(nameEnd).starts_with('>');
-        m_isPlain = m_isPlain && isBare;
-        const std::size_t end = nameEnd + (closesItself ? 2 : 1);
-        const std::size_t next = std::min(m_xml.find('<', end), m_xml.size());
-        m_memory.addElement(m_xml.substr(tag + 1, nameEnd - tag - 1), next - std::min(end, next));
-        if (tag >= m_parts.begin) {
-            m_depth += closesItself ? 0 : 1;
-            if (closesItself && m_depth == 0) {
-                endElement(end);
-            }
+            m_memory.addSection(next - tag);
+        } else {
+            takeStartTag(tag, next);
         }
         return next;
     }
 
-    std::size_t takeEndTag(std::size_t tag)
+    void takeStartTag(std::size_t tag, std::size_t next)
     {
-        const std::size_t end = m_xml.find('>', tag);
-        if (m_isPlain && --m_depth == 0) {
-            endElement(end == std::string_view::npos ? m_xml.size() : end + 1);
-        } else if (m_isPlain && m_depth < 0) {
+        std::size_t nameEnd = tag + 1;
+        while (nameEnd < next && !isNameEnd(m_xml[nameEnd])) {
+            ++nameEnd;
+        }
+        const std::string_view rest = m_xml.substr(nameEnd, next - nameEnd);
+        const bool closesItself = rest.starts_with("/>");
+        m_isPlain = m_isPlain && (closesItself || rest.starts_with('>'));
+        const std::size_t end = std::min(nameEnd + (closesItself ? 2 : 1), next);
+        m_memory.addElement(m_xml.substr(tag + 1, nameEnd - tag - 1), next - end);
+        if (!m_isPlain || tag < m_parts.begin) {
+            return;
+        }
+        if (!closesItself) {
+            ++m_depth;
+        } else if (m_depth == 0) {
+            endElement(end);
+        }
+    }
+
+    void takeEndTag(std::size_t tag, std::size_t next)
+    {
+        if (!m_isPlain) {
+            return;
+        }
+        const std::size_t end = m_xml.substr(tag, next - tag).find('>');
+        if (end == std::string_view::npos) {
+            m_isPlain = false;
+        } else if (--m_depth == 0) {
+            endElement(tag + end + 1);
+        } else if (m_depth < 0) {
             endRoot(tag);
         }
-        return m_xml.find('<', tag + 1);
     }
 
     static bool isNameEnd(char c)
@@ -119,8 +180,12 @@ private:
         m_isPlain = rest.starts_with(rootEnd);
         if (m_isPlain) {
             rest = withoutBlanks(rest.substr(rootEnd.size()));
-            m_isPlain = rest.starts_with(plistEnd) && withoutBlanks(rest.substr(plistEnd.size())).empty();
         }
+        if (m_isPlain && m_parts.isInPlist) {
+            m_isPlain = rest.starts_with(plistEnd);
+            rest = m_isPlain ? withoutBlanks(rest.substr(plistEnd.size())) : rest;
+        }
+        m_isPlain = m_isPlain && rest.empty();
         m_isAtEnd = m_isPlain;
     }
 
@@ -130,16 +195,17 @@ private:
         for (std::size_t at = m_xml.find('='); at != std::string_view::npos; at = m_xml.find('=', at + 1)) {
             const char next = at + 1 < m_xml.size() ? m_xml[at + 1] : '\0';
             if (next == '"' || next == '\'' || blanks.find(next) != std::string_view::npos) {
-                m_memory.addNode();
+                m_memory.addAttribute();
             }
         }
     }
 
     std::string_view m_xml;
     std::size_t m_partSize;
+    std::size_t m_root = 0; ///< where its tag is, if the form is plain
     std::size_t m_partBegin = 0;
-    int m_depth = 0; ///< elements of the root that are open, one inside the other
-    bool m_isPlain = false;
+    int m_depth = 0;        ///< elements of the root that are open, one inside the other
+    bool m_isPlain = false; ///< so far
     bool m_isAtEnd = false;
     XmlParts m_parts;
     ListMemory m_memory;

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 #include <memory>
 #include <span>
 
@@ -18,9 +19,6 @@ namespace {
 
 /// Lists of this many bytes and more are parsed in memory of the parser's own.
 constexpr std::size_t largeSize = std::size_t{1} << 20;
-
-/// A part of a list has this many bytes and more: few enough for its nodes to stay in the processor's cache.
-constexpr std::size_t partSize = std::size_t{256} << 10;
 
 /// Blank texts are kept, for a note of blanks is a note; ends of lines are not touched, for a carriage return is a
 /// character of the note. Comments, processing instructions and the document type are passed over; entities that the
@@ -48,6 +46,13 @@ std::optional<Value> valueOf(pugi::xml_node element, int depth);
 std::optional<std::string> textOf(pugi::xml_node element)
 {
     std::string text = element.value(); // the first text; what follows it has nodes of its own
+    if (element.first_child()) {
+        std::size_t size = text.size();
+        for (const pugi::xml_node child : element.children()) {
+            size += std::strlen(child.value());
+        }
+        text.reserve(size);
+    }
     for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling()) {
         if (child.type() == pugi::node_element) {
             return std::nullopt;
@@ -124,6 +129,7 @@ std::optional<std::vector<std::byte>> dataFrom(std::string text)
     if (!decoded) {
         return std::nullopt;
     }
+    text = std::string(); // which may be large
     const QByteArray& data = decoded.decoded;
     const auto bytes = std::as_bytes(std::span(data.constData(), static_cast<std::size_t>(data.size())));
     return std::vector<std::byte>(bytes.begin(), bytes.end());
@@ -260,26 +266,6 @@ bool appendValues(Array& array, std::span<char> part)
     return child.has_value();
 }
 
-/// The list in `xml`, part by part: the nodes of one take the place of those before.
-std::optional<Value> readParts(std::span<char> xml, const XmlParts& parts, ParserMemory* memory)
-{
-    Array array;
-    array.reserve(static_cast<qsizetype>(parts.elements));
-    xml[parts.ends.back()] = ' '; // the parser pays no heed to the last byte, which must be no text then
-    std::size_t begin = parts.begin;
-    for (const std::size_t part : parts.ends) {
-        const std::size_t end = part == parts.ends.back() ? part + 1 : part;
-        if (!appendValues(array, xml.subspan(begin, end - begin))) {
-            return std::nullopt;
-        }
-        if (memory) {
-            memory->reuse();
-        }
-        begin = end;
-    }
-    return Value(std::move(array));
-}
-
 /// The list in `xml`, which may have comments, sections, attributes or any other root.
 std::optional<Value> readWhole(std::span<char> xml, pugi::xml_encoding encoding)
 {
@@ -304,8 +290,34 @@ std::optional<Value> readWhole(std::span<char> xml, pugi::xml_encoding encoding)
     return valueOf(root, 0);
 }
 
+/// The list in `xml`, part by part: the nodes of one take the place of those before.
+std::optional<Value> readParts(std::span<char> xml, const XmlParts& parts, pugi::xml_encoding encoding,
+                               ParserMemory* memory)
+{
+    std::string frame(xml.data(), parts.begin - XmlParts::rootTag.size());
+    frame += parts.isInPlist ? "<array/></plist>" : "<array/>";
+    if (!readWhole(frame, encoding)) {
+        return std::nullopt;
+    }
+    Array array;
+    array.reserve(static_cast<qsizetype>(parts.elements));
+    xml[parts.ends.back()] = ' '; // the parser pays no heed to the last byte, which must be no text then
+    std::size_t begin = parts.begin;
+    for (const std::size_t part : parts.ends) {
+        const std::size_t end = part == parts.ends.back() ? part + 1 : part;
+        if (!appendValues(array, xml.subspan(begin, end - begin))) {
+            return std::nullopt;
+        }
+        if (memory) {
+            memory->reuse();
+        }
+        begin = end;
+    }
+    return Value(std::move(array));
+}
+
 /// The list in a text in any encoding but UTF-16.
-std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encoding)
+std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encoding, std::size_t partSize)
 {
     const std::string_view xml(bytes.data(), bytes.size());
     const XmlOutline outline = outlineOf(xml, partSize);
@@ -313,20 +325,20 @@ std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encodi
         return std::nullopt;
     }
     const auto memory = bytes.size() >= largeSize ? std::make_unique<ParserMemory>() : nullptr;
-    return outline.parts ? readParts(bytes, *outline.parts, memory.get()) : readWhole(bytes, encoding);
+    return outline.parts ? readParts(bytes, *outline.parts, encoding, memory.get()) : readWhole(bytes, encoding);
 }
 
 } // namespace
 
-std::optional<Value> readXml(std::span<char> bytes)
+std::optional<Value> readXml(std::span<char> bytes, std::size_t partSize)
 {
     const std::optional<ByteOrder> order = utf16Order({bytes.data(), bytes.size()});
     if (!order) {
-        return readParsed(bytes, pugi::encoding_auto);
+        return readParsed(bytes, pugi::encoding_auto, partSize);
     }
     // Converted here, because the parser drops halves of surrogate pairs in silence.
     ConvertedText converted = utf8FromUtf16({bytes.data(), bytes.size()}, *order);
-    return converted.isWhole ? readParsed(converted.utf8, pugi::encoding_utf8) : std::nullopt;
+    return converted.isWhole ? readParsed(converted.utf8, pugi::encoding_utf8, partSize) : std::nullopt;
 }
 
 } // namespace PropertyList

@@ -141,7 +141,7 @@ public:
         m_xml.append(xmlHead);
         writeArray(table, 0);
         m_xml.append(foot);
-        if (!m_memory.isAllowed(m_xml.written())) {
+        if (!m_memory.isAllowed(m_xml.written(), ListMemory::Parsing::InParts)) {
             m_xml.fail(std::errc::file_too_large); // the reader would not take it
         }
         return m_xml.finish();

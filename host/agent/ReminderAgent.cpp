@@ -296,6 +296,10 @@ void ReminderAgent::closed(uint id, NotificationDaemon::Closing closing)
     }
     Notification& notification = m_notifications[*identifier];
     notification.id = 0;
+    if (notification.beingShown) {
+        m_reminders.setFormerNotification(*identifier, {}); // what is on its way has not been seen yet
+        return;
+    }
     m_reminders.setNotification(*identifier, {});
     if (!notification.clicked && closing == NotificationDaemon::Closing::Wanted) {
         dismiss({*identifier});

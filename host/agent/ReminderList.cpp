@@ -255,12 +255,16 @@ std::error_code ReminderList::write(Check check)
     for (const Reminder& reminder : m_reminders) {
         table << valueOf(reminder);
     }
-    const std::string bytes = PropertyList::writeXml(table);
-    if (check == Check::ReadBack && (bytes.size() > largestWritten || !PropertyList::readTable(bytes))) {
+    std::string bytes;
+    std::error_code error = PropertyList::writeXml(table, [&bytes](std::string_view piece) {
+        bytes.append(piece);
+        return std::error_code();
+    });
+    const std::size_t most = check == Check::ReadBack ? largestWritten : largestRead;
+    if (error || bytes.size() > most || (check == Check::ReadBack && !PropertyList::readTable(bytes))) {
         return std::make_error_code(std::errc::value_too_large);
     }
-    std::error_code error = makePrivateFolder(m_file.parent_path());
-    if (error) {
+    if ((error = makePrivateFolder(m_file.parent_path()))) {
         return error;
     }
     TemporaryFile file(m_file);

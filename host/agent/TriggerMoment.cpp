@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/agent/TriggerMoment.h"
 
+#include "dates/ZonePlace.h"
+
 #include <QDateTime>
 #include <QTimeZone>
 
@@ -23,14 +25,21 @@ QTimeZone::OffsetDataList changes(const QTimeZone& zone, const QDateTime& from, 
     return all;
 }
 
+/// The zone of that name, UTC when there is none. A name that leads elsewhere is not looked up: anything may lie there.
+QTimeZone zoneOf(const std::string& name)
+{
+    if (ZonePlace::isZoneName(name)) {
+        const QTimeZone zone(QByteArray::fromStdString(name));
+        return zone.isValid() ? zone : QTimeZone::utc();
+    }
+    return QTimeZone::utc();
+}
+
 } // namespace
 
 Date momentOf(const CalendarNotificationTrigger& trigger)
 {
-    QTimeZone zone(QByteArray::fromStdString(trigger.timeZone));
-    if (!zone.isValid()) {
-        zone = QTimeZone::utc();
-    }
+    const QTimeZone zone = zoneOf(trigger.timeZone);
     const QDate day = QDate(trigger.year, trigger.month, 1).addDays(trigger.day - 1);
     // What the clock shows, as if it stood in UTC.
     const QDateTime shown(day, QTime(trigger.hour, trigger.minute, trigger.second), Qt::UTC);
