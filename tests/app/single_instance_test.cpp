@@ -76,8 +76,8 @@ TEST_F(SingleInstanceTest, GivesUpOnOneThatIsSilentForFiveSeconds)
 {
     int calls = 0;
     const Holder holder(first(), [&calls](QDBusConnection&, const QDBusMessage&) { ++calls; });
-    EXPECT_EQ(claim(1s), SingleInstance::Start::NoAnswer);
-    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(claim(500ms), SingleInstance::Start::NoAnswer);
+    EXPECT_GE(calls, 1);
     EXPECT_EQ(SingleInstance::usualPatience, 5s);
 }
 
