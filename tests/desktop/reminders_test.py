@@ -47,6 +47,10 @@ class RemindersTest(DesktopTest):
         self.home.folder.mkdir(mode=0o700)
         (self.home.folder / "TALV VeluMora").write_bytes(plistlib.dumps(NOTES))
 
+    def tearDown(self):
+        # Before the agent's own end: a program may start another one for what the agent had not answered.
+        self.end_programs()
+
     def daemon(self):
         daemon = NotificationDaemon(self.session.bus_address)
         self.addCleanup(daemon.die)

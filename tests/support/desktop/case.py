@@ -48,6 +48,9 @@ class DesktopTest(unittest.TestCase):
         failed = any(test is self for test, _ in self._result.failures + self._result.errors)
         if failed and self.session.screen:
             self.picture(self.id())
+        self.end_programs()
+
+    def end_programs(self):
         for application in self._running:
             if application.process.poll() is None:
                 application.quit()

@@ -3,6 +3,7 @@
 
 import datetime
 import os
+import pathlib
 import plistlib
 import signal
 import zoneinfo
@@ -61,10 +62,20 @@ class Agent:
         self.wait_for_end()
 
     def end(self):
-        """Ends the agent of this bus, whoever started it."""
-        if self._connection.has_owner(SERVICE):
-            os.kill(self._connection.process_id(SERVICE), signal.SIGKILL)
-            pump_until(lambda: not self._connection.has_owner(SERVICE), "the bus to know")
+        """Ends the agents of this bus, whoever started them, one that has no name on it yet too."""
+        for process in self._processes():
+            os.kill(process, signal.SIGKILL)
+        pump_until(lambda: not self._connection.has_owner(SERVICE), "the bus to know")
+
+    def _processes(self):
+        bus = f"DBUS_SESSION_BUS_ADDRESS={self._session.bus_address}".encode()
+        for process in pathlib.Path("/proc").glob("[0-9]*"):
+            try:
+                if (process / "exe").readlink().name.startswith("velumora-reminder-agent") \
+                        and bus in (process / "environ").read_bytes().split(b"\0"):
+                    yield int(process.name)
+            except OSError:
+                pass  # it has ended, or is not ours
 
     def wait_for_end(self):
         pump_until(lambda: self.process.poll() is not None, "the agent to end")
