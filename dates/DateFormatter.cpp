@@ -107,6 +107,15 @@ bool canWriteDates(const icu::Locale& locale)
     return U_SUCCESS(status) != 0;
 }
 
+/// Year, month and day name each day once. In a calendar of cycles and leap months, which no locale has of its own but
+/// any can ask for, they do not.
+bool countsDaysByNumbers(const icu::Locale& locale)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const auto calendar = locale.getKeywordValue<std::string>("calendar", status);
+    return calendar != "chinese" && calendar != "dangi";
+}
+
 } // namespace
 
 bool isLocaleIdentifier(const std::string& identifier)
@@ -119,7 +128,7 @@ bool isLocaleIdentifier(const std::string& identifier)
         return false;
     }
     const icu::Locale locale = icuLocale(identifier);
-    return !locale.isBogus() && canWriteDates(locale);
+    return !locale.isBogus() && canWriteDates(locale) && countsDaysByNumbers(locale);
 }
 
 icu::Locale icuLocale(const std::string& identifier)

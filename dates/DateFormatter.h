@@ -17,8 +17,9 @@ class SimpleDateFormat;
 U_NAMESPACE_END
 
 /// Whether `identifier` can stand for a locale: letters of ASCII, digits, "_" and "-", fewer than ICU's longest name
-/// has; no part longer than ICU holds ("norwegianbokmal" is bogus to it); and no digits or calendar asked for that ICU
-/// lacks. Nobody need have heard of the locale. For others ICU gives null instead of a formatter, or empty texts.
+/// has; no part longer than ICU holds ("norwegianbokmal" is bogus to it); no digits or calendar asked for that ICU
+/// lacks; and no calendar in which year, month and day are not enough to name a day. Nobody need have heard of the
+/// locale. For others ICU gives null instead of a formatter, or empty texts.
 bool isLocaleIdentifier(const std::string& identifier);
 
 /// A locale identifier in the desktop's or the BCP 47 form ("de_DE", "de-DE", "de", "zh-Hans-CN"), as ICU understands

@@ -65,6 +65,8 @@ std::vector<std::string> namesOfNoLocale()
         "de_DE*",
         "fa-IR-u-nu-nonsense", // digits that there are not
         "fa_IR_u_nu_nonsense",
+        "yzh-u-ca-chinese", // the same numbers come again each 60 years, and a month twice
+        "ko-KR-u-ca-dangi",
     };
 }
 
