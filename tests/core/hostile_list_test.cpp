@@ -286,6 +286,7 @@ TEST(HostileList, ManyKeysTakeNoLongerForBeingUnlike)
     ASSERT_EQ(read.size(), 200'000U);
     EXPECT_EQ(read.begin()->first, "0");
     EXPECT_EQ(read.begin()->second, integer(200'000)); // the last value in the first one's place
+    EXPECT_EQ((read.begin() + 1)->second, integer(200'001));
     EXPECT_EQ((read.end() - 1)->second, integer(199'999));
 
     std::vector<Dictionary::Entry> reversed(read.begin(), read.end());
@@ -330,9 +331,9 @@ TEST(XmlParts, AreOnlyOfThePlainForm)
     for (const std::string& xml :
          {"<dict></dict>"s, "<plist><dict></dict></plist>"s, "<array></array></plist>"s, "<plist><array></array>"s,
           "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><array></array>"s, plainArray("<true a=\"1\"/>"),
-          plainArray("<true />"), plainArray("<!-- -->"), plainArray("<![CDATA[ ]]>"), plainArray("<?a?>"),
-          plainArray("<true/>") + "<!-- -->", plainArray("</array>"), plainArray("<array>"),
-          plainArray("<string>\0</string>"s), plainArray("<true/>") + "x"}) {
+          plainArray("<true a=\"1\"></true>"), plainArray("<true />"), plainArray("<!-- -->"),
+          plainArray("<![CDATA[ ]]>"), plainArray("<?a?>"), plainArray("<true/>") + "<!-- -->", plainArray("</array>"),
+          plainArray("<array>"), plainArray("<string>\0</string>"s), plainArray("<true/>") + "x"}) {
         EXPECT_FALSE(PropertyList::outlineOf(xml, 1).parts) << xml;
     }
 }
