@@ -3,7 +3,6 @@
 
 #include "store/Files.h"
 
-#include <QDir>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QMainWindow>
@@ -43,7 +42,7 @@ std::optional<Place> placeFrom(const QString& text)
     for (int index = 0; index < 4; ++index) {
         bool isNumber = false;
         numbers[index] = words.at(index).toInt(&isNumber);
-        if (!isNumber || std::abs(numbers[index]) > greatestNumber) {
+        if (!isNumber || numbers[index] < -greatestNumber || numbers[index] > greatestNumber) {
             return std::nullopt;
         }
     }
@@ -122,13 +121,12 @@ void WindowPlace::save()
     const QString state = m_window.isMaximized() ? maximised : usual;
     const QString text =
         QStringLiteral("%1 %2 %3 %4 %5\n").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height()).arg(state);
-    constexpr QFile::Permissions usersAlone = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-    const QString folder = QString::fromStdString(m_file.parent_path().string());
-    if (!QDir(folder).exists()) {
-        QDir().mkpath(folder);
-        QFile::setPermissions(folder, usersAlone);
+    // Where it cannot be written, the window opens as it did before.
+    if (makePrivateFolder(m_file.parent_path())) {
+        return;
     }
-    TemporaryFile file(m_file); // where it cannot be written, the window opens as it did before
+    removeStaleTemporaries(m_file.parent_path(), m_file.filename().native());
+    TemporaryFile file(m_file);
     if (!file.write(text.toStdString())) {
         file.replaceTarget();
     }

@@ -24,6 +24,7 @@
 #include "host/linux/TerminationSignals.h"
 #include "host/linux/UnexpectedExit.h"
 #include "host/linux/WindowActivation.h"
+#include "store/Files.h"
 #include "ui_MainWindow.h"
 #include "update/WebVersionServer.h"
 
@@ -49,7 +50,7 @@ std::optional<std::filesystem::path> applicationSupportFolder()
     if (folder.isEmpty()) {
         return std::nullopt;
     }
-    QDir().mkpath(folder); // a new account has none yet
+    (void)makePrivateFolder(folder.toStdString()); // a new account has none yet; a save tells what is wrong with it
     return folder.toStdString();
 }
 

@@ -66,9 +66,7 @@ std::optional<fs::path> DataFolder::ensure() const
 {
     std::optional<fs::path> folder = url();
     if (folder) {
-        if (::mkdir(folder->c_str(), S_IRWXU) == 0) {
-            (void)syncFolder(folder->parent_path());
-        }
+        (void)makeFolder(*folder); // what goes wrong is told by who needs it
     }
     return folder;
 }
@@ -100,8 +98,12 @@ std::optional<Table> DataFolder::loadTable(const std::string& name)
 
 std::error_code DataFolder::saveTable(const std::optional<Table>& table, const std::string& name, Replacing replacing)
 {
-    if (!ensure()) {
+    const std::optional<fs::path> folder = url();
+    if (!folder) {
         return std::make_error_code(std::errc::no_such_file_or_directory);
+    }
+    if (const std::error_code error = makeFolder(*folder)) {
+        return error;
     }
     const auto [file, isCircle, doubt] = resolved(*fileUrl(name));
     if (doubt) {
@@ -140,17 +142,16 @@ std::error_code DataFolder::write(const Table& table, const fs::path& file, cons
 std::error_code DataFolder::remove(const fs::path& file, const std::string& name)
 {
     const FileStatus status = FileStatus::of(file);
-    if (status.error() || status.isAbsent()) {
+    if (status.error()) {
         return status.error();
     }
-    if (const std::error_code error = keepWhatWouldBeLost(file, name, Replacing::Nothing)) {
-        return error;
+    if (!status.isAbsent()) {
+        if (const std::error_code error = keepWhatWouldBeLost(file, name, Replacing::Nothing)) {
+            return error;
+        }
+        setKnown(name, std::nullopt);
     }
-    if (::unlink(file.c_str()) != 0 && errno != ENOENT) { // gone when it was moved to be kept
-        return {errno, std::generic_category()};
-    }
-    setKnown(name, std::nullopt);
-    return syncFolder(file.parent_path());
+    return removeFile(file);
 }
 
 std::error_code DataFolder::keepWhatWouldBeLost(const fs::path& file, const std::string& name, Replacing replacing)

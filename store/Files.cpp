@@ -274,22 +274,34 @@ std::error_code syncFolder(const std::filesystem::path& folder)
     return isUnable ? std::error_code() : lastError();
 }
 
-std::error_code makePrivateFolder(const std::filesystem::path& folder)
+std::error_code removeFile(const std::filesystem::path& file)
 {
-    if (::mkdir(folder.c_str(), S_IRWXU) == 0) {
-        return syncFolder(folder.parent_path());
-    }
-    if (errno == EEXIST) {
-        return {};
-    }
-    if (errno != ENOENT || !folder.has_relative_path()) {
-        return lastError();
-    }
-    if (const std::error_code error = makePrivateFolder(folder.parent_path())) {
+    const bool isRemoved = ::unlink(file.c_str()) == 0;
+    if (const std::error_code error = lastError(); !isRemoved && !meansAbsent(error)) {
         return error;
     }
+    const std::error_code error = syncFolder(file.parent_path());
+    return !isRemoved && meansAbsent(error) ? std::error_code() : error; // there is no such folder
+}
+
+std::error_code makeFolder(const std::filesystem::path& folder)
+{
     if (::mkdir(folder.c_str(), S_IRWXU) != 0) {
         return errno == EEXIST ? std::error_code() : lastError();
     }
-    return syncFolder(folder.parent_path());
+    const std::error_code error = syncFolder(folder.parent_path());
+    if (error) {
+        ::rmdir(folder.c_str()); // its name may not outlast a power cut, so the next attempt is to make it again
+    }
+    return error;
+}
+
+std::error_code makePrivateFolder(const std::filesystem::path& folder)
+{
+    const std::error_code error = makeFolder(folder);
+    if (error != std::errc::no_such_file_or_directory || !folder.has_relative_path()) {
+        return error;
+    }
+    const std::error_code above = makePrivateFolder(folder.parent_path());
+    return above ? above : makeFolder(folder);
 }

@@ -135,6 +135,13 @@ void removeStaleTemporaries(const std::filesystem::path& folder, std::string_vie
 /// one wait: nothing better can be done there.
 std::error_code syncFolder(const std::filesystem::path& folder);
 
+/// Removes `file`, if it is there, and has the disk know it: also where it is gone already, since a call whose sync
+/// failed may have removed it. A link is removed, not what it points at.
+std::error_code removeFile(const std::filesystem::path& file);
+
+/// Makes `folder` for the user alone, if it is not there, and has its name on the disk. What it lies in must be there.
+std::error_code makeFolder(const std::filesystem::path& folder);
+
 /// Makes the folder and those above it that are missing, for the user alone, on the disk when it returns. No error when
 /// something stands there already.
 std::error_code makePrivateFolder(const std::filesystem::path& folder);

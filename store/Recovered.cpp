@@ -90,13 +90,12 @@ std::error_code Recovered::keep(const fs::path& folder, const fs::path& file, co
     if (status.error()) {
         return status.error();
     }
+    bool isKept = false; // already, as the newest copy
     if (!status.isRegular()) {
         fs::rename(file, kept, error);
     } else if (const std::optional<FileContent> content = readFile(file, PropertyList::maximumSize, error)) {
-        if (!copies.empty() && holds(copies.back().path, content->text())) {
-            return syncFolder(folder); // perhaps the last attempt came to an end before that
-        }
-        error = copyBytes(content->text(), kept);
+        isKept = !copies.empty() && holds(copies.back().path, content->text());
+        error = isKept ? std::error_code() : copyBytes(content->text(), kept);
     }
     if (error) {
         fs::create_hard_link(file, kept, error);
@@ -104,11 +103,11 @@ std::error_code Recovered::keep(const fs::path& folder, const fs::path& file, co
     if (error) {
         return error;
     }
-    if (const std::error_code doubt = syncFolder(folder)) {
+    if (const std::error_code doubt = syncFolder(folder)) { // also where the last attempt came to an end before that
         return doubt;
     }
 
-    const auto surplus = static_cast<std::ptrdiff_t>(copies.size()) + 1 - copiesPerFile;
+    const auto surplus = static_cast<std::ptrdiff_t>(copies.size()) + (isKept ? 0 : 1) - copiesPerFile;
     for (std::ptrdiff_t i = 0; i < surplus; ++i) {
         std::error_code ignored;
         fs::remove(copies[static_cast<std::size_t>(i)].path, ignored);

@@ -77,6 +77,7 @@ std::error_code AutostartEntry::enable() const
     if (present && present->text() == text) {
         return {};
     }
+    removeStaleTemporaries(m_file.parent_path(), m_file.filename().native());
     std::error_code error = makePrivateFolder(m_file.parent_path());
     if (error) {
         return error;
@@ -90,9 +91,5 @@ std::error_code AutostartEntry::enable() const
 
 std::error_code AutostartEntry::disable() const
 {
-    if (::unlink(m_file.c_str()) != 0) {
-        const std::error_code error(errno, std::generic_category());
-        return meansAbsent(error) ? std::error_code() : error;
-    }
-    return syncFolder(m_file.parent_path());
+    return removeFile(m_file);
 }

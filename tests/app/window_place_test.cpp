@@ -140,7 +140,8 @@ TEST_F(WindowPlaceTest, APlaceOnAScreenThatIsGoneIsBroughtOntoOneThatIsThere)
 TEST_F(WindowPlaceTest, AFileThatTellsNoPlaceIsAsNone)
 {
     for (const char* text : {"", "60 50 610 430", "60 50 610 430 huge", "60 50 -610 430 normal", "a b c d normal",
-                             "60 50 610 999999999999 normal", "\xff\xfe 1 2 3 normal"}) {
+                             "60 50 610 999999999999 normal", "-2147483648 50 610 430 normal",
+                             "60 100001 610 430 normal", "60 -100001 610 430 normal", "\xff\xfe 1 2 3 normal"}) {
         write(text);
         run([text](QMainWindow& window) { EXPECT_EQ(window.size(), QSize(700, 500)) << text; });
     }

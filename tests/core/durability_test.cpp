@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a save asks of the system, in order: this program's own fsync, rename and unlink stand before the system's.
+// What a save asks of the system, in order: this program's own calls of that name stand before the system's.
 #include "core/store_fixture.h"
 #include "store/DataFolder.h"
 #include "store/DraftFile.h"
@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The calls so far: "sync <path> <size>", "sync <folder>", "rename <to>", "unlink <path>".
+/// The calls so far: "stamp <path>", "sync <path> <size>", "sync <folder>", "rename <to>", "unlink <path>".
 class Trace {
 public:
     void add(std::string call)
@@ -43,14 +43,19 @@ Trace& trace()
     return calls;
 }
 
-/// Where the open file is, with "*" for the part of a temporary name that nobody can know.
-std::string nameOf(int descriptor)
+/// The name of a file, with "*" for the part of a temporary one that nobody can know.
+std::string nameOf(const fs::path& file)
 {
-    std::string name = fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor)).filename();
+    std::string name = file.filename();
     if (const std::size_t mark = name.find(".tmp-"); mark != std::string::npos) {
         name = name.substr(0, mark) + ".tmp-*";
     }
     return name;
+}
+
+std::string nameOf(int descriptor)
+{
+    return nameOf(fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor)));
 }
 
 } // namespace
@@ -63,6 +68,12 @@ extern "C" int fsync(int descriptor)
     trace().add("sync " + nameOf(descriptor) +
                 (S_ISREG(status.st_mode) ? " " + std::to_string(status.st_size) : std::string()));
     return static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
+
+extern "C" int setxattr(const char* path, const char* name, const void* value, size_t size, int flags) noexcept
+{
+    trace().add("stamp " + nameOf(fs::path(path)));
+    return static_cast<int>(::syscall(SYS_setxattr, path, name, value, size, flags));
 }
 
 extern "C" int rename(const char* from, const char* to) noexcept
@@ -108,7 +119,8 @@ TEST_F(DurabilityTest, ASaveSyncsTheWholeFileThenTakesItsPlaceThenSyncsTheFolder
     ASSERT_FALSE(save(notes(5000, "a text that fills more than one piece")));
     EXPECT_EQ(trace().take(),
               (Calls{"sync " + m_home.path().filename().native(), // where the folder "TALV" is new
-                     "sync .TALV VeluMora.tmp-* " + sizeOf(notesFile()), "rename to TALV VeluMora", "sync TALV"}));
+                     "stamp .TALV VeluMora.tmp-*", "sync .TALV VeluMora.tmp-* " + sizeOf(notesFile()),
+                     "rename to TALV VeluMora", "sync TALV"}));
 }
 
 TEST_F(DurabilityTest, ALinkedFileIsSyncedWhereItIs)
@@ -118,8 +130,8 @@ TEST_F(DurabilityTest, ALinkedFileIsSyncedWhereItIs)
     m_folder.ensure();
     fs::create_symlink(elsewhere / "mine", notesFile());
     ASSERT_FALSE(save(notes(1, "x")));
-    EXPECT_EQ(trace().take(),
-              (Calls{"sync .mine.tmp-* " + sizeOf(elsewhere / "mine"), "rename to mine", "sync elsewhere"}));
+    EXPECT_EQ(trace().take(), (Calls{"stamp .mine.tmp-*", "sync .mine.tmp-* " + sizeOf(elsewhere / "mine"),
+                                     "rename to mine", "sync elsewhere"}));
 }
 
 TEST_F(DurabilityTest, ARemovalHasTheCopyOnTheDiskBeforeTheFileGoesAndThenTheFolder)

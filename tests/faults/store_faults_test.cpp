@@ -4,6 +4,8 @@
 #include "store/DataFolder.h"
 #include "store/SaveQueue.h"
 
+#include <gmock/gmock.h>
+
 #include <cerrno>
 
 namespace {
@@ -104,10 +106,18 @@ class SaveOverOwn : public Scenario {
     void prepare() override
     {
         saveOld();
+        fs::permissions(file(), ownersAndReaders);
         ASSERT_EQ(m_folder.loadTable(notesName), oldNotes());
     }
     void act() override { save(newNotes()); }
-    void checkAfterFault() override { checkOldOrNew(false); }
+    void checkAfterFault() override
+    {
+        checkOldOrNew(false);
+        EXPECT_EQ(fs::status(file()).permissions() & ~ownersAndReaders, fs::perms::none) << "others may see more";
+    }
+
+    static constexpr fs::perms ownersAndReaders =
+        fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
     void checkAfterSuccess() override
     {
         EXPECT_FALSE(m_error);
@@ -205,7 +215,7 @@ class Queue : public Scenario {
 class CopiesAreThere : public SaveOverForeign {
     void prepare() override
     {
-        for (int i = 1; i <= 2; ++i) {
+        for (int i = 1; i <= 3; ++i) {
             saveOld();
             DataFolder former(home(), m_clock);
             ASSERT_FALSE(former.saveTable(notes(i, "earlier"), notesName, Replacing::Nothing));
@@ -215,12 +225,12 @@ class CopiesAreThere : public SaveOverForeign {
     void checkAfterFault() override
     {
         SaveOverForeign::checkAfterFault();
-        EXPECT_GE(wholeCopies(), 4);
+        EXPECT_GE(wholeCopies(), 4); // the oldest goes when there are too many
     }
     void checkAfterSuccess() override
     {
         SaveOverForeign::checkAfterSuccess();
-        EXPECT_EQ(wholeCopies(), 5);
+        EXPECT_THAT(wholeCopies(), testing::AnyOf(5, 6)); // the oldest stays where it could not be removed
     }
 
     int wholeCopies() const
