@@ -6,8 +6,11 @@
 
 #include <QLoggingCategory>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <iterator>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -24,11 +27,16 @@ namespace fs = std::filesystem;
 const std::string draftName = "Draft";
 constexpr int mostSetAside = 1000;
 
+fs::path asideName(const fs::path& file, int number)
+{
+    return file.native() + " unread " + std::to_string(number);
+}
+
 /// Gives the file a name that is not taken. Whether its own name is free then.
 bool setAside(const fs::path& file)
 {
     for (int number = 1; number <= mostSetAside; ++number) {
-        const fs::path name = file.native() + " unread " + std::to_string(number);
+        const fs::path name = asideName(file, number);
         if (::renameat2(AT_FDCWD, file.c_str(), AT_FDCWD, name.c_str(), RENAME_NOREPLACE) == 0) {
             qCWarning(logDraft, "a draft that cannot be read was set aside: %s", name.c_str());
             return true;
@@ -40,17 +48,24 @@ bool setAside(const fs::path& file)
     return false;
 }
 
-/// An empty one when there is no file, nullopt when there is something that cannot be read.
-std::optional<Draft> draftIn(const fs::path& file)
+/// The draft in the file; nullopt when there is none that can be read, and why the file cannot.
+std::optional<Draft> draftIn(const fs::path& file, std::error_code& error)
 {
-    std::error_code error;
     std::optional<FileContent> content = readFile(file, PropertyList::maximumSize, error);
-    if (!content && meansAbsent(error) && FileStatus::of(file).isAbsent()) { // and no link that leads nowhere
-        return Draft();
-    }
     const std::optional<Table> table =
         content ? PropertyList::readTableInPlace(content->bytes()) : std::optional<Table>();
     return table ? Drafts::draftFromTable(*table) : std::nullopt;
+}
+
+/// The changes of a draft that was read both aside and in its place are there twice.
+Draft withoutRepetitions(const Draft& draft)
+{
+    std::set<std::string> known;
+    Draft once;
+    std::ranges::copy_if(draft, std::back_inserter(once), [&known](const DraftChange& change) {
+        return known.insert(PropertyList::writeXml(Drafts::tableFromDraft({change}))).second;
+    });
+    return once;
 }
 
 } // namespace
@@ -74,11 +89,19 @@ Draft DraftFile::read()
     }
     const fs::path file = *m_folder / draftName;
     removeStaleTemporaries(*m_folder, draftName);
-    if (std::optional<Draft> draft = draftIn(file)) {
-        return std::move(*draft);
+    std::error_code error;
+    std::optional<Draft> draft = draftIn(file, error);
+    const bool isNone =
+        !draft && meansAbsent(error) && FileStatus::of(file).isAbsent(); // and no link that leads nowhere
+    Draft all = draft.value_or(Draft());
+    for (int number = 1; number <= mostSetAside && !FileStatus::of(asideName(file, number)).isAbsent(); ++number) {
+        if (const std::optional<Draft> aside = draftIn(asideName(file, number), error)) {
+            m_readAside.push_back(asideName(file, number));
+            all.insert(all.end(), aside->begin(), aside->end());
+        }
     }
-    m_isInTheWay = !setAside(file);
-    return {};
+    m_isInTheWay = !draft && !isNone && !setAside(file);
+    return m_readAside.empty() ? all : withoutRepetitions(all);
 }
 
 // As with the saves of tables, what was read is let go of only after the thread that changes the tables took the lock.
@@ -124,6 +147,11 @@ void DraftFile::store(const Draft& draft)
         return;
     }
     const std::error_code error = replaceFile(draft);
+    if (!error) {
+        for (const fs::path& aside : std::exchange(m_readAside, {})) {
+            ::unlink(aside.c_str()); // the file has what is left of it
+        }
+    }
     m_stored = error ? std::nullopt : std::optional(draft);
     if (error) {
         qCWarning(logDraft, "the draft was not written: %s", error.message().c_str());
@@ -138,11 +166,7 @@ std::error_code DraftFile::replaceFile(const Draft& draft)
     }
     m_isInTheWay = false;
     if (draft.empty()) {
-        if (::unlink(file.c_str()) == 0) {
-            return syncFolder(*m_folder);
-        }
-        const std::error_code error(errno, std::generic_category());
-        return meansAbsent(error) ? std::error_code() : error;
+        return removeFile(file);
     }
     if (const std::error_code error = makePrivateFolder(*m_folder)) {
         return error;

@@ -29,7 +29,8 @@ public:
 
     /// The draft that another run left; an empty one when there is none. A file that cannot be read, or that a newer
     /// version wrote, is given another name, so that nothing ever writes over it; while it cannot be, no draft is
-    /// written. To be called before anything else.
+    /// written. One that could not be read then but can be read now is a part of what this gives, and goes once what
+    /// was read has been written or answered. To be called before anything else.
     Draft read();
 
     /// Has the draft that `make` makes replace the file's, and returns at once. An empty draft removes the file. Of
@@ -49,9 +50,10 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_changed;
     Maker m_waiting;
-    std::vector<Maker> m_done;     ///< kept until the next `write`, as the tables they hold were read
-    std::optional<Draft> m_stored; ///< what the file holds, as far as it is known; the worker's
-    bool m_isInTheWay = false;     ///< the name of the file is taken by what could not be read
+    std::vector<Maker> m_done;                      ///< kept until the next `write`, as the tables they hold were read
+    std::optional<Draft> m_stored;                  ///< what the file holds, as far as it is known; the worker's
+    std::vector<std::filesystem::path> m_readAside; ///< drafts under other names that `read` gave
+    bool m_isInTheWay = false;                      ///< the name of the file is taken by what could not be read
     bool m_working = false;
     bool m_ending = false;
     std::thread m_worker; ///< last, as it uses the others

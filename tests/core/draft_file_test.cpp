@@ -113,6 +113,25 @@ TEST_F(DraftFileTest, WhatIsNoDraftIsSetAsideAndNeverWrittenOver)
     EXPECT_EQ(namesIn(folder()).size(), 4U);
 }
 
+/// It was given that name because it could not be read then.
+TEST_F(DraftFileTest, OneThatLiesAsideAndCanBeReadIsReadOnceAndGoesWithTheNextThatIsWritten)
+{
+    Draft both = draftOf("aside");
+    both.push_back(draftOf("in its place").front());
+    fs::create_directories(folder());
+    put(folder() / "Draft unread 1", "no draft at all");
+    put(folder() / "Draft unread 2", PropertyList::writeXml(Drafts::tableFromDraft(both)));
+    put(file(), PropertyList::writeXml(Drafts::tableFromDraft(draftOf("in its place"))));
+    DraftFile run(folder());
+    const Draft read = run.read();
+    EXPECT_EQ(read, (Draft{both.at(1), both.at(0)}));
+    EXPECT_EQ(namesIn(folder()).size(), 3U) << "nothing goes before it is elsewhere";
+    run.write([read] { return read; });
+    run.waitUntilDone();
+    EXPECT_EQ(namesIn(folder()), (std::vector<std::string>{"Draft", "Draft unread 1"}));
+    EXPECT_EQ(readInAnotherRun(), read);
+}
+
 TEST_F(DraftFileTest, AFailedWriteLeavesTheOlderDraftAndIsMadeUpForByTheNext)
 {
     DraftFile run(folder());
