@@ -24,6 +24,11 @@ public:
     static constexpr std::size_t dictionarySize = sharedSize + sizeof(Dictionary) + heapSize;
     static constexpr std::size_t textSize = sharedSize + sizeof(std::string);
 
+    ListMemory() = default;
+
+    /// So many bytes are taken already.
+    explicit ListMemory(std::size_t taken) : m_values(taken) {}
+
     /// An element whose tag has that name; `content` are the bytes between the tag and the next one.
     void addElement(std::string_view name, std::size_t content)
     {

@@ -3,6 +3,8 @@
 
 #include "store/PropertyListParts.h"
 
+#include <new>
+
 namespace PropertyList {
 
 namespace {
@@ -22,6 +24,13 @@ std::optional<Table> readTable(std::string bytes)
 
 std::optional<Table> readTableInPlace(std::span<char> bytes)
 {
+    std::error_code ignored;
+    return readTableInPlace(bytes, ignored);
+}
+
+std::optional<Table> readTableInPlace(std::span<char> bytes, std::error_code& error)
+try {
+    error.clear();
     if (bytes.size() > maximumSize) {
         return std::nullopt;
     }
@@ -33,6 +42,9 @@ std::optional<Table> readTableInPlace(std::span<char> bytes)
         return std::nullopt;
     }
     return *array;
+} catch (const std::bad_alloc&) {
+    error = std::make_error_code(std::errc::not_enough_memory);
+    return std::nullopt;
 }
 
 std::string writeXml(const Table& table)

@@ -34,6 +34,9 @@ std::optional<Table> readTable(std::string bytes);
 /// The same without a copy of them: `bytes` are parsed in place and are of no use afterwards.
 std::optional<Table> readTableInPlace(std::span<char> bytes);
 
+/// The same; `error` says whether nobody knows what the bytes are, because there was not enough memory, or is cleared.
+std::optional<Table> readTableInPlace(std::span<char> bytes, std::error_code& error);
+
 /// Takes the next piece of what is written; an error ends the writing.
 using Sink = std::function<std::error_code(std::string_view bytes)>;
 

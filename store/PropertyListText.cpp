@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "store/PropertyListParts.h"
 
-#include <unicode/ustring.h>
+#include <unicode/utf16.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <array>
@@ -63,30 +64,48 @@ bool isUtf8(std::string_view bytes)
            !hasMisplaced({tail.data(), tail.size()});
 }
 
+namespace {
+
+/// Calls `take` with each character of the text; a half of a surrogate pair is U+FFFD. Whether there was none.
+template <typename Take> bool takeCharacters(std::string_view bytes, ByteOrder order, Take take)
+{
+    constexpr UChar32 replacementCharacter = 0xFFFD;
+    const std::size_t high = order == ByteOrder::BigEndian ? 0 : 1;
+    const auto unitAt = [&](std::size_t i) {
+        return static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i + high]) << 8 |
+                                     static_cast<unsigned char>(bytes[2 * i + 1 - high]));
+    };
+    const std::size_t units = bytes.size() / 2;
+    bool isWhole = true;
+    for (std::size_t i = 0; i < units; ++i) {
+        const char16_t unit = unitAt(i);
+        if (!U16_IS_SURROGATE(unit)) {
+            take(static_cast<UChar32>(unit));
+        } else if (U16_IS_LEAD(unit) && i + 1 < units && U16_IS_TRAIL(unitAt(i + 1))) {
+            take(U16_GET_SUPPLEMENTARY(unit, unitAt(i + 1)));
+            ++i;
+        } else {
+            take(replacementCharacter);
+            isWhole = false;
+        }
+    }
+    return isWhole;
+}
+
+} // namespace
+
 ConvertedText utf8FromUtf16(std::string_view bytes, ByteOrder order)
 {
-    std::u16string units(bytes.size() / 2, u'\0');
-    const std::size_t high = order == ByteOrder::BigEndian ? 0 : 1;
-    for (std::size_t i = 0; i < units.size(); ++i) {
-        const auto highByte = static_cast<unsigned char>(bytes[2 * i + high]);
-        const auto lowByte = static_cast<unsigned char>(bytes[2 * i + 1 - high]);
-        units[i] = static_cast<char16_t>(highByte << 8 | lowByte);
-    }
-
-    constexpr std::size_t mostBytesOfUnit = 3;
-    std::string utf8(units.size() * mostBytesOfUnit, '\0');
-    std::int32_t length = 0;
-    std::int32_t substitutions = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    constexpr UChar32 replacementCharacter = 0xFFFD;
-    u_strToUTF8WithSub(utf8.data(), static_cast<std::int32_t>(utf8.size()), &length, units.data(),
-                       static_cast<std::int32_t>(units.size()), replacementCharacter, &substitutions, &status);
-    if (U_FAILURE(status)) {
-        return {};
-    }
-    utf8.resize(static_cast<std::size_t>(length));
-    utf8.shrink_to_fit();
-    return {std::move(utf8), substitutions == 0 && bytes.size() % 2 == 0};
+    std::size_t length = 0;
+    takeCharacters(bytes, order, [&length](UChar32 character) { length += U8_LENGTH(character); });
+    ConvertedText converted{std::string(length, '\0'), false};
+    std::size_t end = 0;
+    const bool isWhole = takeCharacters(bytes, order, [&converted, &end](UChar32 character) {
+        char* const to = converted.utf8.data();
+        U8_APPEND_UNSAFE(to, end, character);
+    });
+    converted.isWhole = isWhole && bytes.size() % 2 == 0;
+    return converted;
 }
 
 } // namespace PropertyList

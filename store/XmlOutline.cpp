@@ -67,7 +67,8 @@ std::optional<Head> headOf(std::string_view xml)
 /// Goes from tag to tag.
 class Scan {
 public:
-    Scan(std::string_view xml, std::size_t partSize) : m_xml(xml), m_partSize(partSize)
+    Scan(std::string_view xml, std::size_t partSize, std::size_t fileSize, std::size_t taken)
+        : m_xml(xml), m_partSize(partSize), m_fileSize(fileSize), m_memory(taken)
     {
         const std::optional<Head> head = headOf(xml);
         m_isPlain = head && xml.find('\0') == std::string_view::npos;
@@ -101,7 +102,7 @@ public:
 private:
     bool isAllowed() const
     {
-        return m_memory.isAllowed(m_xml.size(), m_isPlain ? ListMemory::Parsing::InParts : ListMemory::Parsing::Whole);
+        return m_memory.isAllowed(m_fileSize, m_isPlain ? ListMemory::Parsing::InParts : ListMemory::Parsing::Whole);
     }
 
     /// Takes in the tag at `tag` and gives the place of the next one.
@@ -202,6 +203,7 @@ private:
 
     std::string_view m_xml;
     std::size_t m_partSize;
+    std::size_t m_fileSize;
     std::size_t m_root = 0; ///< where its tag is, if the form is plain
     std::size_t m_partBegin = 0;
     int m_depth = 0;        ///< elements of the root that are open, one inside the other
@@ -213,9 +215,9 @@ private:
 
 } // namespace
 
-XmlOutline outlineOf(std::string_view xml, std::size_t partSize)
+XmlOutline outlineOf(std::string_view xml, std::size_t partSize, std::size_t fileSize, std::size_t taken)
 {
-    return Scan(xml, partSize).outline();
+    return Scan(xml, partSize, fileSize, taken).outline();
 }
 
 } // namespace PropertyList

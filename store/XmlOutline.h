@@ -29,7 +29,8 @@ struct XmlOutline {
     std::optional<XmlParts> parts;
 };
 
-/// The outline of `xml`, whose parts have at least `partSize` bytes each, but for the last.
-XmlOutline outlineOf(std::string_view xml, std::size_t partSize);
+/// The outline of `xml`, whose parts have at least `partSize` bytes each, but for the last. What it may take depends on
+/// the size of the file that it comes from; what was made of that in another encoding is taken already.
+XmlOutline outlineOf(std::string_view xml, std::size_t partSize, std::size_t fileSize, std::size_t taken = 0);
 
 } // namespace PropertyList

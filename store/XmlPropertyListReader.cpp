@@ -11,6 +11,7 @@
 #include <charconv>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <span>
 
 namespace PropertyList {
@@ -240,6 +241,15 @@ std::optional<ByteOrder> utf16Order(std::string_view bytes)
     return std::nullopt;
 }
 
+/// That there is no memory for a list says nothing about the list; it is thrown, as everywhere.
+bool isParsed(const pugi::xml_parse_result& result)
+{
+    if (result.status == pugi::status_out_of_memory) {
+        throw std::bad_alloc();
+    }
+    return static_cast<bool>(result);
+}
+
 /// The values of the elements in one part of a root; false when the part is broken.
 bool appendValues(Array& array, std::span<char> part)
 {
@@ -251,7 +261,7 @@ bool appendValues(Array& array, std::span<char> part)
     // are made nodes of.
     constexpr unsigned options = parseOptions | pugi::parse_ws_pcdata_single | pugi::parse_fragment;
     pugi::xml_document document;
-    if (!document.load_buffer_inplace(part.data(), part.size(), options, pugi::encoding_utf8)) {
+    if (!isParsed(document.load_buffer_inplace(part.data(), part.size(), options, pugi::encoding_utf8))) {
         return false;
     }
     auto child = elementFrom(document.first_child());
@@ -272,7 +282,7 @@ std::optional<Value> readWhole(std::span<char> xml, pugi::xml_encoding encoding)
     // Blanks beside a comment, CDATA section or instruction may be a part of a text.
     constexpr unsigned options = parseOptions | pugi::parse_ws_pcdata;
     pugi::xml_document document;
-    if (!document.load_buffer_inplace(xml.data(), xml.size(), options, encoding)) {
+    if (!isParsed(document.load_buffer_inplace(xml.data(), xml.size(), options, encoding))) {
         return std::nullopt;
     }
     pugi::xml_node root = document.first_child();
@@ -317,10 +327,11 @@ std::optional<Value> readParts(std::span<char> xml, const XmlParts& parts, pugi:
 }
 
 /// The list in a text in any encoding but UTF-16.
-std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encoding, std::size_t partSize)
+std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encoding, std::size_t partSize,
+                                std::size_t fileSize, std::size_t taken)
 {
     const std::string_view xml(bytes.data(), bytes.size());
-    const XmlOutline outline = outlineOf(xml, partSize);
+    const XmlOutline outline = outlineOf(xml, partSize, fileSize, taken);
     if (!outline.isAllowed || namesNull(xml)) {
         return std::nullopt;
     }
@@ -334,11 +345,13 @@ std::optional<Value> readXml(std::span<char> bytes, std::size_t partSize)
 {
     const std::optional<ByteOrder> order = utf16Order({bytes.data(), bytes.size()});
     if (!order) {
-        return readParsed(bytes, pugi::encoding_auto, partSize);
+        return readParsed(bytes, pugi::encoding_auto, partSize, bytes.size(), 0);
     }
     // Converted here, because the parser drops halves of surrogate pairs in silence.
     ConvertedText converted = utf8FromUtf16({bytes.data(), bytes.size()}, *order);
-    return converted.isWhole ? readParsed(converted.utf8, pugi::encoding_utf8, partSize) : std::nullopt;
+    return converted.isWhole
+               ? readParsed(converted.utf8, pugi::encoding_utf8, partSize, bytes.size(), converted.utf8.size())
+               : std::nullopt;
 }
 
 } // namespace PropertyList

@@ -87,7 +87,7 @@ std::optional<Table> recordsIn(const fs::path& file, std::error_code& error)
         return Table(); // a folder in its place is no list, and nothing will take the place of a folder
     }
     if (std::optional<FileContent> content = readFile(file, ReminderList::largestRead, error)) {
-        return content->size == 0 ? Table() : PropertyList::readTableInPlace(content->bytes());
+        return content->size == 0 ? Table() : PropertyList::readTableInPlace(content->bytes(), error);
     }
     if (error == std::errc::file_too_large) {
         error.clear();
@@ -231,22 +231,13 @@ std::error_code ReminderList::saveAgain()
 
 std::error_code ReminderList::save(Check check)
 {
-    const std::error_code error = m_reminders.empty() ? removeFile() : write(check);
+    const std::error_code error = m_reminders.empty() ? removeFile(m_file) : write(check);
     if (!error) {
         m_hasUnsavedChanges = false;
     } else if (check == Check::None) {
         m_hasUnsavedChanges = true;
     }
     return error;
-}
-
-std::error_code ReminderList::removeFile() const
-{
-    if (::unlink(m_file.c_str()) != 0) {
-        const std::error_code error(errno, std::generic_category());
-        return meansAbsent(error) ? std::error_code() : error;
-    }
-    return syncFolder(m_file.parent_path());
 }
 
 std::error_code ReminderList::write(Check check)

@@ -97,7 +97,6 @@ private:
     void put(Reminder reminder);
     std::error_code save(Check check = Check::None);
     std::error_code write(Check check);
-    std::error_code removeFile() const;
 
     std::filesystem::path m_file;
     std::vector<Reminder> m_reminders;

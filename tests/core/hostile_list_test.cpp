@@ -70,6 +70,11 @@ std::string inUtf16(const std::string& ascii)
     return bytes;
 }
 
+PropertyList::XmlOutline outlineOf(const std::string& xml, std::size_t partSize)
+{
+    return PropertyList::outlineOf(xml, partSize, xml.size());
+}
+
 struct Hostile {
     const char* name;
     std::function<std::string(std::size_t bytes)> make;
@@ -117,6 +122,11 @@ const Hostile hostile[] = {
     {"a document type",
      [](std::size_t n) { return "<!DOCTYPE plist [" + repeated("<!ENTITY a 'a'>", n) + "]>" + xmlArray(""); }},
     {"empty arrays in UTF-16", [](std::size_t n) { return inUtf16(plainArray(repeated("<array/>", n / 2))); }},
+    {"Chinese in UTF-16",
+     [](std::size_t n) {
+         return inUtf16("<plist><array><string>") + repeated("\x2D\x4E", n) +
+                inUtf16("</string></array></plist>").substr(2);
+     }},
     {"one text", [](std::size_t n) { return plainArray("<string>" + repeated("a", n) + "</string>"); }},
     {"one text of references",
      [](std::size_t n) { return plainArray("<string>" + repeated("&lt;", n) + "</string>"); }},
@@ -213,7 +223,7 @@ TEST(HostileList, IsRefusedBeforeAnythingIsBuilt)
         {"too many attributes", xmlArray("<true" + repeated(" a=''", 20 * million) + "/>")},
     };
     for (const auto& row : rows) {
-        EXPECT_FALSE(PropertyList::outlineOf(row.xml, million).isAllowed) << row.name;
+        EXPECT_FALSE(outlineOf(row.xml, million).isAllowed) << row.name;
     }
 }
 
@@ -306,7 +316,7 @@ TEST(XmlParts, EachEndsBehindAWholeElementOfTheRoot)
         inside += element;
     }
     const std::string xml = plainArray(inside);
-    const PropertyList::XmlOutline outline = PropertyList::outlineOf(xml, 1);
+    const PropertyList::XmlOutline outline = outlineOf(xml, 1);
     ASSERT_TRUE(outline.isAllowed && outline.parts);
     EXPECT_EQ(outline.parts->elements, std::size(elements));
     std::size_t begin = outline.parts->begin;
@@ -316,25 +326,25 @@ TEST(XmlParts, EachEndsBehindAWholeElementOfTheRoot)
         begin = outline.parts->ends[i];
     }
     EXPECT_EQ(outline.parts->ends.back(), begin);
-    const PropertyList::XmlOutline whole = PropertyList::outlineOf(xml, xml.size());
+    const PropertyList::XmlOutline whole = outlineOf(xml, xml.size());
     ASSERT_TRUE(whole.parts);
     EXPECT_EQ(whole.parts->ends.size(), 1U);
 }
 
 TEST(XmlParts, AreOnlyOfThePlainForm)
 {
-    EXPECT_TRUE(PropertyList::outlineOf(plainArray(""), 1).parts);
-    EXPECT_TRUE(PropertyList::outlineOf(plainArray(" <true/> ") + " \n", 1).parts);
-    EXPECT_TRUE(PropertyList::outlineOf(xmlArray("<true/>"), 1).parts);
-    EXPECT_TRUE(PropertyList::outlineOf("\n" + plainArray(""), 1).parts);
-    EXPECT_TRUE(PropertyList::outlineOf("<array></array> ", 1).parts);
+    EXPECT_TRUE(outlineOf(plainArray(""), 1).parts);
+    EXPECT_TRUE(outlineOf(plainArray(" <true/> ") + " \n", 1).parts);
+    EXPECT_TRUE(outlineOf(xmlArray("<true/>"), 1).parts);
+    EXPECT_TRUE(outlineOf("\n" + plainArray(""), 1).parts);
+    EXPECT_TRUE(outlineOf("<array></array> ", 1).parts);
     for (const std::string& xml :
          {"<dict></dict>"s, "<plist><dict></dict></plist>"s, "<array></array></plist>"s, "<plist><array></array>"s,
           "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><array></array>"s, plainArray("<true a=\"1\"/>"),
           plainArray("<true a=\"1\"></true>"), plainArray("<true />"), plainArray("<!-- -->"),
           plainArray("<![CDATA[ ]]>"), plainArray("<?a?>"), plainArray("<true/>") + "<!-- -->", plainArray("</array>"),
           plainArray("<array>"), plainArray("<string>\0</string>"s), plainArray("<true/>") + "x"}) {
-        EXPECT_FALSE(PropertyList::outlineOf(xml, 1).parts) << xml;
+        EXPECT_FALSE(outlineOf(xml, 1).parts) << xml;
     }
 }
 
@@ -400,7 +410,7 @@ TEST(XmlParts, OfALargeListAreAllRead)
                                       {"NoteDataKey", Value("Note " + std::to_string(i) + std::string(i % 90, 'x'))}}));
     }
     const std::string xml = PropertyList::writeXml(table);
-    ASSERT_GT(PropertyList::outlineOf(xml, std::size_t{256} << 10).parts.value().ends.size(), 10U);
+    ASSERT_GT(outlineOf(xml, std::size_t{256} << 10).parts.value().ends.size(), 10U);
     EXPECT_TRUE(PropertyList::readTable(xml) == table);
     std::string broken = xml;
     broken[broken.rfind("</string>") + 3] = 'x';

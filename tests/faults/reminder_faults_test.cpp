@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The agent's list while calls of the system fail.
 #include "faults/every_fault.h"
+#include "host/agent/AutostartEntry.h"
 #include "host/agent/ReminderList.h"
 
 namespace {
@@ -83,11 +84,26 @@ protected:
 };
 
 class Load : public ReminderScenario {
+protected:
     void change() override {}
     void checkAfterSuccess() override
     {
         EXPECT_EQ(m_list.all(), m_former);
         ReminderScenario::checkAfterSuccess();
+    }
+};
+
+/// The parser asks the system for memory of its own.
+class LargeLoad : public Load {
+    void prepare() override
+    {
+        fs::create_directory(file().parent_path());
+        ReminderList former(file());
+        ASSERT_FALSE(former.load());
+        NotificationRequest request = requestFor(2, "large");
+        request.content.body = QString(2 << 20, u'x');
+        ASSERT_FALSE(former.add(request));
+        m_former = former.all();
     }
 };
 
@@ -172,9 +188,46 @@ class OtherFile : public ReminderScenario {
     fs::path aside() const { return home() / "state" / "Reminders.unreadable"; }
 };
 
+/// The entry that starts the agent at login: the former one, the new one or none, never a part of one.
+class StartAtLogin : public FaultScenario {
+    void prepare() override { ASSERT_FALSE(former().enable()); }
+    void act() override
+    {
+        m_error = former().disable();
+        if (!m_error) {
+            EXPECT_FALSE(fs::exists(entry())) << "success was told";
+            m_error = AutostartEntry(folder(), "/usr/bin/agent").enable();
+        }
+    }
+    void checkAfterFault() override
+    {
+        if (!m_error || fs::exists(entry())) {
+            const std::string text = bytesOf(entry());
+            EXPECT_TRUE(text == autostartText("/usr/bin/agent") ||
+                        (m_error && text == autostartText("/usr/bin/former")));
+        }
+    }
+    void checkAfterSuccess() override
+    {
+        EXPECT_FALSE(m_error);
+        EXPECT_EQ(bytesOf(entry()), autostartText("/usr/bin/agent"));
+    }
+
+    fs::path folder() const { return home() / "autostart"; }
+    fs::path entry() const { return folder() / "app.velumora.ReminderAgent1.desktop"; }
+    AutostartEntry former() const { return {folder(), "/usr/bin/former"}; }
+
+    std::error_code m_error;
+};
+
 const FaultRow rows[] = {
-    faultRow<Load>("Load"),         faultRow<Addition>("Addition"),   faultRow<Delivery>("Delivery"),
-    faultRow<LastGoes>("LastGoes"), faultRow<OtherFile>("OtherFile"),
+    faultRow<Load>("Load"),
+    faultRow<LargeLoad>("LargeLoad"),
+    faultRow<Addition>("Addition"),
+    faultRow<Delivery>("Delivery"),
+    faultRow<LastGoes>("LastGoes"),
+    faultRow<OtherFile>("OtherFile"),
+    faultRow<StartAtLogin>("StartAtLogin"),
 };
 
 INSTANTIATE_TEST_SUITE_P(Reminders, EveryFault, testing::ValuesIn(rows), nameOfFaultRow);
