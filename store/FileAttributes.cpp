@@ -30,9 +30,11 @@ bool isImpossible()
 
 /// What `read`, called with a buffer and its size as the extended-attribute calls are, gives; empty when there is
 /// nothing.
-template <typename Read> std::error_code readWhole(std::string& value, Read read)
+/// `isKnown` tells whether the system let this user look.
+template <typename Read> std::error_code readWhole(std::string& value, bool& isKnown, Read read)
 {
     value.clear();
+    isKnown = true;
     const ssize_t size = read(nullptr, 0);
     if (size > 0) {
         value.resize(static_cast<std::size_t>(size));
@@ -40,12 +42,14 @@ template <typename Read> std::error_code readWhole(std::string& value, Read read
         value.resize(count < 0 ? 0 : static_cast<std::size_t>(count));
         return count < 0 ? lastError() : std::error_code();
     }
-    return size == 0 || errno == ENODATA || isImpossible() ? std::error_code() : lastError();
+    isKnown = size == 0 || errno == ENODATA || errno == EOPNOTSUPP || errno == ENOSYS;
+    return isKnown || isImpossible() ? std::error_code() : lastError();
 }
 
-std::error_code readAttribute(const fs::path& file, const char* name, std::string& value)
+std::error_code readAttribute(const fs::path& file, const char* name, std::string& value, bool& isKnown)
 {
-    return readWhole(value, [&](char* buffer, std::size_t size) { return getxattr(file.c_str(), name, buffer, size); });
+    return readWhole(value, isKnown,
+                     [&](char* buffer, std::size_t size) { return getxattr(file.c_str(), name, buffer, size); });
 }
 
 /// `isGiven` tells whether the system let this user give it.
@@ -69,8 +73,11 @@ std::error_code giveAccessList(const fs::path& from, const FileDescriptor& to, b
 {
     isGiven = true;
     std::string list;
-    if (const std::error_code error = readAttribute(from, accessList, list)) {
+    if (const std::error_code error = readAttribute(from, accessList, list, isGiven)) {
         return error;
+    }
+    if (!isGiven) { // there may be one, which its group's rights would stand for wrongly
+        return {};
     }
     if (list.empty()) { // the folder may have given the new file one
         const bool isDone = fremovexattr(to.get(), accessList) == 0 || errno == ENODATA || isImpossible();
@@ -87,7 +94,8 @@ std::error_code giveAttributesOfUsers(const fs::path& from, const FileDescriptor
 {
     std::string names; // each ends with a null byte
     const auto list = [&from](char* buffer, std::size_t size) { return listxattr(from.c_str(), buffer, size); };
-    if (const std::error_code error = readWhole(names, list)) {
+    bool isKnown = false;
+    if (const std::error_code error = readWhole(names, isKnown, list)) {
         return error;
     }
     for (std::size_t at = 0; at < names.size(); at = names.find('\0', at) + 1) {
@@ -96,8 +104,11 @@ std::error_code giveAttributesOfUsers(const fs::path& from, const FileDescriptor
         if (!std::string_view(name).starts_with(ofUsers)) {
             continue;
         }
-        if (const std::error_code error = readAttribute(from, name, value)) {
+        if (const std::error_code error = readAttribute(from, name, value, isKnown)) {
             return error;
+        }
+        if (!isKnown) {
+            continue;
         }
         if (fsetxattr(to.get(), name, value.data(), value.size(), 0) != 0 && !isImpossible()) {
             return lastError();
