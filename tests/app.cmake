@@ -45,6 +45,7 @@ velumora_test(important-dates-tests
 velumora_test(saving-tests
     app/draft_test.cpp
     app/saving_test.cpp
+    app/bus_peers_test.cpp
     app/shutdown_monitor_test.cpp
     LIBRARIES app-test-support
     LABELS app

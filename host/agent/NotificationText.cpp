@@ -30,14 +30,15 @@ QString plainBody(const NotificationContent& content)
 NotificationText notificationText(const NotificationContent& content, const QStringList& capabilities,
                                   NotificationSound sound)
 {
-    NotificationText text{.summary = content.title, .body = plainBody(content), .actions = {}, .hints = {}};
+    NotificationText text{.summary = shortened(content.title), .body = plainBody(content), .actions = {}, .hints = {}};
     if (capabilities.contains(QStringLiteral("body-markup"))) {
         text.body = text.body.toHtmlEscaped();
     }
     if (capabilities.contains(QStringLiteral("actions"))) {
         // The key that stands for a click on the notification itself. Some daemons show the label on a button.
-        text.actions = {QStringLiteral("default"), content.defaultActionTitle.isEmpty() ? QStringLiteral("Show Note")
-                                                                                        : content.defaultActionTitle};
+        text.actions = {QStringLiteral("default"), content.defaultActionTitle.isEmpty()
+                                                       ? QStringLiteral("Show Note")
+                                                       : shortened(content.defaultActionTitle)};
     }
     text.hints = {{QStringLiteral("desktop-entry"), QStringLiteral("velumora")},
                   {QStringLiteral("urgency"), QVariant::fromValue(normalUrgency)}};

@@ -270,8 +270,12 @@ void ReminderAgent::clicked(uint id, const QString& activationToken)
     const QString& identifier = *shownOne;
     m_notifications[identifier].clicked = true;
     const QByteArray request = bytesOf(reminder->request);
+    // Only a file that others wrote holds a larger one, which the bus would not carry; the program comes without it.
+    const QDBusMessage message = request.size() <= largestRequest
+                                     ? ApplicationMessages::showReminder(request, activationToken)
+                                     : ApplicationMessages::activate(activationToken);
     m_program.call(
-        ApplicationMessages::showReminder(request, activationToken),
+        message,
         [this, identifier](const QDBusMessage& reply) {
             const auto notification = m_notifications.find(identifier);
             if (notification == m_notifications.end() || !notification->clicked) {

@@ -61,6 +61,13 @@ QVariant unwrapped(QVariant value)
 DesktopGlobalDefaults::DesktopGlobalDefaults(const QDBusConnection& bus, QObject* parent)
     : GlobalDefaults(parent), m_palette(QGuiApplication::palette())
 {
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pause);
+    connect(&m_pause, &QTimer::timeout, this, [this] {
+        if (m_isUntold) {
+            tellOfChange();
+        }
+    });
     QDBusConnection connection(bus);
     if (!connection.isConnected()) {
         return;
@@ -134,6 +141,17 @@ void DesktopGlobalDefaults::setSetting(const QString& group, const QString& key,
         m_text.scaling = scalingOf(told.toDouble());
     }
     if (state() != former) {
+        tellOfChange();
+    }
+}
+
+/// At once, but anybody on the bus can send any number, and each costs the window a new style: what comes too soon is
+/// told of together.
+void DesktopGlobalDefaults::tellOfChange()
+{
+    m_isUntold = m_pause.isActive();
+    if (!m_isUntold) {
+        m_pause.start();
         Q_EMIT didChange();
     }
 }

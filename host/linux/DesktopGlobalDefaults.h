@@ -4,6 +4,9 @@
 #include "host/GlobalDefaults.h"
 
 #include <QDBusConnection>
+#include <QTimer>
+
+#include <chrono>
 
 class QDBusVariant;
 
@@ -20,6 +23,9 @@ public:
     /// To be made after the application and before it is given colours of its own.
     explicit DesktopGlobalDefaults(const QDBusConnection& bus = QDBusConnection::sessionBus(),
                                    QObject* parent = nullptr);
+
+    /// Between two changes that are told.
+    static constexpr std::chrono::milliseconds pause{100};
 
     std::optional<QString> stringForKey(const QString& key) const override;
 
@@ -43,9 +49,12 @@ private:
     /// Takes in what a setting is; one that the program does not know changes nothing.
     void setSetting(const QString& group, const QString& key, const QVariant& value);
     void setColorScheme(unsigned value);
+    void tellOfChange();
 
     const QPalette m_palette; ///< as the desktop gave it
     ColorScheme m_colorScheme = ColorScheme::NoPreference;
     bool m_wantsContrast = false;
     DesktopText m_text;
+    QTimer m_pause;          ///< runs behind each change that was told
+    bool m_isUntold = false; ///< another came meanwhile
 };

@@ -5,6 +5,9 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+
+#include <utility>
 
 namespace {
 
@@ -21,20 +24,28 @@ void LogindShutdownMonitor::listen(const QDBusConnection& bus, const QString& re
     }
     m_bus = bus;
     m_reason = reason;
-    // From whoever has that path, so that the owner of the name need not be looked up, and waited for.
+    // From whoever has that path, so that the owner of the name need not be looked up, and waited for; the others, who
+    // may be anybody on this machine, are told by the name.
     m_bus->connect(QString(), path, manager, QStringLiteral("PrepareForShutdown"), this,
                    SLOT(prepareForShutdown(bool)));
+    auto* watcher = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForRegistration, this);
+    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &LogindShutdownMonitor::takeLock); // began anew
     takeLock();
 }
 
 void LogindShutdownMonitor::takeLock()
 {
+    if (std::exchange(m_isAsking, true)) {
+        return;
+    }
     QDBusMessage call = QDBusMessage::createMethodCall(service, path, manager, QStringLiteral("Inhibit"));
     call << QStringLiteral("shutdown") << QCoreApplication::applicationName() << m_reason << QStringLiteral("delay");
     auto* watcher = new QDBusPendingCallWatcher(m_bus->asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
         finished->deleteLater();
+        m_isAsking = false;
         const QDBusPendingReply<QDBusUnixFileDescriptor> reply = *finished;
+        m_manager = reply.reply().service();
         if (reply.isValid()) {
             m_lock = reply.value();
         }
@@ -43,6 +54,9 @@ void LogindShutdownMonitor::takeLock()
 
 void LogindShutdownMonitor::prepareForShutdown(bool active)
 {
+    if (message().service() != m_manager) {
+        return;
+    }
     if (active) {
         Q_EMIT machineWillShutDown();
         m_lock = QDBusUnixFileDescriptor(); // closed: the machine may go on

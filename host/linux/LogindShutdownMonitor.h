@@ -4,6 +4,7 @@
 #include "host/ShutdownMonitor.h"
 
 #include <QDBusConnection>
+#include <QDBusContext>
 #include <QDBusUnixFileDescriptor>
 #include <QString>
 
@@ -11,7 +12,7 @@
 
 /// Hears of it from the login manager, and holds it up with a delay lock until all have heard. Without a login manager
 /// nothing is ever heard.
-class LogindShutdownMonitor : public ShutdownMonitor {
+class LogindShutdownMonitor : public ShutdownMonitor, protected QDBusContext {
     Q_OBJECT
 
 public:
@@ -28,5 +29,7 @@ private:
 
     std::optional<QDBusConnection> m_bus;
     QString m_reason;
+    QString m_manager; ///< the login manager's own name on the bus; empty until it has answered
+    bool m_isAsking = false;
     QDBusUnixFileDescriptor m_lock; ///< open while the machine is to wait for this program
 };

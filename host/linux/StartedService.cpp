@@ -53,7 +53,7 @@ StartedService::StartedService(const QDBusConnection& bus, const QString& servic
 
 void StartedService::call(const QDBusMessage& message, Completion completion, const QString& activationToken)
 {
-    send({message, std::move(completion), activationToken});
+    send({.message = message, .completion = std::move(completion), .activationToken = activationToken});
 }
 
 void StartedService::send(Call call)
@@ -81,6 +81,10 @@ void StartedService::send(Call call)
 
 void StartedService::startFor(Call call)
 {
+    if (++call.starts > mostStarts) {
+        call.completion(call.message.createErrorReply(QDBusError::NoReply, m_program));
+        return;
+    }
     if (m_waiting.empty() && !startDetached(m_program, call.activationToken)) {
         call.completion(
             call.message.createErrorReply(QDBusError::ServiceUnknown, QStringLiteral("Cannot start ") + m_program));

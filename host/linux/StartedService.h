@@ -21,6 +21,9 @@ public:
     /// not end before a call has arrived waits as long.
     static constexpr std::chrono::seconds patience{10};
 
+    /// A service that comes and goes without an answer is started so often for a call.
+    static constexpr int mostStarts = 3;
+
     /// The reply, or the error, on the thread of the call. Not called any more once the object is gone.
     using Completion = std::function<void(const QDBusMessage& reply)>;
 
@@ -40,6 +43,7 @@ private:
         QDBusMessage message;
         Completion completion;
         QString activationToken;
+        int starts = 0; ///< of the service, for this call
     };
 
     void send(Call call);

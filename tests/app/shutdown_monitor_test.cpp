@@ -4,6 +4,7 @@
 #include "support/PrivateBus.h"
 #include "support/StandInLogind.h"
 
+#include <QDBusPendingCallWatcher>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -19,7 +20,7 @@ protected:
     /// Until the lock has arrived, too: the call for it is a child of the monitor.
     void waitForLock()
     {
-        waitFor([this] { return logind.isHeldUp() && monitor.children().isEmpty(); });
+        waitFor([this] { return logind.isHeldUp() && monitor.findChildren<QDBusPendingCallWatcher*>().isEmpty(); });
     }
 
     void listen()
@@ -60,6 +61,43 @@ TEST_F(ShutdownMonitorTest, HoldsTheNextOneUpAfterOneWasCalledOff)
     EXPECT_EQ(told.count(), 1);
     logind.tell(true);
     waitFor([this] { return told.count() == 2; });
+}
+
+TEST_F(ShutdownMonitorTest, HearsTheLoginManagerAlone)
+{
+    listen();
+    waitForLock();
+    QDBusConnection anybody = bus.connection(QStringLiteral("anybody"));
+    const auto forge = [&anybody](bool active) {
+        QDBusMessage signal = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/login1"),
+                                                         QStringLiteral("org.freedesktop.login1.Manager"),
+                                                         QStringLiteral("PrepareForShutdown"));
+        signal << active;
+        anybody.send(signal);
+    };
+    forge(true);
+    for (int i = 0; i < 1000; ++i) {
+        forge(false);
+    }
+    // The bus keeps the order: when its own answer to the forger is here, the program has all of that.
+    anybody.call(QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+                                                QStringLiteral("/org/freedesktop/DBus"),
+                                                QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId")));
+    logind.tell(true);
+    waitFor([this] { return told.count() > 0; });
+    EXPECT_EQ(told.count(), 1);
+    EXPECT_EQ(logind.locks.size(), 1);
+}
+
+TEST_F(ShutdownMonitorTest, HoldsAShutdownUpAgainOnceTheLoginManagerBeganAnew)
+{
+    listen();
+    waitForLock();
+    QDBusConnection(QStringLiteral("service")).unregisterService(QStringLiteral("org.freedesktop.login1"));
+    StandInLogind next(bus.connection(QStringLiteral("next service")));
+    waitFor([this, &next] { return next.isHeldUp() && monitor.findChildren<QDBusPendingCallWatcher*>().isEmpty(); });
+    next.tell(true);
+    waitFor([this] { return told.count() == 1; });
 }
 
 TEST(ShutdownMonitor, WithoutABusNothingIsHeardOrWaitedFor)

@@ -346,6 +346,20 @@ class DaemonTest(AgentPeersTest):
         pump_until(lambda: len(self.agent.delivered()) == 2, "the last of them to be clicked")
         self.assertEqual(len(program.calls), 1)
 
+    def test_a_click_on_one_that_the_bus_cannot_carry_brings_the_program(self):
+        daemon = self.daemon()
+        program = Program(self.session.bus_address)
+        self.addCleanup(program.close)
+        self.agent.file.parent.mkdir(parents=True)
+        large = {"Request": request(in_time(-60), "&" * 30 * MEBIBYTE), "Delivered": True, "Announced": True}
+        self.agent.file.write_bytes(plistlib.dumps([large], fmt=plistlib.FMT_BINARY))
+        self.start()
+        number, _ = daemon.wait_for_notification()
+        daemon.click(number, token="token-1")
+        pump_until(lambda: program.calls, "the program to be told")
+        self.assertEqual(program.calls, [({"activation-token": "token-1"},)])
+        pump_until(lambda: not self.agent.file.exists(), "the reminder to be done with")
+
     def test_a_flood_of_signals_about_unknown_notifications_does_nothing(self):
         daemon = self.daemon()
         program = Program(self.session.bus_address)

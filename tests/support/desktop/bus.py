@@ -135,10 +135,11 @@ class Program:
     _DESCRIPTION = """<node><interface name="org.freedesktop.Application">
         <method name="ActivateAction"><arg type="s" direction="in"/><arg type="av" direction="in"/>
           <arg type="a{sv}" direction="in"/></method>
+        <method name="Activate"><arg type="a{sv}" direction="in"/></method>
       </interface></node>"""
 
     def __init__(self, address):
-        self.calls = []  # action, parameters and platform data of each
+        self.calls = []  # action, parameters and platform data of each, the last alone of one that only brings it
         self.failing = False
         self._connection = Connection(address)
         self._connection.export("/app/velumora/Velumora", self._DESCRIPTION, self._handle)
