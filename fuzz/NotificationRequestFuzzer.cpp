@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!std::isfinite(unixSeconds(momentOf(request->trigger)))) {
         fail("a request without a moment");
     }
-    const std::optional<NotificationRequest> again = requestFromBytes(bytesOf(*request));
+    const std::optional<NotificationRequest> again = requestFromBytes(bytesOf(*request).value());
     if (!again) {
         fail("what was written cannot be read");
     }

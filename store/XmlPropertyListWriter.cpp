@@ -28,6 +28,7 @@ constexpr bool needsCare(std::uint8_t byte)
 }
 
 constexpr std::size_t blockSize = 64;
+constexpr std::size_t nearby = 4; ///< bytes that are looked at one by one before a block: such bytes stand together
 
 /// Without branches, so that compilers turn it into vector instructions.
 bool blockNeedsCare(const char* block)
@@ -43,6 +44,11 @@ bool blockNeedsCare(const char* block)
 std::size_t findCare(std::string_view text)
 {
     std::size_t at = 0;
+    for (; at < nearby && at < text.size(); ++at) {
+        if (needsCare(static_cast<std::uint8_t>(text[at]))) {
+            return at;
+        }
+    }
     while (at + blockSize <= text.size() && !blockNeedsCare(text.data() + at)) {
         at += blockSize;
     }

@@ -155,9 +155,17 @@ std::optional<NotificationRequest> NotificationRequestFormat::requestFrom(const 
     return request;
 }
 
-QByteArray NotificationRequestFormat::bytesOf(const NotificationRequest& request)
+std::optional<QByteArray> NotificationRequestFormat::bytesOf(const NotificationRequest& request)
 {
-    return QByteArray::fromStdString(PropertyList::writeXml({valueOf(request)}));
+    QByteArray bytes;
+    const auto append = [&bytes](std::string_view piece) {
+        if (static_cast<qsizetype>(piece.size()) > largestRequest - bytes.size()) {
+            return std::make_error_code(std::errc::value_too_large);
+        }
+        bytes.append(piece.data(), static_cast<qsizetype>(piece.size()));
+        return std::error_code();
+    };
+    return PropertyList::writeXml({valueOf(request)}, append) ? std::nullopt : std::optional(bytes);
 }
 
 std::optional<NotificationRequest> NotificationRequestFormat::requestFromBytes(const QByteArray& bytes)

@@ -22,8 +22,9 @@ Value valueOf(const NotificationRequest& request);
 /// not know are left out.
 std::optional<NotificationRequest> requestFrom(const Value& value);
 
-/// The same in one text: an XML property list, an array of the one dictionary.
-QByteArray bytesOf(const NotificationRequest& request);
+/// The same in one text: an XML property list, an array of the one dictionary. nullopt when that would be larger than
+/// `largestRequest`, which is told before more than so much is made of it.
+std::optional<QByteArray> bytesOf(const NotificationRequest& request);
 std::optional<NotificationRequest> requestFromBytes(const QByteArray& bytes);
 
 } // namespace NotificationRequestFormat

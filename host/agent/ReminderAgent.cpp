@@ -121,12 +121,13 @@ void ReminderAgent::report(const char* failure, const std::error_code& error)
 void ReminderAgent::AddRequest(const QByteArray& request)
 {
     std::optional<NotificationRequest> parsed;
-    QByteArray written;
-    if (request.size() <= largestRequest && (parsed = requestFromBytes(request))) {
-        written = bytesOf(*parsed);
-        parsed = requestFromBytes(written); // as it will be read back
+    bool isTooLarge = request.size() > largestRequest;
+    if (!isTooLarge && (parsed = requestFromBytes(request))) {
+        const std::optional<QByteArray> written = bytesOf(*parsed);
+        isTooLarge = !written;
+        parsed = written ? requestFromBytes(*written) : std::nullopt; // as it will be read back
     }
-    if (std::max(request.size(), written.size()) > largestRequest) {
+    if (isTooLarge) {
         sendErrorReply(QDBusError::LimitsExceeded, QStringLiteral("The request is too large"));
         return;
     }
@@ -269,11 +270,10 @@ void ReminderAgent::clicked(uint id, const QString& activationToken)
     }
     const QString& identifier = *shownOne;
     m_notifications[identifier].clicked = true;
-    const QByteArray request = bytesOf(reminder->request);
-    // Only a file that others wrote holds a larger one, which the bus would not carry; the program comes without it.
-    const QDBusMessage message = request.size() <= largestRequest
-                                     ? ApplicationMessages::showReminder(request, activationToken)
-                                     : ApplicationMessages::activate(activationToken);
+    const std::optional<QByteArray> request = bytesOf(reminder->request);
+    // Only a file that others wrote holds one that is too large; the program comes without it.
+    const QDBusMessage message = request ? ApplicationMessages::showReminder(*request, activationToken)
+                                         : ApplicationMessages::activate(activationToken);
     m_program.call(
         message,
         [this, identifier](const QDBusMessage& reply) {
@@ -359,11 +359,13 @@ QByteArrayList ReminderAgent::requests(Reminder::State state)
     QByteArrayList found;
     qsizetype size = 0;
     for (const Reminder& reminder : m_reminders.all()) {
-        if (reminder.state == state) {
-            found << bytesOf(reminder.request);
-            size += found.last().size() + lengthAndPadding;
+        if (reminder.state != state) {
+            continue;
         }
-        if (size > largestReply) {
+        const std::optional<QByteArray> request = bytesOf(reminder.request);
+        found << request.value_or(QByteArray());
+        size += found.last().size() + lengthAndPadding;
+        if (!request || size > largestReply) {
             sendErrorReply(QDBusError::LimitsExceeded, QStringLiteral("The reminders are too large for the bus"));
             return {};
         }

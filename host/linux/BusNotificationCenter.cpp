@@ -89,16 +89,15 @@ void BusNotificationCenter::getNotificationSettings(std::function<void(Authoriza
 void BusNotificationCenter::addNotificationRequest(const NotificationRequest& request,
                                                    std::function<void(const std::optional<QString>&)> completion)
 {
-    const QByteArray bytes = NotificationRequestFormat::bytesOf(request);
-    if (bytes.size() >
-        NotificationRequestFormat::largestRequest) { // the agent takes none, and the bus breaks with some
+    const std::optional<QByteArray> bytes = NotificationRequestFormat::bytesOf(request);
+    if (!bytes) { // the agent takes none so large, and the bus breaks with some
         QMetaObject::invokeMethod(
             this, [completion = std::move(completion)] { completion(QStringLiteral("The note is too long.")); },
             Qt::QueuedConnection);
         return;
     }
     QDBusMessage message = agentMethod(QStringLiteral("AddRequest"));
-    message << bytes;
+    message << *bytes;
     ++m_unanswered;
     agent().call(message, [this, completion = std::move(completion)](const QDBusMessage& reply) {
         --m_unanswered;

@@ -54,7 +54,7 @@ protected:
                                     .content = {},
                                     .trigger = {.year = 2024, .month = 3, .day = 16, .timeZone = "UTC"}};
         request.content.userInfo = *note.dictionary();
-        return NotificationRequestFormat::bytesOf(request);
+        return NotificationRequestFormat::bytesOf(request).value();
     }
 
     QDBusMessage click(const QByteArray& request) const { return ApplicationMessages::showReminder(request, {}); }
@@ -124,7 +124,7 @@ TEST_F(ForgedMessagesTest, WhatIsNoReminderTakesNoPlace)
 {
     NotificationRequest empty{
         .identifier = {}, .content = {}, .trigger = {.year = 1, .month = 1, .day = 1, .timeZone = "UTC"}};
-    const QByteArray withoutNote = NotificationRequestFormat::bytesOf(empty);
+    const QByteArray withoutNote = NotificationRequestFormat::bytesOf(empty).value();
     EXPECT_EQ(successes(sent(QList<QDBusMessage>(20, click(withoutNote)))), 20);
     EXPECT_EQ(sheets(), 0);
     QDBusMessage wrongType = click({});

@@ -277,7 +277,7 @@ TEST_F(ReminderFileTest, ARequestThatIsNestedTooDeeplyForTheFileIsRefused)
     }
     NotificationRequest deep = b;
     deep.content.userInfo.set("deep", nested);
-    const QByteArray onTheBus = NotificationRequestFormat::bytesOf(deep);
+    const QByteArray onTheBus = NotificationRequestFormat::bytesOf(deep).value();
     ASSERT_EQ(NotificationRequestFormat::requestFromBytes(onTheBus), deep) << "by itself it can be read";
     ReminderList list = loaded();
     EXPECT_EQ(list.add(deep), std::errc::value_too_large);

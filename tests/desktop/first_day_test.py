@@ -15,6 +15,10 @@ from desktop.geoclue import LocationService
 
 NOTES = "TALV VeluMora"
 BERLIN = zoneinfo.ZoneInfo("Europe/Berlin")
+LOGIN_MANAGER = """<node><interface name="org.freedesktop.login1.Manager">
+    <method name="Inhibit"><arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="s" direction="in"/>
+      <arg type="s" direction="in"/><arg type="h" direction="out"/></method>
+  </interface></node>"""
 TEXT = "Milk\nBread, 2 loaves\n<Call> Grandma & Sam"
 
 
@@ -132,13 +136,21 @@ class FirstDayTest(DesktopTest):
 
     def test_before_the_machine_is_switched_off_what_is_being_typed_is_saved(self):
         system_bus = LocationService(self.session.processes)  # without a service
+        login_manager = Connection(system_bus.address)
+        self.addCleanup(login_manager.close)
+
+        def refuse(method, _):
+            asked.append(method)
+            raise GLib.Error("no more locks")
+        asked = []
+        login_manager.export("/org/freedesktop/login1", LOGIN_MANAGER, refuse)
+        login_manager.own("org.freedesktop.login1")
         window = self.start(environment=system_bus.environment)
         window.find("push button", spoken.day(self.day)).press()
         window.find("text", spoken.NOTE_EDITOR).wait_for_state("focused")
         window.type("Half a thought")
         window.find("text", spoken.NOTE_EDITOR).wait_for_text("Half a thought")
-        login_manager = Connection(system_bus.address)
-        self.addCleanup(login_manager.close)
+        window.wait_until(lambda: asked, "the program to ask for a lock")
         login_manager.emit("/org/freedesktop/login1", "org.freedesktop.login1.Manager", "PrepareForShutdown",
                            GLib.Variant("(b)", (True,)))
         self.wait_for_notes(window, [{"NoteDateKey": in_file(self.day), "NoteDataKey": "Half a thought"}])

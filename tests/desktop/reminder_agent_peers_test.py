@@ -351,13 +351,14 @@ class DaemonTest(AgentPeersTest):
         program = Program(self.session.bus_address)
         self.addCleanup(program.close)
         self.agent.file.parent.mkdir(parents=True)
-        large = {"Request": request(in_time(-60), "&" * 30 * MEBIBYTE), "Delivered": True, "Announced": True}
+        large = {"Request": request(in_time(-60), "&" * 4 * MEBIBYTE), "Delivered": True, "Announced": True}
         self.agent.file.write_bytes(plistlib.dumps([large], fmt=plistlib.FMT_BINARY))
         self.start()
         number, _ = daemon.wait_for_notification()
         daemon.click(number, token="token-1")
         pump_until(lambda: program.calls, "the program to be told")
-        self.assertEqual(program.calls, [({"activation-token": "token-1"},)])
+        (platform_data,), = program.calls
+        self.assertEqual(platform_data["activation-token"], "token-1")
         pump_until(lambda: not self.agent.file.exists(), "the reminder to be done with")
 
     def test_a_flood_of_signals_about_unknown_notifications_does_nothing(self):
