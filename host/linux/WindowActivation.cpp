@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/WindowActivation.h"
 
+#include <QApplication>
 #include <QWidget>
 
 QString startActivationToken()
@@ -15,7 +16,10 @@ void bringForward(QWidget& window, const QString& activationToken)
     qputenv(tokenVariable, activationToken.toUtf8());
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.show();
-    window.raise();
-    window.activateWindow();
+    // A sheet on the window takes the keyboard; given to the window behind it, it would be nobody's.
+    QWidget* sheet = QApplication::activeModalWidget();
+    QWidget& front = sheet ? *sheet : window;
+    front.raise();
+    front.activateWindow();
     qunsetenv(tokenVariable); // good for once, and not for the programs that this one starts
 }

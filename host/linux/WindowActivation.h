@@ -9,6 +9,6 @@ class QWidget;
 /// takes it from the environment, so this comes before.
 QString startActivationToken();
 
-/// Shows the window above the others and gives it the keyboard, as far as the desktop lets it. The token is what the
-/// desktop gave for that; it may be empty.
+/// Shows the window above the others and gives it, or the sheet that stands on it, the keyboard, as far as the desktop
+/// lets it. The token is what the desktop gave for that; it may be empty.
 void bringForward(QWidget& window, const QString& activationToken);

@@ -58,6 +58,22 @@ class StartTest(DesktopTest):
         self.assertEqual((refused.returncode, refused.stdout), (1, ""))
         self.assertRegex(refused.stderr, r"\Avelumora-reminder-agent: [^\n]+\n\Z")
 
+    def test_another_start_leaves_the_keyboard_with_the_sheet_that_is_open(self):
+        window = self.start()
+        window.find("push button", "Today")
+        for _ in range(3):
+            window.key("ctrl+comma")
+            latitude = window.find("text", "Latitude:")
+            latitude.focus()
+            latitude.wait_for_state("focused")
+            window.type("5")
+            again = self.session.processes.start([self.program], env=self.home.environment | self.session.environment)
+            self.assertEqual(again.wait(20), 0)
+            window.type("2")
+            latitude.wait_for_text("52")
+            window.key("Escape")
+            window.wait_until_gone("dialog")
+
     def start_hung(self):
         """A program that has stopped answering."""
         hung = self.start()
