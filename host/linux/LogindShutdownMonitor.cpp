@@ -7,8 +7,6 @@
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 
-#include <utility>
-
 namespace {
 
 const QString service = QStringLiteral("org.freedesktop.login1");
@@ -24,28 +22,46 @@ void LogindShutdownMonitor::listen(const QDBusConnection& bus, const QString& re
     }
     m_bus = bus;
     m_reason = reason;
-    // From whoever has that path, so that the owner of the name need not be looked up, and waited for; the others, who
-    // may be anybody on this machine, are told by the name.
+    // From whoever has that path, as the owner of the name is not waited for; others than the owner are passed over.
     m_bus->connect(QString(), path, manager, QStringLiteral("PrepareForShutdown"), this,
                    SLOT(prepareForShutdown(bool)));
-    auto* watcher = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForRegistration, this);
-    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &LogindShutdownMonitor::takeLock); // began anew
+    auto* watcher = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const auto&, const auto&, const auto& now) {
+                m_manager = now;
+                if (!now.isEmpty()) { // it began anew
+                    takeLock();
+                }
+            });
+    askForManager();
     takeLock();
+}
+
+/// The bus itself answers, at once, also for a login manager that hangs.
+void LogindShutdownMonitor::askForManager()
+{
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
+                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
+    call << service;
+    auto* watcher = new QDBusPendingCallWatcher(m_bus->asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
+        finished->deleteLater();
+        const QDBusPendingReply<QString> reply = *finished;
+        if (reply.isValid()) {
+            m_manager = reply.value();
+        }
+    });
 }
 
 void LogindShutdownMonitor::takeLock()
 {
-    if (std::exchange(m_isAsking, true)) {
-        return;
-    }
     QDBusMessage call = QDBusMessage::createMethodCall(service, path, manager, QStringLiteral("Inhibit"));
     call << QStringLiteral("shutdown") << QCoreApplication::applicationName() << m_reason << QStringLiteral("delay");
     auto* watcher = new QDBusPendingCallWatcher(m_bus->asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
         finished->deleteLater();
-        m_isAsking = false;
         const QDBusPendingReply<QDBusUnixFileDescriptor> reply = *finished;
-        m_manager = reply.reply().service();
         if (reply.isValid()) {
             m_lock = reply.value();
         }

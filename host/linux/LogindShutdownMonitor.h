@@ -25,11 +25,11 @@ private Q_SLOTS:
     void prepareForShutdown(bool active);
 
 private:
+    void askForManager();
     void takeLock();
 
     std::optional<QDBusConnection> m_bus;
     QString m_reason;
-    QString m_manager; ///< the login manager's own name on the bus; empty until it has answered
-    bool m_isAsking = false;
+    QString m_manager;              ///< the login manager's own name on the bus; empty while none is known
     QDBusUnixFileDescriptor m_lock; ///< open while the machine is to wait for this program
 };

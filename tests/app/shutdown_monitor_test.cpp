@@ -5,6 +5,7 @@
 #include "support/StandInLogind.h"
 
 #include <QDBusPendingCallWatcher>
+#include <QDBusVirtualObject>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -12,6 +13,13 @@
 namespace {
 
 constexpr int patience = 20'000;
+
+struct Counter : QDBusVirtualObject {
+    bool handleMessage(const QDBusMessage&, const QDBusConnection&) override { return ++calls > 0; }
+    QString introspect(const QString&) const override { return {}; }
+
+    int calls = 0;
+};
 
 class ShutdownMonitorTest : public ::testing::Test {
 protected:
@@ -79,14 +87,28 @@ TEST_F(ShutdownMonitorTest, HearsTheLoginManagerAlone)
     for (int i = 0; i < 1000; ++i) {
         forge(false);
     }
-    // The bus keeps the order: when its own answer to the forger is here, the program has all of that.
-    anybody.call(QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                                QStringLiteral("/org/freedesktop/DBus"),
-                                                QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId")));
+    // The bus keeps the order: once the program is asked for this, it has dealt with all of that.
+    Counter counter;
+    QDBusConnection program(QStringLiteral("program"));
+    program.registerVirtualObject(QStringLiteral("/counter"), &counter);
+    anybody.send(QDBusMessage::createMethodCall(program.baseService(), QStringLiteral("/counter"), QString(),
+                                                QStringLiteral("Count")));
+    waitFor([&counter] { return counter.calls == 1; });
+    EXPECT_EQ(told.count(), 0);
+    EXPECT_TRUE(logind.isHeldUp());
     logind.tell(true);
     waitFor([this] { return told.count() > 0; });
     EXPECT_EQ(told.count(), 1);
     EXPECT_EQ(logind.locks.size(), 1);
+}
+
+TEST_F(ShutdownMonitorTest, HearsALoginManagerThatGivesNoLock)
+{
+    logind.isSilent = true;
+    listen();
+    waitFor([this] { return !logind.locks.isEmpty(); });
+    logind.tell(true);
+    waitFor([this] { return told.count() == 1; });
 }
 
 TEST_F(ShutdownMonitorTest, HoldsAShutdownUpAgainOnceTheLoginManagerBeganAnew)

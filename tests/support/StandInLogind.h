@@ -17,6 +17,7 @@ public:
     ~StandInLogind() override;
 
     QList<QStringList> locks; ///< the arguments of every lock that was asked for
+    bool isSilent = false;    ///< answers nothing
 
     /// Whether a lock that was handed out is still held.
     bool isHeldUp() const;
