@@ -8,8 +8,11 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <iterator>
+#include <map>
+#include <ranges>
 #include <set>
 #include <string>
 #include <utility>
@@ -27,16 +30,34 @@ namespace fs = std::filesystem;
 const std::string draftName = "Draft";
 constexpr int mostSetAside = 1000;
 
-fs::path asideName(const fs::path& file, int number)
+const std::string asideName = "Draft unread ";
+
+/// The drafts in `folder` that were set aside, the first one first.
+std::vector<fs::path> draftsAside(const fs::path& folder)
 {
-    return file.native() + " unread " + std::to_string(number);
+    std::map<int, fs::path> found;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
+         entry.increment(error)) {
+        const std::string name = entry->path().filename();
+        int number = 0;
+        if (name.starts_with(asideName) && name.size() > asideName.size()) {
+            const char* const end = name.data() + name.size();
+            const auto [stop, doubt] = std::from_chars(name.data() + asideName.size(), end, number);
+            if (doubt == std::errc() && stop == end && number > 0) {
+                found[number] = entry->path();
+            }
+        }
+    }
+    const auto paths = std::views::values(found);
+    return {paths.begin(), paths.end()};
 }
 
 /// Gives the file a name that is not taken. Whether its own name is free then.
 bool setAside(const fs::path& file)
 {
     for (int number = 1; number <= mostSetAside; ++number) {
-        const fs::path name = asideName(file, number);
+        const fs::path name = file.parent_path() / (asideName + std::to_string(number));
         if (::renameat2(AT_FDCWD, file.c_str(), AT_FDCWD, name.c_str(), RENAME_NOREPLACE) == 0) {
             qCWarning(logDraft, "a draft that cannot be read was set aside: %s", name.c_str());
             return true;
@@ -94,10 +115,10 @@ Draft DraftFile::read()
     const bool isNone =
         !draft && meansAbsent(error) && FileStatus::of(file).isAbsent(); // and no link that leads nowhere
     Draft all = draft.value_or(Draft());
-    for (int number = 1; number <= mostSetAside && !FileStatus::of(asideName(file, number)).isAbsent(); ++number) {
-        if (const std::optional<Draft> aside = draftIn(asideName(file, number), error)) {
-            m_readAside.push_back(asideName(file, number));
-            all.insert(all.end(), aside->begin(), aside->end());
+    for (const fs::path& aside : draftsAside(*m_folder)) {
+        if (const std::optional<Draft> found = draftIn(aside, error)) {
+            m_readAside.push_back(aside);
+            all.insert(all.end(), found->begin(), found->end());
         }
     }
     m_isInTheWay = !draft && !isNone && !setAside(file);

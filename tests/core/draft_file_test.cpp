@@ -120,15 +120,19 @@ TEST_F(DraftFileTest, OneThatLiesAsideAndCanBeReadIsReadOnceAndGoesWithTheNextTh
     both.push_back(draftOf("in its place").front());
     fs::create_directories(folder());
     put(folder() / "Draft unread 1", "no draft at all");
-    put(folder() / "Draft unread 2", PropertyList::writeXml(Drafts::tableFromDraft(both)));
+    for (const char* other : {"Draft unread ", "Draft unread 4 or 5", "Draft unread -1"}) {
+        put(folder() / other, PropertyList::writeXml(Drafts::tableFromDraft(draftOf("not named by this program"))));
+    }
+    put(folder() / "Draft unread 12", PropertyList::writeXml(Drafts::tableFromDraft(both)));
     put(file(), PropertyList::writeXml(Drafts::tableFromDraft(draftOf("in its place"))));
     DraftFile run(folder());
     const Draft read = run.read();
     EXPECT_EQ(read, (Draft{both.at(1), both.at(0)}));
-    EXPECT_EQ(namesIn(folder()).size(), 3U) << "nothing goes before it is elsewhere";
+    EXPECT_EQ(namesIn(folder()).size(), 6U) << "nothing goes before it is elsewhere";
     run.write([read] { return read; });
     run.waitUntilDone();
-    EXPECT_EQ(namesIn(folder()), (std::vector<std::string>{"Draft", "Draft unread 1"}));
+    EXPECT_EQ(namesIn(folder()), (std::vector<std::string>{"Draft", "Draft unread ", "Draft unread -1",
+                                                           "Draft unread 1", "Draft unread 4 or 5"}));
     EXPECT_EQ(readInAnotherRun(), read);
 }
 
