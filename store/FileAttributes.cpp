@@ -29,8 +29,7 @@ bool isImpossible()
 }
 
 /// What `read`, called with a buffer and its size as the extended-attribute calls are, gives; empty when there is
-/// nothing.
-/// `isKnown` tells whether the system let this user look.
+/// nothing. `isKnown` tells whether the system let this user look.
 template <typename Read> std::error_code readWhole(std::string& value, bool& isKnown, Read read)
 {
     value.clear();
@@ -139,7 +138,7 @@ std::error_code copyAttributes(const fs::path& from, const FileDescriptor& to)
     if (const std::error_code error = giveAccessList(from, to, keepsAccessList)) {
         return error;
     }
-    // Last, as only this opens the file to others. With an access list the bits of the group are its mask.
+    // Last, as only this and the access list open the file to others. With a list the bits of the group are its mask.
     const mode_t permissions = S_IRWXU | (keepsGroup && keepsAccessList ? S_IRWXG | S_IRWXO : 0U);
     return fchmod(to.get(), status.st_mode & permissions) == 0 || isImpossible() ? std::error_code() : lastError();
 }

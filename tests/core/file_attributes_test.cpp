@@ -2,9 +2,8 @@
 #include "core/store_fixture.h"
 #include "store/DataFolder.h"
 #include "store/FileAttributes.h"
+#include "support/AccessList.h"
 #include "support/OrdinaryUser.h"
-
-#include <cstring>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -15,24 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::string notesName = "TALV VeluMora";
-constexpr const char* accessList = "system.posix_acl_access";
 constexpr gid_t sharedGroup = 12345;
-
-/// An access list as the kernel takes it (posix_acl_xattr.h): a version, then tag, permissions and user of each entry.
-std::string accessListFor(uid_t reader)
-{
-    struct Entry {
-        std::uint16_t tag, permissions;
-        std::uint32_t id;
-    };
-    constexpr std::uint32_t none = 0xFFFFFFFF;
-    const std::uint32_t version = 2;
-    const Entry entries[] = {{0x01, 6, none}, {0x02, 4, reader}, {0x04, 0, none}, {0x10, 4, none}, {0x20, 0, none}};
-    std::string bytes(sizeof version + sizeof entries, '\0');
-    std::memcpy(bytes.data(), &version, sizeof version);
-    std::memcpy(bytes.data() + sizeof version, entries, sizeof entries);
-    return bytes;
-}
 
 std::string attribute(const fs::path& file, const char* name)
 {
@@ -119,19 +101,19 @@ TEST_F(FileAttributesTest, WhereTheGroupCannotBeKeptNobodyElseIsLetIn)
 
 TEST_F(FileAttributesTest, TheAccessListSurvivesAndNoneIsMadeUp)
 {
-    const std::string list = accessListFor(12346);
-    if (::setxattr(m_file.c_str(), accessList, list.data(), list.size(), 0) != 0) {
+    const std::string list = AccessList::forReader(12346);
+    if (::setxattr(m_file.c_str(), AccessList::attribute, list.data(), list.size(), 0) != 0) {
         GTEST_SKIP() << "the file system under " << m_home.path() << " has no access lists";
     }
     const mode_t mode = statusOf(m_file).st_mode;
     expectSavedAnew(2);
-    EXPECT_EQ(attribute(m_file, accessList), list);
+    EXPECT_EQ(attribute(m_file, AccessList::attribute), list);
     EXPECT_EQ(statusOf(m_file).st_mode, mode);
 
-    ASSERT_EQ(::removexattr(m_file.c_str(), accessList), 0);
-    ASSERT_EQ(::setxattr(m_folder.url()->c_str(), "system.posix_acl_default", list.data(), list.size(), 0), 0);
+    ASSERT_EQ(::removexattr(m_file.c_str(), AccessList::attribute), 0);
+    ASSERT_EQ(::setxattr(m_folder.url()->c_str(), AccessList::attributeOfFolders, list.data(), list.size(), 0), 0);
     expectSavedAnew(3);
-    EXPECT_EQ(attribute(m_file, accessList), "") << "the folder gives its files one, but this file had none";
+    EXPECT_EQ(attribute(m_file, AccessList::attribute), "") << "the folder gives its files one, but this file had none";
 }
 
 TEST_F(FileAttributesTest, TheAttributesOfUsersSurvive)

@@ -3,10 +3,13 @@
 #include "faults/every_fault.h"
 #include "store/DataFolder.h"
 #include "store/SaveQueue.h"
+#include "support/AccessList.h"
 
 #include <gmock/gmock.h>
 
 #include <cerrno>
+
+#include <sys/xattr.h>
 
 namespace {
 
@@ -103,6 +106,7 @@ class FirstSave : public Scenario {
 };
 
 class SaveOverOwn : public Scenario {
+protected:
     void prepare() override
     {
         saveOld();
@@ -123,6 +127,31 @@ class SaveOverOwn : public Scenario {
         EXPECT_FALSE(m_error);
         EXPECT_EQ(listIn(file()), newNotes());
     }
+};
+
+/// Without its list, what stands for the group's rights would be those that the list gives at the most.
+class SaveOverShared : public SaveOverOwn {
+    void prepare() override
+    {
+        SaveOverOwn::prepare();
+        const std::string list = AccessList::forReader(reader);
+        m_hasList = ::setxattr(file().c_str(), AccessList::attribute, list.data(), list.size(), 0) == 0;
+        ASSERT_EQ(m_folder.loadTable(notesName), oldNotes());
+    }
+    void checkAfterFault() override
+    {
+        SaveOverOwn::checkAfterFault();
+        std::string list(100, '\0');
+        const ssize_t size = ::getxattr(file().c_str(), AccessList::attribute, list.data(), list.size());
+        list.resize(size < 0 ? 0 : static_cast<std::size_t>(size));
+        if (m_hasList && list != AccessList::forReader(reader)) {
+            EXPECT_EQ(fs::status(file()).permissions() & fs::perms::group_all, fs::perms::none)
+                << "the group may see more";
+        }
+    }
+
+    static constexpr uid_t reader = 12346;
+    bool m_hasList = false; ///< else there are none on this file system
 };
 
 class SaveOverForeign : public Scenario {
@@ -250,6 +279,7 @@ const FaultRow rows[] = {
     faultRow<Load>("Load"),
     faultRow<FirstSave>("FirstSave"),
     faultRow<SaveOverOwn>("SaveOverOwn"),
+    faultRow<SaveOverShared>("SaveOverShared"),
     faultRow<SaveOverForeign>("SaveOverForeign"),
     faultRow<SaveThroughLink>("SaveThroughLink"),
     faultRow<Removal>("Removal"),
