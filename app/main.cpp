@@ -50,7 +50,9 @@ std::optional<std::filesystem::path> applicationSupportFolder()
     if (folder.isEmpty()) {
         return std::nullopt;
     }
-    (void)makePrivateFolder(folder.toStdString()); // a new account has none yet; a save tells what is wrong with it
+    if (makePrivateFolder(folder.toStdString())) { // a new account has none yet
+        QDir().mkpath(folder);                     // whether a power cut takes it or not; a save tells what is wrong
+    }
     return folder.toStdString();
 }
 

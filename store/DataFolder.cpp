@@ -102,6 +102,10 @@ std::error_code DataFolder::saveTable(const std::optional<Table>& table, const s
     if (!folder) {
         return std::make_error_code(std::errc::no_such_file_or_directory);
     }
+    const bool isEmpty = !table || table->isEmpty();
+    if (isEmpty && FileStatus::ofTarget(*folder).isAbsent()) {
+        return {};
+    }
     if (const std::error_code error = makeFolder(*folder)) {
         return error;
     }
@@ -110,7 +114,7 @@ std::error_code DataFolder::saveTable(const std::optional<Table>& table, const s
         return doubt;
     }
     removeStaleTemporaries(file.parent_path(), file.filename().native()); // of saves that failed
-    return table && !table->isEmpty() ? write(*table, file, name, replacing) : remove(file, name);
+    return isEmpty ? remove(file, name) : write(*table, file, name, replacing);
 }
 
 std::error_code DataFolder::write(const Table& table, const fs::path& file, const std::string& name,

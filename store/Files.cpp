@@ -131,6 +131,11 @@ bool FileStatus::isLink() const
     return S_ISLNK(m_mode);
 }
 
+bool FileStatus::isFolder() const
+{
+    return S_ISDIR(m_mode);
+}
+
 std::optional<FileIdentity> identityOf(const FileDescriptor& file)
 {
     struct stat status {};
@@ -276,18 +281,20 @@ std::error_code syncFolder(const std::filesystem::path& folder)
 
 std::error_code removeFile(const std::filesystem::path& file)
 {
-    const bool isRemoved = ::unlink(file.c_str()) == 0;
-    if (const std::error_code error = lastError(); !isRemoved && !meansAbsent(error)) {
-        return error;
+    // A disk that can only be read refuses also where nothing is to be removed.
+    if (!FileStatus::of(file).isAbsent() && ::unlink(file.c_str()) != 0 && !meansAbsent(lastError())) {
+        return lastError();
     }
     const std::error_code error = syncFolder(file.parent_path());
-    return !isRemoved && meansAbsent(error) ? std::error_code() : error; // there is no such folder
+    return meansAbsent(error) ? std::error_code() : error; // there is no such folder
 }
 
 std::error_code makeFolder(const std::filesystem::path& folder)
 {
     if (::mkdir(folder.c_str(), S_IRWXU) != 0) {
-        return errno == EEXIST ? std::error_code() : lastError();
+        const std::error_code error = lastError();
+        // A server may look at the rights in the parent before it sees that the folder is there.
+        return error == std::errc::file_exists || FileStatus::ofTarget(folder).isFolder() ? std::error_code() : error;
     }
     const std::error_code error = syncFolder(folder.parent_path());
     if (error) {

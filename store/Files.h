@@ -39,11 +39,12 @@ public:
     /// Of what the name's symbolic links lead to.
     static FileStatus ofTarget(const std::filesystem::path& file);
 
-    /// Why the system cannot tell; none when it does, and then exactly one of the following is true.
+    /// Why the system cannot tell; none when it does, and then one of the following is true.
     const std::error_code& error() const { return m_error; }
     bool isAbsent() const { return !m_error && m_mode == 0; }
     bool isRegular() const;
     bool isLink() const;
+    bool isFolder() const; ///< and something else than the others
     bool isSomethingElse() const { return !m_error && !isAbsent() && !isRegular() && !isLink(); }
 
     std::int64_t size() const { return m_size; }

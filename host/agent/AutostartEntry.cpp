@@ -75,7 +75,7 @@ std::error_code AutostartEntry::enable() const
     const std::string text = autostartText(m_program);
     const std::optional<FileContent> present = readFile(m_file, 2 * text.size());
     if (present && present->text() == text) {
-        return {};
+        return syncFolder(m_file.parent_path()); // which failed, perhaps, when it was written
     }
     removeStaleTemporaries(m_file.parent_path(), m_file.filename().native());
     std::error_code error = makePrivateFolder(m_file.parent_path());

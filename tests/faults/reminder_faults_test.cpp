@@ -230,6 +230,23 @@ const FaultRow rows[] = {
     faultRow<StartAtLogin>("StartAtLogin"),
 };
 
+/// Who is told of a success must be reminded although the power fails.
+TEST(StartAtLoginFaults, AnEntryWithoutItsSyncIsNoneHoweverOftenItIsTried)
+{
+    const TestFolder home;
+    const AutostartEntry entry(home.path(), "/usr/bin/agent");
+    const auto enableWithoutSync = [&](int number) {
+        const Faults::Watch watch(home.path(), {.call = Faults::Call::Sync, .number = number, .error = EIO});
+        const std::error_code error = entry.enable();
+        EXPECT_TRUE(watch.hasFired());
+        return error;
+    };
+    EXPECT_TRUE(enableWithoutSync(1)) << "the entry itself";
+    EXPECT_TRUE(enableWithoutSync(2)) << "its name";
+    EXPECT_TRUE(enableWithoutSync(1)) << "its name, again";
+    EXPECT_FALSE(entry.enable());
+}
+
 INSTANTIATE_TEST_SUITE_P(Reminders, EveryFault, testing::ValuesIn(rows), nameOfFaultRow);
 
 } // namespace
