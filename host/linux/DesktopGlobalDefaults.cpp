@@ -89,8 +89,8 @@ void DesktopGlobalDefaults::ask(QDBusConnection& connection, const QString& grou
     auto* answer = new QDBusPendingCallWatcher(connection.asyncCall(question), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, group, key](QDBusPendingCallWatcher* done) {
         done->deleteLater();
-        if (!done->isError()) {
-            setSetting(group, key, done->reply().arguments().value(0));
+        if (!done->isError() && setSetting(group, key, done->reply().arguments().value(0))) {
+            Q_EMIT didChange();
         }
     });
 }
@@ -117,7 +117,9 @@ void DesktopGlobalDefaults::takeInAnswers()
 
 void DesktopGlobalDefaults::settingChanged(const QString& group, const QString& key, const QDBusVariant& value)
 {
-    setSetting(group, key, value.variant());
+    if (setSetting(group, key, value.variant())) {
+        tellOfChange();
+    }
 }
 
 bool DesktopGlobalDefaults::isDark() const
@@ -126,7 +128,7 @@ bool DesktopGlobalDefaults::isDark() const
                                                       : m_colorScheme == ColorScheme::Dark;
 }
 
-void DesktopGlobalDefaults::setSetting(const QString& group, const QString& key, const QVariant& value)
+bool DesktopGlobalDefaults::setSetting(const QString& group, const QString& key, const QVariant& value)
 {
     const auto state = [this] { return std::tuple(isDark(), prefersHighContrast(), m_text); };
     const auto former = state();
@@ -140,9 +142,7 @@ void DesktopGlobalDefaults::setSetting(const QString& group, const QString& key,
     } else if (group == interfaceGroup && key == scalingKey) {
         m_text.scaling = scalingOf(told.toDouble());
     }
-    if (state() != former) {
-        tellOfChange();
-    }
+    return state() != former;
 }
 
 /// At once, but anybody on the bus can send any number, and each costs the window a new style: what comes too soon is

@@ -46,8 +46,8 @@ private:
     void ask(QDBusConnection& connection, const QString& group, const QString& key);
     bool isDark() const;
 
-    /// Takes in what a setting is; one that the program does not know changes nothing.
-    void setSetting(const QString& group, const QString& key, const QVariant& value);
+    /// Takes in what a setting is; false when that changes nothing, as one that the program does not know.
+    bool setSetting(const QString& group, const QString& key, const QVariant& value);
     void setColorScheme(unsigned value);
     void tellOfChange();
 
