@@ -61,7 +61,7 @@ AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, cons
     : m_window(myMainWindow), m_ui(layout), m_prefsLayout(std::make_unique<Ui::PreferencesSheet>()),
       m_prefsSheet(new QDialog(&myMainWindow)), m_holidayLayout(std::make_unique<Ui::HolidaySheet>()),
       m_holidaySheet(new QDialog(&myMainWindow)), m_announcer(new Announcer(myMainWindow)), m_host(host),
-      m_folder(host.applicationSupport, DateEnvironment::clock()), m_draftFile(host.stateFolder),
+      m_folder(host.applicationSupport, DateEnvironment::clock()), m_draftFile(host.stateFolder, host.temporaryFolder),
       m_saves(m_folder, [this](const SaveResult& result) {
           QMetaObject::invokeMethod(
               this, [this, result] { saveHasEnded(result); }, Qt::QueuedConnection);

@@ -78,20 +78,36 @@ std::optional<Draft> draftIn(const fs::path& file, std::error_code& error)
     return table ? Drafts::draftFromTable(*table) : std::nullopt;
 }
 
-/// The changes of a draft that was read both aside and in its place are there twice.
-Draft withoutRepetitions(const Draft& draft)
+/// The changes of all; one that several of them have is there once.
+Draft joined(const std::vector<Draft>& drafts)
 {
-    std::set<std::string> known;
-    Draft once;
-    std::ranges::copy_if(draft, std::back_inserter(once), [&known](const DraftChange& change) {
-        return known.insert(PropertyList::writeXml(Drafts::tableFromDraft({change}))).second;
-    });
-    return once;
+    Draft all;
+    std::set<std::string> former;
+    for (const Draft& draft : drafts) {
+        std::set<std::string> known;
+        for (const DraftChange& change : draft) {
+            const std::string text = PropertyList::writeXml(Drafts::tableFromDraft({change}));
+            if (!former.contains(text)) {
+                all.push_back(change);
+            }
+            known.insert(text);
+        }
+        former.merge(known);
+    }
+    return all;
 }
 
 } // namespace
 
-DraftFile::DraftFile(std::optional<fs::path> folder) : m_folder(std::move(folder)), m_worker(&DraftFile::run, this) {}
+DraftFile::DraftFile(const std::optional<fs::path>& folder, const std::optional<fs::path>& spare)
+{
+    for (const std::optional<fs::path>& place : {folder, spare}) {
+        if (place) {
+            m_places.push_back({*place});
+        }
+    }
+    m_worker = std::thread(&DraftFile::run, this);
+}
 
 DraftFile::~DraftFile()
 {
@@ -105,24 +121,24 @@ DraftFile::~DraftFile()
 
 Draft DraftFile::read()
 {
-    if (!m_folder) {
-        return {};
-    }
-    const fs::path file = *m_folder / draftName;
-    removeStaleTemporaries(*m_folder, draftName);
-    std::error_code error;
-    std::optional<Draft> draft = draftIn(file, error);
-    const bool isNone =
-        !draft && meansAbsent(error) && FileStatus::of(file).isAbsent(); // and no link that leads nowhere
-    Draft all = draft.value_or(Draft());
-    for (const fs::path& aside : draftsAside(*m_folder)) {
-        if (const std::optional<Draft> found = draftIn(aside, error)) {
-            m_readAside.push_back(aside);
-            all.insert(all.end(), found->begin(), found->end());
+    std::vector<Draft> drafts;
+    for (Place& place : m_places) {
+        const fs::path file = place.folder / draftName;
+        removeStaleTemporaries(place.folder, draftName);
+        std::error_code error;
+        std::optional<Draft> draft = draftIn(file, error);
+        const bool isNone =
+            !draft && meansAbsent(error) && FileStatus::of(file).isAbsent(); // and no link that leads nowhere
+        drafts.push_back(draft.value_or(Draft()));
+        for (const fs::path& aside : draftsAside(place.folder)) {
+            if (std::optional<Draft> found = draftIn(aside, error)) {
+                m_readAside.push_back(aside);
+                drafts.push_back(*std::move(found));
+            }
         }
+        place.isNameTaken = !draft && !isNone && !setAside(file);
     }
-    m_isInTheWay = !draft && !isNone && !setAside(file);
-    return m_readAside.empty() ? all : withoutRepetitions(all);
+    return joined(drafts);
 }
 
 // As with the saves of tables, what was read is let go of only after the thread that changes the tables took the lock.
@@ -164,10 +180,10 @@ void DraftFile::run()
 
 void DraftFile::store(const Draft& draft)
 {
-    if (!m_folder || draft == m_stored) {
+    if (draft == m_stored) {
         return;
     }
-    const std::error_code error = replaceFile(draft);
+    const std::error_code error = replaceFiles(draft);
     if (!error) {
         for (const fs::path& aside : std::exchange(m_readAside, {})) {
             ::unlink(aside.c_str()); // the file has what is left of it
@@ -179,17 +195,30 @@ void DraftFile::store(const Draft& draft)
     }
 }
 
-std::error_code DraftFile::replaceFile(const Draft& draft)
+/// The first place that takes the draft has it, and those behind it none.
+std::error_code DraftFile::replaceFiles(const Draft& draft)
 {
-    const fs::path file = *m_folder / draftName;
-    if (m_isInTheWay && !setAside(file)) {
+    std::error_code error;
+    bool isWritten = draft.empty();
+    for (Place& place : m_places) {
+        const std::error_code failure = replaceFile(place, isWritten ? Draft() : draft);
+        isWritten = isWritten || !failure;
+        error = error ? error : failure;
+    }
+    return isWritten && !draft.empty() ? std::error_code() : error;
+}
+
+std::error_code DraftFile::replaceFile(Place& place, const Draft& draft)
+{
+    const fs::path file = place.folder / draftName;
+    if (place.isNameTaken && !setAside(file)) {
         return std::make_error_code(std::errc::file_exists);
     }
-    m_isInTheWay = false;
+    place.isNameTaken = false;
     if (draft.empty()) {
         return removeFile(file);
     }
-    if (const std::error_code error = makePrivateFolder(*m_folder)) {
+    if (const std::error_code error = makePrivateFolder(place.folder)) {
         return error;
     }
     TemporaryFile temporary(file);

@@ -19,8 +19,10 @@ public:
     /// Works a draft out, on the file's own thread.
     using Maker = std::function<Draft()>;
 
-    /// The file "Draft" in `folder`, which is made when it is missing. Without a folder nothing is read or written.
-    explicit DraftFile(std::optional<std::filesystem::path> folder);
+    /// The file "Draft" in `folder`, or in `spare` while that takes none, as on a full disk. A folder that is missing
+    /// is made. Without a folder nothing is read or written.
+    explicit DraftFile(const std::optional<std::filesystem::path>& folder,
+                       const std::optional<std::filesystem::path>& spare = std::nullopt);
     DraftFile(const DraftFile&) = delete;
     DraftFile& operator=(const DraftFile&) = delete;
 
@@ -42,18 +44,23 @@ public:
     void waitUntilDone();
 
 private:
+    struct Place {
+        std::filesystem::path folder;
+        bool isNameTaken = false; ///< that of the file, by what could not be read
+    };
+
     void run();
     void store(const Draft& draft);
-    std::error_code replaceFile(const Draft& draft);
+    std::error_code replaceFiles(const Draft& draft);
+    static std::error_code replaceFile(Place& place, const Draft& draft);
 
-    const std::optional<std::filesystem::path> m_folder;
+    std::vector<Place> m_places; ///< the worker's once something is written
     std::mutex m_mutex;
     std::condition_variable m_changed;
     Maker m_waiting;
     std::vector<Maker> m_done;                      ///< kept until the next `write`, as the tables they hold were read
     std::optional<Draft> m_stored;                  ///< what the file holds, as far as it is known; the worker's
     std::vector<std::filesystem::path> m_readAside; ///< drafts under other names that `read` gave
-    bool m_isInTheWay = false;                      ///< the name of the file is taken by what could not be read
     bool m_working = false;
     bool m_ending = false;
     std::thread m_worker; ///< last, as it uses the others

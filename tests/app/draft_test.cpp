@@ -237,6 +237,29 @@ TEST_F(DraftTest, OfANoteThatIsAnotherByNowKeepsBothTexts)
     EXPECT_EQ(notesOnDisk(), (Table{note(2024, 3, 2, "from elsewhere\n\ndentist at nine"), march.at(1)}));
 }
 
+/// As on a full disk: neither the list nor the draft can be written where it belongs.
+TEST_F(DraftTest, AQuitWhileTheHomeTakesNothingLosesNothing)
+{
+    const std::filesystem::path aside = dataFolder().native() + " aside";
+    host.temporaryFolder = std::filesystem::path(home.path().toStdString()) / "run";
+    putNotes(march);
+    start();
+    std::filesystem::rename(dataFolder(), aside);
+    std::ofstream(dataFolder()) << "no folder";
+    std::ofstream(state()) << "no folder";
+    typeNote(0, QStringLiteral("dentist at nine"));
+    quit();
+
+    std::filesystem::remove(state());
+    std::filesystem::remove(dataFolder());
+    std::filesystem::rename(aside, dataFolder());
+    start();
+    ASSERT_TRUE(alert());
+    EXPECT_EQ(alert()->informativeText(), QStringLiteral("Mar 2, 2024: dentist at nine"));
+    answer(Alert::firstButtonReturn);
+    EXPECT_EQ(notesOnDisk(), (Table{note(2024, 3, 2, "dentist at nine"), march.at(1)}));
+}
+
 TEST_F(DraftTest, IsNotOfferedWhenAllOfItHadBeenSaved)
 {
     putNotes(march);

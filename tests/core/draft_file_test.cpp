@@ -136,6 +136,36 @@ TEST_F(DraftFileTest, OneThatLiesAsideAndCanBeReadIsReadOnceAndGoesWithTheNextTh
     EXPECT_EQ(readInAnotherRun(), read);
 }
 
+/// The disk of the home is full, or cannot be written to.
+TEST_F(DraftFileTest, WhereItsFolderTakesNoneTheSpareOneDoes)
+{
+    const fs::path spare = m_home.path() / "run" / "velumora";
+    const fs::path inTheWay = folder().parent_path();
+    fs::create_directories(inTheWay.parent_path());
+    put(inTheWay, "no folder");
+    {
+        DraftFile run(folder(), spare);
+        EXPECT_EQ(run.read(), Draft());
+        run.write([] { return draftOf("typed"); });
+    }
+    EXPECT_EQ(namesIn(spare), std::vector<std::string>{"Draft"});
+    EXPECT_EQ(fs::status(spare).permissions(), fs::perms::owner_all);
+    fs::remove(inTheWay);
+    DraftFile run(folder(), spare);
+    const Draft read = run.read();
+    EXPECT_EQ(read, draftOf("typed"));
+    run.write([read] { return read; });
+    run.waitUntilDone();
+    EXPECT_EQ(namesIn(spare), std::vector<std::string>()) << "it is where it belongs";
+    EXPECT_EQ(readInAnotherRun(), draftOf("typed"));
+    put(spare / "Draft", bytesOf(file()));
+    EXPECT_EQ(DraftFile(folder(), spare).read(), draftOf("typed")) << "once";
+    run.write([] { return Draft(); });
+    run.waitUntilDone();
+    EXPECT_EQ(namesIn(folder()), std::vector<std::string>());
+    EXPECT_EQ(namesIn(spare), std::vector<std::string>());
+}
+
 TEST_F(DraftFileTest, AFailedWriteLeavesTheOlderDraftAndIsMadeUpForByTheNext)
 {
     DraftFile run(folder());
