@@ -2,9 +2,8 @@
 #include "core/store_fixture.h"
 #include "store/DataFolder.h"
 #include "store/FileAttributes.h"
+#include "support/AccessList.h"
 #include "support/OrdinaryUser.h"
-
-#include <cstring>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -15,32 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::string notesName = "TALV VeluMora";
-constexpr const char* accessList = "system.posix_acl_access";
 constexpr gid_t sharedGroup = 12345;
-
-/// An access list as the kernel takes it (posix_acl_xattr.h): a version, then tag, permissions and user of each entry.
-std::string accessListFor(uid_t reader)
-{
-    struct Entry {
-        std::uint16_t tag, permissions;
-        std::uint32_t id;
-    };
-    constexpr std::uint32_t none = 0xFFFFFFFF;
-    const std::uint32_t version = 2;
-    const Entry entries[] = {{0x01, 6, none}, {0x02, 4, reader}, {0x04, 0, none}, {0x10, 4, none}, {0x20, 0, none}};
-    std::string bytes(sizeof version + sizeof entries, '\0');
-    std::memcpy(bytes.data(), &version, sizeof version);
-    std::memcpy(bytes.data() + sizeof version, entries, sizeof entries);
-    return bytes;
-}
-
-std::string attribute(const fs::path& file, const char* name)
-{
-    std::string value(1000, '\0');
-    const ssize_t size = getxattr(file.c_str(), name, value.data(), value.size());
-    value.resize(size < 0 ? 0 : static_cast<std::size_t>(size));
-    return value;
-}
 
 struct stat statusOf(const fs::path& file)
 {
