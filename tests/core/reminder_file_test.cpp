@@ -351,7 +351,9 @@ TEST_F(ReminderFileTest, AStartAtLoginIsWrittenWholeOrNotAtAll)
     }
     EXPECT_EQ(bytesOf(place), autostartText("/usr/bin/former"));
     EXPECT_EQ(namesIn(folder()).size(), 1U);
+    put(folder() / ".app.velumora.ReminderAgent1.desktop.tmp-abcdef", "what a killed agent left");
     ASSERT_EQ(entry.enable(), std::error_code());
+    EXPECT_EQ(namesIn(folder()).size(), 1U);
     EXPECT_EQ(bytesOf(place), autostartText("/usr/bin/agent"));
     EXPECT_EQ(entry.disable(), std::error_code());
     EXPECT_EQ(entry.disable(), std::error_code()) << "it is gone already";
