@@ -4,6 +4,7 @@
 #include "support/PrivateBus.h"
 #include "support/StandInLogind.h"
 
+#include <QCoreApplication>
 #include <QDBusPendingCallWatcher>
 #include <QSignalSpy>
 #include <QTest>
@@ -26,6 +27,17 @@ protected:
     void listen()
     {
         monitor.listen(bus.connection(QStringLiteral("program")), QStringLiteral("Notes are being saved"));
+    }
+
+    /// The bus keeps the order: when its own answers to the sender and to the program are here, the program has all.
+    static void takeInAllFrom(const QDBusConnection& sender)
+    {
+        const QString service = QStringLiteral("org.freedesktop.DBus");
+        for (QDBusConnection each : {sender, QDBusConnection(QStringLiteral("program"))}) {
+            each.call(QDBusMessage::createMethodCall(service, QStringLiteral("/org/freedesktop/DBus"), service,
+                                                     QStringLiteral("GetId")));
+        }
+        QCoreApplication::processEvents();
     }
 
     PrivateBus bus;
@@ -79,14 +91,25 @@ TEST_F(ShutdownMonitorTest, HearsTheLoginManagerAlone)
     for (int i = 0; i < 1000; ++i) {
         forge(false);
     }
-    // The bus keeps the order: when its own answer to the forger is here, the program has all of that.
-    anybody.call(QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                                QStringLiteral("/org/freedesktop/DBus"),
-                                                QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId")));
+    takeInAllFrom(anybody);
+    EXPECT_EQ(told.count(), 0);
+    EXPECT_TRUE(logind.isHeldUp());
     logind.tell(true);
     waitFor([this] { return told.count() > 0; });
     EXPECT_EQ(told.count(), 1);
     EXPECT_EQ(logind.locks.size(), 1);
+}
+
+TEST_F(ShutdownMonitorTest, AsksForOneLockAtATime)
+{
+    listen();
+    waitForLock();
+    for (int i = 0; i < 10; ++i) {
+        logind.tell(false);
+    }
+    takeInAllFrom(QDBusConnection(QStringLiteral("service")));
+    waitForLock();
+    EXPECT_EQ(logind.locks.size(), 2);
 }
 
 TEST_F(ShutdownMonitorTest, HoldsAShutdownUpAgainOnceTheLoginManagerBeganAnew)
