@@ -4,8 +4,10 @@
 #include "store/Files.h"
 #include "store/PropertyList.h"
 #include "support/FileSizeLimit.h"
+#include "support/OrdinaryUser.h"
 
 #include <future>
+#include <memory>
 
 #include <sys/stat.h>
 
@@ -29,6 +31,25 @@ protected:
         run.write([draft] { return draft; });
     }
     Draft readInAnotherRun() const { return DraftFile(folder()).read(); }
+
+    /// It read something that is no draft while the folder could not be changed.
+    std::unique_ptr<DraftFile> runWithSomethingInTheWay() const
+    {
+        fs::create_directories(folder());
+        put(file(), "garbage");
+        for (const fs::path& path : {m_home.path(), folder().parent_path(), folder(), file()}) {
+            OrdinaryUser::own(path);
+        }
+        auto run = std::make_unique<DraftFile>(folder());
+        fs::permissions(folder(), fs::perms(0500));
+        {
+            const OrdinaryUser user;
+            EXPECT_EQ(run->read(), Draft());
+        }
+        fs::permissions(folder(), fs::perms(0700));
+        EXPECT_EQ(namesIn(folder()), std::vector<std::string>{"Draft"});
+        return run;
+    }
 
     TestFolder m_home;
 };
@@ -111,6 +132,39 @@ TEST_F(DraftFileTest, WhatIsNoDraftIsSetAsideAndNeverWrittenOver)
         EXPECT_EQ(bytesOf(folder() / ("Draft unread " + std::to_string(++number))), bytes);
     }
     EXPECT_EQ(namesIn(folder()).size(), 4U);
+}
+
+TEST_F(DraftFileTest, ALinkToWhatIsNotThereNowIsSetAsideToo)
+{
+    fs::create_directories(folder());
+    fs::create_symlink("/nowhere/Draft", file());
+    DraftFile run(folder());
+    EXPECT_EQ(run.read(), Draft());
+    run.write([] { return draftOf("typed"); });
+    run.waitUntilDone();
+    EXPECT_EQ(fs::read_symlink(folder() / "Draft unread 1"), "/nowhere/Draft");
+    EXPECT_EQ(readInAnotherRun(), draftOf("typed"));
+}
+
+TEST_F(DraftFileTest, WhatCannotBeSetAsideAtTheReadingIsAtTheFirstWritingAndOnce)
+{
+    const std::unique_ptr<DraftFile> run = runWithSomethingInTheWay();
+    for (const char* typed : {"first", "second", "third"}) {
+        run->write([typed] { return draftOf(typed); });
+        run->waitUntilDone();
+    }
+    EXPECT_EQ(namesIn(folder()), (std::vector<std::string>{"Draft", "Draft unread 1"}));
+    EXPECT_EQ(bytesOf(folder() / "Draft unread 1"), "garbage");
+    EXPECT_EQ(readInAnotherRun(), draftOf("third"));
+}
+
+TEST_F(DraftFileTest, WhatWasTakenAwayIsNotInTheWayAnyMore)
+{
+    const std::unique_ptr<DraftFile> run = runWithSomethingInTheWay();
+    fs::remove(file());
+    run->write([] { return draftOf("typed"); });
+    run->waitUntilDone();
+    EXPECT_EQ(readInAnotherRun(), draftOf("typed"));
 }
 
 /// It was given that name because it could not be read then.

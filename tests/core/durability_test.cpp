@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 // What a save asks of the system, in order: this program's own calls of that name stand before the system's.
 #include "core/store_fixture.h"
+#include "host/agent/ReminderList.h"
 #include "store/DataFolder.h"
 #include "store/DraftFile.h"
 #include "store/Files.h"
 #include "store/Recovered.h"
 
 #include <array>
+#include <functional>
 #include <mutex>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -58,6 +61,13 @@ std::string nameOf(int descriptor)
     return nameOf(fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor)));
 }
 
+/// What somebody else does before this program's next lock; done once.
+std::function<void()>& beforeNextLock()
+{
+    static std::function<void()> deed;
+    return deed;
+}
+
 } // namespace
 
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the system's headers have reserved names
@@ -86,6 +96,14 @@ extern "C" int unlink(const char* path) noexcept
 {
     trace().add("unlink " + fs::path(path).filename().native());
     return static_cast<int>(::syscall(SYS_unlinkat, AT_FDCWD, path, 0));
+}
+
+extern "C" int flock(int descriptor, int operation) noexcept
+{
+    if (const std::function<void()> deed = std::exchange(beforeNextLock(), {})) {
+        deed();
+    }
+    return static_cast<int>(::syscall(SYS_flock, descriptor, operation));
 }
 // NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
@@ -158,6 +176,28 @@ TEST_F(DurabilityTest, ADraftIsSyncedTooAndItsRemoval)
     file.write([] { return Draft(); });
     file.waitUntilDone();
     EXPECT_EQ(trace().take(), (Calls{"unlink Draft", "sync velumora"}));
+}
+
+TEST(ReminderListDurability, WhatIsNoListIsAsideForGoodBeforeAnotherTakesItsPlace)
+{
+    const TestFolder home;
+    put(home.path() / "Reminders", "no list");
+    ReminderList list(home.path() / "Reminders");
+    trace().take();
+    EXPECT_FALSE(list.load());
+    EXPECT_EQ(trace().take(), (Calls{"rename to Reminders.unreadable", "sync " + home.path().filename().native()}));
+}
+
+/// Between the calls that make it and lock it, it looks like one that a killed program left.
+TEST(TemporaryFileTest, OneThatAnotherProgramTookForAStaleOneIsMadeAnew)
+{
+    const TestFolder home;
+    beforeNextLock() = [&home] { removeStaleTemporaries(home.path(), "target"); };
+    TemporaryFile file(home.path() / "target");
+    EXPECT_FALSE(beforeNextLock());
+    EXPECT_FALSE(file.write("whole"));
+    EXPECT_FALSE(file.replaceTarget());
+    EXPECT_EQ(bytesOf(home.path() / "target"), "whole");
 }
 
 } // namespace

@@ -16,14 +16,6 @@ namespace fs = std::filesystem;
 const std::string notesName = "TALV VeluMora";
 constexpr gid_t sharedGroup = 12345;
 
-std::string attribute(const fs::path& file, const char* name)
-{
-    std::string value(1000, '\0');
-    const ssize_t size = getxattr(file.c_str(), name, value.data(), value.size());
-    value.resize(size < 0 ? 0 : static_cast<std::size_t>(size));
-    return value;
-}
-
 struct stat statusOf(const fs::path& file)
 {
     struct stat status {};
@@ -101,19 +93,19 @@ TEST_F(FileAttributesTest, WhereTheGroupCannotBeKeptNobodyElseIsLetIn)
 
 TEST_F(FileAttributesTest, TheAccessListSurvivesAndNoneIsMadeUp)
 {
-    const std::string list = AccessList::forReader(12346);
-    if (::setxattr(m_file.c_str(), AccessList::attribute, list.data(), list.size(), 0) != 0) {
+    const std::string list = accessListFor(12346);
+    if (::setxattr(m_file.c_str(), accessList, list.data(), list.size(), 0) != 0) {
         GTEST_SKIP() << "the file system under " << m_home.path() << " has no access lists";
     }
     const mode_t mode = statusOf(m_file).st_mode;
     expectSavedAnew(2);
-    EXPECT_EQ(attribute(m_file, AccessList::attribute), list);
+    EXPECT_EQ(attribute(m_file, accessList), list);
     EXPECT_EQ(statusOf(m_file).st_mode, mode);
 
-    ASSERT_EQ(::removexattr(m_file.c_str(), AccessList::attribute), 0);
-    ASSERT_EQ(::setxattr(m_folder.url()->c_str(), AccessList::attributeOfFolders, list.data(), list.size(), 0), 0);
+    ASSERT_EQ(::removexattr(m_file.c_str(), accessList), 0);
+    ASSERT_EQ(::setxattr(m_folder.url()->c_str(), "system.posix_acl_default", list.data(), list.size(), 0), 0);
     expectSavedAnew(3);
-    EXPECT_EQ(attribute(m_file, AccessList::attribute), "") << "the folder gives its files one, but this file had none";
+    EXPECT_EQ(attribute(m_file, accessList), "") << "the folder gives its files one, but this file had none";
 }
 
 TEST_F(FileAttributesTest, TheAttributesOfUsersSurvive)

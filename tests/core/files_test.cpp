@@ -52,6 +52,21 @@ TEST(ReadFile, TellsWhyItCannot)
     EXPECT_EQ(readFile(home.path() / "file", 5, error)->text(), "12345");
 }
 
+TEST(ReadFile, ReadsAFileThatIsLargerThanTheSystemSaidToItsEnd)
+{
+    const fs::path file = "/proc/version"; // said to be empty
+    const std::string bytes = bytesOf(file);
+    ASSERT_GT(bytes.size(), 1U);
+    std::error_code error;
+    const std::optional<FileContent> whole = readFile(file, bytes.size(), error);
+    ASSERT_TRUE(whole);
+    EXPECT_EQ(whole->text(), bytes);
+    for (std::size_t limit = 0; limit < bytes.size(); ++limit) {
+        EXPECT_FALSE(readFile(file, limit, error)) << limit;
+        EXPECT_EQ(error, std::errc::file_too_large) << limit;
+    }
+}
+
 TEST(MakePrivateFolder, MakesTheMissingOnesForTheUserAloneAndLeavesTheOthers)
 {
     const TestFolder home;
@@ -64,6 +79,22 @@ TEST(MakePrivateFolder, MakesTheMissingOnesForTheUserAloneAndLeavesTheOthers)
 
     put(home.path() / "file", "");
     EXPECT_EQ(makePrivateFolder(home.path() / "file" / "c"), std::errc::not_a_directory);
+    EXPECT_EQ(makePrivateFolder({}), std::errc::no_such_file_or_directory) << "nothing is above it";
+}
+
+TEST(SyncFolder, WhereTheFoldersModeDoesNotLetOneWaitThereIsNoError)
+{
+    const TestFolder home;
+    OrdinaryUser::own(home.path());
+    fs::permissions(home.path(), fs::perms(0300));
+    {
+        const OrdinaryUser user;
+        EXPECT_FALSE(syncFolder(home.path()));
+        EXPECT_FALSE(makeFolder(home.path() / "new"));
+    }
+    fs::permissions(home.path(), fs::perms(0700));
+    EXPECT_TRUE(fs::is_directory(home.path() / "new"));
+    EXPECT_TRUE(syncFolder(home.path() / "missing"));
 }
 
 /// A folder that the user may list but not search: whether a file is in it cannot be told.

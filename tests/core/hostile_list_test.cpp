@@ -54,6 +54,28 @@ std::string binaryList(std::initializer_list<std::string> objects)
     return list + offsets + "\0\0\0\0\0\0\x08\1"s + numbers({objects.size(), 0, table});
 }
 
+std::string word(std::size_t value)
+{
+    return numbers({value}).substr(4);
+}
+
+/// A binary list of `count` objects like that one. To it, true has the number 1 and a key the number 2.
+std::string binaryListOfMany(const std::string& object, std::size_t count)
+{
+    std::string list = "bplist00\xAF\x12" + word(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        list += word(i + 3);
+    }
+    std::string offsets = word(8) + word(list.size()) + word(list.size() + 1);
+    list += "\x09\x51k";
+    for (std::size_t i = 0; i < count; ++i) {
+        offsets += word(list.size());
+        list += object;
+    }
+    const std::size_t table = list.size();
+    return list + offsets + "\0\0\0\0\0\0\4\4"s + numbers({count + 3, 0, table});
+}
+
 /// As many objects as the table has bytes, all of them the same one.
 std::string objectsInOnePlace(std::size_t objects)
 {
@@ -148,6 +170,13 @@ const Hostile hostile[] = {
          return binaryList({"\xDF\x13" + numbers({n / 4}) + repeated("\1", n / 2),
                             "\x5F\x13" + numbers({n / 2}) + repeated("k", n / 2)});
      }},
+    {"binary: a very long key a few times",
+     [](std::size_t n) {
+         return binaryList({"\xDF\x10\x14" + repeated("\1", 40), "\x5F\x13" + numbers({n / 2}) + repeated("k", n / 2)});
+     }},
+    {"binary: small arrays", [](std::size_t n) { return binaryListOfMany("\xA1" + word(1), n / 16); }},
+    {"binary: small dictionaries", [](std::size_t n) { return binaryListOfMany("\xD1" + word(2) + word(1), n / 24); }},
+    {"binary: identifiers", [](std::size_t n) { return binaryListOfMany("\x80\x01", n / 16); }},
     {"binary: arrays of arrays, shared",
      [](std::size_t) {
          const std::string thousand = "\xAF\x11\x03\xE8";
@@ -225,6 +254,37 @@ TEST(HostileList, IsRefusedBeforeAnythingIsBuilt)
     for (const auto& row : rows) {
         EXPECT_FALSE(outlineOf(row.xml, million).isAllowed) << row.name;
     }
+}
+
+/// Of an empty file a small list alone may come: what it holds counts, not how long it is.
+TEST(HostileList, CountsWhateverTakesMemoryAgainstTheSizeOfItsFile)
+{
+    constexpr std::size_t most = PropertyList::memoryOfSmallLists;
+    constexpr std::size_t nodes = most / 110; // the parser's, one for a part and one for a text behind it
+    const auto manyTimes = [](std::string_view text, std::size_t times) { return repeated(text, times * text.size()); };
+    const struct {
+        const char* name;
+        std::string xml;
+    } rows[] = {
+        {"a text", plainArray("<string>" + std::string(most, 'a') + "</string>")},
+        {"a section", plainArray("<string><![CDATA[" + std::string(most, 'a') + "]]></string>")},
+        {"data, twice", plainArray("<data>" + std::string(most / 2, 'A') + "</data>")},
+        {"nodes of sections", plainArray(manyTimes("<!---->", nodes))},
+        {"nodes of elements", plainArray("<!-- -->" + manyTimes("<a/>", nodes))},
+        {"nodes of parts that are parsed as one after all", plainArray(manyTimes("<a/>", nodes) + "<!-- -->")},
+    };
+    for (const auto& row : rows) {
+        EXPECT_FALSE(PropertyList::outlineOf(row.xml, million, 0).isAllowed) << row.name;
+        EXPECT_TRUE(PropertyList::outlineOf(row.xml, million, most).isAllowed) << row.name;
+    }
+    EXPECT_TRUE(PropertyList::outlineOf(plainArray(""), million, 0, most / 2).isAllowed);
+    EXPECT_FALSE(PropertyList::outlineOf(plainArray(""), million, 0, most).isAllowed) << "taken already";
+}
+
+TEST(HostileList, InUtf16WhatWasMadeOfItCountsToo)
+{
+    EXPECT_TRUE(PropertyList::readTable(inUtf16(plainArray(repeated("<array/>", 8 * 900'000)))));
+    EXPECT_FALSE(PropertyList::readTable(inUtf16(plainArray(repeated("<array/>", 8 * 1'000'000)))));
 }
 
 // The writer draws the same line as the reader.

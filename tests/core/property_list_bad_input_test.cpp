@@ -250,4 +250,12 @@ TEST(PropertyListBadInput, NoChangedByteBreaksTheReader)
     }
 }
 
+TEST(PropertyListBadInput, IsNoErrorOfTheSystems)
+{
+    std::string bytes = "no list";
+    std::error_code error = std::make_error_code(std::errc::not_enough_memory); // of another call
+    EXPECT_FALSE(PropertyList::readTableInPlace(bytes, error));
+    EXPECT_FALSE(error);
+}
+
 } // namespace

@@ -144,6 +144,22 @@ TEST_F(RecoveredTest, TheNewestFiveOfEachFileAreKept)
                                   "TALV VeluMora my own"}));
     EXPECT_EQ(keptBytes(), (Bytes{"events 1", "events 2", "events 3", "state 4", "state 5", "state 6", "state 7",
                                   "state 8", "not a copy"}));
+
+    put(recovered() / "TALV VeluMora 2026-01-01 00.00.00.000", "one that could not be removed");
+    put(notesFile(), "state 8");
+    save(Table());
+    EXPECT_EQ(keptBytes(), (Bytes{"events 1", "events 2", "events 3", "state 4", "state 5", "state 6", "state 7",
+                                  "state 8", "not a copy"}))
+        << "what is kept already pushes none out, but the surplus goes";
+}
+
+TEST_F(RecoveredTest, WhatAKilledProgramLeftOfACopyGoesWithTheNext)
+{
+    fs::create_directory(recovered());
+    put(recovered() / ".TALV VeluMora 2026-11-21 05.32.10.122.tmp-abcdef", "ha");
+    put(notesFile(), "whole");
+    save(Table());
+    EXPECT_EQ(namesIn(recovered()), Bytes{"TALV VeluMora 2026-11-21 05.32.10.123"});
 }
 
 TEST_F(RecoveredTest, NamesGoOnInOrderWhenTheClockIsSetBack)

@@ -143,6 +143,45 @@ TEST_F(ReminderFileTest, WhatIsNoListAndCannotBeSetAsideStays)
     EXPECT_EQ(bytesOf(folder() / "Reminders.unreadable"), "no list");
 }
 
+TEST_F(ReminderFileTest, ANumberThatIsNoNotificationsIsNone)
+{
+    Table table;
+    const Integer numbers[] = {{7, false}, {7, true}, {(std::uint64_t{1} << 32) + 7, false}};
+    for (const Integer& number : numbers) {
+        Dictionary record = *recordOf(request(QString::number(table.size()))).dictionary();
+        record.set("Notification", Value(number));
+        record.set("Daemon", Value("bus :1.7"));
+        table << Value(record);
+    }
+    put(file(), PropertyList::writeXml(table));
+    const ReminderList list = loaded();
+    ASSERT_EQ(list.all().size(), 3U);
+    EXPECT_EQ(list.all()[0].notification.id, 7U);
+    EXPECT_EQ(list.all()[1].notification, StandingNotification());
+    EXPECT_EQ(list.all()[2].notification, StandingNotification());
+}
+
+TEST_F(ReminderFileTest, AnEmptyFileIsAnEmptyListAndNotSetAside)
+{
+    put(file(), "");
+    EXPECT_TRUE(loaded().empty());
+    EXPECT_EQ(namesIn(folder()), std::vector<std::string>{"Reminders"});
+}
+
+TEST_F(ReminderFileTest, TheNextMomentIsTheFirstOfThosePending)
+{
+    ReminderList list = loaded();
+    EXPECT_EQ(list.nextMoment(), std::nullopt);
+    int first = 31;
+    for (const int day : {3, 2, 4, 1}) {
+        first = std::min(first, day);
+        NotificationRequest added = request(QString::number(day));
+        added.trigger.day = day;
+        EXPECT_EQ(list.add(added), std::error_code());
+        EXPECT_EQ(list.nextMoment(), moment + std::chrono::hours(24 * (first - 1)));
+    }
+}
+
 // --- A change that could not be written ------------------------------------------------------------------------------
 
 TEST_F(ReminderFileTest, AChangeThatCouldNotBeWrittenIsWrittenLater)
@@ -268,6 +307,19 @@ TEST_F(ReminderFileTest, AThousandRemindersAreKeptAndNotOneMore)
     EXPECT_EQ(loaded().all(), list.all());
 }
 
+TEST_F(ReminderFileTest, AListThatIsTooLongFromBeforeTheLimitGrowsNoLonger)
+{
+    Table table;
+    for (std::size_t number = 0; number <= ReminderList::mostReminders; ++number) {
+        table << recordOf(request(QString::number(number)));
+    }
+    put(file(), PropertyList::writeXml(table));
+    ReminderList list = loaded();
+    EXPECT_EQ(list.add(a), std::errc::value_too_large);
+    EXPECT_EQ(list.add(request(QStringLiteral("1"), "another text")), std::error_code()) << "in its own place";
+    EXPECT_EQ(list.all().size(), ReminderList::mostReminders + 1);
+}
+
 TEST_F(ReminderFileTest, ARequestThatIsNestedTooDeeplyForTheFileIsRefused)
 {
     const std::string bytes = putOne();
@@ -299,7 +351,9 @@ TEST_F(ReminderFileTest, AStartAtLoginIsWrittenWholeOrNotAtAll)
     }
     EXPECT_EQ(bytesOf(place), autostartText("/usr/bin/former"));
     EXPECT_EQ(namesIn(folder()).size(), 1U);
+    put(folder() / ".app.velumora.ReminderAgent1.desktop.tmp-abcdef", "what a killed agent left");
     ASSERT_EQ(entry.enable(), std::error_code());
+    EXPECT_EQ(namesIn(folder()).size(), 1U);
     EXPECT_EQ(bytesOf(place), autostartText("/usr/bin/agent"));
     EXPECT_EQ(entry.disable(), std::error_code());
     EXPECT_EQ(entry.disable(), std::error_code()) << "it is gone already";

@@ -2,6 +2,7 @@
 // The store's lists while calls of the system fail.
 #include "faults/every_fault.h"
 #include "store/DataFolder.h"
+#include "store/Files.h"
 #include "store/SaveQueue.h"
 #include "support/AccessList.h"
 
@@ -106,7 +107,6 @@ class FirstSave : public Scenario {
 };
 
 class SaveOverOwn : public Scenario {
-protected:
     void prepare() override
     {
         saveOld();
@@ -127,31 +127,6 @@ protected:
         EXPECT_FALSE(m_error);
         EXPECT_EQ(listIn(file()), newNotes());
     }
-};
-
-/// Without its list, what stands for the group's rights would be those that the list gives at the most.
-class SaveOverShared : public SaveOverOwn {
-    void prepare() override
-    {
-        SaveOverOwn::prepare();
-        const std::string list = AccessList::forReader(reader);
-        m_hasList = ::setxattr(file().c_str(), AccessList::attribute, list.data(), list.size(), 0) == 0;
-        ASSERT_EQ(m_folder.loadTable(notesName), oldNotes());
-    }
-    void checkAfterFault() override
-    {
-        SaveOverOwn::checkAfterFault();
-        std::string list(100, '\0');
-        const ssize_t size = ::getxattr(file().c_str(), AccessList::attribute, list.data(), list.size());
-        list.resize(size < 0 ? 0 : static_cast<std::size_t>(size));
-        if (m_hasList && list != AccessList::forReader(reader)) {
-            EXPECT_EQ(fs::status(file()).permissions() & fs::perms::group_all, fs::perms::none)
-                << "the group may see more";
-        }
-    }
-
-    static constexpr uid_t reader = 12346;
-    bool m_hasList = false; ///< else there are none on this file system
 };
 
 class SaveOverForeign : public Scenario {
@@ -279,7 +254,6 @@ const FaultRow rows[] = {
     faultRow<Load>("Load"),
     faultRow<FirstSave>("FirstSave"),
     faultRow<SaveOverOwn>("SaveOverOwn"),
-    faultRow<SaveOverShared>("SaveOverShared"),
     faultRow<SaveOverForeign>("SaveOverForeign"),
     faultRow<SaveThroughLink>("SaveThroughLink"),
     faultRow<Removal>("Removal"),
@@ -305,6 +279,52 @@ TEST(StoreFaults, ASaveWithoutOneOfItsSyncsIsNone)
     }
     EXPECT_EQ(syncs - 1, 6) << "the list, the new folder of copies, the copy, its name twice, the list's name";
     EXPECT_EQ(needless, std::vector<int>{3}) << "a second name of the old file stands in for the copy";
+}
+
+/// Without an access list its mask would stand for the group's permissions.
+TEST(StoreFaults, AnAttributeThatCannotBeKeptIsNotMadeUpAndAnAccessListLetsNobodyElseIn)
+{
+    const std::string list = accessListFor(12346);
+    std::vector<int> errors = Faults::errorsOf(Faults::Call::Attribute);
+    errors.push_back(EACCES);
+    std::erase(errors, ENOTSUP); // says that there are none
+    int faults = 0;
+    for (const int error : errors) {
+        bool fired = true;
+        for (int number = 1; fired; ++number) {
+            SaveOverForeign scenario;
+            scenario.prepare();
+            const fs::path file = scenario.home() / "TALV" / notesName;
+            if (::setxattr(file.c_str(), "user.xdg.tags", "diary", 5, 0) != 0 ||
+                ::setxattr(file.c_str(), accessList, list.data(), list.size(), 0) != 0) {
+                GTEST_SKIP() << "the file system under " << scenario.home() << " has no attributes or access lists";
+            }
+            {
+                const Faults::Watch watch(scenario.home(), {Faults::Call::Attribute, number, error});
+                scenario.act();
+                fired = watch.hasFired();
+            }
+            EXPECT_TRUE(attribute(file, "user.xdg.tags") == "diary" ||
+                        ::getxattr(file.c_str(), "user.xdg.tags", nullptr, 0) < 0)
+                << number << ' ' << error;
+            const fs::perms others = fs::status(file).permissions() & (fs::perms::group_all | fs::perms::others_all);
+            EXPECT_TRUE(attribute(file, accessList) == list || others == fs::perms::none) << number << ' ' << error;
+            EXPECT_TRUE(fired || others == fs::perms::group_read) << "kept where nothing failed";
+            faults += fired ? 1 : 0;
+        }
+    }
+    EXPECT_GT(faults, 30);
+}
+
+TEST(StoreFaults, ATemporaryFileThatCannotBeAskedForGoesAtOnce)
+{
+    const TestFolder home;
+    {
+        const Faults::Watch watch(home.path(), {Faults::Call::Status, 1, EIO});
+        TemporaryFile file(home.path() / "target");
+        EXPECT_EQ(file.write("x"), std::errc::io_error);
+    }
+    EXPECT_TRUE(namesIn(home.path()).empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Store, EveryFault, testing::ValuesIn(rows), nameOfFaultRow);

@@ -3,18 +3,17 @@
 
 #include <cstdint>
 #include <cstring>
+#include <filesystem>
 #include <string>
 
 #include <sys/types.h>
+#include <sys/xattr.h>
 
-/// Access lists of files, as the kernel takes them (posix_acl_xattr.h).
-namespace AccessList {
+inline constexpr const char* accessList = "system.posix_acl_access";
 
-inline constexpr const char* attribute = "system.posix_acl_access";
-inline constexpr const char* attributeOfFolders = "system.posix_acl_default"; ///< what new files in them get
-
-/// The owner may read and write, `reader` may read, the group and the others nothing.
-inline std::string forReader(uid_t reader)
+/// An access list as the kernel takes it (posix_acl_xattr.h): a version, then tag, permissions and user of each entry.
+/// Its mask, which stands in the mode in the place of the group's permissions, lets more in than its group.
+inline std::string accessListFor(uid_t reader)
 {
     struct Entry {
         std::uint16_t tag, permissions;
@@ -29,4 +28,11 @@ inline std::string forReader(uid_t reader)
     return bytes;
 }
 
-} // namespace AccessList
+/// Empty where there is no such attribute.
+inline std::string attribute(const std::filesystem::path& file, const char* name)
+{
+    std::string value(1000, '\0');
+    const ssize_t size = getxattr(file.c_str(), name, value.data(), value.size());
+    value.resize(size < 0 ? 0 : static_cast<std::size_t>(size));
+    return value;
+}
