@@ -197,8 +197,15 @@ std::size_t memoryOfThisProcess(const char* which)
     return kibibytes * 1024;
 }
 
+/// What reading a list of so many bytes may take beside the list itself.
+std::size_t memoryAllowedFor(std::size_t size)
+{
+    constexpr std::size_t rounding = std::size_t{16} << 20;
+    return PropertyList::memoryPerByte * size + PropertyList::memoryOfSmallLists + rounding;
+}
+
 /// Reads the list in a process of its own; how many bytes of memory that took beside the list's own, nullopt when the
-/// process did not come to an end of the reading.
+/// process did not come to an end of the reading. A process that takes far too much gets no more than shows that.
 std::optional<std::size_t> memoryOfReading(std::string& bytes)
 {
     std::array<int, 2> ends{};
@@ -209,6 +216,9 @@ std::optional<std::size_t> memoryOfReading(std::string& bytes)
     if (child == 0) {
         const rlimit limit{60, 60}; // seconds of the processor; what does not end takes hours
         setrlimit(RLIMIT_CPU, &limit);
+        const std::size_t most = memoryOfThisProcess("VmSize:") + 2 * memoryAllowedFor(bytes.size());
+        const rlimit space{most, most};
+        setrlimit(RLIMIT_AS, &space);
         std::ofstream("/proc/self/clear_refs") << 5; // the most so far is forgotten
         const std::size_t before = memoryOfThisProcess("VmRSS:");
         (void)PropertyList::readTableInPlace(bytes);
@@ -227,14 +237,12 @@ std::optional<std::size_t> memoryOfReading(std::string& bytes)
 
 TEST(HostileList, TakesNoMoreMemoryThanItsSizeAllows)
 {
-    constexpr std::size_t rounding = std::size_t{16} << 20;
     for (const Hostile& each : hostile) {
         for (const std::size_t size : {16 * million, 64 * million}) {
             std::string bytes = each.make(size);
             const std::optional<std::size_t> taken = memoryOfReading(bytes);
             ASSERT_TRUE(taken) << each.name << ", " << size << " bytes: no end";
-            EXPECT_LE(*taken, PropertyList::memoryPerByte * bytes.size() + PropertyList::memoryOfSmallLists + rounding)
-                << each.name << ", " << size << " bytes";
+            EXPECT_LE(*taken, memoryAllowedFor(bytes.size())) << each.name << ", " << size << " bytes";
         }
     }
 }
