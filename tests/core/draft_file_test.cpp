@@ -183,7 +183,7 @@ TEST_F(DraftFileTest, OneThatLiesAsideAndCanBeReadIsReadOnceAndGoesWithTheNextTh
     const Draft read = run.read();
     EXPECT_EQ(read, (Draft{both.at(1), both.at(0)}));
     EXPECT_EQ(namesIn(folder()).size(), 6U) << "nothing goes before it is elsewhere";
-    run.write([read] { return read; });
+    run.write([&read] { return read; });
     run.waitUntilDone();
     EXPECT_EQ(namesIn(folder()), (std::vector<std::string>{"Draft", "Draft unread ", "Draft unread -1",
                                                            "Draft unread 1", "Draft unread 4 or 5"}));
@@ -208,7 +208,7 @@ TEST_F(DraftFileTest, WhereItsFolderTakesNoneTheSpareOneDoes)
     DraftFile run(folder(), spare);
     const Draft read = run.read();
     EXPECT_EQ(read, draftOf("typed"));
-    run.write([read] { return read; });
+    run.write([&read] { return read; });
     run.waitUntilDone();
     EXPECT_EQ(namesIn(spare), std::vector<std::string>()) << "it is where it belongs";
     EXPECT_EQ(readInAnotherRun(), draftOf("typed"));

@@ -4,6 +4,8 @@
 #include <QDBusMessage>
 #include <QDBusUnixFileDescriptor>
 
+#include <utility>
+
 #include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
@@ -14,7 +16,7 @@ const QString path = QStringLiteral("/org/freedesktop/login1");
 
 } // namespace
 
-StandInLogind::StandInLogind(const QDBusConnection& connection) : m_connection(connection)
+StandInLogind::StandInLogind(QDBusConnection connection) : m_connection(std::move(connection))
 {
     m_connection.registerVirtualObject(path, this);
     m_connection.registerService(QStringLiteral("org.freedesktop.login1"));

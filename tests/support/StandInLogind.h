@@ -13,7 +13,7 @@ class StandInLogind : public QDBusVirtualObject {
     Q_OBJECT
 
 public:
-    explicit StandInLogind(const QDBusConnection& connection);
+    explicit StandInLogind(QDBusConnection connection);
     ~StandInLogind() override;
 
     QList<QStringList> locks; ///< the arguments of every lock that was asked for
