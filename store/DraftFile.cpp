@@ -12,7 +12,6 @@
 #include <cstdio>
 #include <iterator>
 #include <map>
-#include <ranges>
 #include <set>
 #include <string>
 #include <utility>
@@ -49,8 +48,9 @@ std::vector<fs::path> draftsAside(const fs::path& folder)
             }
         }
     }
-    const auto paths = std::views::values(found);
-    return {paths.begin(), paths.end()};
+    std::vector<fs::path> paths;
+    std::ranges::transform(found, std::back_inserter(paths), [](const auto& each) { return each.second; });
+    return paths;
 }
 
 /// Gives the file a name that is not taken. Whether its own name is free then.
