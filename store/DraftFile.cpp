@@ -81,6 +81,9 @@ std::optional<Draft> draftIn(const fs::path& file, std::error_code& error)
 /// The changes of all; one that several of them have is there once.
 Draft joined(const std::vector<Draft>& drafts)
 {
+    if (drafts.size() == 1) {
+        return drafts.front();
+    }
     Draft all;
     std::set<std::string> former;
     for (const Draft& draft : drafts) {
@@ -129,7 +132,9 @@ Draft DraftFile::read()
         std::optional<Draft> draft = draftIn(file, error);
         const bool isNone =
             !draft && meansAbsent(error) && FileStatus::of(file).isAbsent(); // and no link that leads nowhere
-        drafts.push_back(draft.value_or(Draft()));
+        if (draft) {
+            drafts.push_back(*draft);
+        }
         for (const fs::path& aside : draftsAside(place.folder)) {
             if (std::optional<Draft> found = draftIn(aside, error)) {
                 m_readAside.push_back(aside);
