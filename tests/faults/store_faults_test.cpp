@@ -327,6 +327,29 @@ TEST(StoreFaults, ATemporaryFileThatCannotBeAskedForGoesAtOnce)
     EXPECT_TRUE(namesIn(home.path()).empty());
 }
 
+/// A disk that can only be read says so also where nothing is to be done.
+TEST(StoreFaults, WhereNothingIsToBeDoneAReadOnlyDiskIsNoFailure)
+{
+    const TestFolder home;
+    const StillClock clock;
+    DataFolder folder(home.path(), clock);
+    {
+        const Faults::Watch watch(home.path(), {.call = Faults::Call::MakeFolder, .error = EROFS, .forGood = true});
+        EXPECT_FALSE(folder.saveTable({}, notesName, Replacing::OwnFile)) << "there is no folder, and no need of one";
+        EXPECT_TRUE(folder.saveTable(newNotes(), notesName, Replacing::OwnFile));
+    }
+    fs::create_directory(*folder.url());
+    {
+        const Faults::Watch watch(home.path(), {.call = Faults::Call::Unlink, .error = EROFS, .forGood = true});
+        EXPECT_FALSE(folder.saveTable({}, notesName, Replacing::OwnFile)) << "there is no file";
+    }
+    {
+        const Faults::Watch watch(home.path(), {.call = Faults::Call::MakeFolder, .error = EROFS, .forGood = true});
+        EXPECT_FALSE(folder.saveTable(newNotes(), notesName, Replacing::OwnFile)) << "the folder is there";
+    }
+    EXPECT_EQ(listIn(*folder.fileUrl(notesName)), newNotes());
+}
+
 INSTANTIATE_TEST_SUITE_P(Store, EveryFault, testing::ValuesIn(rows), nameOfFaultRow);
 
 } // namespace
