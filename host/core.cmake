@@ -2,9 +2,9 @@
 target_sources(velumora-core PRIVATE
     host/CommandLine.cpp
     host/CommandLine.h
-    host/UserNotificationCenter.h
     host/agent/AutostartEntry.cpp
     host/agent/AutostartEntry.h
+    host/agent/NotificationRequest.h
     host/agent/NotificationRequestFormat.cpp
     host/agent/NotificationRequestFormat.h
     host/agent/NotificationText.cpp

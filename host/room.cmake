@@ -8,6 +8,7 @@ target_sources(velumora-app PRIVATE
     host/ProcessInfo.h
     host/ShutdownMonitor.h
     host/UserDefaults.h
+    host/UserNotificationCenter.h
     host/VersionServer.h
     host/Workspace.h
     host/linux/ApplicationMessages.cpp

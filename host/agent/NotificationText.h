@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/UserNotificationCenter.h"
+#include "host/agent/NotificationRequest.h"
 
 #include <QVariantMap>
 

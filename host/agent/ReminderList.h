@@ -2,7 +2,7 @@
 #pragma once
 
 #include "dates/Date.h"
-#include "host/UserNotificationCenter.h"
+#include "host/agent/NotificationRequest.h"
 
 #include <filesystem>
 #include <optional>

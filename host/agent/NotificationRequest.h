@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "store/Value.h"
+
+#include <QString>
+
+#include <string>
+
+/// What a notification says. All texts are plain text.
+struct NotificationContent {
+    QString title;
+    QString subtitle;
+    QString body;
+    bool defaultSound = false;
+    QString defaultActionTitle = {}; ///< of the button that stands for a click on it; empty for the usual one
+    Dictionary userInfo;             ///< handed back with the user's response
+
+    bool operator==(const NotificationContent&) const = default;
+};
+
+/// A moment by the Gregorian calendar, in a zone of its own.
+struct CalendarNotificationTrigger {
+    int year = 0;
+    int month = 0; ///< from 1
+    int day = 0;   ///< of the month, from 1
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    std::string timeZone; ///< an IANA identifier
+    bool repeats = false;
+
+    bool operator==(const CalendarNotificationTrigger&) const = default;
+};
+
+struct NotificationRequest {
+    QString identifier; ///< a request replaces the pending one of the same identifier
+    NotificationContent content;
+    CalendarNotificationTrigger trigger;
+
+    bool operator==(const NotificationRequest&) const = default;
+};
