@@ -32,12 +32,30 @@ target_sources(velumora-app PRIVATE
     app/Announcer.h
     app/AppDelegate+Alerts.cpp
     app/AppDelegate+Appearance.cpp
+    app/AppDelegate+DateNotes.cpp
+    app/AppDelegate+DockIcon.cpp
+    app/AppDelegate+Draft.cpp
     app/AppDelegate+Help.cpp
+    app/AppDelegate+HiddenNotes.cpp
+    app/AppDelegate+HolidaySheet.cpp
+    app/AppDelegate+ImportantDates.cpp
+    app/AppDelegate+LegacyImport.cpp
     app/AppDelegate+Lifecycle.cpp
+    app/AppDelegate+Location.cpp
     app/AppDelegate+Menu.cpp
+    app/AppDelegate+MiniCalendar.cpp
+    app/AppDelegate+MonthlyPrint.cpp
+    app/AppDelegate+MonthlyView.cpp
+    app/AppDelegate+NoteEditing.cpp
+    app/AppDelegate+NotesList.cpp
     app/AppDelegate+PlacePreference.cpp
     app/AppDelegate+Preferences.cpp
+    app/AppDelegate+Reminders.cpp
+    app/AppDelegate+SaveFailure.cpp
     app/AppDelegate+ScreenReader.cpp
+    app/AppDelegate+Store.cpp
+    app/AppDelegate+VersionCheck.cpp
+    app/AppDelegate+WeeklyView.cpp
     app/AppDelegate.cpp
     app/AppDelegate.h
     app/Appearance.cpp
@@ -65,12 +83,6 @@ target_sources(velumora-app PRIVATE
     app/WindowPlace.h
     app/WrappingButton.cpp
     app/WrappingButton.h
-    calendar/AppDelegate+DockIcon.cpp
-    calendar/AppDelegate+HiddenNotes.cpp
-    calendar/AppDelegate+MiniCalendar.cpp
-    calendar/AppDelegate+MonthlyPrint.cpp
-    calendar/AppDelegate+MonthlyView.cpp
-    calendar/AppDelegate+WeeklyView.cpp
     calendar/CellGrid.cpp
     calendar/CellGrid.h
     calendar/CellGridAccessible.cpp
@@ -110,25 +122,13 @@ target_sources(velumora-app PRIVATE
     calendar/WeeklyGrid.h
     calendar/WholeNote.cpp
     calendar/WholeNote.h
-    dates/AppDelegate+DateNotes.cpp
-    dates/AppDelegate+HolidaySheet.cpp
-    dates/AppDelegate+ImportantDates.cpp
-    dates/AppDelegate+Location.cpp
     dates/DatePicker.cpp
     dates/DatePicker.h
     dates/PopupCalendar.cpp
     dates/PopupCalendar.h
-    notes/AppDelegate+NoteEditing.cpp
-    notes/AppDelegate+NotesList.cpp
-    notes/AppDelegate+Reminders.cpp
     notes/SegmentedControl.cpp
     notes/SegmentedControl.h
     resources/velumora.qrc
-    store/AppDelegate+Draft.cpp
-    store/AppDelegate+LegacyImport.cpp
-    store/AppDelegate+SaveFailure.cpp
-    store/AppDelegate+Store.cpp
-    update/AppDelegate+VersionCheck.cpp
     update/Download.cpp
     update/Download.h
     update/WebVersionServer.cpp
