@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AboutSheet.h"
 
-#include "app/Localized.h"
+#include "text/Localized.h"
 
 #include <QApplication>
 #include <QHBoxLayout>

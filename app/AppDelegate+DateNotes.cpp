@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "dates/DateUtilities.h"
-#include "dates/IntegerValue.h"
 #include "notes/CellEditor.h"
 #include "notes/NoteQueries.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
+#include "text/IntegerValue.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 
 #include <QAction>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "app/PreferenceKeys.h"
 #include "dates/DateUtilities.h"
 #include "host/UserDefaults.h"
@@ -9,6 +8,7 @@
 #include "notes/TableView.h"
 #include "store/Draft.h"
 #include "store/Record.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 
 #include <QMainWindow>

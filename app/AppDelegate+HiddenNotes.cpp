@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "calendar/HiddenNotesLine.h"
 #include "notes/NoteQueries.h"
 #include "notes/SegmentedControl.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 
 #include <algorithm>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "dates/DatePicker.h"
 #include "dates/ElapsedDate.h"
-#include "notes/CellLines.h"
 #include "notes/NamedColor.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
+#include "text/CellLines.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 
 #include <QMainWindow>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/AlphaValue.h"
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "app/PreferenceKeys.h"
 #include "dates/DateUtilities.h"
 #include "host/ProcessInfo.h"
@@ -10,6 +9,7 @@
 #include "notes/CellEditor.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "dates/DegreesText.h"
 #include "dates/SunTimes.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
 

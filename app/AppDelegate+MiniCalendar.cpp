@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "app/SpokenName.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "calendar/MonthGrid.h"
 #include "calendar/SpokenDays.h"
 #include "dates/DateUtilities.h"
-#include "dates/IntegerValue.h"
 #include "notes/NamedColor.h"
 #include "notes/NoteQueries.h"
 #include "store/Record.h"
+#include "text/IntegerValue.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 
 #include <QLabel>

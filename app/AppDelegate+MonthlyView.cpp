@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "app/SpokenName.h"
 #include "calendar/DayNumber.h"
 #include "calendar/MonthGrid.h"
@@ -8,8 +7,9 @@
 #include "calendar/NoteField.h"
 #include "calendar/SpokenDays.h"
 #include "dates/DateUtilities.h"
-#include "dates/IntegerValue.h"
 #include "notes/NoteQueries.h"
+#include "text/IntegerValue.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 
 #include <QMainWindow>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "app/SheetQueue.h"
 #include "dates/DateUtilities.h"
-#include "dates/IntegerValue.h"
 #include "notes/CellEditor.h"
 #include "notes/NoteQueries.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
+#include "text/IntegerValue.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 
 #include <QAbstractButton>

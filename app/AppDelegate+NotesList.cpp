@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "dates/DateUtilities.h"
-#include "dates/IntegerValue.h"
 #include "notes/NamedColor.h"
 #include "notes/NoteQueries.h"
 #include "notes/SegmentedControl.h"
 #include "notes/TableRowView.h"
 #include "notes/TableView.h"
-#include "notes/TextLines.h"
 #include "notes/TextSearch.h"
 #include "store/Record.h"
+#include "text/IntegerValue.h"
+#include "text/Localized.h"
+#include "text/TextLines.h"
 #include "ui_MainWindow.h"
 
 #include <QLabel>

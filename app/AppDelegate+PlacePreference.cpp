@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/EnteredPlace.h"
-#include "app/Localized.h"
 #include "app/SpokenName.h"
 #include "dates/DegreesText.h"
 #include "notes/NamedColor.h"
+#include "text/Localized.h"
 #include "ui_PreferencesSheet.h"
 
 #include <QSignalBlocker>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "dates/DateUtilities.h"
-#include "notes/CellLines.h"
 #include "notes/NoteQueries.h"
 #include "notes/TableView.h"
+#include "text/CellLines.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 
 #include <QAction>

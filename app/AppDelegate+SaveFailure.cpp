@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "app/SpokenName.h"
 #include "dates/DateFormatter.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 
 #include <QCoreApplication>

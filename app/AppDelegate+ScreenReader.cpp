@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/Announcer.h"
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "calendar/SpokenDays.h"
 #include "notes/NoteQueries.h"
 #include "notes/TableView.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 
 #include <QLabel>

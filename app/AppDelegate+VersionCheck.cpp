@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "host/Bundle.h"
 #include "host/VersionServer.h"
+#include "text/Localized.h"
+#include "text/VersionText.h"
 #include "ui_MainWindow.h"
-#include "update/VersionText.h"
 
 #include <QAction>
 #include <QMainWindow>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Localized.h"
 #include "app/SpokenName.h"
 #include "calendar/DayNumber.h"
 #include "calendar/MonthGrid.h"
@@ -9,8 +8,9 @@
 #include "calendar/Week.h"
 #include "calendar/WeeklyGrid.h"
 #include "dates/DateUtilities.h"
-#include "dates/IntegerValue.h"
 #include "notes/NoteQueries.h"
+#include "text/IntegerValue.h"
+#include "text/Localized.h"
 #include "ui_MainWindow.h"
 
 #include <QMainWindow>

@@ -6,7 +6,7 @@ set(VELUMORA_VERSION_SERVER "https://velumora.invalid" CACHE STRING
 # Texts of layouts come from the same catalogue, in the same context, as those of the code.
 set_target_properties(velumora-app PROPERTIES
     AUTOUIC ON
-    AUTOUIC_OPTIONS "--tr;localized;--include;app/Localized.h"
+    AUTOUIC_OPTIONS "--tr;localized;--include;text/Localized.h"
     AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/resources")
 target_include_directories(velumora-app PUBLIC ${CMAKE_BINARY_DIR}/velumora-app_autogen/include)
 # Each setting goes to the one file that reads it: the rest compile the same in every folder.
@@ -68,8 +68,6 @@ target_sources(velumora-app PRIVATE
     app/EnteredPlace.h
     app/FittingScrollArea.cpp
     app/FittingScrollArea.h
-    app/Localized.cpp
-    app/Localized.h
     app/PreferenceKeys.h
     app/ReadingText.cpp
     app/ReadingText.h

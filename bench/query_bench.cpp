@@ -2,8 +2,8 @@
 #include "bench/LifetimeNotes.h"
 #include "dates/Clock.h"
 #include "notes/NoteQueries.h"
-#include "notes/TextLines.h"
 #include "notes/TextSearch.h"
+#include "text/TextLines.h"
 
 #include <benchmark/benchmark.h>
 

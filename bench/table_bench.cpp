@@ -4,8 +4,8 @@
 #include "notes/NoteQueries.h"
 #include "notes/TableView.h"
 #include "notes/TableViewDelegate.h"
-#include "notes/TextLines.h"
 #include "store/Record.h"
+#include "text/TextLines.h"
 
 #include <QApplication>
 #include <QImage>

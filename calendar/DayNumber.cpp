@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/DayNumber.h"
 
-#include "app/Localized.h"
 #include "app/SpokenName.h"
 #include "notes/NamedColor.h"
+#include "text/Localized.h"
 
 #include <QPainter>
 #include <QStyle>

@@ -3,7 +3,7 @@
 
 #include "calendar/Paragraphs.h"
 #include "calendar/PrintedText.h"
-#include "notes/CellLines.h"
+#include "text/CellLines.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/HiddenNotesLine.h"
 
-#include "app/Localized.h"
+#include "text/Localized.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -2,7 +2,7 @@
 #include "calendar/MonthGrid.h"
 
 #include "dates/DateUtilities.h"
-#include "dates/IntegerValue.h"
+#include "text/IntegerValue.h"
 
 namespace {
 

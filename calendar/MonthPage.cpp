@@ -4,8 +4,8 @@
 #include "app/Appearance.h"
 #include "calendar/FittedText.h"
 #include "calendar/PrintedText.h"
-#include "notes/CellLines.h"
 #include "notes/NamedColor.h"
+#include "text/CellLines.h"
 
 #include <QBuffer>
 #include <QGuiApplication>

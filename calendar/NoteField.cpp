@@ -3,8 +3,8 @@
 
 #include "calendar/Paragraphs.h"
 #include "calendar/WholeNote.h"
-#include "notes/CellLines.h"
 #include "notes/TableMetrics.h"
+#include "text/CellLines.h"
 
 #include <QHelpEvent>
 #include <QScrollBar>

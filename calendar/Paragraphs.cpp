@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/Paragraphs.h"
 
-#include "notes/CellLines.h"
+#include "text/CellLines.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/SpokenDays.h"
 
-#include "app/Localized.h"
 #include "dates/Clock.h"
 #include "dates/DateUtilities.h"
+#include "text/Localized.h"
 
 SpokenDays::SpokenDays() : m_now(DateEnvironment::now())
 {

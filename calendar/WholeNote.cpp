@@ -3,7 +3,7 @@
 
 #include "calendar/ParagraphLayout.h"
 #include "calendar/Paragraphs.h"
-#include "notes/CellLines.h"
+#include "text/CellLines.h"
 
 #include <QEvent>
 #include <QLabel>

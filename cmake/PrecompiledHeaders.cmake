@@ -6,7 +6,7 @@ set(VELUMORA_CORE_HEADERS
     <QDate> <QList> <QString> <QStringList>
     <algorithm> <chrono> <filesystem> <functional> <memory> <optional> <string> <string_view> <utility> <vector>)
 set(VELUMORA_APP_HEADERS ${VELUMORA_CORE_HEADERS}
-    <QApplication> <QDBusConnection> <QDBusMessage> <QDialog> <QKeyEvent> <QLabel> <QLineEdit> <QMainWindow> <QMenu>
+    <QApplication> <QDialog> <QKeyEvent> <QLabel> <QLineEdit> <QMainWindow> <QMenu>
     <QPainter> <QPlainTextEdit> <QPointer> <QPushButton> <QScrollBar> <QTimer> <QUrl> <QWidget>)
 
 # So that ccache can tell with which of them a source was compiled.

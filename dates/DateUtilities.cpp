@@ -3,7 +3,7 @@
 
 #include "dates/Clock.h"
 #include "dates/IcuTypes.h"
-#include "dates/IntegerValue.h"
+#include "text/IntegerValue.h"
 
 #include <unicode/calendar.h>
 #include <unicode/gregocal.h>

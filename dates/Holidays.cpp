@@ -2,7 +2,7 @@
 #include "dates/Holidays.h"
 
 #include "dates/DateUtilities.h"
-#include "dates/IntegerValue.h"
+#include "text/IntegerValue.h"
 
 #include <QtGlobal>
 

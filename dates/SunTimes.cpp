@@ -4,7 +4,7 @@
 #include "dates/Clock.h"
 #include "dates/DateFormatter.h"
 #include "dates/IcuTypes.h"
-#include "dates/IntegerValue.h"
+#include "text/IntegerValue.h"
 
 #include <unicode/gregocal.h>
 #include <unicode/timezone.h>

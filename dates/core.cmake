@@ -16,8 +16,6 @@ target_sources(velumora-core PRIVATE
     dates/Holidays.cpp
     dates/Holidays.h
     dates/IcuTypes.h
-    dates/IntegerValue.cpp
-    dates/IntegerValue.h
     dates/SunTimes.cpp
     dates/SunTimes.h
     dates/SystemTimeZone.cpp

@@ -3,9 +3,9 @@
 #include "dates/DateUtilities.h"
 #include "dates/DayText.h"
 #include "dates/DegreesText.h"
-#include "dates/IntegerValue.h"
 #include "fuzz/Failure.h"
 #include "fuzz/Lines.h"
+#include "text/IntegerValue.h"
 
 #include <array>
 #include <cstddef>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "fuzz/Failure.h"
-#include "update/VersionText.h"
+#include "text/VersionText.h"
 
 #include <unicode/ustring.h>
 

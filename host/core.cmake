@@ -1,7 +1,5 @@
 # What the reminder agent and the program share, and what of them is pure.
 target_sources(velumora-core PRIVATE
-    host/CommandLine.cpp
-    host/CommandLine.h
     host/agent/AutostartEntry.cpp
     host/agent/AutostartEntry.h
     host/agent/NotificationRequest.h

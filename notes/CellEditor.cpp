@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "notes/CellEditor.h"
 
-#include "notes/CellLines.h"
 #include "notes/FixedLineLayout.h"
 #include "notes/TableMetrics.h"
-#include "store/XmlCharacters.h"
+#include "text/CellLines.h"
+#include "text/XmlCharacters.h"
 
 #include <QContextMenuEvent>
 #include <QCoreApplication>

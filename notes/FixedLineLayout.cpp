@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "notes/FixedLineLayout.h"
 
-#include "notes/CellLines.h"
 #include "notes/TableMetrics.h"
+#include "text/CellLines.h"
 
 #include <QGuiApplication>
 #include <QPainter>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "notes/PlainCharacters.h"
 
-#include "notes/DecodedCharacter.h"
+#include "text/DecodedCharacter.h"
 
 #include <unicode/uchar.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "notes/TableCellAccessible.h"
 
-#include "notes/CellLines.h"
 #include "notes/TableHeaderView.h"
 #include "notes/TableView.h"
+#include "text/CellLines.h"
 
 #include <QWindow>
 

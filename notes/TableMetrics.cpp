@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "notes/TableMetrics.h"
 
-#include "notes/CellLines.h"
+#include "text/CellLines.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>

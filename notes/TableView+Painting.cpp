@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "notes/CellEditor.h"
-#include "notes/CellLines.h"
 #include "notes/NamedColor.h"
 #include "notes/TableMetrics.h"
 #include "notes/TableView.h"
 #include "notes/TableViewDelegate.h"
+#include "text/CellLines.h"
 
 #include <QHelpEvent>
 #include <QPaintEvent>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "notes/TextSearch.h"
 
-#include "notes/DecodedCharacter.h"
 #include "notes/FoldSources.h"
 #include "notes/PlainCharacters.h"
+#include "text/DecodedCharacter.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,10 +1,6 @@
 target_sources(velumora-core PRIVATE
     notes/BytePairs.cpp
     notes/BytePairs.h
-    notes/CellLines.cpp
-    notes/CellLines.h
-    notes/DecodedCharacter.cpp
-    notes/DecodedCharacter.h
     notes/FoldSources.cpp
     notes/FoldSources.h
     notes/Hangul.h
@@ -20,8 +16,6 @@ target_sources(velumora-core PRIVATE
     notes/SortDescriptor.h
     notes/TextFolding.cpp
     notes/TextFolding.h
-    notes/TextLines.cpp
-    notes/TextLines.h
     notes/TextSearch.cpp
     notes/TextSearch.h
 )

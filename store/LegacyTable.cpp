@@ -3,7 +3,7 @@
 
 #include "store/Files.h"
 #include "store/PropertyList.h"
-#include "store/XmlCharacters.h"
+#include "text/XmlCharacters.h"
 
 #include <algorithm>
 

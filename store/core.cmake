@@ -32,8 +32,6 @@ target_sources(velumora-core PRIVATE
     store/SaveQueue.h
     store/Value.cpp
     store/Value.h
-    store/XmlCharacters.cpp
-    store/XmlCharacters.h
     store/XmlOutline.cpp
     store/XmlOutline.h
     store/XmlPropertyListReader.cpp

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "update/WebVersionServer.h"
 
-#include "update/VersionText.h"
+#include "text/VersionText.h"
 
 #include <QObject>
 #include <QTimer>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/agent/NotificationText.h"
 
-#include "notes/CellLines.h"
+#include "text/CellLines.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "host/CommandLine.h"
 #include "host/agent/ReminderAgent.h"
+#include "text/CommandLine.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>

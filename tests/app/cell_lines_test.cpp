@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "notes/CellLines.h"
 #include "notes/TableMetrics.h"
-#include "store/XmlCharacters.h"
+#include "text/CellLines.h"
+#include "text/XmlCharacters.h"
 
 #include <QString>
 #include <QTextBlock>

@@ -3,10 +3,10 @@
 #include "calendar/MiniCalendarGrid.h"
 #include "dates/DatePicker.h"
 #include "dates/DateUtilities.h"
-#include "dates/IntegerValue.h"
 #include "store/Record.h"
 #include "support/AppFixture.h"
 #include "support/Screenshot.h"
+#include "text/IntegerValue.h"
 
 #include <QCalendarWidget>
 #include <QLabel>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "table_fixture.h"
 
-#include "notes/CellLines.h"
+#include "text/CellLines.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/Localized.h"
 #include "support/AppFixture.h"
 #include "support/TranslationGuard.h"
+#include "text/Localized.h"
 
 #include <QGuiApplication>
 #include <QLineEdit>

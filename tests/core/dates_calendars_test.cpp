@@ -2,8 +2,8 @@
 // Locales with their own calendars and digits, each with its own and with another preferred language.
 #include "calendar/MonthGrid.h"
 #include "dates/DateUtilities.h"
-#include "dates/IntegerValue.h"
 #include "support/DateGuards.h"
+#include "text/IntegerValue.h"
 
 #include <gtest/gtest.h>
 

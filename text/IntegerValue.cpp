@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "dates/IntegerValue.h"
+#include "text/IntegerValue.h"
 
 #include <unicode/uchar.h>
 

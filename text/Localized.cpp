@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/Localized.h"
+#include "text/Localized.h"
 
 #include <QCoreApplication>
 #include <QRegularExpression>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/CommandLine.h"
+#include "text/CommandLine.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "update/VersionText.h"
+#include "text/VersionText.h"
 
 #include <QStringDecoder>
 

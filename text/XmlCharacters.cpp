@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "store/XmlCharacters.h"
+#include "text/XmlCharacters.h"
 
 #include <QStringView>
 

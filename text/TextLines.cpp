@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/TextLines.h"
+#include "text/TextLines.h"
 
 #include <algorithm>
 #include <cstdint>

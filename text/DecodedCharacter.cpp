@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/DecodedCharacter.h"
+#include "text/DecodedCharacter.h"
 
 #include <bit>
 

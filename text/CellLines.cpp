@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/CellLines.h"
+#include "text/CellLines.h"
 
 #include <QTextBoundaryFinder>
 

@@ -1,0 +1,42 @@
+# A room is a folder of sources and a library of its own. Its headers are found by who links it and by nobody else, so an
+# include that goes upward does not compile.
+
+# Nothing but the headers that the rooms share.
+file(CONFIGURE OUTPUT common_headers.cpp CONTENT "// Nothing but the headers.\n")
+add_library(velumora-core-headers STATIC ${CMAKE_CURRENT_BINARY_DIR}/common_headers.cpp)
+target_link_libraries(velumora-core-headers PRIVATE velumora-compile Qt6::Core)
+velumora_precompile(velumora-core-headers ${VELUMORA_CORE_HEADERS})
+if(VELUMORA_APP)
+    add_library(velumora-app-headers STATIC ${CMAKE_CURRENT_BINARY_DIR}/common_headers.cpp)
+    target_link_libraries(velumora-app-headers PRIVATE velumora-compile Qt6::Widgets)
+    velumora_precompile(velumora-app-headers ${VELUMORA_APP_HEADERS})
+endif()
+
+# velumora_room(SOURCES file... [LINKS library...] [PRIVATE library...]): the library velumora-FOLDER of the current folder.
+# LINKS are those whose headers its own headers include.
+function(velumora_room)
+    cmake_parse_arguments(PARSE_ARGV 0 room "" "" "SOURCES;LINKS;PRIVATE")
+    file(RELATIVE_PATH folder ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+    string(REPLACE "/" "-" name velumora-${folder})
+    add_library(${name} STATIC ${room_SOURCES})
+    target_link_libraries(${name} PUBLIC velumora-compile Qt6::Core ${room_LINKS} PRIVATE ${room_PRIVATE})
+    if("Qt6::Widgets" IN_LIST room_LINKS)
+        velumora_share_precompiled(${name} velumora-app-headers)
+    else()
+        velumora_share_precompiled(${name} velumora-core-headers)
+    endif()
+
+    set(headers ${CMAKE_BINARY_DIR}/rooms/${name})
+    file(REMOVE_RECURSE ${headers})
+    file(MAKE_DIRECTORY ${headers}/${folder})
+    foreach(source ${room_SOURCES})
+        if(source MATCHES "\\.h$")
+            file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR}/${source} ${headers}/${folder}/${source} SYMBOLIC)
+        endif()
+    endforeach()
+    target_include_directories(${name} PUBLIC ${headers})
+
+    if(VELUMORA_FUZZERS) # what is under test tells the fuzzer which ways it went
+        target_compile_options(${name} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
+endfunction()

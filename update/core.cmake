@@ -1,4 +1,0 @@
-target_sources(velumora-core PRIVATE
-    update/VersionText.cpp
-    update/VersionText.h
-)
