@@ -3,9 +3,9 @@
 
 #include "app/Alert.h"
 #include "calendar/DayButton.h"
-#include "calendar/MonthGrid.h"
 #include "dates/Clock.h"
 #include "dates/DateFormatter.h"
+#include "dates/MonthGrid.h"
 #include "host/HostServices.h"
 #include "host/LocationManager.h"
 #include "host/UserNotificationCenter.h"

@@ -2,7 +2,7 @@
 #include "calendar/MiniCalendarGrid.h"
 
 #include "calendar/DayButton.h"
-#include "calendar/MonthGrid.h"
+#include "dates/MonthGrid.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "calendar/CellGrid.h"
-#include "calendar/MonthGrid.h"
+#include "dates/MonthGrid.h"
 
 #include <QList>
 

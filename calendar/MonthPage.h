@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "calendar/MonthGrid.h"
-#include "calendar/PaperSize.h"
+#include "dates/MonthGrid.h"
+#include "dates/PaperSize.h"
 
 #include <QByteArray>
 #include <QString>

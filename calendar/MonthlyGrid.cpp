@@ -2,8 +2,8 @@
 #include "calendar/MonthlyGrid.h"
 
 #include "calendar/DayNumber.h"
-#include "calendar/MonthGrid.h"
 #include "calendar/NoteField.h"
+#include "dates/MonthGrid.h"
 #include "notes/NamedColor.h"
 
 #include <QEvent>

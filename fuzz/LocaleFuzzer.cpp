@@ -3,9 +3,9 @@
 #include "dates/DateUtilities.h"
 #include "dates/DayText.h"
 #include "dates/DegreesText.h"
+#include "dates/LocaleEnvironment.h"
 #include "fuzz/Failure.h"
 #include "fuzz/Lines.h"
-#include "host/linux/LocaleEnvironment.h"
 #include "notes/TextFolding.h"
 
 #include <algorithm>

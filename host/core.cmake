@@ -13,6 +13,4 @@ target_sources(velumora-core PRIVATE
     host/agent/StateFolder.h
     host/agent/TriggerMoment.cpp
     host/agent/TriggerMoment.h
-    host/linux/LocaleEnvironment.cpp
-    host/linux/LocaleEnvironment.h
 )

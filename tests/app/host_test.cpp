@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/PreferenceKeys.h"
+#include "dates/LocaleEnvironment.h"
 #include "host/linux/InstalledBundle.h"
 #include "host/linux/KernelClockMonitor.h"
 #include "host/linux/LinuxProcessInfo.h"
-#include "host/linux/LocaleEnvironment.h"
 #include "host/linux/SettingsUserDefaults.h"
 #include "host/linux/TerminationSignals.h"
 #include "support/DateGuards.h"

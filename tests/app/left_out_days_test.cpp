@@ -4,11 +4,11 @@
 #include "app/PreferenceKeys.h"
 #include "calendar/DayNumber.h"
 #include "calendar/MiniCalendarGrid.h"
-#include "calendar/MonthGrid.h"
 #include "calendar/MonthlyGrid.h"
 #include "calendar/NoteField.h"
 #include "calendar/WeeklyGrid.h"
 #include "dates/DateUtilities.h"
+#include "dates/MonthGrid.h"
 #include "support/AppFixture.h"
 
 #include <QLabel>

@@ -3,9 +3,9 @@
 // names are those that Python's Babel 2.10.3 (CLDR) prints: Locale("fi").days["stand-alone"]["wide"] and so on.
 #include "app/PreferenceKeys.h"
 #include "calendar/MiniCalendarGrid.h"
-#include "calendar/MonthGrid.h"
 #include "calendar/MonthlyGrid.h"
 #include "calendar/WeeklyGrid.h"
+#include "dates/MonthGrid.h"
 #include "support/AppFixture.h"
 
 #include <QLabel>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Locales with their own calendars and digits, each with its own and with another preferred language.
-#include "calendar/MonthGrid.h"
 #include "dates/DateUtilities.h"
+#include "dates/MonthGrid.h"
 #include "support/DateGuards.h"
 #include "text/IntegerValue.h"
 

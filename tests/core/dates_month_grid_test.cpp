@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "calendar/MonthGrid.h"
 #include "dates/DateUtilities.h"
+#include "dates/MonthGrid.h"
 #include "support/DateGuards.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The days of a week, and the week that a label names, in every language that ICU knows.
-#include "calendar/Week.h"
 #include "dates/DateFormatter.h"
 #include "dates/DateUtilities.h"
+#include "dates/Week.h"
 #include "support/DateGuards.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 #include "dates/DateUtilities.h"
 #include "dates/DayText.h"
 #include "dates/DegreesText.h"
-#include "host/linux/LocaleEnvironment.h"
+#include "dates/LocaleEnvironment.h"
 #include "notes/TextFolding.h"
 #include "support/DateGuards.h"
 

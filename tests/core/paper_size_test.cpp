@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "calendar/PaperSize.h"
+#include "dates/PaperSize.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "calendar/Week.h"
+#include "dates/Week.h"
 
 #include "dates/DateUtilities.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "calendar/MonthGrid.h"
+#include "dates/MonthGrid.h"
 
 #include "dates/DateUtilities.h"
 #include "text/IntegerValue.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "calendar/MonthGrid.h"
 #include "dates/DateUtilities.h"
+#include "dates/MonthGrid.h"
 
 #include <QString>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/linux/LocaleEnvironment.h"
+#include "dates/LocaleEnvironment.h"
 
 #include "dates/DateFormatter.h"
 
