@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "store/Value.h"
+#include "plist/Value.h"
 
 constexpr int lifetimeNotes = 36'525; ///< a note a day for a hundred years; about 18 MB in XML
 constexpr int decadeNotes = 3'650;

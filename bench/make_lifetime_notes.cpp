@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // make-lifetime-notes FILE [COUNT]: writes a notes file of a lifetime, or of COUNT days, to measure the program with.
 #include "bench/LifetimeNotes.h"
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 
 #include <cstdlib>
 #include <fstream>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Saving the notes of a lifetime: what the saving thread pays, and what the disk takes beside a plain write.
 #include "bench/LifetimeNotes.h"
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 #include "store/Record.h"
 #include "store/SaveQueue.h"
 

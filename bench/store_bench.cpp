@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Reading and writing the notes of a lifetime, beside a bare parse of the same bytes.
 #include "bench/LifetimeNotes.h"
-#include "store/PageMemory.h"
-#include "store/PropertyList.h"
+#include "plist/PageMemory.h"
+#include "plist/PropertyList.h"
 
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fuzz/Failure.h"
+#include "plist/PropertyList.h"
 #include "store/Draft.h"
-#include "store/PropertyList.h"
 
 #include <cstddef>
 #include <cstdint>

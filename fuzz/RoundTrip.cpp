@@ -2,7 +2,7 @@
 #include "fuzz/RoundTrip.h"
 
 #include "fuzz/Failure.h"
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 
 #include <algorithm>
 #include <cmath>

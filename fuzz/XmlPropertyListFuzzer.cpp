@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "fuzz/Failure.h"
 #include "fuzz/RoundTrip.h"
-#include "store/PropertyListParts.h"
-#include "store/XmlOutline.h"
+#include "plist/PropertyListParts.h"
+#include "plist/XmlOutline.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -3,7 +3,7 @@
 
 #include "dates/Date.h"
 #include "notes/SortDescriptor.h"
-#include "store/Value.h"
+#include "plist/Value.h"
 
 #include <cstdint>
 #include <optional>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "dates/Date.h"
-#include "store/Value.h"
+#include "plist/Value.h"
 
 #include <functional>
 #include <string>

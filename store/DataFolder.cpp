@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "store/DataFolder.h"
 
+#include "plist/PropertyList.h"
 #include "store/FileAttributes.h"
 #include "store/FileStamp.h"
-#include "store/PropertyList.h"
 #include "store/Recovered.h"
 
 #include <cerrno>

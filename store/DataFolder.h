@@ -2,8 +2,8 @@
 #pragma once
 
 #include "dates/Clock.h"
+#include "plist/Value.h"
 #include "store/Files.h"
-#include "store/Value.h"
 
 #include <cstdint>
 #include <filesystem>

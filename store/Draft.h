@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "plist/Value.h"
 #include "store/Record.h"
-#include "store/Value.h"
 
 #include <cstdint>
 #include <optional>

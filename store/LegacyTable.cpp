@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "store/LegacyTable.h"
 
+#include "plist/PropertyList.h"
 #include "store/Files.h"
-#include "store/PropertyList.h"
 #include "text/XmlCharacters.h"
 
 #include <algorithm>

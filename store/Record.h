@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "store/Value.h"
+#include "plist/Value.h"
 
 #include <optional>
 #include <string>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "plist/Value.h"
 #include "store/DataFolder.h"
-#include "store/Value.h"
 
 #include <condition_variable>
 #include <functional>

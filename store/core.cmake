@@ -1,5 +1,4 @@
 target_sources(velumora-core PRIVATE
-    store/BinaryPropertyListReader.cpp
     store/DataFolder.cpp
     store/DataFolder.h
     store/Draft.cpp
@@ -14,26 +13,10 @@ target_sources(velumora-core PRIVATE
     store/Files.h
     store/LegacyTable.cpp
     store/LegacyTable.h
-    store/ListMemory.h
-    store/PageMemory.cpp
-    store/PageMemory.h
-    store/ParserMemory.cpp
-    store/ParserMemory.h
-    store/PropertyList.cpp
-    store/PropertyList.h
-    store/PropertyListDate.cpp
-    store/PropertyListParts.h
-    store/PropertyListText.cpp
     store/Record.cpp
     store/Record.h
     store/Recovered.cpp
     store/Recovered.h
     store/SaveQueue.cpp
     store/SaveQueue.h
-    store/Value.cpp
-    store/Value.h
-    store/XmlOutline.cpp
-    store/XmlOutline.h
-    store/XmlPropertyListReader.cpp
-    store/XmlPropertyListWriter.cpp
 )

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/agent/NotificationRequestFormat.h"
 
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 
 #include <utility>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/agent/NotificationRequest.h"
-#include "store/Value.h"
+#include "plist/Value.h"
 
 #include <QByteArray>
 

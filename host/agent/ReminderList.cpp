@@ -4,8 +4,8 @@
 #include "host/agent/NotificationRequestFormat.h"
 #include "host/agent/StateFolder.h"
 #include "host/agent/TriggerMoment.h"
+#include "plist/PropertyList.h"
 #include "store/Files.h"
-#include "store/PropertyList.h"
 
 #include <QSet>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/NoteField.h"
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 #include "support/AppFixture.h"
 #include "support/StandInInputMethod.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "plist/PropertyList.h"
 #include "store/Draft.h"
-#include "store/PropertyList.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

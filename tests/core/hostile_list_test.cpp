@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Files that are made to take far more memory or time than they have bytes.
 #include "core/property_list_samples.h"
-#include "store/PropertyListParts.h"
-#include "store/XmlOutline.h"
+#include "plist/PropertyListParts.h"
+#include "plist/XmlOutline.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 
 #include <fstream>
 #include <iterator>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Reads a property list from the standard input and writes it as XML to the standard output.
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 
 #include <cstdlib>
 #include <iostream>

@@ -3,7 +3,7 @@
 #include "host/agent/AutostartEntry.h"
 #include "host/agent/NotificationRequestFormat.h"
 #include "host/agent/ReminderList.h"
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 #include "support/FileSizeLimit.h"
 #include "support/NoMoreFiles.h"
 

@@ -5,7 +5,7 @@
 #include "host/agent/NotificationText.h"
 #include "host/agent/ReminderList.h"
 #include "host/agent/TriggerMoment.h"
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 
 #include <random>
 

@@ -3,7 +3,7 @@
 
 #include "core/store_fixture.h"
 #include "faults/FaultShim.h"
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 
 #include <functional>
 #include <memory>

@@ -2,7 +2,7 @@
 // The whole program, off-screen, while calls of the system fail: it starts, a note is typed and saved, and it quits.
 #include "app/PreferenceKeys.h"
 #include "faults/FaultShim.h"
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 #include "support/AppFixture.h"
 
 #include <algorithm>

@@ -5,7 +5,7 @@
 #include "calendar/MiniCalendarGrid.h"
 #include "dates/DateUtilities.h"
 #include "notes/CellEditor.h"
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 #include "store/Record.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "store/PropertyList.h"
+#include "plist/PropertyList.h"
 
-#include "store/PropertyListParts.h"
+#include "plist/PropertyListParts.h"
 
 #include <new>
 

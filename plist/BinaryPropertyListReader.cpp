@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "store/ListMemory.h"
-#include "store/PropertyList.h"
-#include "store/PropertyListParts.h"
+#include "plist/ListMemory.h"
+#include "plist/PropertyList.h"
+#include "plist/PropertyListParts.h"
 
 #include <algorithm>
 #include <bit>

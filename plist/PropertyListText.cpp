@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "store/PropertyListParts.h"
+#include "plist/PropertyListParts.h"
 
 #include <unicode/utf16.h>
 #include <unicode/utf8.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "store/ParserMemory.h"
+#include "plist/ParserMemory.h"
 
 #include <pugixml.hpp>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "store/ListMemory.h"
+#include "plist/ListMemory.h"
 
 #include <cstddef>
 #include <optional>

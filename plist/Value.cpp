@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "store/Value.h"
+#include "plist/Value.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "store/PropertyListParts.h"
+#include "plist/PropertyListParts.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "store/PropertyList.h"
-#include "store/Value.h"
+#include "plist/PropertyList.h"
+#include "plist/Value.h"
 
 #include <algorithm>
 #include <cstddef>

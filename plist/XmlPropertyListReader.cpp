@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "store/ParserMemory.h"
-#include "store/PropertyList.h"
-#include "store/PropertyListParts.h"
-#include "store/XmlOutline.h"
+#include "plist/ParserMemory.h"
+#include "plist/PropertyList.h"
+#include "plist/PropertyListParts.h"
+#include "plist/XmlOutline.h"
 
 #include <QByteArray>
 #include <pugixml.hpp>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "store/XmlOutline.h"
+#include "plist/XmlOutline.h"
 
 #include <algorithm>
 

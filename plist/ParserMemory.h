@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "store/PageMemory.h"
+#include "plist/PageMemory.h"
 
 #include <cstddef>
 #include <vector>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "store/PageMemory.h"
+#include "plist/PageMemory.h"
 
 #include <memory>
 #include <utility>
