@@ -6,7 +6,7 @@
 #include "notes/SegmentedControl.h"
 #include "notes/TableRowView.h"
 #include "notes/TableView.h"
-#include "notes/TextSearch.h"
+#include "search/TextSearch.h"
 #include "store/Record.h"
 #include "text/IntegerValue.h"
 #include "text/Localized.h"

@@ -2,7 +2,7 @@
 #include "bench/LifetimeNotes.h"
 #include "dates/Clock.h"
 #include "notes/NoteQueries.h"
-#include "notes/TextSearch.h"
+#include "search/TextSearch.h"
 #include "text/TextLines.h"
 
 #include <benchmark/benchmark.h>

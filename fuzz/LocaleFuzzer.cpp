@@ -6,7 +6,7 @@
 #include "dates/LocaleEnvironment.h"
 #include "fuzz/Failure.h"
 #include "fuzz/Lines.h"
-#include "notes/TextFolding.h"
+#include "search/TextFolding.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "fuzz/Failure.h"
 #include "notes/NoteQueries.h"
-#include "notes/TextFolding.h"
-#include "notes/TextSearch.h"
+#include "search/TextFolding.h"
+#include "search/TextSearch.h"
 #include "store/Record.h"
 
 #include <unicode/unistr.h>

@@ -2,7 +2,7 @@
 #include "notes/NoteQueries.h"
 
 #include "dates/DateUtilities.h"
-#include "notes/TextSearch.h"
+#include "search/TextSearch.h"
 #include "store/Record.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #include "notes/NotesChoice.h"
 
 #include "notes/NoteQueries.h"
-#include "notes/TextSearch.h"
+#include "search/TextSearch.h"
 #include "store/Record.h"
 
 #include <algorithm>

@@ -1,21 +1,10 @@
 target_sources(velumora-core PRIVATE
-    notes/BytePairs.cpp
-    notes/BytePairs.h
-    notes/FoldSources.cpp
-    notes/FoldSources.h
-    notes/Hangul.h
     notes/NoteQueries.cpp
     notes/NoteQueries.h
     notes/NoteSorting.cpp
     notes/NotesChoice.cpp
     notes/NotesChoice.h
-    notes/PlainCharacters.cpp
-    notes/PlainCharacters.h
     notes/RowHeights.cpp
     notes/RowHeights.h
     notes/SortDescriptor.h
-    notes/TextFolding.cpp
-    notes/TextFolding.h
-    notes/TextSearch.cpp
-    notes/TextSearch.h
 )

@@ -3,7 +3,7 @@
 #include "dates/DayText.h"
 #include "dates/DegreesText.h"
 #include "dates/LocaleEnvironment.h"
-#include "notes/TextFolding.h"
+#include "search/TextFolding.h"
 #include "support/DateGuards.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "dates/DateUtilities.h"
 #include "notes/NoteQueries.h"
 #include "notes/NotesChoice.h"
-#include "notes/TextSearch.h"
+#include "search/TextSearch.h"
 
 #include <gtest/gtest.h>
 

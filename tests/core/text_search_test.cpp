@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "notes/FoldSources.h"
-#include "notes/TextFolding.h"
-#include "notes/TextSearch.h"
+#include "search/FoldSources.h"
+#include "search/TextFolding.h"
+#include "search/TextSearch.h"
 
 #include <gtest/gtest.h>
 #include <unicode/unistr.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "notes/TextFolding.h"
+#include "search/TextFolding.h"
 
 #include <cstddef>
 #include <string>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "notes/Hangul.h"
-#include "notes/TextFolding.h"
+#include "search/Hangul.h"
+#include "search/TextFolding.h"
 
 #include <array>
 #include <cstddef>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "notes/TextSearch.h"
+#include "search/TextSearch.h"
 
-#include "notes/FoldSources.h"
-#include "notes/PlainCharacters.h"
+#include "search/FoldSources.h"
+#include "search/PlainCharacters.h"
 #include "text/DecodedCharacter.h"
 
 #include <algorithm>

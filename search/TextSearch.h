@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "notes/BytePairs.h"
-#include "notes/TextFolding.h"
+#include "search/BytePairs.h"
+#include "search/TextFolding.h"
 
 #include <unicode/unistr.h>
 

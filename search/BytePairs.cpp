@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/BytePairs.h"
+#include "search/BytePairs.h"
 
 #include <algorithm>
 #include <cstring>

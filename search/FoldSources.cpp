@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "notes/FoldSources.h"
+#include "search/FoldSources.h"
 
-#include "notes/Hangul.h"
+#include "search/Hangul.h"
 
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/PlainCharacters.h"
+#include "search/PlainCharacters.h"
 
 #include "text/DecodedCharacter.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/TextFolding.h"
+#include "search/TextFolding.h"
 
 #include <unicode/brkiter.h>
 #include <unicode/locid.h>
