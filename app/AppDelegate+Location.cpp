@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "dates/DegreesText.h"
-#include "dates/SunTimes.h"
+#include "place/DegreesText.h"
+#include "place/SunTimes.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"

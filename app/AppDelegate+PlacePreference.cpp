@@ -2,8 +2,8 @@
 #include "app/AppDelegate.h"
 #include "app/EnteredPlace.h"
 #include "app/SpokenName.h"
-#include "dates/DegreesText.h"
 #include "notes/NamedColor.h"
+#include "place/DegreesText.h"
 #include "text/Localized.h"
 #include "ui_PreferencesSheet.h"
 

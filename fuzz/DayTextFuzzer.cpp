@@ -2,9 +2,9 @@
 #include "dates/Clock.h"
 #include "dates/DateUtilities.h"
 #include "dates/DayText.h"
-#include "dates/DegreesText.h"
 #include "fuzz/Failure.h"
 #include "fuzz/Lines.h"
+#include "place/DegreesText.h"
 #include "text/IntegerValue.h"
 
 #include <array>

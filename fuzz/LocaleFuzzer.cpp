@@ -2,10 +2,10 @@
 #include "dates/DateFormatter.h"
 #include "dates/DateUtilities.h"
 #include "dates/DayText.h"
-#include "dates/DegreesText.h"
 #include "dates/LocaleEnvironment.h"
 #include "fuzz/Failure.h"
 #include "fuzz/Lines.h"
+#include "place/DegreesText.h"
 #include "search/TextFolding.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "dates/ZonePlace.h"
 #include "fuzz/Failure.h"
 #include "fuzz/Lines.h"
+#include "place/ZonePlace.h"
 
 #include <cmath>
 #include <cstddef>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/agent/TriggerMoment.h"
 
-#include "dates/ZonePlace.h"
+#include "place/ZonePlace.h"
 
 #include <QDateTime>
 #include <QTimeZone>

@@ -2,8 +2,8 @@
 #include "host/linux/DesktopLocationManager.h"
 
 #include "dates/Clock.h"
-#include "dates/ZonePlace.h"
 #include "host/linux/GeoClueClient.h"
+#include "place/ZonePlace.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The times of sunrise and sunset, against a table made by another program (tests/data/sun_times/sun_times.py).
 #include "dates/DateFormatter.h"
-#include "dates/SunTimes.h"
+#include "place/SunTimes.h"
 #include "support/DateGuards.h"
 
 #include <gtest/gtest.h>

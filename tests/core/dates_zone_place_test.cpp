@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "dates/ZonePlace.h"
+#include "place/ZonePlace.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

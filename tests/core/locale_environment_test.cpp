@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dates/DateUtilities.h"
 #include "dates/DayText.h"
-#include "dates/DegreesText.h"
 #include "dates/LocaleEnvironment.h"
+#include "place/DegreesText.h"
 #include "search/TextFolding.h"
 #include "support/DateGuards.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "dates/SunTimes.h"
+#include "place/SunTimes.h"
 
 #include "dates/Clock.h"
 #include "dates/DateFormatter.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "dates/Coordinate.h"
+#include "place/Coordinate.h"
 
 #include <filesystem>
 #include <optional>

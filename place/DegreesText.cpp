@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "dates/DegreesText.h"
+#include "place/DegreesText.h"
 
 #include "dates/Clock.h"
 
