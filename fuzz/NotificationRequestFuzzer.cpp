@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "fuzz/Failure.h"
 #include "fuzz/RoundTrip.h"
-#include "host/agent/NotificationRequestFormat.h"
-#include "host/agent/TriggerMoment.h"
+#include "reminders/NotificationRequestFormat.h"
+#include "reminders/TriggerMoment.h"
 
 #include <cmath>
 #include <cstddef>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/agent/NotificationText.h"
-#include "host/agent/ReminderList.h"
+#include "reminders/NotificationText.h"
+#include "reminders/ReminderList.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

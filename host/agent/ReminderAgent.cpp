@@ -2,8 +2,8 @@
 #include "host/agent/ReminderAgent.h"
 
 #include "dates/Clock.h"
-#include "host/agent/NotificationRequestFormat.h"
 #include "host/linux/ApplicationMessages.h"
+#include "reminders/NotificationRequestFormat.h"
 
 #include <QDBusMetaType>
 

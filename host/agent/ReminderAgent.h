@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/agent/AutostartEntry.h"
 #include "host/agent/DueTimer.h"
 #include "host/agent/NotificationDaemon.h"
-#include "host/agent/ReminderList.h"
 #include "host/linux/StartedService.h"
+#include "reminders/AutostartEntry.h"
+#include "reminders/ReminderList.h"
 
 #include <QByteArrayList>
 #include <QDBusConnection>

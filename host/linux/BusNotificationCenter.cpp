@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/BusNotificationCenter.h"
 
-#include "host/agent/NotificationRequestFormat.h"
-#include "host/agent/ReminderList.h"
 #include "host/linux/StartedService.h"
+#include "reminders/NotificationRequestFormat.h"
+#include "reminders/ReminderList.h"
 #include "store/Files.h"
 
 #include <QDBusConnection>

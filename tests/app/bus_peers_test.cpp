@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What others on the bus can do to the program: nothing that lasts.
-#include "host/agent/NotificationRequestFormat.h"
 #include "host/linux/BusNotificationCenter.h"
 #include "host/linux/DesktopGlobalDefaults.h"
 #include "host/linux/StartedService.h"
+#include "reminders/NotificationRequestFormat.h"
 #include "support/PrivateBus.h"
 
 #include <QCoreApplication>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "host/agent/NotificationRequestFormat.h"
 #include "host/linux/ApplicationMessages.h"
 #include "host/linux/BusNotificationCenter.h"
 #include "host/linux/SingleInstance.h"
 #include "host/linux/TerminationSignals.h"
+#include "reminders/NotificationRequestFormat.h"
 #include "support/AppFixture.h"
 #include "support/PrivateBus.h"
 

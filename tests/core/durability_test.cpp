@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a save asks of the system, in order: this program's own calls of that name stand before the system's.
 #include "core/store_fixture.h"
-#include "host/agent/ReminderList.h"
+#include "reminders/ReminderList.h"
 #include "store/DataFolder.h"
 #include "store/DraftFile.h"
 #include "store/Files.h"

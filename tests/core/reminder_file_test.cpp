@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "core/store_fixture.h"
-#include "host/agent/AutostartEntry.h"
-#include "host/agent/NotificationRequestFormat.h"
-#include "host/agent/ReminderList.h"
 #include "plist/PropertyList.h"
+#include "reminders/AutostartEntry.h"
+#include "reminders/NotificationRequestFormat.h"
+#include "reminders/ReminderList.h"
 #include "support/FileSizeLimit.h"
 #include "support/NoMoreFiles.h"
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "core/store_fixture.h"
-#include "host/agent/AutostartEntry.h"
-#include "host/agent/NotificationRequestFormat.h"
-#include "host/agent/NotificationText.h"
-#include "host/agent/ReminderList.h"
-#include "host/agent/TriggerMoment.h"
 #include "plist/PropertyList.h"
+#include "reminders/AutostartEntry.h"
+#include "reminders/NotificationRequestFormat.h"
+#include "reminders/NotificationText.h"
+#include "reminders/ReminderList.h"
+#include "reminders/TriggerMoment.h"
 
 #include <random>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The agent's list while calls of the system fail.
 #include "faults/every_fault.h"
-#include "host/agent/AutostartEntry.h"
-#include "host/agent/ReminderList.h"
+#include "reminders/AutostartEntry.h"
+#include "reminders/ReminderList.h"
 
 #include <unistd.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/agent/NotificationRequest.h"
+#include "reminders/NotificationRequest.h"
 
 #include <QVariantMap>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/agent/NotificationRequest.h"
 #include "plist/Value.h"
+#include "reminders/NotificationRequest.h"
 
 #include <QByteArray>
 

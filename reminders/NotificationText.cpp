@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/agent/NotificationText.h"
+#include "reminders/NotificationText.h"
 
 #include "text/CellLines.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/agent/AutostartEntry.h"
+#include "reminders/AutostartEntry.h"
 
 #include "store/Files.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "dates/Date.h"
-#include "host/agent/NotificationRequest.h"
+#include "reminders/NotificationRequest.h"
 
 #include <filesystem>
 #include <optional>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/agent/StateFolder.h"
+#include "reminders/StateFolder.h"
 
 #include <QDir>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "host/agent/ReminderList.h"
+#include "reminders/ReminderList.h"
 
-#include "host/agent/NotificationRequestFormat.h"
-#include "host/agent/StateFolder.h"
-#include "host/agent/TriggerMoment.h"
 #include "plist/PropertyList.h"
+#include "reminders/NotificationRequestFormat.h"
+#include "reminders/StateFolder.h"
+#include "reminders/TriggerMoment.h"
 #include "store/Files.h"
 
 #include <QSet>

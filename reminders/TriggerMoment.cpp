@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/agent/TriggerMoment.h"
+#include "reminders/TriggerMoment.h"
 
 #include "place/ZonePlace.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/agent/NotificationRequestFormat.h"
+#include "reminders/NotificationRequestFormat.h"
 
 #include "plist/PropertyList.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "dates/Date.h"
-#include "host/agent/NotificationRequest.h"
+#include "reminders/NotificationRequest.h"
 
 /// The instant that the trigger's fields name in its own zone, by the machine's rules (tzdata). A time that the zone
 /// skips becomes the first instant after the gap; of one that it repeats, the first. A zone that the machine does not
