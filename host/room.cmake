@@ -1,16 +1,4 @@
 target_sources(velumora-app PRIVATE
-    host/Bundle.h
-    host/ClockMonitor.h
-    host/GlobalDefaults.h
-    host/HostServices.h
-    host/LocationManager.h
-    host/OpenPanel.h
-    host/ProcessInfo.h
-    host/ShutdownMonitor.h
-    host/UserDefaults.h
-    host/UserNotificationCenter.h
-    host/VersionServer.h
-    host/Workspace.h
     host/linux/ApplicationMessages.cpp
     host/linux/ApplicationMessages.h
     host/linux/BusNotificationCenter.cpp
