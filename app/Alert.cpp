@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/Alert.h"
 
-#include "app/ReadingText.h"
 #include "app/SheetQueue.h"
-#include "app/WrappingButton.h"
+#include "look/ReadingText.h"
+#include "look/WrappingButton.h"
 
 #include <QApplication>
 #include <QHBoxLayout>

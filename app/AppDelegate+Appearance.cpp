@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Appearance.h"
 #include "host/GlobalDefaults.h"
+#include "look/Appearance.h"
 
 #include <QMainWindow>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "app/AlphaValue.h"
 #include "app/AppDelegate.h"
 #include "app/SheetQueue.h"
 #include "dates/DateUtilities.h"
 #include "dates/Holidays.h"
+#include "look/AlphaValue.h"
 #include "notes/NoteQueries.h"
 #include "notes/TableView.h"
 #include "store/Record.h"

@@ -2,7 +2,7 @@
 #include "app/AppDelegate.h"
 #include "dates/DatePicker.h"
 #include "dates/ElapsedDate.h"
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
 #include "text/CellLines.h"

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "app/AlphaValue.h"
 #include "app/AppDelegate.h"
 #include "app/PreferenceKeys.h"
 #include "dates/DateUtilities.h"
 #include "host/ProcessInfo.h"
 #include "host/UserDefaults.h"
 #include "host/UserNotificationCenter.h"
+#include "look/AlphaValue.h"
 #include "notes/CellEditor.h"
 #include "notes/TableView.h"
 #include "store/Record.h"

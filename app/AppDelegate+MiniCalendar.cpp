@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/SpokenName.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "calendar/SpokenDays.h"
 #include "dates/DateUtilities.h"
 #include "dates/MonthGrid.h"
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
+#include "look/SpokenName.h"
 #include "notes/NoteQueries.h"
 #include "store/Record.h"
 #include "text/IntegerValue.h"

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/SpokenName.h"
 #include "calendar/DayNumber.h"
 #include "calendar/MonthlyGrid.h"
 #include "calendar/NoteField.h"
 #include "calendar/SpokenDays.h"
 #include "dates/DateUtilities.h"
 #include "dates/MonthGrid.h"
+#include "look/SpokenName.h"
 #include "notes/NoteQueries.h"
 #include "text/IntegerValue.h"
 #include "text/Localized.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "dates/DateUtilities.h"
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
 #include "notes/NoteQueries.h"
 #include "notes/SegmentedControl.h"
 #include "notes/TableRowView.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/EnteredPlace.h"
-#include "app/SpokenName.h"
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
+#include "look/SpokenName.h"
 #include "place/DegreesText.h"
 #include "text/Localized.h"
 #include "ui_PreferencesSheet.h"

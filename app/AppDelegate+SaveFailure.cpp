@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/SpokenName.h"
 #include "dates/DateFormatter.h"
+#include "look/SpokenName.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
 #include "text/Localized.h"

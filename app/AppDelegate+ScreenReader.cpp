@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/Announcer.h"
 #include "app/AppDelegate.h"
 #include "calendar/SpokenDays.h"
+#include "look/Announcer.h"
 #include "notes/NoteQueries.h"
 #include "notes/TableView.h"
 #include "text/Localized.h"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/SpokenName.h"
 #include "calendar/DayNumber.h"
 #include "calendar/NoteField.h"
 #include "calendar/SpokenDays.h"
@@ -8,6 +7,7 @@
 #include "dates/DateUtilities.h"
 #include "dates/MonthGrid.h"
 #include "dates/Week.h"
+#include "look/SpokenName.h"
 #include "notes/NoteQueries.h"
 #include "text/IntegerValue.h"
 #include "text/Localized.h"

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 
-#include "app/AlphaValue.h"
-#include "app/Announcer.h"
 #include "app/EditingKeys.h"
-#include "app/FittingScrollArea.h"
 #include "calendar/HiddenNotesLine.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "host/ClockMonitor.h"
 #include "host/GlobalDefaults.h"
 #include "host/ShutdownMonitor.h"
+#include "look/AlphaValue.h"
+#include "look/Announcer.h"
+#include "look/FittingScrollArea.h"
 #include "notes/SegmentedControl.h"
 #include "store/Record.h"
 #include "text/Localized.h"

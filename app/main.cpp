@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Appearance.h"
 #include "app/EnteredPlace.h"
 #include "app/SheetQueue.h"
 #include "app/Translations.h"
@@ -21,6 +20,7 @@
 #include "host/linux/TerminationSignals.h"
 #include "host/linux/UnexpectedExit.h"
 #include "host/linux/WindowActivation.h"
+#include "look/Appearance.h"
 #include "reminders/StateFolder.h"
 #include "store/Files.h"
 #include "text/CommandLine.h"

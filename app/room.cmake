@@ -26,10 +26,6 @@ target_sources(velumora-app PRIVATE
     app/AboutSheet.h
     app/Alert.cpp
     app/Alert.h
-    app/AlphaValue.cpp
-    app/AlphaValue.h
-    app/Announcer.cpp
-    app/Announcer.h
     app/AppDelegate+Alerts.cpp
     app/AppDelegate+Appearance.cpp
     app/AppDelegate+DateNotes.cpp
@@ -58,29 +54,19 @@ target_sources(velumora-app PRIVATE
     app/AppDelegate+WeeklyView.cpp
     app/AppDelegate.cpp
     app/AppDelegate.h
-    app/Appearance.cpp
-    app/Appearance.h
     app/EditAbilities.cpp
     app/EditAbilities.h
     app/EditingKeys.cpp
     app/EditingKeys.h
     app/EnteredPlace.cpp
     app/EnteredPlace.h
-    app/FittingScrollArea.cpp
-    app/FittingScrollArea.h
     app/PreferenceKeys.h
-    app/ReadingText.cpp
-    app/ReadingText.h
     app/SheetQueue.cpp
     app/SheetQueue.h
-    app/SpokenName.cpp
-    app/SpokenName.h
     app/Translations.cpp
     app/Translations.h
     app/WindowPlace.cpp
     app/WindowPlace.h
-    app/WrappingButton.cpp
-    app/WrappingButton.h
     calendar/CellGrid.cpp
     calendar/CellGrid.h
     calendar/CellGridAccessible.cpp
@@ -104,10 +90,6 @@ target_sources(velumora-app PRIVATE
     calendar/MonthlyGrid.h
     calendar/NoteField.cpp
     calendar/NoteField.h
-    calendar/ParagraphLayout.cpp
-    calendar/ParagraphLayout.h
-    calendar/Paragraphs.cpp
-    calendar/Paragraphs.h
     calendar/PdfTextLayer.cpp
     calendar/PdfTextLayer.h
     calendar/PdfUpdate.cpp
@@ -126,7 +108,6 @@ target_sources(velumora-app PRIVATE
     dates/PopupCalendar.h
     notes/SegmentedControl.cpp
     notes/SegmentedControl.h
-    resources/velumora.qrc
     update/Download.cpp
     update/Download.h
     update/WebVersionServer.cpp

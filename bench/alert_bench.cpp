@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/Alert.h"
-#include "app/Appearance.h"
+#include "look/Appearance.h"
 
 #include <QApplication>
 #include <QMainWindow>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/Appearance.h"
 #include "dates/DatePicker.h"
 #include "host/ShutdownMonitor.h"
 #include "host/linux/BusNotificationCenter.h"
@@ -11,6 +10,7 @@
 #include "host/linux/KernelClockMonitor.h"
 #include "host/linux/LinuxProcessInfo.h"
 #include "host/linux/SettingsUserDefaults.h"
+#include "look/Appearance.h"
 #include "notes/TableView.h"
 #include "store/Record.h"
 #include "ui_MainWindow.h"

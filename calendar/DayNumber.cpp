@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/DayNumber.h"
 
-#include "app/SpokenName.h"
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
+#include "look/SpokenName.h"
 #include "text/Localized.h"
 
 #include <QPainter>

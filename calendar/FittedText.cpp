@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/FittedText.h"
 
-#include "calendar/Paragraphs.h"
 #include "calendar/PrintedText.h"
+#include "look/Paragraphs.h"
 #include "text/CellLines.h"
 
 #include <QFontMetricsF>

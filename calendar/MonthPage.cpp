@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/MonthPage.h"
 
-#include "app/Appearance.h"
 #include "calendar/FittedText.h"
 #include "calendar/PrintedText.h"
-#include "notes/NamedColor.h"
+#include "look/Appearance.h"
+#include "look/NamedColor.h"
 #include "text/CellLines.h"
 
 #include <QBuffer>

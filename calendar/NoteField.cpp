@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/NoteField.h"
 
-#include "calendar/Paragraphs.h"
 #include "calendar/WholeNote.h"
-#include "notes/TableMetrics.h"
+#include "look/Paragraphs.h"
+#include "look/TableMetrics.h"
 #include "text/CellLines.h"
 
 #include <QHelpEvent>

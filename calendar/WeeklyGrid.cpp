@@ -4,7 +4,7 @@
 #include "calendar/DayNumber.h"
 #include "calendar/NoteField.h"
 #include "dates/MonthGrid.h"
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
 
 #include <QGridLayout>
 #include <QLineEdit>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/WholeNote.h"
 
-#include "calendar/ParagraphLayout.h"
-#include "calendar/Paragraphs.h"
+#include "look/ParagraphLayout.h"
+#include "look/Paragraphs.h"
 #include "text/CellLines.h"
 
 #include <QEvent>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "notes/FixedLineLayout.h"
 
-#include "notes/TableMetrics.h"
+#include "look/TableMetrics.h"
 #include "text/CellLines.h"
 
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "notes/SearchField.h"
 
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
 
 #include <QAction>
 #include <QIconEngine>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "notes/TableHeaderView.h"
 
-#include "notes/NamedColor.h"
-#include "notes/TableMetrics.h"
+#include "look/NamedColor.h"
+#include "look/TableMetrics.h"
 #include "notes/TableView.h"
 
 #include <QHelpEvent>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "look/FocusRing.h"
+#include "look/TableMetrics.h"
 #include "notes/CellEditor.h"
-#include "notes/FocusRing.h"
-#include "notes/TableMetrics.h"
 #include "notes/TableView.h"
 #include "notes/TableViewDelegate.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/FocusRing.h"
+#include "look/FocusRing.h"
 #include "notes/TableAccessible.h"
 #include "notes/TableHeaderView.h"
 #include "notes/TableView.h"

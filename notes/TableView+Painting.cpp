@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "look/NamedColor.h"
+#include "look/TableMetrics.h"
 #include "notes/CellEditor.h"
-#include "notes/NamedColor.h"
-#include "notes/TableMetrics.h"
 #include "notes/TableView.h"
 #include "notes/TableViewDelegate.h"
 #include "text/CellLines.h"

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "notes/TableView.h"
 
-#include "notes/FocusRing.h"
+#include "look/FocusRing.h"
+#include "look/TableMetrics.h"
 #include "notes/TableAccessible.h"
 #include "notes/TableHeaderView.h"
-#include "notes/TableMetrics.h"
 #include "notes/TableViewDelegate.h"
 
 #include <QApplication>

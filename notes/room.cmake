@@ -5,12 +5,8 @@ target_sources(velumora-app PRIVATE
     notes/ColumnLayout.h
     notes/FixedLineLayout.cpp
     notes/FixedLineLayout.h
-    notes/FocusRing.cpp
-    notes/FocusRing.h
     notes/HeaderCell.cpp
     notes/HeaderCell.h
-    notes/NamedColor.cpp
-    notes/NamedColor.h
     notes/SearchField.cpp
     notes/SearchField.h
     notes/TableAccessible.cpp
@@ -20,8 +16,6 @@ target_sources(velumora-app PRIVATE
     notes/TableColumn.h
     notes/TableHeaderView.cpp
     notes/TableHeaderView.h
-    notes/TableMetrics.cpp
-    notes/TableMetrics.h
     notes/TableRowView.cpp
     notes/TableRowView.h
     notes/TableView+Editing.cpp

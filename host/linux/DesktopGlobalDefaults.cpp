@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/DesktopGlobalDefaults.h"
 
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>

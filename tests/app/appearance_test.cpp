@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "app/Appearance.h"
-#include "notes/NamedColor.h"
+#include "look/Appearance.h"
+#include "look/NamedColor.h"
 #include "support/AppFixture.h"
 #include "support/Contrast.h"
 #include "support/Screenshot.h"

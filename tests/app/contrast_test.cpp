@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/Appearance.h"
 #include "calendar/DayButton.h"
-#include "notes/NamedColor.h"
+#include "look/Appearance.h"
+#include "look/NamedColor.h"
 #include "support/Contrast.h"
 #include "support/FakeHost.h"
 #include "support/Screenshot.h"

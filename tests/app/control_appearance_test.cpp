@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "look/NamedColor.h"
 #include "notes/HeaderCell.h"
-#include "notes/NamedColor.h"
 #include "notes/TableRowView.h"
 #include "notes/ZTRButtonHover.h"
 #include "notes/ZTRSeparator.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "app/AlphaValue.h"
 #include "dates/DateUtilities.h"
+#include "look/AlphaValue.h"
 #include "store/Record.h"
 #include "support/AppFixture.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dates/DatePicker.h"
 #include "dates/DateUtilities.h"
+#include "look/NamedColor.h"
 #include "notes/CellEditor.h"
-#include "notes/NamedColor.h"
 #include "store/Record.h"
 #include "support/AppFixture.h"
 

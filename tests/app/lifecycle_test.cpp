@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "app/AlphaValue.h"
 #include "app/PreferenceKeys.h"
 #include "calendar/DayButton.h"
 #include "calendar/MiniCalendarGrid.h"
-#include "notes/NamedColor.h"
+#include "look/AlphaValue.h"
+#include "look/NamedColor.h"
 #include "support/AppFixture.h"
 
 #include <QAction>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/PreferenceKeys.h"
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
 #include "notes/SearchField.h"
 #include "notes/TableRowView.h"
 #include "support/AppFixture.h"

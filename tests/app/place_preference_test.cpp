@@ -3,7 +3,7 @@
 #include "app/EnteredPlace.h"
 #include "app/PreferenceKeys.h"
 #include "host/linux/SettingsUserDefaults.h"
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
 #include "support/AppFixture.h"
 #include "support/Screenshot.h"
 #include "support/TranslationGuard.h"

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // What a screen reader is told, at the interface by which it is told.
-#include "app/Announcer.h"
 #include "calendar/DayNumber.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "calendar/MonthlyGrid.h"
 #include "calendar/NoteField.h"
 #include "calendar/WeeklyGrid.h"
+#include "look/Announcer.h"
 #include "support/AppFixture.h"
 #include "support/HeardEvents.h"
 

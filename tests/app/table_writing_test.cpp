@@ -2,8 +2,8 @@
 
 // The whole of a note is seen while it is written. These tests run on the fonts of several desktops and at two scales
 // (table.cmake): where a font's own line is higher than a row, a text control moves its text.
-#include "notes/FocusRing.h"
-#include "notes/TableMetrics.h"
+#include "look/FocusRing.h"
+#include "look/TableMetrics.h"
 #include "table_fixture.h"
 
 #include <QApplication>

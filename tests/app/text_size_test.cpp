@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Texts are as large as the desktop's, but where the program fixes a size.
-#include "app/Appearance.h"
-#include "app/ReadingText.h"
 #include "calendar/DayNumber.h"
 #include "calendar/NoteField.h"
 #include "calendar/WeeklyGrid.h"
+#include "look/Appearance.h"
+#include "look/ReadingText.h"
+#include "look/TableMetrics.h"
 #include "notes/HeaderCell.h"
-#include "notes/TableMetrics.h"
 #include "support/AppFixture.h"
 #include "support/FontGuard.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/ReadingText.h"
+#include "look/ReadingText.h"
 #include "support/AppFixture.h"
 #include "support/Screenshot.h"
 

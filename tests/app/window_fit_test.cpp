@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Nothing in the window is cut off, in any language and at any size of the texts, at the default size of the window, at
 // the least one and on a small screen. Large texts on a small screen are scrolled to.
-#include "app/FittingScrollArea.h"
-#include "app/ReadingText.h"
 #include "calendar/NoteField.h"
-#include "notes/TableMetrics.h"
+#include "look/FittingScrollArea.h"
+#include "look/ReadingText.h"
+#include "look/TableMetrics.h"
 #include "support/AppFixture.h"
 #include "support/FontGuard.h"
 #include "support/Screenshot.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "support/AppFixture.h"
 
-#include "app/Appearance.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "dates/DateUtilities.h"
+#include "look/Appearance.h"
 #include "notes/CellEditor.h"
 #include "plist/PropertyList.h"
 #include "store/Record.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/Appearance.h"
+#include "look/Appearance.h"
 
 #include <QImage>
 #include <QPalette>

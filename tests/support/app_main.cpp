@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/Appearance.h"
+#include "look/Appearance.h"
 #include "support/PinnedFonts.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/SpokenName.h"
+#include "look/SpokenName.h"
 
 #include <QWidget>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/FittingScrollArea.h"
+#include "look/FittingScrollArea.h"
 
 #include <QEvent>
 #include <QLayout>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "calendar/ParagraphLayout.h"
+#include "look/ParagraphLayout.h"
 
-#include "calendar/Paragraphs.h"
+#include "look/Paragraphs.h"
 
 #include <QTextBlock>
 #include <QTextDocument>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "app/Appearance.h"
+#include "look/Appearance.h"
 
 #include "host/GlobalDefaults.h"
 #include "host/ProcessInfo.h"
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
 
 #include <QApplication>
 #include <QEvent>

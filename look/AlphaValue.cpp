@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/AlphaValue.h"
+#include "look/AlphaValue.h"
 
 #include <QGraphicsOpacityEffect>
 #include <QWidget>

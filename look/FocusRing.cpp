@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "notes/FocusRing.h"
+#include "look/FocusRing.h"
 
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
 
 #include <QPainter>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/NamedColor.h"
+#include "look/NamedColor.h"
 
 #include <QPalette>
 

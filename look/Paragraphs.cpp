@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "calendar/Paragraphs.h"
+#include "look/Paragraphs.h"
 
 #include "text/CellLines.h"
 

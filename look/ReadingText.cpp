@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/ReadingText.h"
+#include "look/ReadingText.h"
 
-#include "calendar/ParagraphLayout.h"
+#include "look/ParagraphLayout.h"
 
 #include <QAccessibleWidget>
 #include <QEvent>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/Announcer.h"
+#include "look/Announcer.h"
 
 #include <QAccessibleWidget>
 #include <QStringList>

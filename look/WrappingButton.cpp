@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/WrappingButton.h"
+#include "look/WrappingButton.h"
 
 #include <QStyleOptionButton>
 #include <QStylePainter>
