@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "dates/DateUtilities.h"
-#include "notes/CellEditor.h"
 #include "notes/NoteQueries.h"
-#include "notes/TableView.h"
 #include "store/Record.h"
+#include "table/CellEditor.h"
+#include "table/TableView.h"
 #include "text/IntegerValue.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"

@@ -3,11 +3,11 @@
 #include "app/PreferenceKeys.h"
 #include "dates/DateUtilities.h"
 #include "host/UserDefaults.h"
-#include "notes/CellEditor.h"
 #include "notes/NoteQueries.h"
-#include "notes/TableView.h"
 #include "store/Draft.h"
 #include "store/Record.h"
+#include "table/CellEditor.h"
+#include "table/TableView.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "host/OpenPanel.h"
-#include "notes/TableView.h"
 #include "store/LegacyTable.h"
 #include "store/Record.h"
+#include "table/TableView.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
 

@@ -6,9 +6,9 @@
 #include "host/UserDefaults.h"
 #include "host/UserNotificationCenter.h"
 #include "look/AlphaValue.h"
-#include "notes/CellEditor.h"
-#include "notes/TableView.h"
 #include "store/Record.h"
+#include "table/CellEditor.h"
+#include "table/TableView.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
 

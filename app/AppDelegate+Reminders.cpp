@@ -2,7 +2,7 @@
 #include "app/AppDelegate.h"
 #include "dates/DateUtilities.h"
 #include "notes/NoteQueries.h"
-#include "notes/TableView.h"
+#include "table/TableView.h"
 #include "text/CellLines.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"

@@ -2,8 +2,8 @@
 #include "app/AppDelegate.h"
 #include "dates/DateFormatter.h"
 #include "look/SpokenName.h"
-#include "notes/TableView.h"
 #include "store/Record.h"
+#include "table/TableView.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
 

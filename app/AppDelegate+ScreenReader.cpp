@@ -3,7 +3,7 @@
 #include "calendar/SpokenDays.h"
 #include "look/Announcer.h"
 #include "notes/NoteQueries.h"
-#include "notes/TableView.h"
+#include "table/TableView.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
 

@@ -11,12 +11,12 @@
 #include "host/UserNotificationCenter.h"
 #include "host/VersionServer.h"
 #include "notes/NotesChoice.h"
-#include "notes/TableViewDelegate.h"
 #include "plist/Value.h"
 #include "store/DataFolder.h"
 #include "store/DraftFile.h"
 #include "store/Record.h"
 #include "store/SaveQueue.h"
+#include "table/TableViewDelegate.h"
 
 #include <QObject>
 #include <QPointer>

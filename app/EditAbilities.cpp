@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/EditAbilities.h"
 
-#include "notes/TableView.h"
+#include "table/TableView.h"
 
 #include <QAbstractSpinBox>
 #include <QClipboard>

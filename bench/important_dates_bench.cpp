@@ -11,8 +11,8 @@
 #include "host/linux/LinuxProcessInfo.h"
 #include "host/linux/SettingsUserDefaults.h"
 #include "look/Appearance.h"
-#include "notes/TableView.h"
 #include "store/Record.h"
+#include "table/TableView.h"
 #include "ui_MainWindow.h"
 #include "update/WebVersionServer.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "bench/LifetimeNotes.h"
-#include "notes/CellEditor.h"
 #include "notes/NoteQueries.h"
-#include "notes/TableView.h"
-#include "notes/TableViewDelegate.h"
 #include "store/Record.h"
+#include "table/CellEditor.h"
+#include "table/TableView.h"
+#include "table/TableViewDelegate.h"
 #include "text/TextLines.h"
 
 #include <QApplication>

@@ -1,30 +1,6 @@
 target_sources(velumora-app PRIVATE
-    notes/CellEditor.cpp
-    notes/CellEditor.h
-    notes/ColumnLayout.cpp
-    notes/ColumnLayout.h
-    notes/FixedLineLayout.cpp
-    notes/FixedLineLayout.h
-    notes/HeaderCell.cpp
-    notes/HeaderCell.h
     notes/SearchField.cpp
     notes/SearchField.h
-    notes/TableAccessible.cpp
-    notes/TableAccessible.h
-    notes/TableCellAccessible.cpp
-    notes/TableCellAccessible.h
-    notes/TableColumn.h
-    notes/TableHeaderView.cpp
-    notes/TableHeaderView.h
-    notes/TableRowView.cpp
-    notes/TableRowView.h
-    notes/TableView+Editing.cpp
-    notes/TableView+Input.cpp
-    notes/TableView+Painting.cpp
-    notes/TableView.cpp
-    notes/TableView.h
-    notes/TableViewDelegate.cpp
-    notes/TableViewDelegate.h
     notes/ZTRButtonHover.cpp
     notes/ZTRButtonHover.h
     notes/ZTRSeparator.cpp

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/CellEditor.h"
+#include "table/CellEditor.h"
 
 #include <QApplication>
 #include <QClipboard>

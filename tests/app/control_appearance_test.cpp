@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "look/NamedColor.h"
-#include "notes/HeaderCell.h"
-#include "notes/TableRowView.h"
 #include "notes/ZTRButtonHover.h"
 #include "notes/ZTRSeparator.h"
 #include "support/Contrast.h"
+#include "table/HeaderCell.h"
+#include "table/TableRowView.h"
 
 #include <QApplication>
 #include <QEnterEvent>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "notes/CellEditor.h"
 #include "store/Record.h"
 #include "support/AppFixture.h"
+#include "table/CellEditor.h"
 
 #include <QAction>
 #include <QContextMenuEvent>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/PreferenceKeys.h"
-#include "notes/CellEditor.h"
 #include "store/DraftFile.h"
 #include "support/AppFixture.h"
 #include "support/StandInInputMethod.h"
+#include "table/CellEditor.h"
 
 #include <QTest>
 

@@ -2,9 +2,9 @@
 #include "dates/DatePicker.h"
 #include "dates/DateUtilities.h"
 #include "look/NamedColor.h"
-#include "notes/CellEditor.h"
 #include "store/Record.h"
 #include "support/AppFixture.h"
+#include "table/CellEditor.h"
 
 #include <QAction>
 #include <QTest>

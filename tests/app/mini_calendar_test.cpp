@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/PreferenceKeys.h"
 #include "calendar/MiniCalendarGrid.h"
-#include "notes/CellEditor.h"
 #include "support/AppFixture.h"
+#include "table/CellEditor.h"
 
 #include <QTest>
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/PreferenceKeys.h"
-#include "notes/CellEditor.h"
 #include "support/AppFixture.h"
+#include "table/CellEditor.h"
 
 #include <QAccessible>
 #include <QSignalSpy>

@@ -2,8 +2,8 @@
 #include "app/PreferenceKeys.h"
 #include "look/NamedColor.h"
 #include "notes/SearchField.h"
-#include "notes/TableRowView.h"
 #include "support/AppFixture.h"
+#include "table/TableRowView.h"
 
 #include <QAccessible>
 #include <QImage>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Saving when it fails, and when the machine or the process ends without a goodbye.
 #include "app/PreferenceKeys.h"
-#include "notes/CellEditor.h"
 #include "support/AppFixture.h"
 #include "support/HeardEvents.h"
+#include "table/CellEditor.h"
 
 #include <QTest>
 #include <QTimer>

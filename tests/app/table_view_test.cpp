@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "notes/ColumnLayout.h"
-#include "notes/TableHeaderView.h"
+#include "table/ColumnLayout.h"
+#include "table/TableHeaderView.h"
 #include "table_fixture.h"
 
 #include <QApplication>

@@ -6,9 +6,9 @@
 #include "look/Appearance.h"
 #include "look/ReadingText.h"
 #include "look/TableMetrics.h"
-#include "notes/HeaderCell.h"
 #include "support/AppFixture.h"
 #include "support/FontGuard.h"
+#include "table/HeaderCell.h"
 
 #include <QFontInfo>
 #include <QLabel>

@@ -4,9 +4,9 @@
 #include "calendar/MiniCalendarGrid.h"
 #include "dates/DateUtilities.h"
 #include "look/Appearance.h"
-#include "notes/CellEditor.h"
 #include "plist/PropertyList.h"
 #include "store/Record.h"
+#include "table/CellEditor.h"
 
 #include <QCoreApplication>
 #include <QTest>

@@ -3,9 +3,9 @@
 
 #include "app/AppDelegate.h"
 #include "notes/SegmentedControl.h"
-#include "notes/TableView.h"
 #include "support/DateGuards.h"
 #include "support/FakeHost.h"
+#include "table/TableView.h"
 #include "ui_MainWindow.h"
 
 #include <QMainWindow>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "notes/TableCellAccessible.h"
+#include "table/TableCellAccessible.h"
 
-#include "notes/TableHeaderView.h"
-#include "notes/TableView.h"
+#include "table/TableHeaderView.h"
+#include "table/TableView.h"
 #include "text/CellLines.h"
 
 #include <QWindow>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/TableRowView.h"
+#include "table/TableRowView.h"
 
 #include "look/NamedColor.h"
 

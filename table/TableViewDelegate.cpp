@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/TableViewDelegate.h"
+#include "table/TableViewDelegate.h"
 
 std::unique_ptr<TableRowView> TableViewDelegate::rowViewForRow(const TableView& /*tableView*/, int /*row*/)
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/HeaderCell.h"
+#include "table/HeaderCell.h"
 
 #include <QFontDatabase>
 

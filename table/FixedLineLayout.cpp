@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/FixedLineLayout.h"
+#include "table/FixedLineLayout.h"
 
 #include "look/TableMetrics.h"
 #include "text/CellLines.h"

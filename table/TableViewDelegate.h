@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "notes/TableColumn.h"
-#include "notes/TableRowView.h"
+#include "table/TableColumn.h"
+#include "table/TableRowView.h"
 
 #include <QString>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "notes/TableAccessible.h"
+#include "table/TableAccessible.h"
 
-#include "notes/TableCellAccessible.h"
-#include "notes/TableHeaderView.h"
-#include "notes/TableView.h"
+#include "table/TableCellAccessible.h"
+#include "table/TableHeaderView.h"
+#include "table/TableView.h"
 
 #include <limits>
 

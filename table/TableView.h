@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "notes/ColumnLayout.h"
-#include "notes/RowHeights.h"
-#include "notes/TableColumn.h"
-#include "notes/TableRowView.h"
+#include "table/ColumnLayout.h"
+#include "table/RowHeights.h"
+#include "table/TableColumn.h"
+#include "table/TableRowView.h"
 
 #include <QAbstractScrollArea>
 #include <QPointer>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "notes/TableHeaderView.h"
+#include "table/TableHeaderView.h"
 
 #include "look/NamedColor.h"
 #include "look/TableMetrics.h"
-#include "notes/TableView.h"
+#include "table/TableView.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "notes/TableView.h"
+#include "table/TableView.h"
 
 #include "look/FocusRing.h"
 #include "look/TableMetrics.h"
-#include "notes/TableAccessible.h"
-#include "notes/TableHeaderView.h"
-#include "notes/TableViewDelegate.h"
+#include "table/TableAccessible.h"
+#include "table/TableHeaderView.h"
+#include "table/TableViewDelegate.h"
 
 #include <QApplication>
 #include <QMenu>

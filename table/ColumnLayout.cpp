@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/ColumnLayout.h"
+#include "table/ColumnLayout.h"
 
 #include <algorithm>
 #include <cmath>

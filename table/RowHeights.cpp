@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/RowHeights.h"
+#include "table/RowHeights.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "look/FocusRing.h"
-#include "notes/TableAccessible.h"
-#include "notes/TableHeaderView.h"
-#include "notes/TableView.h"
-#include "notes/TableViewDelegate.h"
+#include "table/TableAccessible.h"
+#include "table/TableHeaderView.h"
+#include "table/TableView.h"
+#include "table/TableViewDelegate.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>

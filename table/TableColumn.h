@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "notes/HeaderCell.h"
 #include "notes/SortDescriptor.h"
+#include "table/HeaderCell.h"
 
 #include <QColor>
 #include <QString>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "notes/CellEditor.h"
+#include "table/CellEditor.h"
 
 #include "look/TableMetrics.h"
-#include "notes/FixedLineLayout.h"
+#include "table/FixedLineLayout.h"
 #include "text/CellLines.h"
 #include "text/XmlCharacters.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "look/NamedColor.h"
 #include "look/TableMetrics.h"
-#include "notes/CellEditor.h"
-#include "notes/TableView.h"
-#include "notes/TableViewDelegate.h"
+#include "table/CellEditor.h"
+#include "table/TableView.h"
+#include "table/TableViewDelegate.h"
 #include "text/CellLines.h"
 
 #include <QHelpEvent>

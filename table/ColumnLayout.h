@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "notes/TableColumn.h"
+#include "table/TableColumn.h"
 
 #include <Qt>
 

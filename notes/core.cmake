@@ -1,4 +1,0 @@
-target_sources(velumora-core PRIVATE
-    notes/RowHeights.cpp
-    notes/RowHeights.h
-)
