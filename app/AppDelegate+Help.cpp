@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "app/AboutSheet.h"
 #include "app/AppDelegate.h"
-#include "app/SheetQueue.h"
 #include "host/Bundle.h"
 #include "host/Workspace.h"
 #include "text/Localized.h"
+#include "widgets/AboutSheet.h"
+#include "widgets/SheetQueue.h"
 
 #include <QMainWindow>
 #include <QPointer>

@@ -2,9 +2,9 @@
 #include "app/AppDelegate.h"
 #include "calendar/HiddenNotesLine.h"
 #include "notes/NoteQueries.h"
-#include "notes/SegmentedControl.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
+#include "widgets/SegmentedControl.h"
 
 #include <algorithm>
 #include <iterator>

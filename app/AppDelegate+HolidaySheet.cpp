@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/SheetQueue.h"
 #include "dates/DateUtilities.h"
 #include "dates/Holidays.h"
 #include "look/AlphaValue.h"
@@ -10,6 +9,7 @@
 #include "text/Localized.h"
 #include "ui_HolidaySheet.h"
 #include "ui_MainWindow.h"
+#include "widgets/SheetQueue.h"
 
 #include <QMainWindow>
 

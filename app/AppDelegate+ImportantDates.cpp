@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "dates/DatePicker.h"
 #include "dates/ElapsedDate.h"
 #include "look/NamedColor.h"
 #include "store/Record.h"
@@ -8,6 +7,7 @@
 #include "text/CellLines.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
+#include "widgets/DatePicker.h"
 
 #include <QMainWindow>
 #include <QPushButton>

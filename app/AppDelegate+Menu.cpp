@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/EditAbilities.h"
 #include "ui_MainWindow.h"
+#include "widgets/EditAbilities.h"
 
 #include <QAbstractButton>
 #include <QApplication>

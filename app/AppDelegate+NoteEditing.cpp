@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "app/SheetQueue.h"
 #include "dates/DateUtilities.h"
 #include "notes/NoteQueries.h"
 #include "store/Record.h"
@@ -9,6 +8,7 @@
 #include "text/IntegerValue.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
+#include "widgets/SheetQueue.h"
 
 #include <QAbstractButton>
 #include <QMainWindow>

@@ -3,7 +3,6 @@
 #include "dates/DateUtilities.h"
 #include "look/NamedColor.h"
 #include "notes/NoteQueries.h"
-#include "notes/SegmentedControl.h"
 #include "search/TextSearch.h"
 #include "store/Record.h"
 #include "table/TableRowView.h"
@@ -12,6 +11,7 @@
 #include "text/Localized.h"
 #include "text/TextLines.h"
 #include "ui_MainWindow.h"
+#include "widgets/SegmentedControl.h"
 
 #include <QLabel>
 #include <QMainWindow>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/PreferenceKeys.h"
-#include "app/SheetQueue.h"
 #include "dates/DateUtilities.h"
 #include "host/UserDefaults.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
+#include "widgets/SheetQueue.h"
 
 void AppDelegate::establishDefaultPrefs()
 {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 
-#include "app/EditingKeys.h"
 #include "calendar/HiddenNotesLine.h"
 #include "calendar/MiniCalendarGrid.h"
 #include "host/ClockMonitor.h"
@@ -10,13 +9,14 @@
 #include "look/AlphaValue.h"
 #include "look/Announcer.h"
 #include "look/FittingScrollArea.h"
-#include "notes/SegmentedControl.h"
 #include "store/Record.h"
 #include "text/Localized.h"
 #include "text/TextLines.h"
 #include "ui_HolidaySheet.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
+#include "widgets/EditingKeys.h"
+#include "widgets/SegmentedControl.h"
 
 #include <QCoreApplication>
 #include <QMainWindow>

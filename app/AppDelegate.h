@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/Alert.h"
 #include "calendar/DayButton.h"
 #include "dates/Clock.h"
 #include "dates/DateFormatter.h"
@@ -17,6 +16,7 @@
 #include "store/Record.h"
 #include "store/SaveQueue.h"
 #include "table/TableViewDelegate.h"
+#include "widgets/Alert.h"
 
 #include <QObject>
 #include <QPointer>

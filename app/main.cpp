@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "app/EnteredPlace.h"
-#include "app/SheetQueue.h"
 #include "app/Translations.h"
-#include "app/WindowPlace.h"
 #include "dates/LocaleEnvironment.h"
 #include "host/linux/BusNotificationCenter.h"
 #include "host/linux/DesktopGlobalDefaults.h"
@@ -27,6 +25,8 @@
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
 #include "update/WebVersionServer.h"
+#include "widgets/SheetQueue.h"
+#include "widgets/WindowPlace.h"
 
 #include <QApplication>
 #include <QDir>

@@ -22,10 +22,6 @@ function(velumora_link_resources target)
 endfunction()
 
 target_sources(velumora-app PRIVATE
-    app/AboutSheet.cpp
-    app/AboutSheet.h
-    app/Alert.cpp
-    app/Alert.h
     app/AppDelegate+Alerts.cpp
     app/AppDelegate+Appearance.cpp
     app/AppDelegate+DateNotes.cpp
@@ -54,19 +50,11 @@ target_sources(velumora-app PRIVATE
     app/AppDelegate+WeeklyView.cpp
     app/AppDelegate.cpp
     app/AppDelegate.h
-    app/EditAbilities.cpp
-    app/EditAbilities.h
-    app/EditingKeys.cpp
-    app/EditingKeys.h
     app/EnteredPlace.cpp
     app/EnteredPlace.h
     app/PreferenceKeys.h
-    app/SheetQueue.cpp
-    app/SheetQueue.h
     app/Translations.cpp
     app/Translations.h
-    app/WindowPlace.cpp
-    app/WindowPlace.h
     calendar/CellGrid.cpp
     calendar/CellGrid.h
     calendar/CellGridAccessible.cpp
@@ -79,7 +67,6 @@ target_sources(velumora-app PRIVATE
     calendar/DockIcon.h
     calendar/FittedText.cpp
     calendar/FittedText.h
-    calendar/HiddenDatePicker.h
     calendar/HiddenNotesLine.cpp
     calendar/HiddenNotesLine.h
     calendar/MiniCalendarGrid.cpp
@@ -102,12 +89,6 @@ target_sources(velumora-app PRIVATE
     calendar/WeeklyGrid.h
     calendar/WholeNote.cpp
     calendar/WholeNote.h
-    dates/DatePicker.cpp
-    dates/DatePicker.h
-    dates/PopupCalendar.cpp
-    dates/PopupCalendar.h
-    notes/SegmentedControl.cpp
-    notes/SegmentedControl.h
     update/Download.cpp
     update/Download.h
     update/WebVersionServer.cpp

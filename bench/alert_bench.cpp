@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "app/Alert.h"
 #include "look/Appearance.h"
+#include "widgets/Alert.h"
 
 #include <QApplication>
 #include <QMainWindow>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "dates/DatePicker.h"
 #include "host/ShutdownMonitor.h"
 #include "host/linux/BusNotificationCenter.h"
 #include "host/linux/DesktopGlobalDefaults.h"
@@ -15,6 +14,7 @@
 #include "table/TableView.h"
 #include "ui_MainWindow.h"
 #include "update/WebVersionServer.h"
+#include "widgets/DatePicker.h"
 
 #include <QApplication>
 #include <QImage>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "look/NamedColor.h"
-#include "notes/ZTRButtonHover.h"
-#include "notes/ZTRSeparator.h"
 #include "support/Contrast.h"
 #include "table/HeaderCell.h"
 #include "table/TableRowView.h"
+#include "widgets/ZTRButtonHover.h"
+#include "widgets/ZTRSeparator.h"
 
 #include <QApplication>
 #include <QEnterEvent>

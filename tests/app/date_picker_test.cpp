@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "dates/DatePicker.h"
 #include "support/DateGuards.h"
+#include "widgets/DatePicker.h"
 
 #include <QCalendarWidget>
 #include <QPointer>

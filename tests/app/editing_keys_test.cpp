@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "dates/DatePicker.h"
 #include "support/AppFixture.h"
 #include "table/CellEditor.h"
+#include "widgets/DatePicker.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/AboutSheet.h"
-#include "app/SheetQueue.h"
 #include "support/AppFixture.h"
+#include "widgets/AboutSheet.h"
+#include "widgets/SheetQueue.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "dates/DatePicker.h"
 #include "dates/DateUtilities.h"
 #include "look/NamedColor.h"
 #include "store/Record.h"
 #include "support/AppFixture.h"
 #include "table/CellEditor.h"
+#include "widgets/DatePicker.h"
 
 #include <QAction>
 #include <QTest>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The pages in locales with calendars of their own, each with several first preferred languages.
 #include "calendar/MiniCalendarGrid.h"
-#include "dates/DatePicker.h"
 #include "dates/DateUtilities.h"
 #include "store/Record.h"
 #include "support/AppFixture.h"
 #include "support/Screenshot.h"
 #include "text/IntegerValue.h"
+#include "widgets/DatePicker.h"
 
 #include <QCalendarWidget>
 #include <QLabel>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "app/EditAbilities.h"
 #include "support/AppFixture.h"
+#include "widgets/EditAbilities.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/PreferenceKeys.h"
 #include "calendar/DayNumber.h"
-#include "calendar/HiddenDatePicker.h"
 #include "calendar/MonthlyGrid.h"
 #include "calendar/NoteField.h"
 #include "store/Record.h"
 #include "support/AppFixture.h"
+#include "widgets/HiddenDatePicker.h"
 
 #include <QLabel>
 #include <QScrollBar>

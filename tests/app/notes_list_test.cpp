@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/PreferenceKeys.h"
 #include "look/NamedColor.h"
-#include "notes/SearchField.h"
 #include "support/AppFixture.h"
 #include "table/TableRowView.h"
+#include "widgets/SearchField.h"
 
 #include <QAccessible>
 #include <QImage>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "app/SheetQueue.h"
 #include "host/linux/FolderOpenPanel.h"
+#include "widgets/SheetQueue.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "app/AppDelegate.h"
-#include "notes/SegmentedControl.h"
 #include "support/DateGuards.h"
 #include "support/FakeHost.h"
 #include "table/TableView.h"
 #include "ui_MainWindow.h"
+#include "widgets/SegmentedControl.h"
 
 #include <QMainWindow>
 #include <QPushButton>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "app/Alert.h"
+#include "widgets/Alert.h"
 
-#include "app/SheetQueue.h"
 #include "look/ReadingText.h"
 #include "look/WrappingButton.h"
+#include "widgets/SheetQueue.h"
 
 #include <QApplication>
 #include <QHBoxLayout>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/EditingKeys.h"
+#include "widgets/EditingKeys.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/ZTRSeparator.h"
+#include "widgets/ZTRSeparator.h"
 
 #include <QPaintEvent>
 #include <QPainter>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/WindowPlace.h"
+#include "widgets/WindowPlace.h"
 
 #include "store/Files.h"
 

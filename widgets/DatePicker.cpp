@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "dates/DatePicker.h"
+#include "widgets/DatePicker.h"
 
 #include "dates/DateUtilities.h"
-#include "dates/PopupCalendar.h"
+#include "widgets/PopupCalendar.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>

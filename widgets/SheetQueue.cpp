@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/SheetQueue.h"
+#include "widgets/SheetQueue.h"
 
 #include <QEvent>
 #include <QMainWindow>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/SearchField.h"
+#include "widgets/SearchField.h"
 
 #include "look/NamedColor.h"
 

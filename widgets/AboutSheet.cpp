@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/AboutSheet.h"
+#include "widgets/AboutSheet.h"
 
 #include "text/Localized.h"
 

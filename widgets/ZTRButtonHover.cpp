@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/ZTRButtonHover.h"
+#include "widgets/ZTRButtonHover.h"
 
 #include <QEnterEvent>
 #include <QPainter>

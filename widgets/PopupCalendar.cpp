@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "dates/PopupCalendar.h"
+#include "widgets/PopupCalendar.h"
 
 #include "dates/Clock.h"
 #include "dates/DateUtilities.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/EditAbilities.h"
+#include "widgets/EditAbilities.h"
 
 #include "table/TableView.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "notes/SegmentedControl.h"
+#include "widgets/SegmentedControl.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
