@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "calendar/MonthPage.h"
 #include "calendar/MonthlyGrid.h"
 #include "dates/Clock.h"
 #include "dates/PaperSize.h"
 #include "host/Workspace.h"
+#include "print/MonthPage.h"
 #include "store/Files.h"
 #include "ui_MainWindow.h"
 

@@ -65,24 +65,14 @@ target_sources(velumora-app PRIVATE
     calendar/DayNumber.h
     calendar/DockIcon.cpp
     calendar/DockIcon.h
-    calendar/FittedText.cpp
-    calendar/FittedText.h
     calendar/HiddenNotesLine.cpp
     calendar/HiddenNotesLine.h
     calendar/MiniCalendarGrid.cpp
     calendar/MiniCalendarGrid.h
-    calendar/MonthPage.cpp
-    calendar/MonthPage.h
     calendar/MonthlyGrid.cpp
     calendar/MonthlyGrid.h
     calendar/NoteField.cpp
     calendar/NoteField.h
-    calendar/PdfTextLayer.cpp
-    calendar/PdfTextLayer.h
-    calendar/PdfUpdate.cpp
-    calendar/PdfUpdate.h
-    calendar/PrintedText.cpp
-    calendar/PrintedText.h
     calendar/SpokenDays.cpp
     calendar/SpokenDays.h
     calendar/WeeklyGrid.cpp

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "bench/LifetimeNotes.h"
-#include "calendar/MonthPage.h"
 #include "calendar/MonthlyGrid.h"
 #include "look/Appearance.h"
+#include "print/MonthPage.h"
 #include "support/FakeHost.h"
 #include "ui_MainWindow.h"
 

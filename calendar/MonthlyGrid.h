@@ -2,7 +2,7 @@
 #pragma once
 
 #include "calendar/CellGrid.h"
-#include "calendar/MonthPage.h"
+#include "print/MonthPage.h"
 
 class DayNumber;
 class NoteField;

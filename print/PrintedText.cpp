@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "calendar/PrintedText.h"
+#include "print/PrintedText.h"
 
 #include <QGlyphRun>
 #include <QPainter>

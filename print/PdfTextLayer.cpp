@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "calendar/PdfTextLayer.h"
+#include "print/PdfTextLayer.h"
 
-#include "calendar/PdfUpdate.h"
+#include "print/PdfUpdate.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "calendar/PdfUpdate.h"
+#include "print/PdfUpdate.h"
 
 #include <QRegularExpression>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "calendar/MonthPage.h"
+#include "print/MonthPage.h"
 
-#include "calendar/FittedText.h"
-#include "calendar/PrintedText.h"
 #include "look/Appearance.h"
 #include "look/NamedColor.h"
+#include "print/FittedText.h"
+#include "print/PrintedText.h"
 #include "text/CellLines.h"
 
 #include <QBuffer>

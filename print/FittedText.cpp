@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "calendar/FittedText.h"
+#include "print/FittedText.h"
 
-#include "calendar/PrintedText.h"
 #include "look/Paragraphs.h"
+#include "print/PrintedText.h"
 #include "text/CellLines.h"
 
 #include <QFontMetricsF>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "calendar/PdfTextLayer.h"
+#include "print/PdfTextLayer.h"
 
 #include <QHash>
 #include <QImage>
