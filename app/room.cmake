@@ -55,30 +55,6 @@ target_sources(velumora-app PRIVATE
     app/PreferenceKeys.h
     app/Translations.cpp
     app/Translations.h
-    calendar/CellGrid.cpp
-    calendar/CellGrid.h
-    calendar/CellGridAccessible.cpp
-    calendar/CellGridAccessible.h
-    calendar/DayButton.cpp
-    calendar/DayButton.h
-    calendar/DayNumber.cpp
-    calendar/DayNumber.h
-    calendar/DockIcon.cpp
-    calendar/DockIcon.h
-    calendar/HiddenNotesLine.cpp
-    calendar/HiddenNotesLine.h
-    calendar/MiniCalendarGrid.cpp
-    calendar/MiniCalendarGrid.h
-    calendar/MonthlyGrid.cpp
-    calendar/MonthlyGrid.h
-    calendar/NoteField.cpp
-    calendar/NoteField.h
-    calendar/SpokenDays.cpp
-    calendar/SpokenDays.h
-    calendar/WeeklyGrid.cpp
-    calendar/WeeklyGrid.h
-    calendar/WholeNote.cpp
-    calendar/WholeNote.h
     update/Download.cpp
     update/Download.h
     update/WebVersionServer.cpp
