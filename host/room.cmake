@@ -1,26 +1,15 @@
 target_sources(velumora-app PRIVATE
-    host/linux/ApplicationMessages.cpp
-    host/linux/ApplicationMessages.h
-    host/linux/BusNotificationCenter.cpp
-    host/linux/BusNotificationCenter.h
-    host/linux/DesktopLocationManager.cpp
-    host/linux/DesktopLocationManager.h
-    host/linux/DesktopLocationServices.h
     host/linux/DesktopWorkspace.cpp
     host/linux/DesktopWorkspace.h
     host/linux/DesktopGlobalDefaults.cpp
     host/linux/DesktopGlobalDefaults.h
     host/linux/FolderOpenPanel.cpp
     host/linux/FolderOpenPanel.h
-    host/linux/GeoClueClient.cpp
-    host/linux/GeoClueClient.h
     host/linux/InstalledBundle.cpp
     host/linux/InstalledBundle.h
     host/linux/KernelClockMonitor.cpp
     host/linux/KernelClockMonitor.h
     host/linux/LinuxProcessInfo.h
-    host/linux/LogindShutdownMonitor.cpp
-    host/linux/LogindShutdownMonitor.h
     host/linux/OpenUriPortal.cpp
     host/linux/OpenUriPortal.h
     host/linux/Opener.cpp
@@ -31,8 +20,6 @@ target_sources(velumora-app PRIVATE
     host/linux/SettingsUserDefaults.h
     host/linux/SingleInstance.cpp
     host/linux/SingleInstance.h
-    host/linux/StartedService.cpp
-    host/linux/StartedService.h
     host/linux/TemporaryFolder.cpp
     host/linux/TemporaryFolder.h
     host/linux/TerminationSignals.cpp
@@ -51,11 +38,7 @@ add_executable(velumora-reminder-agent
     host/agent/ReminderAgent.cpp
     host/agent/ReminderAgent.h
     host/agent/main.cpp
-    host/linux/ApplicationMessages.cpp
-    host/linux/ApplicationMessages.h
-    host/linux/StartedService.cpp
-    host/linux/StartedService.h
 )
-target_link_libraries(velumora-reminder-agent PRIVATE velumora-core Qt6::DBus)
+target_link_libraries(velumora-reminder-agent PRIVATE velumora-core velumora-host-bus)
 add_dependencies(velumora velumora-reminder-agent)
 set_source_files_properties(host/agent/main.cpp PROPERTIES COMPILE_DEFINITIONS "VELUMORA_VERSION=\"${PROJECT_VERSION}\"")

@@ -2,7 +2,7 @@
 #include "host/agent/ReminderAgent.h"
 
 #include "dates/Clock.h"
-#include "host/linux/ApplicationMessages.h"
+#include "host/bus/ApplicationMessages.h"
 #include "reminders/NotificationRequestFormat.h"
 
 #include <QDBusMetaType>

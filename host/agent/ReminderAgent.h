@@ -3,7 +3,7 @@
 
 #include "host/agent/DueTimer.h"
 #include "host/agent/NotificationDaemon.h"
-#include "host/linux/StartedService.h"
+#include "host/bus/StartedService.h"
 #include "reminders/AutostartEntry.h"
 #include "reminders/ReminderList.h"
 

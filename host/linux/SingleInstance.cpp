@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/SingleInstance.h"
 
-#include "host/linux/ApplicationMessages.h"
+#include "host/bus/ApplicationMessages.h"
 #include "host/linux/TerminationSignals.h"
 
 #include <QDBusPendingCallWatcher>

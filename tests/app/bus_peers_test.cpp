@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What others on the bus can do to the program: nothing that lasts.
-#include "host/linux/BusNotificationCenter.h"
+#include "host/bus/BusNotificationCenter.h"
+#include "host/bus/StartedService.h"
 #include "host/linux/DesktopGlobalDefaults.h"
-#include "host/linux/StartedService.h"
 #include "reminders/NotificationRequestFormat.h"
 #include "support/PrivateBus.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The desktop's location manager against a stand-in for GeoClue on a bus of the test's own.
-#include "host/linux/DesktopLocationServices.h"
-#include "host/linux/GeoClueClient.h"
+#include "host/bus/DesktopLocationServices.h"
+#include "host/bus/GeoClueClient.h"
 #include "support/DateGuards.h"
 #include "support/PrivateBus.h"
 #include "support/StandInGeoClue.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "host/linux/ApplicationMessages.h"
-#include "host/linux/BusNotificationCenter.h"
+#include "host/bus/ApplicationMessages.h"
+#include "host/bus/BusNotificationCenter.h"
 #include "host/linux/SingleInstance.h"
 #include "host/linux/TerminationSignals.h"
 #include "reminders/NotificationRequestFormat.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The shutdown monitor against a stand-in for the login manager on a bus of the test's own.
-#include "host/linux/LogindShutdownMonitor.h"
+#include "host/bus/LogindShutdownMonitor.h"
 #include "support/PrivateBus.h"
 #include "support/StandInLogind.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/linux/DesktopLocationManager.h"
+#include "host/bus/DesktopLocationManager.h"
 
 #include <utility>
 

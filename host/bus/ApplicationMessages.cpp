@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/linux/ApplicationMessages.h"
+#include "host/bus/ApplicationMessages.h"
 
 #include <QVariant>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/linux/GeoClueClient.h"
+#include "host/bus/GeoClueClient.h"
 
 #include <QDBusArgument>
 #include <QDBusError>

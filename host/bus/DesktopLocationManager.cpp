@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "host/linux/DesktopLocationManager.h"
+#include "host/bus/DesktopLocationManager.h"
 
 #include "dates/Clock.h"
-#include "host/linux/GeoClueClient.h"
+#include "host/bus/GeoClueClient.h"
 #include "place/ZonePlace.h"
 
 #include <utility>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/linux/StartedService.h"
+#include "host/bus/StartedService.h"
 
 #include <QCoreApplication>
 #include <QDBusPendingCallWatcher>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "host/linux/BusNotificationCenter.h"
+#include "host/bus/BusNotificationCenter.h"
 
-#include "host/linux/StartedService.h"
+#include "host/bus/StartedService.h"
 #include "reminders/NotificationRequestFormat.h"
 #include "reminders/ReminderList.h"
 #include "store/Files.h"

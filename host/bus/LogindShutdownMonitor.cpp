@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/linux/LogindShutdownMonitor.h"
+#include "host/bus/LogindShutdownMonitor.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>
