@@ -55,10 +55,6 @@ target_sources(velumora-app PRIVATE
     app/PreferenceKeys.h
     app/Translations.cpp
     app/Translations.h
-    update/Download.cpp
-    update/Download.h
-    update/WebVersionServer.cpp
-    update/WebVersionServer.h
 )
 
 add_executable(velumora app/main.cpp)

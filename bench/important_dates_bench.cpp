@@ -9,11 +9,11 @@
 #include "host/linux/KernelClockMonitor.h"
 #include "host/linux/LinuxProcessInfo.h"
 #include "host/linux/SettingsUserDefaults.h"
+#include "host/web/WebVersionServer.h"
 #include "look/Appearance.h"
 #include "store/Record.h"
 #include "table/TableView.h"
 #include "ui_MainWindow.h"
-#include "update/WebVersionServer.h"
 #include "widgets/DatePicker.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "host/web/WebVersionServer.h"
 #include "support/LoopbackServer.h"
-#include "update/WebVersionServer.h"
 
 #include <QEventLoop>
 #include <QFile>

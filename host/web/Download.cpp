@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "update/Download.h"
+#include "host/web/Download.h"
 
 #include <QNetworkProxyFactory>
 

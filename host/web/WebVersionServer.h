@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/VersionServer.h"
-#include "update/Download.h"
+#include "host/web/Download.h"
 
 #include <QUrl>
 

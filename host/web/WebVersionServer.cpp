@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "update/WebVersionServer.h"
+#include "host/web/WebVersionServer.h"
 
 #include "text/VersionText.h"
 
