@@ -9,11 +9,8 @@ set_target_properties(velumora-app PROPERTIES
     AUTOUIC_OPTIONS "--tr;localized;--include;text/Localized.h"
     AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/resources")
 target_include_directories(velumora-app PUBLIC ${CMAKE_BINARY_DIR}/velumora-app_autogen/include)
-# Each setting goes to the one file that reads it: the rest compile the same in every folder.
 set_source_files_properties(app/AppDelegate+Help.cpp PROPERTIES COMPILE_DEFINITIONS
     VELUMORA_WEB_PAGE="${VELUMORA_WEB_PAGE}")
-set_source_files_properties(host/linux/InstalledBundle.cpp PROPERTIES COMPILE_DEFINITIONS
-    VELUMORA_VERSION="${PROJECT_VERSION}")
 
 # velumora_link_resources(TARGET): beside the program, for as long as it is not installed (see InstalledBundle.h).
 function(velumora_link_resources target)
