@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/agent/DueTimer.h"
-#include "host/agent/NotificationDaemon.h"
+#include "agent/DueTimer.h"
+#include "agent/NotificationDaemon.h"
 #include "host/bus/StartedService.h"
 #include "reminders/AutostartEntry.h"
 #include "reminders/ReminderList.h"

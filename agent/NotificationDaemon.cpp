@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/agent/NotificationDaemon.h"
+#include "agent/NotificationDaemon.h"
 
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>

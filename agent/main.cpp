@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/agent/ReminderAgent.h"
+#include "agent/ReminderAgent.h"
 #include "text/CommandLine.h"
 
 #include <QCoreApplication>

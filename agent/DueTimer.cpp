@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/agent/DueTimer.h"
+#include "agent/DueTimer.h"
 
 #include <algorithm>
 #include <cmath>
