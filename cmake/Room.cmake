@@ -12,6 +12,9 @@ if(VELUMORA_APP)
     velumora_precompile(velumora-app-headers ${VELUMORA_APP_HEADERS})
 endif()
 
+# What moc and uic make for the rooms, which the linter reads without anything being compiled.
+add_custom_target(velumora-generated)
+
 # velumora_room(SOURCES file... [LINKS library...] [PRIVATE library...]): the library velumora-FOLDER of the current folder.
 # LINKS are those whose headers its own headers include.
 function(velumora_room)
@@ -36,6 +39,7 @@ function(velumora_room)
     endforeach()
     target_include_directories(${name} PUBLIC ${headers})
 
+    add_dependencies(velumora-generated ${name}_autogen)
     if(VELUMORA_FUZZERS) # what is under test tells the fuzzer which ways it went
         target_compile_options(${name} PRIVATE -fsanitize=fuzzer-no-link)
     endif()

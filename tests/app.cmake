@@ -25,7 +25,8 @@ add_library(app-test-support STATIC
     support/TranslationGuard.h
     support/app_main.cpp
 )
-target_link_libraries(app-test-support PUBLIC velumora-app Qt6::GuiPrivate Qt6::Test GTest::gmock)
+target_link_libraries(app-test-support PUBLIC velumora-app velumora-host-bus velumora-host-linux velumora-host-web velumora-print
+    Qt6::Network Qt6::GuiPrivate Qt6::Test GTest::gmock)
 target_include_directories(app-test-support PUBLIC ${CMAKE_SOURCE_DIR}/tests)
 velumora_precompile(app-test-support ${VELUMORA_APP_HEADERS} <QSignalSpy> <QTest> <gmock/gmock.h> <gtest/gtest.h>)
 set_source_files_properties(support/Screenshot.cpp PROPERTIES COMPILE_DEFINITIONS
