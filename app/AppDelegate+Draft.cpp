@@ -66,14 +66,9 @@ bool holds(const Draft& draft, DraftChange::Kind kind)
     return std::ranges::find(draft, kind, &DraftChange::kind) != draft.end();
 }
 
-Date dateOf(const DraftChange& change)
-{
-    return change.unsaved ? change.unsaved->date : change.saved->date;
-}
-
 QString shownChange(const DraftChange& change)
 {
-    const QString day = DateUtilities::mediumStyleFromDate(dateOf(change));
+    const QString day = DateUtilities::mediumStyleFromDate(Drafts::dateOf(change));
     return change.unsaved ? filled(localized("%@: %@"), {day, QString::fromStdString(change.unsaved->text)})
                           : filled(localized("%@: deleted"), {day});
 }
@@ -99,7 +94,7 @@ std::optional<DatedText> AppDelegate::editedNote() const
     if (isComposing) {
         note->text = editor->textAsSeen().toStdString();
     }
-    return isComposing || m_textBeforeEdit ? note : std::nullopt;
+    return isComposing || m_book.isBeingEdited() ? note : std::nullopt;
 }
 
 void AppDelegate::writeDraft()
@@ -107,21 +102,15 @@ void AppDelegate::writeDraft()
     m_draftTimer.stop();
     readDraft(); // lest it is written over
     const std::optional<DatedText> edited = editedNote();
-    Table lines = m_unsavedDateNotes;
-    if (edited) { // a line that the edit began with is part of what is typed
-        const std::string& before = m_textBeforeEdit ? *m_textBeforeEdit : noteInEditor()->text;
-        lines.removeIf([&](const Value& line) {
-            return dateOf(line, NoteDateKey) == edited->date &&
-                   before.find(*textOf(line, NoteDataKey)) != std::string::npos;
-        });
-    }
+    const Table& notesOnDisk = saveState(ListKind::Notes).onDisk;
+    const Table& eventsOnDisk = saveState(ListKind::ImportantDates).onDisk;
     DraftSource source{.found = m_foundDraft,
-                       .notesOnDisk = m_notesState.onDisk,
-                       .notes = m_saves.unsaved(std::string(NotesFileName)).value_or(m_notesState.onDisk),
-                       .addedLines = std::move(lines),
+                       .notesOnDisk = notesOnDisk,
+                       .notes = m_saves.unsaved(std::string(NotesFileName)).value_or(notesOnDisk),
+                       .addedLines = m_book.linesBeside(edited ? noteInEditor() : std::nullopt),
                        .editedNote = edited,
-                       .eventsOnDisk = m_eventsState.onDisk,
-                       .events = eventsTVData.value_or(m_eventsState.onDisk)};
+                       .eventsOnDisk = eventsOnDisk,
+                       .events = eventsTVData.value_or(eventsOnDisk)};
     m_draftFile.write([source = std::move(source)] { return draftFrom(source); });
 }
 
@@ -140,7 +129,7 @@ void AppDelegate::offerDraft()
     if (m_foundDraft.empty() || !hasPlace) {
         return; // without its table a draft waits for a start that has it
     }
-    Drafts::forgetSaved(m_foundDraft, allNotesTVData.value_or(Table()), eventsTVData.value_or(Table()));
+    Drafts::forgetSaved(m_foundDraft, m_book.notes(), m_book.rows(ListKind::ImportantDates));
     if (m_foundDraft.empty()) {
         writeDraft();
         return;
@@ -174,45 +163,18 @@ void AppDelegate::keepDraft()
     m_ui.importantDatesTableView->endEditing();
     const Draft draft = std::exchange(m_foundDraft, {});
     if (allNotesTVData && holds(draft, DraftChange::Kind::Note)) {
-        Drafts::takeInNotes(draft, *allNotesTVData);
+        const bool showsAll = m_host.userDefaults.integerForKey(PreferenceKeys::startList) != 0;
+        m_book.takeInDraftNotes(draft, showsAll, DateUtilities::today());
         m_ui.filterField->setFoundNothing({});
-        showKeptNotes(draft);
+        showRows();
+        showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
         m_saves.save(allNotesTVData, std::string(NotesFileName));
         redrawMiniCal();
     }
     if (eventsTVData && holds(draft, DraftChange::Kind::Event)) {
-        Drafts::takeInEvents(draft, *eventsTVData);
+        m_book.takeInDraftDates(draft);
         m_ui.importantDatesTableView->reloadData();
         m_saves.save(eventsTVData, std::string(EventsFileName));
     }
     writeDraft(); // until the disk has it
-}
-
-/// The list takes in the days that it shows already and those that it would show at the start.
-void AppDelegate::showKeptNotes(Draft draft)
-{
-    Table rows = notesTVData.value_or(Table());
-    const bool showsAll = m_host.userDefaults.integerForKey(PreferenceKeys::startList) != 0;
-    const Date today = DateUtilities::today();
-    std::erase_if(draft, [&](const DraftChange& change) {
-        const Table day{makeNoteRecord(dateOf(change), {})};
-        return !showsAll && NoteQueries::doesTVDataHaveDate(rows, dateOf(change)) == DateUtilities::NotFound &&
-               NoteQueries::copyArrayOfDatesHavingNotes(day, today).isEmpty();
-    });
-    for (const DraftChange& change : draft) {
-        const std::int64_t row = NoteQueries::doesTVDataHaveDate(rows, dateOf(change));
-        const std::int64_t saved = NoteQueries::doesTVDataHaveDate(*allNotesTVData, dateOf(change));
-        const bool isShown = row != DateUtilities::NotFound;
-        if (saved == DateUtilities::NotFound) {
-            if (isShown) {
-                rows.removeAt(row);
-            }
-        } else if (isShown) {
-            rows[row] = allNotesTVData->at(saved);
-        } else {
-            rows.append(allNotesTVData->at(saved));
-        }
-    }
-    showRows(std::move(rows));
-    showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
 }

@@ -10,14 +10,6 @@
 #include <iterator>
 #include <vector>
 
-namespace {
-
-constexpr int weeklyViewPage = 1;
-constexpr int monthlyViewPage = 2;
-constexpr int allNotesSegment = 1;
-
-} // namespace
-
 /// A page shows the notes of the list alone: `line` says how many of all notes of its `days` are among them, unless all
 /// are.
 void AppDelegate::tellHiddenNotes(HiddenNotesLine& line, const QString& format, std::span<const Date> days,
@@ -26,8 +18,8 @@ void AppDelegate::tellHiddenNotes(HiddenNotesLine& line, const QString& format, 
     std::vector<Date> distinct(days.begin(), days.end());
     // A day left out begins with the next.
     distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
-    const IndexSet all = NoteQueries::datesWithNotes(allNotesTVData.value_or(Table()), distinct);
-    const IndexSet listed = NoteQueries::datesWithNotes(notes.value_or(Table()), distinct);
+    const IndexSet all = NoteQueries::datesWithNotes(m_book.notes(), distinct);
+    const IndexSet listed = NoteQueries::datesWithNotes(elementsOf(notes), distinct);
     IndexSet shown;
     std::ranges::set_intersection(all, listed, std::inserter(shown, shown.end()));
     line.setText(shown.size() == all.size()
@@ -38,17 +30,17 @@ void AppDelegate::tellHiddenNotes(HiddenNotesLine& line, const QString& format, 
 /// What the segment of all notes does, whatever it would do now; the page shown stays the page shown.
 void AppDelegate::showAllNotesOnPage()
 {
-    m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), allNotesSegment);
-    m_ui.hideShowSegBtn->press(allNotesSegment);
+    offerAllNotes();
+    m_ui.hideShowSegBtn->press(static_cast<int>(NotesSegment::All));
     redrawPage();
 }
 
 /// The notes that the page shows may be others now. The mini calendar is no such page.
 void AppDelegate::redrawPage()
 {
-    if (m_ui.myTabView->currentIndex() == weeklyViewPage) {
+    if (shownPage() == Page::Week) {
         redrawWeek(0);
-    } else if (m_ui.myTabView->currentIndex() == monthlyViewPage) {
+    } else if (shownPage() == Page::Month) {
         redrawMonth(0);
     }
 }

@@ -21,9 +21,9 @@ constexpr const char* newDescription = "** put new date Description here **";
 
 constexpr qsizetype spokenLength = 80; ///< UTF-16 units of a description that tell one date from another
 
-QString spokenNameOfPicker(const Value& event)
+QString spokenNameOfPicker(const ListRow& event)
 {
-    const std::string* text = textOf(event, EventNameKey);
+    const std::string* text = event.text();
     const QString description = text ? QString::fromStdString(*text).simplified() : QString();
     return description.isEmpty() || description == QLatin1String(newDescription)
                ? localized("Date")
@@ -34,13 +34,12 @@ QString spokenNameOfPicker(const Value& event)
 
 void AppDelegate::addRowToImportDates()
 {
-    if (!eventsTVData) {
-        return; // the file could not be read: what is added to it is lost
-    }
     TableView& dates = *m_ui.importantDatesTableView;
     dates.endEditing();
-    const auto row = static_cast<int>(eventsTVData->size());
-    eventsTVData->append(makeEventRecord(DateEnvironment::now(), newDescription));
+    const int row = m_book.addImportantDate(DateEnvironment::now(), newDescription);
+    if (row < 0) {
+        return; // the file could not be read: what is added to it is lost
+    }
     dates.insertRow(row);
     dates.scrollRowToVisible(row);
     buttonEnableDisable(*m_ui.importantDateSaveBtn, true);
@@ -57,15 +56,13 @@ void AppDelegate::editNewestDate()
 
 QWidget* AppDelegate::makeDatePicker(QWidget* parent, int row)
 {
-    if (!eventsTVData || row >= eventsTVData->size()) {
-        return nullptr;
-    }
-    const std::optional<Date> date = dateOf(eventsTVData->at(row), EventDateKey);
+    const ListRow event = m_book.row(ListKind::ImportantDates, row);
+    const std::optional<Date> date = event.date();
     if (!date || !DatePicker::canShow(*date)) {
         return nullptr;
     }
     auto* picker = new DatePicker(parent);
-    picker->setAccessibleName(spokenNameOfPicker(eventsTVData->at(row)));
+    picker->setAccessibleName(spokenNameOfPicker(event));
     picker->setFirstDayOfWeek(startOnSunday() ? Qt::Sunday : Qt::Monday);
     picker->setDateValue(*date);
     colorDatePicker(*picker, row);
@@ -97,10 +94,9 @@ void AppDelegate::datePickerChanged(DatePicker& sender)
 {
     TableView& dates = *m_ui.importantDatesTableView;
     const int row = dates.rowForView(sender);
-    if (!eventsTVData || row < 0 || row >= eventsTVData->size()) {
+    if (!m_book.changeDate(row, sender.dateValue())) {
         return;
     }
-    (*eventsTVData)[row] = withDate(eventsTVData->at(row), EventDateKey, sender.dateValue());
     dates.noteHeightOfRowChanged(row);
     dates.redrawRow(row); // how long ago it is
     buttonEnableDisable(*m_ui.importantDateSaveBtn, true);

@@ -73,7 +73,7 @@ void AppDelegate::confirmImport(const std::filesystem::path& folder)
         m_ui.notesTableView->endEditing();
         m_ui.importantDatesTableView->endEditing();
         if (hasEvents && eventsTVData && m_ui.importantDateSaveBtn->isEnabled()) {
-            m_saves.save(eventsTVData, std::string(EventsFileName)); // what was not saved yet is kept aside too
+            saveEvents(); // what was not saved yet is kept aside too
         }
         m_saves.retry();
         m_saves.waitUntilDone(); // what is on its way to a file is to be on the disk before it is replaced
@@ -101,9 +101,9 @@ std::optional<Table> AppDelegate::importTALVDataFiles(const std::filesystem::pat
 void AppDelegate::importNotes(const std::filesystem::path& source)
 {
     std::optional<Table> imported = importTALVDataFiles(source, std::string(NotesFileName));
-    m_notesChoice = NotesChoice::none(); // what is added goes with the earlier notes
+    m_book.showOnly(std::move(imported).value_or(Table())); // what is added goes with the earlier notes
     m_ui.filterField->setFoundNothing({});
-    showRows(std::move(imported).value_or(Table()));
+    showRows();
     showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
     redrawPage();
 }

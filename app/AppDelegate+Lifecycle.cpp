@@ -86,16 +86,16 @@ void AppDelegate::applicationDidFinishLaunching()
     nameSegments();
     showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
 
-    m_ui.myTabView->setCurrentIndex(0);
+    showPage(Page::MiniCalendar);
     minuteHasChanged();
     m_window.setProperty("UserWantsNotificationsKey", QVariant());
     startLocationManager();
 
     if (m_host.userDefaults.integerForKey(PreferenceKeys::startList) == 0) {
         showNotesForThisMonthYear(today);
-        m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), 1);
+        offerAllNotes();
     } else {
-        m_ui.hideShowSegBtn->setLabelForSegment(localized("Hide All"), 1);
+        m_ui.hideShowSegBtn->setLabelForSegment(localized("Hide All"), static_cast<int>(NotesSegment::All));
     }
     scrollToNoteNearestTo(today);
     setDateForPrevNextArrows(today);
@@ -110,7 +110,7 @@ void AppDelegate::applicationWillTerminate()
     if (m_prefsSheet->isVisible()) {
         userSetPlace(); // typed, and not left yet
     }
-    saveEvents();
+    saveEventsUnlessEmpty();
     deleteMonthlyPrintFile();
     waitForReports();
 }
@@ -122,7 +122,7 @@ void AppDelegate::machineWillShutDown()
     if (m_prefsSheet->isVisible()) {
         userSetPlace(); // typed, and not left yet
     }
-    saveEvents();
+    saveEventsUnlessEmpty();
     buttonEnableDisable(*m_ui.importantDateSaveBtn, false);
     waitForReports();
 }
@@ -130,10 +130,11 @@ void AppDelegate::machineWillShutDown()
 void AppDelegate::processWillExit()
 {
     if (const std::optional<DatedText> edited = editedNote()) {
-        takeInComposedText(*edited); // nothing can be asked of an input method any more
-        takeInNote(m_ui.notesTableView->editedRow(), true);
+        const int row = m_ui.notesTableView->editedRow();
+        m_book.changeText(ListKind::Notes, row, edited->text); // nothing can be asked of an input method any more
+        takeInNote(row, true);
     }
-    saveEvents();
+    saveEventsUnlessEmpty();
     waitForReports();
 }
 
@@ -147,19 +148,17 @@ void AppDelegate::didSelectTabViewItem(QWidget& page)
 void AppDelegate::redrawPage(const QWidget& page)
 {
     const bool sundayFirst = startOnSunday();
-    switch (page.property("identifier").toInt() & 0xFF) { // only the low eight bits count
-    case 2:
+    switch (static_cast<Page>(page.property("identifier").toInt() & 0xFF)) { // only the low eight bits count
+    case Page::Month:
         setMonthlyViewThreeCharDayNames(sundayFirst, m_window);
         setMonthlyViewDayNumbers(sundayFirst, m_window, notesTVData);
         break;
-    case 1:
+    case Page::Week:
         setWeeklyViewThreeCharDayNames(sundayFirst, m_window);
         setWeeklyViewDayNumbers(sundayFirst, m_window, notesTVData);
         break;
-    case 0:
+    case Page::MiniCalendar:
         redrawMiniCal();
-        break;
-    default:
         break;
     }
 }

@@ -116,7 +116,7 @@ void AppDelegate::setSingleCharDayNames(bool startOnSunday, QWidget& window)
 void AppDelegate::enableMiniCalDatesWithNotes(Date date, const std::optional<Table>& notes, bool startOnSunday,
                                               QWidget& window)
 {
-    const Table datesWithNotes = NoteQueries::copyArrayOfDatesHavingNotes(notes.value_or(Table()), date);
+    const Table datesWithNotes = NoteQueries::copyArrayOfDatesHavingNotes(elementsOf(notes), date);
     setMiniCalDatesWithDate(date, datesWithNotes, startOnSunday, window);
 }
 
@@ -260,25 +260,21 @@ void AppDelegate::dayBtnAction(DayButton& sender)
 
 void AppDelegate::showNoteOfDay(Date date, DayButton& button)
 {
-    const auto rowOf = [date](const std::optional<Table>& table) {
-        return NoteQueries::doesTVDataHaveDate(table.value_or(Table()), date);
-    };
-    std::int64_t row = rowOf(notesTVData);
-    if (row == DateUtilities::NotFound) {
-        if (rowOf(allNotesTVData) != DateUtilities::NotFound) {
-            chooseNotes(NotesChoice::ofMonth(date));
-            row = rowOf(notesTVData);
-        } else if (notesTVData) {
-            row = notesTVData->size();
-            notesTVData->append(makeNoteRecord(date, {}));
-            m_ui.notesTableView->insertRow(static_cast<int>(row));
-        } else {
-            return; // the file could not be read: what is added to it is lost
-        }
+    using Rows = NoteBook::OpenedDay::Rows;
+    const std::optional<NoteBook::OpenedDay> opened = m_book.openDay(date);
+    if (!opened) {
+        return; // the file could not be read: what is added to it is lost
+    }
+    if (opened->rows == Rows::Replaced) {
+        showRows();
+    } else if (opened->rows == Rows::OneMore) {
+        m_ui.notesTableView->insertRow(opened->row);
+    }
+    if (opened->rows != Rows::AsTheyWere) {
         markDay(button, DayButton::On, SpokenDays().of(date));
     }
-    m_ui.notesTableView->scrollRowToVisible(static_cast<int>(row));
-    m_ui.notesTableView->selectRow(static_cast<int>(row));
+    m_ui.notesTableView->scrollRowToVisible(opened->row);
+    m_ui.notesTableView->selectRow(opened->row);
 }
 
 /// A click on a day leads into its note, ready to be typed.

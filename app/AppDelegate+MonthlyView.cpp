@@ -57,7 +57,7 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
 
     const YearMonthDay month = DateUtilities::yearMonthDayFromDate(date);
     const std::vector<Date> days = MonthGrid::daysOfMonth(date);
-    const std::vector<std::string> texts = NoteQueries::textsOfDates(notes.value_or(Table()), days);
+    const std::vector<std::string> texts = NoteQueries::textsOfDates(elementsOf(notes), days);
 
     auto* grid = view.findChild<MonthlyGrid*>();
     for (int cell = MonthGrid::FirstCell; cell <= MonthGrid::LastCell; ++cell) {

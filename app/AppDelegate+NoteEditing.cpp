@@ -19,41 +19,10 @@
 
 namespace {
 
-/// `element`, in which there is a record, with `text` under `key`: in itself or in the first record of a list that
-/// stands in its place.
-Value withEditedText(const Value& element, std::string_view key, const std::string& text)
+QString mediumStyleDate(const ListRow& row)
 {
-    if (const Array* list = element.array()) {
-        const auto shown = std::ranges::find_if(*list, NoteQueries::recordOf);
-        Array edited = *list;
-        edited[shown - list->begin()] = withEditedText(*shown, key, text);
-        return Value(std::move(edited));
-    }
-    return withText(element, key, text);
-}
-
-/// The text of the note in `element`; empty where it has none.
-std::string noteText(const Value& element)
-{
-    const Value* record = NoteQueries::recordOf(element);
-    const std::string* text = record ? textOf(*record, NoteDataKey) : nullptr;
-    return text ? *text : std::string();
-}
-
-/// The date of `element` as a question shows it; empty where it has none.
-QString mediumStyleDate(const Value& element, std::string_view key)
-{
-    const Value* record = NoteQueries::recordOf(element);
-    const std::optional<Date> date = record ? dateOf(*record, key) : std::nullopt;
+    const std::optional<Date> date = row.date();
     return date ? DateUtilities::mediumStyleFromDate(*date) : QString();
-}
-
-/// Where the row below `row` stands once every row equal to `element` is gone.
-int placeWithout(const Value& element, const Table& rows, int row)
-{
-    Table above = rows.first(std::clamp<qsizetype>(row, 0, rows.size()));
-    NoteQueries::removeEqual(above, element);
-    return static_cast<int>(above.size());
 }
 
 /// After a deletion no row is selected; the keys have not lost their place.
@@ -71,33 +40,16 @@ void AppDelegate::controlTextDidChange(QWidget& field)
         buttonEnableDisable(*m_ui.filterBtn, !m_ui.filterField->text().isEmpty());
         return;
     }
-    const int noteRow = m_ui.notesTableView->rowForView(field);
-    const bool isNote = noteRow >= 0;
-    TableView& tableView = isNote ? *m_ui.notesTableView : *m_ui.importantDatesTableView;
-    const int row = isNote ? noteRow : tableView.rowForView(field);
-    std::optional<Table>& table = isNote ? notesTVData : eventsTVData;
     const auto* editor = qobject_cast<const CellEditor*>(&field);
-    if (!editor || !table || row < 0 || row >= table->size() || !NoteQueries::recordOf(table->at(row))) {
+    const int noteRow = m_ui.notesTableView->rowForView(field);
+    const ListBinding& list = noteRow >= 0 ? m_notesList : m_datesList;
+    const int row = noteRow >= 0 ? noteRow : list.view.rowForView(field);
+    if (!editor || !m_book.changeText(list.kind, row, editor->text().toStdString())) {
         return;
     }
-    const std::string_view key = isNote ? NoteDataKey : EventNameKey;
-    if (isNote && !m_textBeforeEdit) {
-        m_textBeforeEdit = noteText(table->at(row));
-    }
-    (*table)[row] = withEditedText(table->at(row), key, editor->text().toStdString());
-    tableView.noteHeightOfRowChanged(row);
-    buttonEnableDisable(isNote ? *m_ui.noteEntryListSaveBtn : *m_ui.importantDateSaveBtn, true);
+    list.view.noteHeightOfRowChanged(row);
+    buttonEnableDisable(list.saveButton, true);
     draftHasChanged();
-}
-
-/// What is composed becomes a part of the text in the row.
-void AppDelegate::takeInComposedText(const DatedText& edited)
-{
-    Value& element = (*notesTVData)[m_ui.notesTableView->editedRow()];
-    if (!m_textBeforeEdit) {
-        m_textBeforeEdit = noteText(element);
-    }
-    element = withEditedText(element, NoteDataKey, edited.text);
 }
 
 void AppDelegate::controlTextDidEndEditing(QWidget& field)
@@ -111,35 +63,21 @@ void AppDelegate::controlTextDidEndEditing(QWidget& field)
 /// Saves the notes with that of the row; false when there is nothing to save.
 bool AppDelegate::takeInNote(int row, bool isEdited)
 {
-    if (row < 0) {
+    using Outcome = NoteBook::FinishedEdit::Outcome;
+    const NoteBook::FinishedEdit edit = m_book.finishEdit(row, isEdited);
+    if (edit.wasChanged) {
+        m_ui.filterField->setFoundNothing({}); // it is perhaps what was searched for
+    }
+    switch (edit.outcome) {
+    case Outcome::Nothing:
         return false;
-    }
-    const std::optional<std::string> before = std::exchange(m_textBeforeEdit, std::nullopt);
-    if (!notesTVData || !allNotesTVData || row >= notesTVData->size()) {
-        return false;
-    }
-    const Value* record = NoteQueries::recordOf(notesTVData->at(row));
-    const std::optional<Date> date = record ? dateOf(*record, NoteDateKey) : std::nullopt;
-    const std::string* text = record ? textOf(*record, NoteDataKey) : nullptr;
-    if (!date || !text || (text->empty() && !isEdited)) {
-        return false; // a day that was only looked at leaves no empty note behind
-    }
-    if (before) {
-        forgetDateNotesIn(*before, *date);     // the text as it is now is what the user wants
-        m_ui.filterField->setFoundNothing({}); // and perhaps what was searched for
-    }
-    const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, *date);
-    if (index == DateUtilities::NotFound) {
-        allNotesTVData->append(*record);
-        m_saves.save(allNotesTVData, std::string(NotesFileName));
-    } else {
-        const std::string saved = noteText(allNotesTVData->at(index));
-        if (!before || saved == *text) {
-            return false; // a look at a row that shows another text than the saved one does not save it
-        }
-        (*allNotesTVData)[index] = *record;
+    case Outcome::Added:
+        saveNotes();
+        break;
+    case Outcome::Replaced:
         qInfo("CTDEE replaced in 'all' array");
-        saveNotesInsteadOf(saved, *before);
+        saveNotesInsteadOf(edit.replaced, edit.seen);
+        break;
     }
     return true;
 }
@@ -149,7 +87,7 @@ bool AppDelegate::takeInNote(int row, bool isEdited)
 void AppDelegate::saveNotesInsteadOf(const std::string& replaced, const std::string& seen)
 {
     if (seen.find(replaced) != std::string::npos) {
-        m_saves.save(allNotesTVData, std::string(NotesFileName));
+        saveNotes();
         return;
     }
     m_saves.retry();
@@ -173,16 +111,18 @@ void AppDelegate::askToDeleteNote()
 {
     m_ui.notesTableView->endEditing();
     const int row = m_ui.notesTableView->selectedRow();
-    if (!notesTVData || row < 0 || row >= notesTVData->size()) {
+    const ListRow note = m_book.row(ListKind::Notes, row);
+    if (!note) {
         Alert::beginSheet(copySheetAlertWithErrorString(localized("No Row Selected"),
                                                         localized("To Delete a Row, please select one"),
                                                         localized("Confirm Delete"), localized("Cancel Delete")),
                           m_window);
         return;
     }
-    confirmDeletion(filled(localized("of note for\r %@"), {mediumStyleDate(notesTVData->at(row), NoteDateKey)}),
-                    [this, row, generation = m_rowsGeneration] {
-                        if (generation == m_rowsGeneration) { // else the sheet named a note that stood there before
+    confirmDeletion(filled(localized("of note for\r %@"), {mediumStyleDate(note)}),
+                    [this, row, generation = m_book.rowsGeneration()] {
+                        if (generation ==
+                            m_book.rowsGeneration()) { // else the sheet named a note that stood there before
                             deleteNoteAtRow(row);
                         }
                     });
@@ -191,13 +131,11 @@ void AppDelegate::askToDeleteNote()
 void AppDelegate::askToDeleteEvent()
 {
     m_ui.importantDatesTableView->endEditing();
-    const int row = m_ui.importantDatesTableView->selectedRow();
-    if (!eventsTVData || row < 0 || row >= eventsTVData->size()) {
-        return;
+    const ListRow event = m_book.row(ListKind::ImportantDates, m_ui.importantDatesTableView->selectedRow());
+    if (event) {
+        confirmDeletion(filled(localized("of important note for %@ ?"), {mediumStyleDate(event)}),
+                        [this, element = *event.element()] { deleteEvent(element); });
     }
-    const Value event = eventsTVData->at(row);
-    confirmDeletion(filled(localized("of important note for %@ ?"), {mediumStyleDate(event, EventDateKey)}),
-                    [this, event] { deleteEvent(event); });
 }
 
 void AppDelegate::confirmDeletion(const QString& question, std::function<void()> deletion)
@@ -213,28 +151,22 @@ void AppDelegate::confirmDeletion(const QString& question, std::function<void()>
 
 void AppDelegate::deleteNoteAtRow(int row)
 {
-    if (!notesTVData || row >= notesTVData->size()) {
+    const ListRow note = m_book.row(ListKind::Notes, row);
+    if (!note) {
         return;
     }
-    const Value element = notesTVData->at(row);
+    const Value element = *note.element();
+    const std::optional<Date> date = note.date();
     const auto later = [this](auto step) { QMetaObject::invokeMethod(this, std::move(step), Qt::QueuedConnection); };
     later([this, element, row] {
-        const int place = placeWithout(element, *notesTVData, row);
-        Table rows = *notesTVData;
-        NoteQueries::removeEqual(rows, element);
-        showRows(std::move(rows));
+        const int place = m_book.removeRows(ListKind::Notes, element, row);
+        showRows();
         goOnAtRow(*m_ui.notesTableView, place);
     });
-
-    const Value* record = NoteQueries::recordOf(element);
-    const std::optional<Date> date = record ? dateOf(*record, NoteDateKey) : std::nullopt;
     if (date && allNotesTVData) {
-        forgetDateNotes(*date);
         draftHasChanged();
-        const std::int64_t index = NoteQueries::doesTVDataHaveDate(*allNotesTVData, *date);
-        if (index != DateUtilities::NotFound) {
-            const std::string deleted = noteText(allNotesTVData->takeAt(index));
-            saveNotesInsteadOf(deleted, noteText(element));
+        if (const std::optional<std::string> deleted = m_book.removeNote(*date)) {
+            saveNotesInsteadOf(*deleted, note.text() ? *note.text() : std::string());
             buttonEnableDisable(*m_ui.deleteRowFromListBtn, false);
         }
         const MonthGrid::YearMonth ofNote{.year = integerValue(DateUtilities::yearFromDate(*date)),
@@ -252,11 +184,11 @@ void AppDelegate::deleteEvent(const Value& event)
     if (!eventsTVData) {
         return;
     }
-    const int place = placeWithout(event, *eventsTVData, m_ui.importantDatesTableView->selectedRow());
-    NoteQueries::removeEqual(*eventsTVData, event);
-    m_saves.save(eventsTVData, std::string(EventsFileName));
-    m_ui.importantDatesTableView->reloadData();
-    m_ui.importantDatesTableView->selectRow(-1);
-    goOnAtRow(*m_ui.importantDatesTableView, place);
+    TableView& dates = *m_ui.importantDatesTableView;
+    const int place = m_book.removeRows(ListKind::ImportantDates, event, dates.selectedRow());
+    saveEvents();
+    dates.reloadData();
+    dates.selectRow(-1);
+    goOnAtRow(dates, place);
     buttonEnableDisable(*m_ui.deleteRowFromImpDateListBtn, false);
 }

@@ -35,52 +35,31 @@ QString monthAndYear(Date date)
                   {DateUtilities::shortMonthNameFromDate(date), DateUtilities::yearFromDate(date)});
 }
 
-const Value* rowOf(const std::optional<Table>& table, int row)
+QString shownText(const ListRow& row)
 {
-    return table && row >= 0 && row < table->size() ? &table->at(row) : nullptr;
-}
-
-QString shownText(const Value* element, std::string_view key)
-{
-    const Value* record = element ? NoteQueries::recordOf(*element) : nullptr;
-    const std::string* text = record ? textOf(*record, key) : nullptr;
+    const std::string* text = row.text();
     return text ? QString::fromStdString(*text) : QString();
-}
-
-std::optional<Date> shownDate(const Value* element, std::string_view key)
-{
-    const Value* record = element ? NoteQueries::recordOf(*element) : nullptr;
-    return record ? dateOf(*record, key) : std::nullopt;
 }
 
 } // namespace
 
 void AppDelegate::chooseNotes(NotesChoice choice)
 {
-    m_notesChoice = std::move(choice);
-    showRows(m_notesChoice.of(allNotesTVData.value_or(Table())));
+    m_book.choose(std::move(choice));
+    showRows();
 }
 
-/// Shows `rows`, none of them selected. An edit in progress belongs to the rows shown so far: the caller has ended it
-/// before it worked out the new ones.
-void AppDelegate::showRows(Table rows)
+/// Shows the rows of the notebook, none of them selected. An edit in progress belongs to the rows shown so far: the
+/// caller has ended it before there were new ones.
+void AppDelegate::showRows()
 {
-    replaceRows(std::move(rows));
     m_ui.notesTableView->reloadData();
     m_ui.notesTableView->selectRow(-1);
 }
 
-void AppDelegate::replaceRows(Table rows)
-{
-    ++m_rowsGeneration;
-    if (notesTVData) {
-        notesTVData = std::move(rows);
-    }
-}
-
 void AppDelegate::showCountUnlessEmpty()
 {
-    if (notesTVData && !notesTVData->isEmpty()) {
+    if (!m_book.rows(ListKind::Notes).isEmpty()) {
         showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
     }
 }
@@ -113,19 +92,16 @@ void AppDelegate::showOnlyCurrentYearNotes()
 void AppDelegate::showAllNotes(SegmentedControl& control)
 {
     m_ui.notesTableView->endEditing();
-    if (control.labelForSegment(1) == localized("Show All")) {
-        chooseNotes(NotesChoice::all());
-        control.setLabelForSegment(localized("Hide All"), 1);
-    } else {
-        chooseNotes(NotesChoice::none());
-        control.setLabelForSegment(localized("Show All"), 1);
-    }
+    constexpr int segment = static_cast<int>(NotesSegment::All);
+    const bool offersAll = control.labelForSegment(segment) == localized("Show All");
+    chooseNotes(offersAll ? NotesChoice::all() : NotesChoice::none());
+    control.setLabelForSegment(offersAll ? localized("Hide All") : localized("Show All"), segment);
     showCountUnlessEmpty();
 }
 
 void AppDelegate::scrollToNoteNearestTo(Date date)
 {
-    const std::int64_t row = NoteQueries::indexNearestTo(notesTVData.value_or(Table()), date);
+    const std::int64_t row = NoteQueries::indexNearestTo(m_book.rows(ListKind::Notes), date);
     if (row != DateUtilities::NotFound) {
         m_ui.notesTableView->scrollRowToVisible(static_cast<int>(row));
     }
@@ -136,8 +112,7 @@ void AppDelegate::filterNotes()
     m_ui.notesTableView->endEditing();
     const NotesChoice choice =
         NotesChoice::matching(m_ui.filterField->text().toStdString(), DateEnvironment::localePair().currentLocale);
-    Table matches = choice.of(allNotesTVData.value_or(Table()));
-    if (matches.isEmpty()) {
+    if (!m_book.chooseIfAny(choice)) {
         const QString search = m_ui.filterField->text();
         m_ui.filterField->setFoundNothing(search.isEmpty() ? QString()
                                                            : filled(localized("No note contains “%@”"), {search}));
@@ -145,9 +120,8 @@ void AppDelegate::filterNotes()
         return;
     }
     m_ui.filterField->setFoundNothing({});
-    m_notesChoice = choice;
-    showRows(std::move(matches));
-    m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), 1);
+    showRows();
+    offerAllNotes();
     announceFoundNotes();
 }
 
@@ -158,7 +132,7 @@ void AppDelegate::backForwardNotesView(QAbstractButton& sender)
     const Date date = DateUtilities::dateByAddingDays(current, 0, months, 0);
     showNotesForThisMonthYear(date);
     setDateForPrevNextArrows(date);
-    m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), 1);
+    offerAllNotes();
     announceRows(monthAndYear(date));
 }
 
@@ -179,54 +153,54 @@ void AppDelegate::resetPagingBtns()
 
 void AppDelegate::respondToSegmentSelection(SegmentedControl& sender)
 {
-    const int segment = sender.selectedSegment();
-    const QString choice = sender.labelForSegment(segment);
+    const auto segment = static_cast<NotesSegment>(sender.selectedSegment());
+    const QString choice = sender.labelForSegment(sender.selectedSegment());
     switch (segment) {
-    case 0: {
+    case NotesSegment::CurrentMonth: {
         const Date today = DateUtilities::today();
         showNotesForThisMonthYear(today);
         setDateForPrevNextArrows(today);
         break;
     }
-    case 1:
+    case NotesSegment::All:
         showAllNotes(sender);
         setDateForPrevNextArrows(DateUtilities::today());
         break;
-    case 2:
+    case NotesSegment::ShownMonth:
         notesForMonthShowing();
         break;
-    case 3:
+    case NotesSegment::CurrentYear:
         showOnlyCurrentYearNotes();
         setDateForPrevNextArrows(DateUtilities::janFirstThisYear());
         break;
-    default:
-        break;
     }
-    if (segment != 1) {
-        sender.setLabelForSegment(localized("Show All"), 1);
+    if (segment != NotesSegment::All) {
+        offerAllNotes();
     }
     buttonEnableDisable(*m_ui.deleteRowFromListBtn, false);
     announceRows(choice);
+}
+
+/// The list shows a choice: the segment of all notes shows them, instead of hiding them.
+void AppDelegate::offerAllNotes()
+{
+    m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), static_cast<int>(NotesSegment::All));
 }
 
 void AppDelegate::nameSegments()
 {
     const QString notesOf = localized("%@ Notes");
     const QString month = filled(notesOf, {DateUtilities::monthNameFromDate(DateUtilities::today())});
-    m_ui.hideShowSegBtn->setLabelForSegment(month, 0);
-    m_ui.hideShowSegBtn->setLabelForSegment(filled(notesOf, {DateUtilities::currentYear()}), 3);
+    m_ui.hideShowSegBtn->setLabelForSegment(month, static_cast<int>(NotesSegment::CurrentMonth));
+    m_ui.hideShowSegBtn->setLabelForSegment(filled(notesOf, {DateUtilities::currentYear()}),
+                                            static_cast<int>(NotesSegment::CurrentYear));
 }
 
 std::int64_t AppDelegate::visibleRowsForTV(const TableView& tableView) const
 {
+    const ListBinding* list = listOf(tableView);
     const auto hidden = static_cast<std::int64_t>(tableView.hiddenRowIndexes().size());
-    if (&tableView == m_ui.notesTableView) {
-        return (notesTVData ? notesTVData->size() : 0) - hidden;
-    }
-    if (&tableView == m_ui.importantDatesTableView) {
-        return (eventsTVData ? eventsTVData->size() : 0) - hidden;
-    }
-    return 0;
+    return list ? m_book.rows(list->kind).size() - hidden : 0;
 }
 
 void AppDelegate::showNotesCount(std::int64_t count)
@@ -248,38 +222,38 @@ void AppDelegate::increaseTVHeaderFontSize(TableView& tableView)
     }
 }
 
+/// The list that the view shows; null for another view.
+const ListBinding* AppDelegate::listOf(const TableView& tableView) const
+{
+    if (&tableView == &m_notesList.view) {
+        return &m_notesList;
+    }
+    return &tableView == &m_datesList.view ? &m_datesList : nullptr;
+}
+
 int AppDelegate::numberOfRowsInTableView(const TableView& tableView)
 {
-    const std::optional<Table>& table = &tableView == m_ui.notesTableView ? notesTVData : eventsTVData;
-    return table ? static_cast<int>(table->size()) : 0;
+    const ListBinding* list = listOf(tableView);
+    return list ? static_cast<int>(m_book.rows(list->kind).size()) : 0;
 }
 
 CellView AppDelegate::viewForTableColumn(const TableView& tableView, const TableColumn& column, int row)
 {
+    const ListBinding* list = listOf(tableView);
+    if (!list) {
+        return {};
+    }
+    const ListRow shown = m_book.row(list->kind, row);
     CellView cell;
-    if (&tableView == m_ui.notesTableView) {
-        const Value* note = rowOf(notesTVData, row);
-        if (shows(column, NoteDateKey)) {
-            if (const auto date = shownDate(note, NoteDateKey)) {
-                cell.text = m_sharedListDateFormatter->stringFromDate(*date);
-                if (DateUtilities::isThisDate(*date, DateEnvironment::now())) {
-                    cell.spokenText = filled(localized("%@, today"), {cell.text});
-                    cell.textColor = namedColor(u"SystemRedColor", m_window.palette());
-                }
-            }
-        } else if (shows(column, NoteDataKey)) {
-            cell.text = shownText(note, NoteDataKey);
-        }
-    } else if (&tableView == m_ui.importantDatesTableView) {
-        const Value* event = rowOf(eventsTVData, row);
-        if (shows(column, EventDateKey)) {
-            if (const auto date = shownDate(event, EventDateKey)) {
-                cell.text = m_sharedListDateFormatter->stringFromDate(*date);
-            }
-        } else if (shows(column, EventNameKey)) {
-            cell.text = shownText(event, EventNameKey);
-        } else if (shows(column, eventTimeColumn) && event) {
-            cell.text = calcElapsedDate(*event);
+    if (shows(column, recordKeys(list->kind).text)) {
+        cell.text = shownText(shown);
+    } else if (shows(column, eventTimeColumn) && shown) {
+        cell.text = calcElapsedDate(*shown.element());
+    } else if (const std::optional<Date> date = shown.date(); date && shows(column, recordKeys(list->kind).date)) {
+        cell.text = m_sharedListDateFormatter->stringFromDate(*date);
+        if (list->kind == ListKind::Notes && DateUtilities::isThisDate(*date, DateEnvironment::now())) {
+            cell.spokenText = filled(localized("%@, today"), {cell.text});
+            cell.textColor = namedColor(u"SystemRedColor", m_window.palette());
         }
     }
     return cell;
@@ -287,17 +261,13 @@ CellView AppDelegate::viewForTableColumn(const TableView& tableView, const Table
 
 double AppDelegate::heightOfRow(const TableView& tableView, int row)
 {
-    const bool isNotes = &tableView == m_ui.notesTableView;
-    const bool isEvents = &tableView == m_ui.importantDatesTableView;
-    if (isNotes || isEvents) {
-        const double lineHeight = isNotes ? noteLineHeight : eventLineHeight;
-        const Value* element = rowOf(isNotes ? notesTVData : eventsTVData, row);
-        if (element && element->array() && element->array()->isEmpty()) {
-            return lineHeight; // a reminder whose note is gone leaves an empty row
+    if (const ListBinding* list = listOf(tableView)) {
+        const ListRow shown = m_book.row(list->kind, row);
+        if (shown.isEmptyList()) {
+            return list->lineHeight; // a reminder whose note is gone leaves an empty row
         }
-        const Value* record = element ? NoteQueries::recordOf(*element) : nullptr;
-        if (const std::string* text = record ? textOf(*record, isNotes ? NoteDataKey : EventNameKey) : nullptr) {
-            return static_cast<double>(countOfLines(*text)) * lineHeight;
+        if (const std::string* text = shown.text()) {
+            return static_cast<double>(countOfLines(*text)) * list->lineHeight;
         }
     }
     reportMissingText(tableView);
@@ -311,11 +281,10 @@ void AppDelegate::reportMissingText(const TableView& tableView)
         return;
     }
     m_missingTextReported = true;
-    const QString headline = &tableView == m_ui.notesTableView            ? localized("Notes TableView")
-                             : &tableView == m_ui.importantDatesTableView ? localized("Important Dates TableView")
-                                                                          : QString();
-    std::unique_ptr<Alert> alert = copySheetAlertWithErrorString(localized("tableView:heightOfRow failure"), headline,
-                                                                 localized("OK"), QStringLiteral(" "));
+    const ListBinding* list = listOf(tableView);
+    std::unique_ptr<Alert> alert =
+        copySheetAlertWithErrorString(localized("tableView:heightOfRow failure"), list ? list->name : QString(),
+                                      localized("OK"), QStringLiteral(" "));
     alert->setAlertStyle(Alert::Style::Critical);
     Alert::beginSheet(std::move(alert), m_window, [this](int) { m_missingTextReported = false; });
 }
@@ -325,56 +294,44 @@ std::unique_ptr<TableRowView> AppDelegate::rowViewForRow(const TableView&, int)
     return std::make_unique<TableRowView>();
 }
 
-/// Only what can be put somewhere: a row without a record, or a note without a day, would lose what is typed.
 bool AppDelegate::shouldEditTableColumn(const TableView& tableView, const TableColumn& /*column*/, int row)
 {
-    const bool isNotes = &tableView == m_ui.notesTableView;
-    const Value* element = rowOf(isNotes ? notesTVData : eventsTVData, row);
-    const Value* record = element ? NoteQueries::recordOf(*element) : nullptr;
-    // What is typed into a list whose file could not be read would have no place to go.
-    return record && (!isNotes || (allNotesTVData && dateOf(*record, NoteDateKey)));
+    const ListBinding* list = listOf(tableView);
+    return list && m_book.takesText(list->kind, row);
 }
 
 void AppDelegate::tableViewSelectionDidChange(TableView& tableView)
 {
-    const bool selected = tableView.selectedRow() >= 0;
-    if (&tableView == m_ui.notesTableView) {
-        buttonEnableDisable(*m_ui.deleteRowFromListBtn, selected);
-    } else if (&tableView == m_ui.importantDatesTableView) {
-        buttonEnableDisable(*m_ui.deleteRowFromImpDateListBtn, selected);
+    if (const ListBinding* list = listOf(tableView)) {
+        buttonEnableDisable(list->deleteButton, tableView.selectedRow() >= 0);
     }
 }
 
 void AppDelegate::tableViewSelectionIsChanging(TableView& tableView)
 {
-    if (&tableView == m_ui.notesTableView) {
-        buttonEnableDisable(*m_ui.deleteRowFromListBtn, true);
-    } else if (&tableView == m_ui.importantDatesTableView) {
-        colorDatePickers();
-        buttonEnableDisable(*m_ui.deleteRowFromImpDateListBtn, true);
+    if (const ListBinding* list = listOf(tableView)) {
+        if (list->kind == ListKind::ImportantDates) {
+            colorDatePickers();
+        }
+        buttonEnableDisable(list->deleteButton, true);
     }
 }
 
 /// The selected record stays selected, wherever it goes.
 void AppDelegate::sortDescriptorsDidChange(TableView& tableView)
 {
-    tableView.endEditing();
-    const bool isNotes = &tableView == m_ui.notesTableView;
-    std::optional<Table>& table = isNotes ? notesTVData : eventsTVData;
-    const Value* row = rowOf(table, tableView.selectedRow());
-    const std::optional<Value> selected = row ? std::optional(*row) : std::nullopt;
-    if (table) {
-        NoteQueries::sortArray(*table, tableView.sortDescriptors());
+    const ListBinding* list = listOf(tableView);
+    if (!list) {
+        return;
     }
-    if (isNotes) {
-        ++m_rowsGeneration;
+    tableView.endEditing();
+    const int selected = m_book.sort(list->kind, tableView.sortDescriptors(), tableView.selectedRow());
+    if (list->kind == ListKind::Notes) {
         showNotesCount(visibleRowsForTV(tableView));
     }
     tableView.reloadData();
-    if (selected) {
-        const auto found =
-            std::ranges::find_if(*table, [&](const Value& each) { return each.isSameObject(*selected); });
-        tableView.selectRow(static_cast<int>(found - table->begin()));
-        tableView.scrollRowToVisible(tableView.selectedRow());
+    if (selected >= 0) {
+        tableView.selectRow(selected);
+        tableView.scrollRowToVisible(selected);
     }
 }

@@ -21,8 +21,6 @@ const QString reminderIdentifier = QStringLiteral("VelumoraZNYgg56Lp");
 constexpr NotificationOptions everyOption =
     NotificationOption::Alert | NotificationOption::Sound | NotificationOption::Badge;
 
-constexpr int miniCalendarPage = 0;
-
 /// What the items of the notes' menu are for.
 constexpr qsizetype informationItem = 0;
 constexpr qsizetype reminderItem = 1;
@@ -82,12 +80,7 @@ void AppDelegate::menuNeedsUpdate(QMenu& menu)
 /// The note of the row that was clicked; nullopt when it was none.
 std::optional<DatedText> AppDelegate::clickedNote() const
 {
-    const int row = m_ui.notesTableView->clickedRow();
-    if (!notesTVData || row < 0 || row >= notesTVData->size()) {
-        return std::nullopt;
-    }
-    const Value* note = NoteQueries::recordOf(notesTVData->at(row));
-    return note ? datedTextOf(*note) : std::nullopt;
+    return m_book.row(ListKind::Notes, m_ui.notesTableView->clickedRow()).datedText();
 }
 
 void AppDelegate::updateSendNotificationContextMenu()
@@ -193,7 +186,7 @@ void AppDelegate::respondWithContent(const NotificationContent& content)
     if (note) {
         const QString date = DateUtilities::mediumStyleFromDate(note->date);
         const QString text = shortened(QString::fromStdString(note->text));
-        if (allNotesTVData && !allNotesTVData->isEmpty()) {
+        if (!m_book.notes().isEmpty()) {
             showReminder(filled(QStringLiteral("%@\r%@"), {date, text}), localized("Velumora Reminder"),
                          [this, date = note->date] { showOnlyNoteOf(date); });
         } else {
@@ -202,7 +195,7 @@ void AppDelegate::respondWithContent(const NotificationContent& content)
                        {localized("Velumora is attempting to respond to a Notification Center message but cannot."),
                         localized("The Notification Center message is for the following date and note:"), date, text}),
                 localized("Warning: No Notes Data Found in 'respondWithContent:'"),
-                [this] { m_ui.myTabView->setCurrentIndex(miniCalendarPage); });
+                [this] { showPage(Page::MiniCalendar); });
         }
     }
     m_host.notificationCenter.removeDeliveredNotifications({reminderIdentifier});
@@ -223,13 +216,11 @@ void AppDelegate::showReminder(const QString& errorString, const QString& titleS
 /// that are shown: this waits until it is answered.
 void AppDelegate::showOnlyNoteOf(Date date)
 {
-    m_ui.myTabView->setCurrentIndex(miniCalendarPage);
+    showPage(Page::MiniCalendar);
     m_ui.notesTableView->endEditing();
-    m_notesChoice = NotesChoice::none(); // this note alone
-    replaceRows({Value(NoteQueries::copySpecificNoteFromArray(allNotesTVData.value_or(Table()), date))});
+    m_book.showOnly({Value(NoteQueries::copySpecificNoteFromArray(m_book.notes(), date))});
     const auto show = [this] {
-        m_ui.notesTableView->reloadData();
-        m_ui.notesTableView->selectRow(-1);
+        showRows();
         showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
     };
     QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);

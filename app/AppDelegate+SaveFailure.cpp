@@ -46,10 +46,20 @@ QString momentText(Date moment)
 
 } // namespace
 
+void AppDelegate::saveNotes()
+{
+    m_saves.save(allNotesTVData, std::string(NotesFileName));
+}
+
 void AppDelegate::saveEvents()
 {
-    if (eventsTVData && !eventsTVData->isEmpty()) {
-        m_saves.save(eventsTVData, std::string(EventsFileName));
+    m_saves.save(eventsTVData, std::string(EventsFileName));
+}
+
+void AppDelegate::saveEventsUnlessEmpty()
+{
+    if (!m_book.rows(ListKind::ImportantDates).isEmpty()) {
+        saveEvents();
     }
 }
 
@@ -71,17 +81,17 @@ void AppDelegate::waitForReports()
 
 void AppDelegate::saveHasEnded(const SaveResult& result)
 {
-    const bool isNotes = result.name == NotesFileName;
-    SaveState& state = isNotes ? m_notesState : m_eventsState;
-    QAbstractButton& button = isNotes ? *m_ui.noteEntryListSaveBtn : *m_ui.importantDateSaveBtn;
+    const ListBinding& list = result.name == NotesFileName ? m_notesList : m_datesList;
+    SaveState& state = saveState(list.kind);
     if (result.error) {
-        showSaveFailure(button, state, result.error);
+        showSaveFailure(list.saveButton, state, result.error);
     } else {
         state.onDisk = result.table.value_or(Table());
-        const bool hasChanges = isNotes ? !m_unsavedDateNotes.isEmpty() || m_ui.notesTableView->editedRow() >= 0
-                                        : eventsTVData && *eventsTVData != state.onDisk;
+        const bool hasChanges = list.kind == ListKind::Notes
+                                    ? m_book.hasWaitingLines() || m_ui.notesTableView->editedRow() >= 0
+                                    : eventsTVData && *eventsTVData != state.onDisk;
         if (state.failure && !m_saves.unsaved(result.name)) {
-            resetSaveFailure(button, state, hasChanges);
+            resetSaveFailure(list.saveButton, state, hasChanges);
         }
     }
     writeDraft();

@@ -2,7 +2,6 @@
 #include "app/AppDelegate.h"
 #include "calendar/SpokenDays.h"
 #include "look/Announcer.h"
-#include "notes/NoteQueries.h"
 #include "table/TableView.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
@@ -11,14 +10,10 @@
 
 QString AppDelegate::accessibleEditorName(const TableView& tableView, const TableColumn& column, int row)
 {
-    const bool isNote = &tableView == m_ui.notesTableView;
-    const std::optional<Table>& table = isNote ? notesTVData : eventsTVData;
-    const Value* record = table && row >= 0 && row < table->size() ? NoteQueries::recordOf(table->at(row)) : nullptr;
-    const std::optional<Date> date = record ? dateOf(*record, isNote ? NoteDateKey : EventDateKey) : std::nullopt;
-    if (!date) {
-        return TableViewDelegate::accessibleEditorName(tableView, column, row);
-    }
-    return filled(isNote ? localized("Note of %@") : localized("Description of %@"), {SpokenDays().of(*date)});
+    const ListBinding* list = listOf(tableView);
+    const std::optional<Date> date = list ? m_book.row(list->kind, row).date() : std::nullopt;
+    return date ? filled(list->editorName, {SpokenDays().of(*date)})
+                : TableViewDelegate::accessibleEditorName(tableView, column, row);
 }
 
 void AppDelegate::announceMonthOfMiniCal()

@@ -11,18 +11,18 @@
 void AppDelegate::loadTables()
 {
     allNotesTVData = m_folder.loadTable(std::string(NotesFileName));
-    m_notesState.onDisk = allNotesTVData.value_or(Table());
+    saveState(ListKind::Notes).onDisk = m_book.notes();
     if (allNotesTVData && !allNotesTVData->isEmpty() && !m_host.userDefaults.boolForKey(PreferenceKeys::notesCleaned)) {
         allNotesTVData = cleanedNotes(*allNotesTVData);
         // What the cleaning leaves out is kept aside.
         m_saves.save(allNotesTVData, std::string(NotesFileName), Replacing::Nothing);
         m_host.userDefaults.setInteger(1, PreferenceKeys::notesCleaned);
     }
-    notesTVData = allNotesTVData.value_or(Table()); // the list of a file that could not be read is an empty one
+    notesTVData = m_book.notes(); // the list of a file that could not be read is an empty one
     m_ui.notesTableView->reloadData();
 
     eventsTVData = m_folder.loadTable(std::string(EventsFileName));
-    m_eventsState.onDisk = eventsTVData.value_or(Table());
+    saveState(ListKind::ImportantDates).onDisk = m_book.rows(ListKind::ImportantDates);
     m_ui.addImportantDateBtn->setEnabled(eventsTVData.has_value()); // a list that could not be read takes none
     m_ui.importantDatesTableView->reloadData();
 }
@@ -47,9 +47,9 @@ void AppDelegate::saveTableOf(QAbstractButton& button)
     }
     buttonEnableDisable(button, false);
     if (&button == m_ui.importantDateSaveBtn) {
-        m_saves.save(eventsTVData, std::string(EventsFileName));
+        saveEvents();
     } else if (&button == m_ui.noteEntryListSaveBtn) {
-        m_saves.save(allNotesTVData, std::string(NotesFileName));
+        saveNotes();
     }
 }
 

@@ -69,7 +69,7 @@ void AppDelegate::putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget
     const auto days = Week::daysFrom(date, daysToAdd);
     std::array<Date, days.size()> dates;
     std::ranges::transform(days, dates.begin(), &Week::Day::begin);
-    const std::vector<std::string> texts = NoteQueries::textsOfDates(notes.value_or(Table()), dates);
+    const std::vector<std::string> texts = NoteQueries::textsOfDates(elementsOf(notes), dates);
     setStringForWeeklyViewStartingDateMsg(dates.front());
 
     const auto* grid = view.findChild<WeeklyGrid*>();

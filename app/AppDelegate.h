@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/WindowParts.h"
 #include "calendar/DayButton.h"
 #include "dates/Clock.h"
 #include "dates/DateFormatter.h"
@@ -9,7 +10,7 @@
 #include "host/LocationManager.h"
 #include "host/UserNotificationCenter.h"
 #include "host/VersionServer.h"
-#include "notes/NotesChoice.h"
+#include "notes/NoteBook.h"
 #include "plist/Value.h"
 #include "store/DataFolder.h"
 #include "store/DraftFile.h"
@@ -33,6 +34,7 @@
 class Announcer;
 class DatePicker;
 class HiddenNotesLine;
+class HolidaySheet;
 class QAbstractButton;
 class QAction;
 class QCheckBox;
@@ -43,7 +45,6 @@ class QRadioButton;
 class SegmentedControl;
 
 namespace Ui {
-class HolidaySheet;
 class MainWindow;
 class PreferencesSheet;
 } // namespace Ui
@@ -156,10 +157,14 @@ public:
 
     // --- Store -------------------------------------------------------------------------------------------------------
 
+private:
+    NoteBook m_book; ///< made before what refers to it
+
+public:
     /// Every note in file order; the rows of the notes list; every important date.
-    std::optional<Table> allNotesTVData = Table();
-    std::optional<Table> notesTVData = Table();
-    std::optional<Table> eventsTVData = Table();
+    std::optional<Table>& allNotesTVData = m_book.allNotes;
+    std::optional<Table>& notesTVData = m_book.shownNotes;
+    std::optional<Table>& eventsTVData = m_book.importantDates;
 
     /// Loads both tables, cleans the notes once, and shows them.
     void loadTables();
@@ -339,15 +344,49 @@ Q_SIGNALS:
     void terminated();
 
 private:
-    void connectActions();
-    void connectMenu();
-    void connectEditMenu();
-    void connectMenuStates();
-    QWidget* focusedControl() const;
+    // Wiring: one line a control, in a file of its own.
     void configureTables();
-    void redrawPage(const QWidget& page);
+    void wireControls();
+    void wireSheets();
+    void wireMenu();
+    void wireMenuStates();
+    void wireServices();
+    QWidget* focusedControl() const;
 
-    /// What is known of one file.
+    // Pages.
+    Page shownPage() const;
+    void showPage(Page page);
+    void redrawPage();
+    void redrawPage(const QWidget& page);
+    void redrawWeek(int days);
+    void redrawMonth(int months);
+    MonthGrid::YearMonth shownOrCurrentMonth() const;
+    Date firstOfMonthlyView() const;
+    void followToday();
+    void tellHiddenNotes(HiddenNotesLine& line, const QString& format, std::span<const Date> days,
+                         const std::optional<Table>& notes) const;
+    void showAllNotesOnPage();
+
+    // The two lists.
+    const ListBinding* listOf(const TableView& tableView) const;
+    void chooseNotes(NotesChoice choice);
+    void showRows();
+    void showCountUnlessEmpty();
+    void offerAllNotes();
+    void scrollToNoteNearestTo(Date date);
+    void showNoteOfDay(Date date, DayButton& button);
+    void showOnlyNoteOf(Date date);
+    void showSavedNote(Date date);
+    void editSelectedNote(DayButton& day);
+    bool takeInNote(int row, bool isEdited);
+    void askToDeleteNote();
+    void askToDeleteEvent();
+    void deleteNoteAtRow(int row);
+    void deleteEvent(const Value& event);
+    void confirmDeletion(const QString& question, std::function<void()> deletion);
+    void reportMissingText(const TableView& tableView);
+
+    // Saving, and the draft of what is not saved.
     struct SaveState {
         struct Failure {
             Date since;
@@ -356,49 +395,51 @@ private:
         Table onDisk;
         std::optional<Failure> failure;
     };
+    SaveState& saveState(ListKind list) { return list == ListKind::Notes ? m_notesState : m_eventsState; }
+    void saveTableOf(QAbstractButton& button);
+    void saveNotes();
     void saveEvents();
+    void saveEventsUnlessEmpty();
+    void saveNotesInsteadOf(const std::string& replaced, const std::string& seen);
     void waitForReports();
     void saveHasEnded(const SaveResult& result);
     void showSaveFailure(QAbstractButton& button, SaveState& state, std::error_code error);
     void resetSaveFailure(QAbstractButton& button, SaveState& state, bool hasChanges);
-
     std::optional<DatedText> editedNote() const;
     void writeDraft();
     void readDraft();
     QString draftText() const;
     void keepDraft();
-    void showKeptNotes(Draft draft);
-
-    void saveTableOf(QAbstractButton& button);
     void confirmImport(const std::filesystem::path& folder);
     void importNotes(const std::filesystem::path& source);
     void importEvents(const std::filesystem::path& source);
 
-    MonthGrid::YearMonth shownOrCurrentMonth() const;
-    Date firstOfMonthlyView() const;
-    void followToday();
-    void scrollToNoteNearestTo(Date date);
-    void chooseNotes(NotesChoice choice);
-    void showRows(Table rows);
-    void replaceRows(Table rows);
-    void showCountUnlessEmpty();
-    void reportMissingText(const TableView& tableView);
-    void askToDeleteNote();
-    void askToDeleteEvent();
-    void deleteNoteAtRow(int row);
-    void deleteEvent(const Value& event);
-    void confirmDeletion(const QString& question, std::function<void()> deletion);
-    void takeInComposedText(const DatedText& edited);
-    bool takeInNote(int row, bool isEdited);
-    void saveNotesInsteadOf(const std::string& replaced, const std::string& seen);
-    void redrawWeek(int days);
-    void redrawMonth(int months);
-    void tellHiddenNotes(HiddenNotesLine& line, const QString& format, std::span<const Date> days,
-                         const std::optional<Table>& notes) const;
-    void showAllNotesOnPage();
-    void redrawPage();
-    void showNoteOfDay(Date date, DayButton& button);
-    void editSelectedNote(DayButton& day);
+    // Important dates.
+    void addHoliday(Date date, const std::string& name);
+    void addHolidayNote(Date date, const std::string& name);
+    void editNewestDate();
+    QWidget* makeDatePicker(QWidget* parent, int row);
+    void colorDatePicker(DatePicker& picker, int row) const;
+    void colorDatePickers();
+    void makeImportantDatesContextMenu();
+    void updateImportantDatesContextMenu();
+    ListRow clickedEvent() const;
+    void takeInDateNotes();
+    std::optional<DatedText> noteInEditor() const;
+    void takeIntoEditor(const DatedText& edited);
+
+    // Reminders, the place, the version.
+    void makeSendNotificationContextMenu();
+    void updateSendNotificationContextMenu();
+    std::optional<DatedText> clickedNote() const;
+    void answerReminderRequest(AuthorizationStatus status, const DatedText& note);
+    void scheduleReminder(const DatedText& note);
+    void showReminder(const QString& errorString, const QString& titleString, Alert::Preparation preparation);
+    void showEnteredPlace();
+    void showPlaceProblem(const QString& problem);
+    void askForLocationAgain();
+    void followZone();
+    void tellAboutVersion(const std::optional<QString>& reply);
 
     // What a screen reader is to say though the focus is elsewhere.
     void announceMonthOfMiniCal();
@@ -408,59 +449,18 @@ private:
     void announceFoundNotes();
     void announceRows(const QString& choice); ///< what was chosen to be shown in the notes list
 
-    void showEnteredPlace();
-    void showPlaceProblem(const QString& problem);
-    void askForLocationAgain();
-    void followZone();
-
-    void connectHolidaySheet();
-    void addHoliday(Date date, const std::string& name);
-    void addHolidayNote(Date date, const std::string& name);
-    void showSavedNote(Date date);
-    void editNewestDate();
-    QWidget* makeDatePicker(QWidget* parent, int row);
-    void colorDatePicker(DatePicker& picker, int row) const;
-    void colorDatePickers();
-    void makeImportantDatesContextMenu();
-    void updateImportantDatesContextMenu();
-    const Value* clickedEvent() const;
-    void listSavedNote(Date date);
-    void takeInDateNotes();
-    void forgetDateNotes(Date date);
-    void forgetDateNotesIn(const std::string& text, Date date);
-    std::optional<DatedText> noteInEditor() const;
-    void takeIntoEditor(const DatedText& edited);
-
-    void makeSendNotificationContextMenu();
-    void updateSendNotificationContextMenu();
-    std::optional<DatedText> clickedNote() const;
-    void answerReminderRequest(AuthorizationStatus status, const DatedText& note);
-    void scheduleReminder(const DatedText& note);
-    void showOnlyNoteOf(Date date);
-
-    void showReminder(const QString& errorString, const QString& titleString, Alert::Preparation preparation);
-
-    void tellAboutVersion(const std::optional<QString>& reply);
-
     QMainWindow& m_window;
     Ui::MainWindow& m_ui;
     std::unique_ptr<Ui::PreferencesSheet> m_prefsLayout;
-    QDialog* m_prefsSheet = nullptr; ///< the window's
-    std::unique_ptr<Ui::HolidaySheet> m_holidayLayout;
-    QDialog* m_holidaySheet = nullptr;            ///< the window's
+    QDialog* m_prefsSheet = nullptr;              ///< the window's
+    HolidaySheet* m_holidaySheet;                 ///< the window's
     QMenu* m_importantDatesContextMenu = nullptr; ///< the window's
     QMenu* m_sendNotificationContextMenu = nullptr;
     Announcer* m_announcer; ///< the window's
     HostServices m_host;
 
-    /// Lines added to shown notes from important dates, each as a note of its day, until the notes are saved.
-    Table m_unsavedDateNotes;
-
-    NotesChoice m_notesChoice = NotesChoice::all(); ///< what the notes list shows
-    int m_rowsGeneration = 0; ///< another one whenever other rows, or the same elsewhere, stand in it
-
-    /// The text that the note's row had before it was edited, from the first change on.
-    std::optional<std::string> m_textBeforeEdit;
+    const ListBinding m_notesList;
+    const ListBinding m_datesList;
 
     DataFolder m_folder;
     SaveState m_notesState;

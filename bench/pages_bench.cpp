@@ -5,6 +5,7 @@
 #include "look/Appearance.h"
 #include "print/MonthPage.h"
 #include "support/FakeHost.h"
+#include "support/FixedClock.h"
 #include "ui_MainWindow.h"
 
 #include <QApplication>
@@ -63,12 +64,7 @@ public:
     Ui::MainWindow layout;
 
 private:
-    class StillClock : public Clock {
-    public:
-        Date now() const override { return dateFromUnixSeconds(1710491400); } // 15 March 2024, 08:30 UTC
-    };
-
-    StillClock m_clock;
+    FixedClock m_clock{dateFromUnixSeconds(1710491400)}; // 15 March 2024, 08:30 UTC
     QTemporaryDir m_home;
     FakeHost m_host;
     std::optional<AppDelegate> m_app;

@@ -4,6 +4,7 @@
 #include "plist/PropertyList.h"
 #include "store/Record.h"
 #include "store/SaveQueue.h"
+#include "support/FixedClock.h"
 
 #include <benchmark/benchmark.h>
 
@@ -20,11 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::string notesName(NotesFileName);
-
-class FirstDayClock : public Clock {
-public:
-    Date now() const override { return {}; }
-};
 
 /// A data folder of its own in the working directory, on a real disk, unlike most folders for temporary files.
 class BenchFolder {
@@ -49,7 +45,7 @@ private:
     }
 
     fs::path m_path = makeFolder();
-    FirstDayClock m_clock;
+    FixedClock m_clock;
     DataFolder m_data{m_path, m_clock};
 };
 

@@ -15,6 +15,15 @@ endif()
 # What moc and uic make for the rooms, which the linter reads without anything being compiled.
 add_custom_target(velumora-generated)
 
+# velumora_layouts(TARGET): window layouts of resources/ are part of that room. Their texts come from the same catalogue, in the
+# same context, as those of the code.
+function(velumora_layouts target)
+    set_target_properties(${target} PROPERTIES
+        AUTOUIC ON
+        AUTOUIC_OPTIONS "--tr;localized;--include;text/Localized.h"
+        AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/resources")
+endfunction()
+
 # velumora_room(SOURCES file... [LINKS library...] [PRIVATE library...]): the library velumora-FOLDER of the current folder.
 # LINKS are those whose headers its own headers include.
 function(velumora_room)

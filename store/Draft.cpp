@@ -244,6 +244,11 @@ bool takeInEvent(const DraftChange& change, Table& events)
 
 namespace Drafts {
 
+Date dateOf(const DraftChange& change)
+{
+    return change.unsaved ? change.unsaved->date : change.saved->date;
+}
+
 Draft changedNotes(const Table& saved, const Table& current)
 {
     const auto [savedPart, currentPart] = differingParts(saved, current);

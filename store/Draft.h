@@ -24,6 +24,9 @@ using Draft = std::vector<DraftChange>;
 
 namespace Drafts {
 
+/// Of the note or the important date as it is to be, or as it was before it was deleted.
+Date dateOf(const DraftChange& change);
+
 /// What `current` has otherwise than `saved`, day by day. Records that are no notes are left out.
 Draft changedNotes(const Table& saved, const Table& current);
 

@@ -155,9 +155,8 @@ public:
     /// The row in which `view`, or the editor that holds it, stands now; -1 when it is in none of this table's cells.
     int rowForView(const QWidget& view) const;
 
-    /// Puts the texts of the selected row's cells on the clipboard, with a tab character between them. The edit menu
-    /// calls it by its name, as that of a text field.
-    Q_INVOKABLE void copy() const;
+    /// Puts the texts of the selected row's cells on the clipboard, with a tab character between them.
+    void copy() const;
 
 Q_SIGNALS:
     void selectedRowChanged(int row);

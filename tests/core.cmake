@@ -2,6 +2,10 @@ velumora_test(query-tests
     core/note_queries_test.cpp
     core/text_lines_test.cpp
     core/text_search_test.cpp
+    notes/note_book_test.cpp
+    support/DateGuards.cpp
+    support/DateGuards.h
+    support/FixedClock.h
 )
 velumora_test(property-list-tests
     core/hostile_list_test.cpp

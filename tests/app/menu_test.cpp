@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/AppFixture.h"
-#include "widgets/EditAbilities.h"
+#include "widgets/EditCommands.h"
 
 #include <QApplication>
 #include <QClipboard>

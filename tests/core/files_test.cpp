@@ -101,7 +101,7 @@ TEST(SyncFolder, WhereTheFoldersModeDoesNotLetOneWaitThereIsNoError)
 TEST(DataFolderOfAFolderThatCannotBeSearched, IsNotTakenForAnEmptyOne)
 {
     const TestFolder home;
-    const StillClock clock;
+    const FixedClock clock(storeTime);
     DataFolder folder(home.path(), clock);
     ASSERT_FALSE(folder.saveTable(notes(3, "kept"), notesName, Replacing::OwnFile));
     const std::string bytes = bytesOf(*folder.fileUrl(notesName));

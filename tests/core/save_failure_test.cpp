@@ -29,7 +29,7 @@ protected:
     }
 
     TestFolder m_home;
-    StillClock m_clock;
+    FixedClock m_clock{storeTime};
     DataFolder m_folder{m_home.path(), m_clock};
 };
 

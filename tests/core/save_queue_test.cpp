@@ -29,7 +29,7 @@ protected:
     fs::path folderPath() const { return m_home.path() / "TALV"; }
 
     TestFolder m_home;
-    StillClock m_clock;
+    FixedClock m_clock{storeTime};
     DataFolder m_folder{m_home.path(), m_clock};
 };
 

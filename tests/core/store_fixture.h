@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "dates/Clock.h"
 #include "store/Record.h"
+#include "support/FixedClock.h"
 
 #include <gtest/gtest.h>
 
@@ -16,15 +16,8 @@
 
 #include <stdlib.h>
 
-/// A clock that stands still until it is set.
-class StillClock : public Clock {
-public:
-    Date now() const override { return m_now; }
-    void set(Date now) { m_now = now; }
-
-private:
-    Date m_now = dateFromUnixSeconds(1795239130.123); // 2026-11-21 05:32:10.123 UTC, by Python's datetime
-};
+/// The time of the store's tests: 2026-11-21 05:32:10.123 UTC, by Python's datetime.
+inline constexpr Date storeTime = dateFromUnixSeconds(1795239130.123);
 
 /// A new folder on the build's file system, removed at the end.
 class TestFolder {

@@ -3,6 +3,7 @@
 // the notes again and again until its input ends, and says how often. It fails when a list is not whole.
 #include "store/Record.h"
 #include "store/SaveQueue.h"
+#include "support/FixedClock.h"
 
 #include <algorithm>
 #include <chrono>
@@ -15,11 +16,6 @@ namespace {
 
 const std::string notesName(NotesFileName);
 constexpr int noteCount = 200;
-
-class SteadyClock : public Clock {
-public:
-    Date now() const override { return dateFromUnixSeconds(0); }
-};
 
 Table notes(const std::string& text)
 {
@@ -85,7 +81,7 @@ int main(int count, char* arguments[])
     if (count != 3) {
         return EXIT_FAILURE;
     }
-    const SteadyClock clock;
+    const FixedClock clock;
     DataFolder folder(std::filesystem::path(arguments[2]), clock);
     if (std::string_view(arguments[1]) == "save") {
         saveForEver(folder);

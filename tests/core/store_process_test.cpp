@@ -36,7 +36,7 @@ TEST(StoreProcess, AProgramKilledWhileSavingLeavesAWholeListAndNothingBehindAfte
     const int kills = wanted ? std::atoi(wanted) : 200;
     ASSERT_GT(kills, 0);
     const TestFolder home;
-    const StillClock clock;
+    const FixedClock clock(storeTime);
     DataFolder folder(home.path(), clock);
     std::mt19937 random(20261121);
     std::uniform_int_distribution<int> microseconds(0, 6000);
@@ -68,7 +68,7 @@ TEST(StoreProcess, AProgramKilledWhileSavingLeavesAWholeListAndNothingBehindAfte
 TEST(StoreProcess, AnotherProgramSeesAWholeFileAtEveryLookDuringABurst)
 {
     const TestFolder home;
-    const StillClock clock;
+    const FixedClock clock(storeTime);
     DataFolder folder(home.path(), clock);
     SaveQueue queue(folder);
     queue.save(notes(noteCount, "start"), notesName);

@@ -31,7 +31,7 @@ public:
     const std::filesystem::path& home() const { return m_home.path(); }
 
 protected:
-    StillClock m_clock;
+    FixedClock m_clock{storeTime};
 
 private:
     TestFolder m_home;

@@ -331,7 +331,7 @@ TEST(StoreFaults, ATemporaryFileThatCannotBeAskedForGoesAtOnce)
 TEST(StoreFaults, WhereNothingIsToBeDoneAReadOnlyDiskIsNoFailure)
 {
     const TestFolder home;
-    const StillClock clock;
+    const FixedClock clock(storeTime);
     DataFolder folder(home.path(), clock);
     {
         const Faults::Watch watch(home.path(), {.call = Faults::Call::MakeFolder, .error = EROFS, .forGood = true});

@@ -2,22 +2,10 @@
 #pragma once
 
 #include "dates/Clock.h"
+#include "support/FixedClock.h"
 
 #include <string>
 #include <vector>
-
-/// A clock that stands still until it is told to move.
-class FixedClock final : public Clock {
-public:
-    explicit FixedClock(Date now) : m_now(now) {}
-
-    Date now() const override { return m_now; }
-    void set(Date now) { m_now = now; }
-    void advance(Date::duration step) { m_now += step; }
-
-private:
-    Date m_now;
-};
 
 /// Each guard puts something else in force for its lifetime and the former back at its end; the guards of a scope nest.
 

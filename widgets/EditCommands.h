@@ -3,6 +3,9 @@
 
 class QWidget;
 
+/// The commands of the edit menu.
+enum class EditCommand { Undo, Redo, Cut, Copy, Paste, SelectAll };
+
 /// What the commands of the edit menu can do with a control at this moment.
 struct EditAbilities {
     bool undo = false;
@@ -17,3 +20,6 @@ struct EditAbilities {
 
 /// All false for a control that holds no text, and for none.
 EditAbilities editAbilitiesOf(const QWidget* control);
+
+/// Nothing happens to a control that does not know the command, or to none.
+void carryOut(EditCommand command, QWidget* control);

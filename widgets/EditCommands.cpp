@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/EditAbilities.h"
+#include "widgets/EditCommands.h"
 
 #include "table/TableView.h"
 
@@ -37,6 +37,25 @@ template <typename TextEdit> EditAbilities abilitiesOfText(const TextEdit& field
             .selectAll = !field.document()->isEmpty()};
 }
 
+/// The toolkit's text controls have these commands under the same names.
+template <typename TextControl> void carryOutOn(EditCommand command, TextControl& field)
+{
+    switch (command) {
+    case EditCommand::Undo:
+        return field.undo();
+    case EditCommand::Redo:
+        return field.redo();
+    case EditCommand::Cut:
+        return field.cut();
+    case EditCommand::Copy:
+        return field.copy();
+    case EditCommand::Paste:
+        return field.paste();
+    case EditCommand::SelectAll:
+        return field.selectAll();
+    }
+}
+
 } // namespace
 
 EditAbilities editAbilitiesOf(const QWidget* control)
@@ -54,4 +73,19 @@ EditAbilities editAbilitiesOf(const QWidget* control)
         return {.copy = table->selectedRow() >= 0};
     }
     return {.selectAll = qobject_cast<const QAbstractSpinBox*>(control) != nullptr};
+}
+
+void carryOut(EditCommand command, QWidget* control)
+{
+    if (auto* line = qobject_cast<QLineEdit*>(control)) {
+        carryOutOn(command, *line);
+    } else if (auto* plainText = qobject_cast<QPlainTextEdit*>(control)) {
+        carryOutOn(command, *plainText);
+    } else if (auto* richText = qobject_cast<QTextEdit*>(control)) {
+        carryOutOn(command, *richText);
+    } else if (const auto* table = qobject_cast<const TableView*>(control); table && command == EditCommand::Copy) {
+        table->copy();
+    } else if (auto* spinBox = qobject_cast<QAbstractSpinBox*>(control); spinBox && command == EditCommand::SelectAll) {
+        spinBox->selectAll();
+    }
 }

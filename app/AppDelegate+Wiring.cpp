@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "calendar/HiddenNotesLine.h"
+#include "calendar/MiniCalendarGrid.h"
+#include "host/ClockMonitor.h"
+#include "host/GlobalDefaults.h"
+#include "host/ShutdownMonitor.h"
+#include "ui_MainWindow.h"
+#include "ui_PreferencesSheet.h"
+#include "widgets/EditCommands.h"
+#include "widgets/HolidaySheet.h"
+#include "widgets/SegmentedControl.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace {
+
+/// An entry of a menu, and whether it can do something now.
+using Entry = std::pair<QAction*, std::function<bool()>>;
+
+/// Disables what can do nothing while the menu is open. Closed, all is enabled: a key tries, and does what it can.
+void keepHonest(const QMenu& menu, const std::vector<Entry>& entries)
+{
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [entries] {
+        for (const auto& [action, canAct] : entries) {
+            action->setEnabled(canAct());
+        }
+    });
+    QObject::connect(&menu, &QMenu::aboutToHide, &menu, [entries] {
+        for (const auto& [action, canAct] : entries) {
+            action->setEnabled(true);
+        }
+    });
+}
+
+} // namespace
+
+/// The controls of the window, one line each.
+void AppDelegate::wireControls()
+{
+    const auto wire = [this](QAbstractButton* button, auto handler) {
+        connect(button, &QAbstractButton::clicked, this, [this, button, handler] { (this->*handler)(*button); });
+    };
+    wire(m_ui.backOneMonthOnMiniCal, &AppDelegate::backForwardYearOrMonth);
+    wire(m_ui.forwardOneMonthOnMiniCal, &AppDelegate::backForwardYearOrMonth);
+    wire(m_ui.backOneYearOnMiniCal, &AppDelegate::backForwardYearOrMonth);
+    wire(m_ui.forwardOneYearOnMiniCal, &AppDelegate::backForwardYearOrMonth);
+    wire(m_ui.weeklyViewBackWeek, &AppDelegate::backForwardWeek);
+    wire(m_ui.weeklyViewForwardWeek, &AppDelegate::backForwardWeek);
+    wire(m_ui.monthlyViewBackBtn, &AppDelegate::backForwardMonthlyView);
+    wire(m_ui.monthlyViewForwardBtn, &AppDelegate::backForwardMonthlyView);
+    wire(m_ui.noteEntryPrevNotesBtn, &AppDelegate::backForwardNotesView);
+    wire(m_ui.noteEntryNextNotesBtn, &AppDelegate::backForwardNotesView);
+    wire(m_ui.noteEntryListSaveBtn, &AppDelegate::saveTVDataToFile);
+    wire(m_ui.importantDateSaveBtn, &AppDelegate::saveTVDataToFile);
+    wire(m_ui.deleteRowFromListBtn, &AppDelegate::respondToDeleteRowFromList);
+    wire(m_ui.deleteRowFromImpDateListBtn, &AppDelegate::respondToDeleteRowFromList);
+    connect(m_ui.addImportantDateBtn, &QAbstractButton::clicked, this, [this] {
+        addRowToImportDates();
+        editNewestDate();
+    });
+    connect(m_ui.importantDatesUSHolidays, &QAbstractButton::clicked, this, &AppDelegate::openHolidaySheet);
+    connect(m_ui.todayBtn, &QAbstractButton::clicked, this, &AppDelegate::showTodayOnMiniCal);
+    connect(m_ui.monthlyViewPrintBtn, &QAbstractButton::clicked, this, &AppDelegate::printMonthlyView);
+    connect(m_ui.filterBtn, &QAbstractButton::clicked, this, &AppDelegate::filterNotes);
+    connect(m_ui.filterField, &QLineEdit::textChanged, this, [this] { controlTextDidChange(*m_ui.filterField); });
+    connect(m_ui.filterField, &QLineEdit::returnPressed, m_ui.filterBtn, &QAbstractButton::click);
+    connect(m_ui.hideShowSegBtn, &SegmentedControl::segmentPressed, this,
+            [this] { respondToSegmentSelection(*m_ui.hideShowSegBtn); });
+    for (const HiddenNotesLine* line : {m_ui.weeklyViewHiddenNotes, m_ui.monthlyViewHiddenNotes}) {
+        connect(line, &HiddenNotesLine::showAllPressed, this, &AppDelegate::showAllNotesOnPage);
+    }
+    connect(m_ui.miniCalendarGrid, &MiniCalendarGrid::dayPressed, this, [this](DayButton& day) {
+        dayBtnAction(day);
+        editSelectedNote(day);
+    });
+    connect(m_ui.miniCalendarGrid, &MiniCalendarGrid::monthStepWanted, this, [this](MiniCalendarGrid::Step step) {
+        backForwardYearOrMonth(step == MiniCalendarGrid::Step::Back ? *m_ui.backOneMonthOnMiniCal
+                                                                    : *m_ui.forwardOneMonthOnMiniCal);
+    });
+    connect(m_ui.myTabView, &QTabWidget::currentChanged, this,
+            [this] { didSelectTabViewItem(*m_ui.myTabView->currentWidget()); });
+    connect(m_ui.notesTableView, &TableView::textComposed, this, &AppDelegate::draftHasChanged);
+}
+
+/// The controls of the preferences and of the holidays.
+void AppDelegate::wireSheets()
+{
+    for (QRadioButton* choice : {m_prefsLayout->sundayPref, m_prefsLayout->mondayPref, m_prefsLayout->allVelumora,
+                                 m_prefsLayout->currentMonthVelumora}) {
+        // Not `clicked`, which a screen reader's toggle does not send.
+        connect(choice, &QRadioButton::toggled, this, [this, choice](bool on) {
+            if (on && m_prefsSheet->isVisible()) {
+                userSetPref(*choice);
+            }
+        });
+    }
+    for (QLineEdit* field : {m_prefsLayout->latitudeField, m_prefsLayout->longitudeField}) {
+        connect(field, &QLineEdit::textEdited, this, &AppDelegate::userTypesPlace);
+        connect(field, &QLineEdit::editingFinished, this, &AppDelegate::userSetPlace);
+    }
+    connect(m_prefsSheet, &QDialog::finished, this, &AppDelegate::userSetPlace);
+    connect(m_prefsLayout->closeBtn, &QAbstractButton::clicked, this,
+            [this] { sheetCloseBtnPressed(*m_prefsLayout->closeBtn); });
+    for (QCheckBox* box : m_holidaySheet->findChildren<QCheckBox*>()) {
+        // Not `clicked`, which a screen reader's toggle does not send.
+        connect(box, &QCheckBox::toggled, this, [this, box] { respondToHolidayPressed(*box); });
+    }
+    for (QPushButton* button : {&m_holidaySheet->addDatesButton(), &m_holidaySheet->addDatesAndNotesButton()}) {
+        connect(button, &QAbstractButton::clicked, this, [this, button] { addDatesFromHolidaySheet(*button); });
+    }
+    connect(&m_holidaySheet->cancelButton(), &QAbstractButton::clicked, this,
+            [this] { sheetCloseBtnPressed(m_holidaySheet->cancelButton()); });
+}
+
+/// What happens without the user.
+void AppDelegate::wireServices()
+{
+    for (QTimer* timer : {&m_minuteTimer, &m_draftTimer}) {
+        timer->setSingleShot(true);
+        timer->setTimerType(Qt::PreciseTimer);
+    }
+    connect(&m_minuteTimer, &QTimer::timeout, this, &AppDelegate::minuteHasChanged);
+    connect(&m_draftTimer, &QTimer::timeout, this, &AppDelegate::writeDraft);
+    connect(&m_host.clockMonitor, &ClockMonitor::clockJumped, this, &AppDelegate::clockHasJumped);
+    connect(&m_host.globalDefaults, &GlobalDefaults::didChange, this, &AppDelegate::appearanceHasChanged);
+    connect(&m_host.shutdownMonitor, &ShutdownMonitor::machineWillShutDown, this, &AppDelegate::machineWillShutDown);
+}
+
+/// The menu bar, one line an action. An action that a button has too presses that button.
+void AppDelegate::wireMenu()
+{
+    const auto wire = [this](QAction* action, auto handler) { connect(action, &QAction::triggered, this, handler); };
+    const auto pressOn = [this](Page page, QAction* action, QAbstractButton* button) {
+        connect(action, &QAction::triggered, button, [this, page, button] {
+            showPage(page);
+            button->click();
+        });
+    };
+    const auto press = [pressOn](QAction* action, QAbstractButton* button) {
+        pressOn(Page::MiniCalendar, action, button);
+    };
+    // A month's arrow of the menu is the one of the page shown, where that has one.
+    const auto pressMonth = [this](QAction* action, QAbstractButton* onMiniCalendar, QAbstractButton* onMonth) {
+        connect(action, &QAction::triggered, this, [this, onMiniCalendar, onMonth] {
+            const bool isOnMonth = shownPage() == Page::Month;
+            showPage(isOnMonth ? Page::Month : Page::MiniCalendar);
+            (isOnMonth ? onMonth : onMiniCalendar)->click();
+        });
+    };
+    const auto show = [this](QAction* action, Page page) {
+        connect(action, &QAction::triggered, this, [this, page] { showPage(page); });
+    };
+    const auto choose = [this](QAction* action, NotesSegment segment) {
+        connect(action, &QAction::triggered, this, [this, segment] {
+            showPage(Page::MiniCalendar);
+            m_ui.hideShowSegBtn->press(static_cast<int>(segment));
+        });
+    };
+    // The edit menu speaks to the control that has the keyboard.
+    const auto edit = [this](QAction* action, EditCommand command) {
+        connect(action, &QAction::triggered, this, [this, command] { carryOut(command, m_window.focusWidget()); });
+    };
+    wire(m_ui.saveAction, &AppDelegate::saveAll);
+    wire(m_ui.importAction, &AppDelegate::askAboutImport);
+    wire(m_ui.showDataFolderAction, &AppDelegate::showDataFilesInFinder);
+    wire(m_ui.quitAction, [this] { Q_EMIT terminated(); });
+    wire(m_ui.preferencesAction, &AppDelegate::openClosePrefsSheet);
+    show(m_ui.miniCalendarPageAction, Page::MiniCalendar);
+    show(m_ui.weeklyViewPageAction, Page::Week);
+    show(m_ui.monthlyViewPageAction, Page::Month);
+    wire(m_ui.helpAction, &AppDelegate::myShowHelp);
+    wire(m_ui.versionCheckAction, &AppDelegate::doNewVersionCheck);
+    wire(m_ui.webPageAction, [this] { openProductWebPage(); });
+    wire(m_ui.aboutAction, &AppDelegate::showAbout);
+    wire(m_ui.findAction, [this] {
+        showPage(Page::MiniCalendar);
+        m_ui.filterField->setFocus(Qt::ShortcutFocusReason);
+        m_ui.filterField->selectAll();
+    });
+    press(m_ui.deleteNoteAction, m_ui.deleteRowFromListBtn);
+    press(m_ui.addDateAction, m_ui.addImportantDateBtn);
+    press(m_ui.usHolidaysAction, m_ui.importantDatesUSHolidays);
+    press(m_ui.deleteDateAction, m_ui.deleteRowFromImpDateListBtn);
+    press(m_ui.todayAction, m_ui.todayBtn);
+    pressMonth(m_ui.previousMonthAction, m_ui.backOneMonthOnMiniCal, m_ui.monthlyViewBackBtn);
+    pressMonth(m_ui.nextMonthAction, m_ui.forwardOneMonthOnMiniCal, m_ui.monthlyViewForwardBtn);
+    press(m_ui.previousYearAction, m_ui.backOneYearOnMiniCal);
+    press(m_ui.nextYearAction, m_ui.forwardOneYearOnMiniCal);
+    pressOn(Page::Week, m_ui.previousWeekAction, m_ui.weeklyViewBackWeek);
+    pressOn(Page::Week, m_ui.nextWeekAction, m_ui.weeklyViewForwardWeek);
+    pressOn(Page::Month, m_ui.printAction, m_ui.monthlyViewPrintBtn);
+    press(m_ui.previousNotesAction, m_ui.noteEntryPrevNotesBtn);
+    press(m_ui.nextNotesAction, m_ui.noteEntryNextNotesBtn);
+    choose(m_ui.currentMonthNotesAction, NotesSegment::CurrentMonth);
+    choose(m_ui.allNotesAction, NotesSegment::All);
+    choose(m_ui.shownMonthNotesAction, NotesSegment::ShownMonth);
+    choose(m_ui.currentYearNotesAction, NotesSegment::CurrentYear);
+    edit(m_ui.undoAction, EditCommand::Undo);
+    edit(m_ui.redoAction, EditCommand::Redo);
+    edit(m_ui.cutAction, EditCommand::Cut);
+    edit(m_ui.copyAction, EditCommand::Copy);
+    edit(m_ui.pasteAction, EditCommand::Paste);
+    edit(m_ui.selectAllAction, EditCommand::SelectAll);
+}
+
+void AppDelegate::wireMenuStates()
+{
+    const auto follows = [](QAction* action, const QAbstractButton* button) {
+        return Entry{action, [button] { return button->isEnabled(); }};
+    };
+    const auto isNotOn = [this](QAction* action, Page page) {
+        return Entry{action, [this, page] { return shownPage() != page; }};
+    };
+    const auto ifText = [this](QAction* action, bool EditAbilities::*ability) {
+        return Entry{action, [this, ability] { return editAbilitiesOf(focusedControl()).*ability; }};
+    };
+    keepHonest(*m_ui.fileMenu,
+               {{m_ui.saveAction,
+                 [this] { return m_ui.noteEntryListSaveBtn->isEnabled() || m_ui.importantDateSaveBtn->isEnabled(); }}});
+    keepHonest(*m_ui.editMenu,
+               {ifText(m_ui.undoAction, &EditAbilities::undo), ifText(m_ui.redoAction, &EditAbilities::redo),
+                ifText(m_ui.cutAction, &EditAbilities::cut), ifText(m_ui.copyAction, &EditAbilities::copy),
+                ifText(m_ui.pasteAction, &EditAbilities::paste),
+                ifText(m_ui.selectAllAction, &EditAbilities::selectAll),
+                follows(m_ui.deleteNoteAction, m_ui.deleteRowFromListBtn),
+                follows(m_ui.addDateAction, m_ui.addImportantDateBtn),
+                follows(m_ui.deleteDateAction, m_ui.deleteRowFromImpDateListBtn)});
+    keepHonest(*m_ui.viewMenu,
+               {isNotOn(m_ui.miniCalendarPageAction, Page::MiniCalendar),
+                isNotOn(m_ui.weeklyViewPageAction, Page::Week), isNotOn(m_ui.monthlyViewPageAction, Page::Month),
+                follows(m_ui.previousNotesAction, m_ui.noteEntryPrevNotesBtn),
+                follows(m_ui.nextNotesAction, m_ui.noteEntryNextNotesBtn)});
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* former) {
+        if (former && former->window() == &m_window && former != m_window.menuBar()) {
+            m_lastFocusedControl = former;
+        }
+    });
+}
+
+/// While the menu bar has the keyboard, the control that had it before.
+QWidget* AppDelegate::focusedControl() const
+{
+    QWidget* focused = m_window.focusWidget();
+    return focused == m_window.menuBar() ? m_lastFocusedControl.data() : focused;
+}

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "dates/Date.h"
+#include "plist/Value.h"
+#include "store/Record.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// The two lists of the window.
+enum class ListKind : std::uint8_t { Notes, ImportantDates };
+
+/// Where the records of a list have their date and their text.
+struct RecordKeys {
+    std::string_view date;
+    std::string_view text;
+};
+
+constexpr RecordKeys recordKeys(ListKind list)
+{
+    return list == ListKind::Notes ? RecordKeys{NoteDateKey, NoteDataKey} : RecordKeys{EventDateKey, EventNameKey};
+}
+
+/// The element in a row of a list, seen through to the record inside it. Where there is no such row, or no record in
+/// it, every question has an empty answer. It lives as long as the table is not changed.
+class ListRow {
+public:
+    ListRow() = default;
+    ListRow(const Value& element, ListKind list);
+
+    explicit operator bool() const { return m_element != nullptr; }
+    const Value* element() const { return m_element; } ///< null where there is no such row
+    const Value* record() const { return m_record; }
+    std::optional<Date> date() const;
+    const std::string* text() const;
+    std::optional<DatedText> datedText() const; ///< nullopt unless it has both
+
+    /// What a reminder leaves whose note is gone.
+    bool isEmptyList() const;
+
+private:
+    const Value* m_element = nullptr;
+    const Value* m_record = nullptr;
+    ListKind m_list = ListKind::Notes;
+};

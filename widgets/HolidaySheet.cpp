@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/HolidaySheet.h"
+
+#include "dates/Holidays.h"
+#include "ui_HolidaySheet.h"
+
+#include <algorithm>
+#include <ranges>
+
+namespace {
+
+// The tag of a box is an even one, that of its field the next.
+constexpr int firstTag = 200;
+constexpr int tagsPerHoliday = 2;
+
+template <typename Control> Control& viewWithTag(const QWidget& sheet, int tag)
+{
+    const QList<Control*> controls = sheet.findChildren<Control*>();
+    return **std::ranges::find_if(controls,
+                                  [tag](const Control* control) { return control->property("tag").toInt() == tag; });
+}
+
+} // namespace
+
+HolidaySheet::HolidaySheet(QWidget* parent) : QDialog(parent), m_layout(std::make_unique<Ui::HolidaySheet>())
+{
+    m_layout->setupUi(this);
+}
+
+HolidaySheet::~HolidaySheet() = default;
+
+QCheckBox& HolidaySheet::box(int holiday) const
+{
+    return viewWithTag<QCheckBox>(*this, firstTag + tagsPerHoliday * holiday);
+}
+
+QLabel& HolidaySheet::dateField(int holiday) const
+{
+    return viewWithTag<QLabel>(*this, firstTag + tagsPerHoliday * holiday + 1);
+}
+
+std::optional<int> HolidaySheet::holidayOf(const QCheckBox& box) const
+{
+    for (int holiday = 0; holiday < Holidays::count; ++holiday) {
+        if (&this->box(holiday) == &box) {
+            return holiday;
+        }
+    }
+    return std::nullopt;
+}
+
+bool HolidaySheet::isAnyTicked() const
+{
+    return std::ranges::any_of(std::views::iota(0, Holidays::count),
+                               [this](int holiday) { return box(holiday).isChecked(); });
+}
+
+QPushButton& HolidaySheet::addDatesButton() const
+{
+    return *m_layout->addDatesBtn;
+}
+
+QPushButton& HolidaySheet::addDatesAndNotesButton() const
+{
+    return *m_layout->addDatesAndNotesBtn;
+}
+
+QPushButton& HolidaySheet::cancelButton() const
+{
+    return *m_layout->cancelBtn;
+}
