@@ -16,8 +16,11 @@ namespace {
 
 constexpr int dateColumn = 0;
 
-/// Kept in the record until it is typed over, so it is the same in every language.
-constexpr const char* newDescription = "** put new date Description here **";
+/// Kept in the record until it is typed over.
+QString newDescription()
+{
+    return localized("** put new date Description here **");
+}
 
 constexpr qsizetype spokenLength = 80; ///< UTF-16 units of a description that tell one date from another
 
@@ -25,7 +28,7 @@ QString spokenNameOfPicker(const ListRow& event)
 {
     const std::string* text = event.text();
     const QString description = text ? QString::fromStdString(*text).simplified() : QString();
-    return description.isEmpty() || description == QLatin1String(newDescription)
+    return description.isEmpty() || description == newDescription()
                ? localized("Date")
                : filled(localized("Date of %@"), {CellLines::cut(description, spokenLength).toString()});
 }
@@ -36,7 +39,7 @@ void AppDelegate::addRowToImportDates()
 {
     TableView& dates = *m_ui.importantDatesTableView;
     dates.endEditing();
-    const int row = m_book.addImportantDate(DateEnvironment::now(), newDescription);
+    const int row = m_book.addImportantDate(DateEnvironment::now(), newDescription().toStdString());
     if (row < 0) {
         return; // the file could not be read: what is added to it is lost
     }

@@ -21,7 +21,7 @@ QString descriptionOf(const Location& location)
     case Location::Source::Preferences:
         return filled(localized("Latitude %@°, longitude %@°\nas entered in the preferences"), place);
     case Location::Source::ZoneCity:
-        return filled(localized("Latitude %@°, longitude %@°\nthe principal city of the time zone"), place);
+        return filled(localized("Latitude %@°, longitude %@°\nmain city of your time zone"), place);
     }
     return {};
 }

@@ -107,7 +107,7 @@ void AppDelegate::configureTables()
 
     TableColumn elapsed;
     elapsed.identifier = QStringLiteral("eventTimeColID");
-    elapsed.headerCell = HeaderCell(localized("Elapsed"));
+    elapsed.headerCell = HeaderCell(localized("Since / Until"));
     elapsed.width = elapsedColumnWidth;
     TableColumn day = sortedColumn(EventDateKey, localized("Date"));
     day.editing = TableColumn::Editing::Editable;

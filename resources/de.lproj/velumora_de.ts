@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>%@ has been selected. Choose an option below to continue.</source>
-        <translation>Gewählt: %@. Was soll geschehen?</translation>
+        <translation>Ausgewählt: %@. Was soll geschehen?</translation>
     </message>
     <message>
         <source>%@ Notes</source>
@@ -45,7 +45,7 @@
     </message>
     <message>
         <source>1. First select the 'TALV' folder. If the TALV folder exists, it should already be selected in this open dialog.<byte value="xd"/><byte value="xd"/></source>
-        <translation>1. Zuerst den Ordner „TALV“ auswählen. Wenn es ihn gibt, ist er hier schon ausgewählt.<byte value="xd"/><byte value="xd"/></translation>
+        <translation>1. Den Ordner „TALV“ des älteren Kalenders auswählen.<byte value="xd"/><byte value="xd"/></translation>
     </message>
     <message>
         <source>2. Use the 'Choose' button to grant permission to the TALV files.<byte value="xd"/></source>
@@ -54,6 +54,10 @@
     <message>
         <source>© 2026 the Velumora developers</source>
         <translation>© 2026 die Velumora-Entwickler</translation>
+    </message>
+    <message>
+        <source>** put new date Description here **</source>
+        <translation>** Hier die Beschreibung eingeben **</translation>
     </message>
     <message>
         <source>A new version of Velumora (</source>
@@ -119,15 +123,15 @@
     </message>
     <message>
         <source>Cancel Delete</source>
-        <translation>Nicht löschen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Cancel TALV Data Import</source>
-        <translation>Nicht importieren</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>&amp;Check for a New Version…</source>
-        <translation>Nach &amp;neuer Version suchen …</translation>
+        <translation>Nach &amp;neuer Version suchen …</translation>
     </message>
     <message>
         <source>Choose</source>
@@ -163,7 +167,7 @@
     </message>
     <message>
         <source>Could not find TALV's data files( notes or events ).<byte value="xd"/> No import possible.</source>
-        <translation>Die Dateien von TALV (Notizen oder Tage) wurden nicht gefunden.<byte value="xd"/> Ein Import ist nicht möglich.</translation>
+        <translation>Die Dateien von TALV (Notizen oder wichtige Tage) wurden nicht gefunden.<byte value="xd"/> Ein Import ist nicht möglich.</translation>
     </message>
     <message>
         <source>Cu&amp;t</source>
@@ -187,19 +191,19 @@
     </message>
     <message>
         <source>Delete Date…</source>
-        <translation>Tag löschen …</translation>
+        <translation>Tag löschen …</translation>
     </message>
     <message>
         <source>Delete &amp;Important Date…</source>
-        <translation>Wichtigen &amp;Tag löschen …</translation>
+        <translation>Wichtigen &amp;Tag löschen …</translation>
     </message>
     <message>
         <source>&amp;Delete Note…</source>
-        <translation>&amp;Notiz löschen …</translation>
+        <translation>&amp;Notiz löschen …</translation>
     </message>
     <message>
         <source>Delete Note…</source>
-        <translation>Notiz löschen …</translation>
+        <translation>Notiz löschen …</translation>
     </message>
     <message>
         <source>Description</source>
@@ -218,8 +222,8 @@
         <translation>&amp;Bearbeiten</translation>
     </message>
     <message>
-        <source>Elapsed</source>
-        <translation>Vergangen</translation>
+        <source>Since / Until</source>
+        <translation>Abstand zu heute</translation>
     </message>
     <message>
         <source>Enter both, or leave both empty</source>
@@ -233,7 +237,7 @@
     </message>
     <message>
         <source>Failed to post notification</source>
-        <translation>Keine Mitteilung möglich</translation>
+        <translation>Benachrichtigung nicht möglich</translation>
     </message>
     <message>
         <source>&amp;File</source>
@@ -241,7 +245,7 @@
     </message>
     <message>
         <source>&amp;Find Notes…</source>
-        <translation>Notizen &amp;suchen …</translation>
+        <translation>Notizen &amp;suchen …</translation>
     </message>
     <message>
         <source>For week beginning:</source>
@@ -257,7 +261,7 @@
     </message>
     <message>
         <source>Go to web site</source>
-        <translation>Zur Website</translation>
+        <translation>Nicht jetzt</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -265,7 +269,7 @@
     </message>
     <message>
         <source>Hide All</source>
-        <translation>Alle verbergen</translation>
+        <translation>Alle ausblenden</translation>
     </message>
     <message>
         <source>If TALV's data is imported, please be aware of these *impacts*:
@@ -279,15 +283,15 @@
     </message>
     <message>
         <source>Import Notes and Dates</source>
-        <translation>Notizen und Tage importieren</translation>
+        <translation>Notizen und wichtige Tage importieren</translation>
     </message>
     <message>
         <source>&amp;Import Notes and Dates…</source>
-        <translation>Notizen und Tage &amp;importieren …</translation>
+        <translation>Notizen und wichtige Tage &amp;importieren …</translation>
     </message>
     <message>
         <source>Import TALV's notes &amp; events data?</source>
-        <translation>Notizen &amp; Tage von TALV importieren?</translation>
+        <translation>Notizen &amp; wichtige Tage von TALV importieren?</translation>
     </message>
     <message>
         <source>Important Dates</source>
@@ -298,14 +302,14 @@
         <translation>Tabelle der wichtigen Tage</translation>
     </message>
     <message>
-        <source>In degrees; north and east are positive. Used where
-the desktop's location service tells no place.</source>
-        <translation>In Grad; Norden und Osten sind positiv. Gilt, wenn
-der Ortungsdienst des Systems keinen Ort nennt.</translation>
+        <source>In degrees; north and east are positive. Used only when
+the desktop's location service finds no place.</source>
+        <translation>In Grad; Norden und Osten sind positiv. Gilt nur, wenn
+der Ortungsdienst des Systems keinen Ort findet.</translation>
     </message>
     <message>
         <source>It can be downloaded from the Velumora web site. </source>
-        <translation>Sie kann von der Velumora-Website geladen werden. </translation>
+        <translation>„OK“ öffnet die Velumora-Website, auf der sie zu haben ist. </translation>
     </message>
     <message>
         <source>Latitude %@°, longitude %@°
@@ -321,9 +325,9 @@ vom Ortungsdienst des Systems</translation>
     </message>
     <message>
         <source>Latitude %@°, longitude %@°
-the principal city of the time zone</source>
+main city of your time zone</source>
         <translation>Breite %@°, Länge %@°
-der Hauptort der Zeitzone</translation>
+Hauptort Ihrer Zeitzone</translation>
     </message>
     <message>
         <source>&amp;Latitude:</source>
@@ -335,7 +339,7 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Mini Calendar&apos;s Month</source>
-        <translation>Gezeigter Monat</translation>
+        <translation>Minikalender-Monat</translation>
     </message>
     <message>
         <source>&amp;Month</source>
@@ -351,7 +355,7 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Need User Permission to post a notification for %@<byte value="xd"/><byte value="xd"/>%@<byte value="xd"/><byte value="xd"/>Recommend granting permission in System Preferences</source>
-        <translation>Für die Mitteilung am %@ fehlt die Erlaubnis<byte value="xd"/><byte value="xd"/>%@<byte value="xd"/><byte value="xd"/>Mitteilungen lassen sich in den Systemeinstellungen erlauben</translation>
+        <translation>Für die Benachrichtigung am %@ fehlt die Erlaubnis<byte value="xd"/><byte value="xd"/>%@<byte value="xd"/><byte value="xd"/>Bitte Benachrichtigungen in den Systemeinstellungen erlauben</translation>
     </message>
     <message>
         <source>&amp;Next Month</source>
@@ -383,7 +387,7 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>No notes to show</source>
-        <translation>Keine Notizen zu zeigen</translation>
+        <translation>Hier stehen keine Notizen</translation>
     </message>
     <message>
         <source>No place is known</source>
@@ -407,7 +411,7 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Note not selected, please try again</source>
-        <translation>Keine Notiz gewählt, bitte noch einmal versuchen</translation>
+        <translation>Keine Notiz ausgewählt, bitte noch einmal versuchen</translation>
     </message>
     <message>
         <source>Notes</source>
@@ -443,11 +447,11 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Notes of the Pre&amp;vious Month</source>
-        <translation>Notizen des v&amp;origen Monats</translation>
+        <translation>Notizen des v&amp;orherigen Monats</translation>
     </message>
     <message>
         <source>Notes of the Previous Month</source>
-        <translation>Notizen des vorigen Monats</translation>
+        <translation>Notizen des vorherigen Monats</translation>
     </message>
     <message>
         <source>Notes TableView</source>
@@ -455,23 +459,23 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Notification failed to schedule for the following:</source>
-        <translation>Diese Mitteilung konnte nicht vorgemerkt werden:</translation>
+        <translation>Diese Erinnerung konnte nicht vorgemerkt werden:</translation>
     </message>
     <message>
         <source>of important note for %@ ?</source>
-        <translation>der wichtigen Notiz vom %@?</translation>
+        <translation>Wichtiger Tag: %@</translation>
     </message>
     <message>
         <source>of note for<byte value="xd"/> %@</source>
-        <translation>der Notiz vom<byte value="xd"/> %@</translation>
+        <translation>Notiz vom<byte value="xd"/> %@</translation>
     </message>
     <message>
         <source>OK</source>
         <translation>OK</translation>
     </message>
     <message>
-        <source>Open the month as a page to print</source>
-        <translation>Den Monat als Druckseite öffnen</translation>
+        <source>Open this month as a PDF to print or keep</source>
+        <translation>Diesen Monat als PDF öffnen, zum Drucken oder Aufbewahren</translation>
     </message>
     <message>
         <source>&amp;Paste</source>
@@ -479,11 +483,11 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Please confirm deletion</source>
-        <translation>Bitte das Löschen bestätigen</translation>
+        <translation>Diesen Eintrag wirklich löschen?</translation>
     </message>
     <message>
         <source>Please select a row with an Important Date on it</source>
-        <translation>Bitte eine Zeile mit einem wichtigen Tag wählen</translation>
+        <translation>Bitte eine Zeile mit einem wichtigen Tag auswählen</translation>
     </message>
     <message>
         <source>Preferences</source>
@@ -491,43 +495,43 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Pr&amp;eferences…</source>
-        <translation>E&amp;instellungen …</translation>
+        <translation>E&amp;instellungen …</translation>
     </message>
     <message>
         <source>Press Button to Select Date</source>
-        <translation>Anklicken, um das Datum zu wählen</translation>
+        <translation>Anklicken, um das Datum auszuwählen</translation>
     </message>
     <message>
         <source>&amp;Previous Month</source>
-        <translation>&amp;Voriger Monat</translation>
+        <translation>&amp;Vorheriger Monat</translation>
     </message>
     <message>
         <source>Previous Month</source>
-        <translation>Voriger Monat</translation>
+        <translation>Vorheriger Monat</translation>
     </message>
     <message>
         <source>Previous Week</source>
-        <translation>Vorige Woche</translation>
+        <translation>Vorherige Woche</translation>
     </message>
     <message>
         <source>Previo&amp;us Week</source>
-        <translation>Vorige Woch&amp;e</translation>
+        <translation>Vorherige Woch&amp;e</translation>
     </message>
     <message>
         <source>Previous &amp;Year</source>
-        <translation>Voriges &amp;Jahr</translation>
+        <translation>Vorheriges &amp;Jahr</translation>
     </message>
     <message>
         <source>Previous Year</source>
-        <translation>Voriges Jahr</translation>
+        <translation>Vorheriges Jahr</translation>
     </message>
     <message>
         <source>&amp;Print…</source>
-        <translation>Dr&amp;ucken …</translation>
+        <translation>Dr&amp;ucken …</translation>
     </message>
     <message>
         <source>Print…</source>
-        <translation>Drucken …</translation>
+        <translation>Drucken …</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -539,7 +543,7 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Remind me about this note via the System Notification Center on: %@</source>
-        <translation>Mit einer Mitteilung an diese Notiz erinnern am: %@</translation>
+        <translation>Mit einer Benachrichtigung an diese Notiz erinnern: %@</translation>
     </message>
     <message>
         <source>Reminder '%@'<byte value="xd"/><byte value="xd"/>scheduled for date: %@</source>
@@ -547,11 +551,11 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Reminders can be scheduled only for future dates. Try again.</source>
-        <translation>Erinnern lassen kann man sich nur an künftige Tage.</translation>
+        <translation>Erinnerungen sind nur für künftige Tage möglich.</translation>
     </message>
     <message>
         <source>Rise/Set:</source>
-        <translation>Auf-/Untergang:</translation>
+        <translation>Sonne auf/unter:</translation>
     </message>
     <message>
         <source>&amp;Save</source>
@@ -595,7 +599,7 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Velumora ended before this was saved</source>
-        <translation>Velumora wurde beendet, bevor dies gesichert war</translation>
+        <translation>Velumora wurde beendet, bevor dies gespeichert war</translation>
     </message>
     <message>
         <source>%@: %@</source>
@@ -631,11 +635,11 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Notes of this month shown: %@ of %@</source>
-        <translation>Gezeigte Notizen dieses Monats: %@ von %@</translation>
+        <translation>Angezeigte Notizen dieses Monats: %@ von %@</translation>
     </message>
     <message>
         <source>Notes of this week shown: %@ of %@</source>
-        <translation>Gezeigte Notizen dieser Woche: %@ von %@</translation>
+        <translation>Angezeigte Notizen dieser Woche: %@ von %@</translation>
     </message>
     <message>
         <source>Search notes</source>
@@ -643,11 +647,11 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Show All Notes</source>
-        <translation>Alle Notizen zeigen</translation>
+        <translation>Alle Notizen anzeigen</translation>
     </message>
     <message>
         <source>Show every note in the list, the week and the month</source>
-        <translation>Jede Notiz in Liste, Woche und Monat zeigen</translation>
+        <translation>Jede Notiz in Liste, Woche und Monat anzeigen</translation>
     </message>
     <message>
         <source>Select &amp;All</source>
@@ -655,11 +659,11 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Show All</source>
-        <translation>Alle zeigen</translation>
+        <translation>Alle anzeigen</translation>
     </message>
     <message>
         <source>Show &amp;Data Folder</source>
-        <translation>&amp;Datenordner zeigen</translation>
+        <translation>&amp;Datenordner öffnen</translation>
     </message>
     <message>
         <source>Show Note</source>
@@ -667,15 +671,15 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Show or Hide &amp;All Notes</source>
-        <translation>Alle Notizen &amp;zeigen oder verbergen</translation>
+        <translation>Alle Notizen an&amp;zeigen oder ausblenden</translation>
     </message>
     <message>
         <source>Show the current month on the mini calendar</source>
-        <translation>Den aktuellen Monat im Minikalender zeigen</translation>
+        <translation>Den aktuellen Monat im Minikalender anzeigen</translation>
     </message>
     <message>
         <source>Show the notes that contain this text</source>
-        <translation>Die Notizen zeigen, die diesen Text enthalten</translation>
+        <translation>Die Notizen anzeigen, die diesen Text enthalten</translation>
     </message>
     <message>
         <source>Sorry, Velumora requires Mac OS X version %d.%d or later.</source>
@@ -683,11 +687,11 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Sunrise and sunset at:</source>
-        <translation>Sonnenzeiten für:</translation>
+        <translation>Sonnenauf- und -untergang:</translation>
     </message>
     <message>
         <source>tableView:heightOfRow failure</source>
-        <translation>Fehler in tableView:heightOfRow</translation>
+        <translation>Die Zeilenhöhe ließ sich nicht bestimmen</translation>
     </message>
     <message>
         <source>Thanks for letting me know. I'll look for my TALV data or enter myself</source>
@@ -711,7 +715,7 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>The Notification Center message is for the following date and note:</source>
-        <translation>Die Mitteilung gilt diesem Tag und dieser Notiz:</translation>
+        <translation>Die Benachrichtigung gehört zu diesem Tag und dieser Notiz:</translation>
     </message>
     <message>
         <source>The Velumora web site could not be contacted.</source>
@@ -767,15 +771,15 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>US Holidays…</source>
-        <translation>US-Feiertage …</translation>
+        <translation>US-Feiertage …</translation>
     </message>
     <message>
         <source>US &amp;Holidays…</source>
-        <translation>&amp;US-Feiertage …</translation>
+        <translation>&amp;US-Feiertage …</translation>
     </message>
     <message>
-        <source>Used at present:</source>
-        <translation>Jetzt verwendet:</translation>
+        <source>In use now:</source>
+        <translation>Derzeit verwendet:</translation>
     </message>
     <message>
         <source>Velumora &amp;Help</source>
@@ -783,7 +787,7 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Velumora is attempting to respond to a Notification Center message but cannot.</source>
-        <translation>Velumora kann auf eine Mitteilung nicht antworten.</translation>
+        <translation>Velumora findet die Notiz zu dieser Benachrichtigung nicht.</translation>
     </message>
     <message>
         <source>Velumora is running but does not answer.</source>
@@ -799,7 +803,7 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Velumora Reminder</source>
-        <translation>Erinnerung von Velumora</translation>
+        <translation>Velumora-Erinnerung</translation>
     </message>
     <message>
         <source>Velumora &amp;Web Page</source>
@@ -823,7 +827,7 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Warning: No Notes Data Found in 'respondWithContent:'</source>
-        <translation>Warnung: keine Notizen gefunden in „respondWithContent:“</translation>
+        <translation>Keine Notizen gefunden</translation>
     </message>
     <message>
         <source>&amp;Week</source>
@@ -839,7 +843,7 @@ der Hauptort der Zeitzone</translation>
     </message>
     <message>
         <source>Which notes to show</source>
-        <translation>Welche Notizen gezeigt werden</translation>
+        <translation>Welche Notizen angezeigt werden</translation>
     </message>
     <message>
         <source>Year</source>

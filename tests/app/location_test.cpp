@@ -204,8 +204,8 @@ TEST_F(LocationTest, InGermanTimesAreWrittenAsThere)
     const LocaleGuard german("de_DE", {"de-DE"});
     const TranslationGuard texts({"de-DE"});
     startAnd({{hamburg, Source::ZoneCity}});
-    EXPECT_EQ(line(), QStringLiteral("Auf-/Untergang: 06:36/18:23"));
-    EXPECT_EQ(ui->riseSetOnMiniCal->toolTip(), QStringLiteral("Breite 53,6°, Länge 10,0°\nder Hauptort der Zeitzone"));
+    EXPECT_EQ(line(), QStringLiteral("Sonne auf/unter: 06:36/18:23"));
+    EXPECT_EQ(ui->riseSetOnMiniCal->toolTip(), QStringLiteral("Breite 53,6°, Länge 10,0°\nHauptort Ihrer Zeitzone"));
 }
 
 TEST_F(LocationTest, TheToolTipTellsWhatIsUsedAndTheSheetToo)
@@ -216,7 +216,7 @@ TEST_F(LocationTest, TheToolTipTellsWhatIsUsedAndTheSheetToo)
     } const rows[] = {
         {{hamburg, Source::LocationService}, "Latitude 53.6°, longitude 10.0°\nfrom the desktop's location service"},
         {{{40.71, -74.01}, Source::Preferences}, "Latitude 40.7°, longitude -74.0°\nas entered in the preferences"},
-        {{{52.5, 13.3667}, Source::ZoneCity}, "Latitude 52.5°, longitude 13.4°\nthe principal city of the time zone"},
+        {{{52.5, 13.3667}, Source::ZoneCity}, "Latitude 52.5°, longitude 13.4°\nmain city of your time zone"},
     };
     start();
     EXPECT_EQ(ui->riseSetOnMiniCal->toolTip(), QString());

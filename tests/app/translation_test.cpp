@@ -85,8 +85,8 @@ TEST_F(GermanTest, WindowAndMenuSpeakGerman)
     EXPECT_EQ(ui->todayBtn->text(), QStringLiteral("Heute"));
     EXPECT_EQ(ui->myTabView->tabText(0), QStringLiteral("Kalender"));
     EXPECT_EQ(ui->hideShowSegBtn->labels(),
-              (QStringList{QStringLiteral("Notizen März"), QStringLiteral("Alle verbergen"),
-                           QStringLiteral("Gezeigter Monat"), QStringLiteral("Notizen 2024")}));
+              (QStringList{QStringLiteral("Notizen März"), QStringLiteral("Alle ausblenden"),
+                           QStringLiteral("Minikalender-Monat"), QStringLiteral("Notizen 2024")}));
     EXPECT_EQ(countLine(), QStringLiteral("Angezeigt: 0 Notizen"));
 }
 
@@ -98,10 +98,19 @@ TEST_F(GermanTest, AnAlertSpeaksGermanThoughItsKeyHoldsACarriageReturn)
     runQueued();
     ui->deleteRowFromListBtn->click();
     ASSERT_TRUE(alert());
-    EXPECT_EQ(alert()->messageText(), QStringLiteral("Bitte das Löschen bestätigen"));
-    EXPECT_EQ(alert()->informativeText(), QStringLiteral("der Notiz vom\r 15.03.2024"));
+    EXPECT_EQ(alert()->messageText(), QStringLiteral("Diesen Eintrag wirklich löschen?"));
+    EXPECT_EQ(alert()->informativeText(), QStringLiteral("Notiz vom\r 15.03.2024"));
     EXPECT_EQ(alert()->buttons().at(0)->text(), QStringLiteral("Löschen"));
-    EXPECT_EQ(alert()->buttons().at(1)->text(), QStringLiteral("Nicht löschen"));
+    EXPECT_EQ(alert()->buttons().at(1)->text(), QStringLiteral("Abbrechen"));
+}
+
+TEST_F(GermanTest, ANewImportantDateAsksForItsDescriptionInGerman)
+{
+    start();
+    app->addRowToImportDates();
+    const std::string* description = textOf(app->eventsTVData->at(0), EventNameKey);
+    ASSERT_TRUE(description);
+    EXPECT_EQ(*description, "** Hier die Beschreibung eingeben **");
 }
 
 TEST_F(GermanTest, HideAndShowAllStillTakeTurns)
@@ -109,10 +118,10 @@ TEST_F(GermanTest, HideAndShowAllStillTakeTurns)
     putNotes({note(2024, 3, 15, "Zahnarzt")});
     start();
     ui->hideShowSegBtn->press(1);
-    EXPECT_EQ(ui->hideShowSegBtn->labelForSegment(1), QStringLiteral("Alle zeigen"));
+    EXPECT_EQ(ui->hideShowSegBtn->labelForSegment(1), QStringLiteral("Alle anzeigen"));
     EXPECT_TRUE(shownRows().isEmpty());
     ui->hideShowSegBtn->press(1);
-    EXPECT_EQ(ui->hideShowSegBtn->labelForSegment(1), QStringLiteral("Alle verbergen"));
+    EXPECT_EQ(ui->hideShowSegBtn->labelForSegment(1), QStringLiteral("Alle ausblenden"));
     EXPECT_EQ(shownRows().size(), 1);
 }
 

@@ -40,7 +40,7 @@ class ImportantDatesTest(DesktopTest):
         self.assertEqual(self.home.stamp(EVENTS), ("DATE", "Vel1"))
         window.find("table cell", "Date: Fri, Dec 24, 1965")
         window.find("table cell", "Description: Grandma born\nin the snow")
-        window.find("table cell", re.compile("^Elapsed: "))
+        window.find("table cell", re.compile("^Since / Until: "))
 
     def test_ticked_holidays_become_dates_and_notes(self):
         year = datetime.datetime.now(BERLIN).year

@@ -45,7 +45,7 @@ class LocationTest(DesktopTest):
     def test_without_a_location_service_it_is_that_of_the_zones_city(self):
         window = self.start()
         self.wait_for_line(window, BERLIN)
-        self.assertIn("the principal city of the time zone", window.find("label", LINE).description)
+        self.assertIn("main city of your time zone", window.find("label", LINE).description)
         self.picture("location-city")
 
     def test_the_location_services_place_replaces_the_citys(self):
