@@ -24,3 +24,7 @@ add_test(NAME PropertyListOtherPrograms
     COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/core/property_list_other_programs_test.py
         $<TARGET_FILE:property-list-writer>)
 set_tests_properties(PropertyListOtherPrograms PROPERTIES LABELS "core;store")
+
+# The picture of the rooms is theirs, and none of them links one above it.
+add_test(NAME Layers COMMAND Python3::Interpreter ${CMAKE_SOURCE_DIR}/scripts/layers --check)
+set_tests_properties(Layers PROPERTIES LABELS core)
