@@ -28,3 +28,7 @@ set_tests_properties(PropertyListOtherPrograms PROPERTIES LABELS "core;store")
 # The picture of the rooms is theirs, and none of them links one above it.
 add_test(NAME Layers COMMAND Python3::Interpreter ${CMAKE_SOURCE_DIR}/scripts/layers --check)
 set_tests_properties(Layers PROPERTIES LABELS core)
+
+# What the documents name is in the tree.
+add_test(NAME Documents COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/core/documents_test.py)
+set_tests_properties(Documents PROPERTIES LABELS core)
