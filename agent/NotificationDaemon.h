@@ -12,7 +12,7 @@
 #include <functional>
 #include <optional>
 
-/// The desktop's notification daemon, whichever it is (Desktop Notifications 1.2).
+/// The desktop's notification daemon, whichever it is (Desktop Notifications Specification 1.2).
 class NotificationDaemon : public QObject {
     Q_OBJECT
 

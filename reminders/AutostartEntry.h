@@ -23,6 +23,6 @@ private:
     std::filesystem::path m_program;
 };
 
-/// The text of an entry that starts `program`, by the Desktop Entry 1.5: quoted and escaped so that any
+/// The text of an entry that starts `program`, by the Desktop Entry Specification 1.5: quoted and escaped so that any
 /// path is taken as it stands.
 std::string autostartText(const std::filesystem::path& program);

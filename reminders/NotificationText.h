@@ -5,7 +5,7 @@
 
 #include <QVariantMap>
 
-/// What the arguments of a desktop notification are made of (Desktop Notifications 1.2).
+/// What the arguments of a desktop notification are made of (Desktop Notifications Specification 1.2).
 struct NotificationText {
     QString summary;
     QString body;

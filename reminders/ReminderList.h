@@ -33,7 +33,7 @@ struct Reminder {
     bool operator==(const Reminder&) const = default;
 };
 
-/// Where the agent of this user keeps its list: in the state folder of the XDG base directories 0.8. There
+/// Where the agent of this user keeps its list: in the state folder of the XDG Base Directory Specification 0.8. There
 /// is such a file only while the agent has something to do.
 std::filesystem::path usersReminderFile();
 

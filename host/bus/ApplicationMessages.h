@@ -6,7 +6,7 @@
 #include <QString>
 
 /// What the running program can be told over the session bus: the desktop's standard interface for that,
-/// org.freedesktop.Application (Desktop Entry 1.5).
+/// org.freedesktop.Application (Desktop Entry Specification 1.5).
 namespace ApplicationMessages {
 
 QString service();

@@ -290,7 +290,7 @@ TEST_F(RemindersFile, AFileThatCannotBeWrittenLeavesTheListAsItWas)
     EXPECT_TRUE(list.empty());
 }
 
-// Desktop Entry 1.5: a quoted argument within a value of type string.
+// Desktop Entry Specification 1.5: a quoted argument within a value of type string.
 TEST(AutostartEntry, AnyPathIsStartedAsItStands)
 {
     const auto exec = [](const char* path) {
