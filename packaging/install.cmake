@@ -6,6 +6,11 @@ install(DIRECTORY resources/de.lproj resources/en.lproj DESTINATION ${CMAKE_INST
     PATTERN *.ts EXCLUDE)
 install(FILES packaging/velumora.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 
+# What software centres say of it.
+set(metainfo app.velumora.Velumora.metainfo.xml)
+configure_file(packaging/${metainfo}.in ${metainfo} @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${metainfo} DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+
 # session_service(NAME program): the session bus starts the program when somebody calls that name.
 function(session_service service program)
     set(file ${CMAKE_CURRENT_BINARY_DIR}/${service}.service)

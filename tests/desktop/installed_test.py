@@ -3,10 +3,12 @@
 
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import unittest
 import urllib.parse
+import xml.etree.ElementTree
 
 from desktop.case import DesktopTest
 
@@ -60,6 +62,15 @@ class InstalledTest(DesktopTest):
             content = path.read_bytes()
             for folder in folders:
                 self.assertNotIn(folder.encode(), content, f"{folder} in {path.name}")
+
+    def test_what_software_centres_say_is_what_the_menu_says_in_every_language(self):
+        entry = (self.prefix / "share/applications/velumora.desktop").read_text(encoding="utf-8")
+        said = xml.etree.ElementTree.parse(self.prefix / "share/metainfo/app.velumora.Velumora.metainfo.xml").getroot()
+        self.assertEqual(said.findtext("launchable"), "velumora.desktop")
+        self.assertRegex(said.findtext("url"), "^https://")
+        language = "{http://www.w3.org/XML/1998/namespace}lang"
+        self.assertEqual(dict(re.findall(r"^Comment(?:\[(\w+)\])?=(.*)$", entry, re.MULTILINE)),
+                         {each.get(language, ""): each.text for each in said.iter("summary")})
 
     def test_the_programs_look_for_no_library_in_folders_of_their_own(self):
         for name in PROGRAMS:
