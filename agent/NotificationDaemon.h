@@ -46,12 +46,11 @@ Q_SIGNALS:
     void gone();
     void appeared();
 
-private Q_SLOTS:
-    void actionInvoked(uint id, const QString& action);
-    void activationTokenGiven(uint id, const QString& token);
-    void notificationClosed(uint id, uint reason);
-
 private:
+    Q_SLOT void actionInvoked(uint id, const QString& action);
+    Q_SLOT void activationTokenGiven(uint id, const QString& token);
+    Q_SLOT void notificationClosed(uint id, uint reason);
+
     void notify(const NotificationText& text, uint replacedId, Completion completion);
     QString daemonThatSent(const QDBusMessage& reply) const;
 

@@ -46,16 +46,15 @@ public:
     /// There is no reminder, and that is known and on the disk.
     bool hasNothingToDo() const;
 
-public Q_SLOTS:
     /// Answers once the request is on the disk and the agent is sure to be started at login; else with an error, that
     /// of LimitsExceeded for a request that is too large or would make the list so.
-    void AddRequest(const QByteArray& request);
+    Q_SLOT void AddRequest(const QByteArray& request);
 
-    QByteArrayList PendingRequests();
-    QByteArrayList DeliveredRequests();
+    Q_SLOT QByteArrayList PendingRequests();
+    Q_SLOT QByteArrayList DeliveredRequests();
 
     /// Takes delivered reminders from the screen. Pending ones stay.
-    void RemoveDelivered(const QStringList& identifiers);
+    Q_SLOT void RemoveDelivered(const QStringList& identifiers);
 
 Q_SIGNALS:
     /// There has been nothing to do for a moment.

@@ -20,7 +20,7 @@ namespace {
 constexpr qsizetype headingItem = 0;
 constexpr qsizetype ownDayItem = 1;
 constexpr qsizetype thisYearItem = 2;
-constexpr qsizetype itemCount = 3;
+constexpr qsizetype datesItemCount = 3;
 
 /// The same month and day in the current year. A 29 February is 1 March in a year that has none.
 Date inCurrentYear(Date date)
@@ -35,7 +35,7 @@ void AppDelegate::makeImportantDatesContextMenu()
 {
     m_importantDatesContextMenu = new QMenu(&m_window);
     m_importantDatesContextMenu->setObjectName(QStringLiteral("importantDatesContextMenu"));
-    for (qsizetype item = 0; item < itemCount; ++item) {
+    for (qsizetype item = 0; item < datesItemCount; ++item) {
         QAction* action = m_importantDatesContextMenu->addAction(QString());
         connect(action, &QAction::triggered, this, [this, action] { importantDatesRespondToContextMenu(*action); });
     }

@@ -24,7 +24,7 @@ constexpr NotificationOptions everyOption =
 /// What the items of the notes' menu are for.
 constexpr qsizetype informationItem = 0;
 constexpr qsizetype reminderItem = 1;
-constexpr qsizetype itemCount = 2;
+constexpr qsizetype notesItemCount = 2;
 
 NotificationContent contentFor(const DatedText& note)
 {
@@ -58,7 +58,7 @@ void AppDelegate::makeSendNotificationContextMenu()
 {
     m_sendNotificationContextMenu = new QMenu(&m_window);
     m_sendNotificationContextMenu->setObjectName(QStringLiteral("sendNotificationContextMenu"));
-    for (qsizetype item = 0; item < itemCount; ++item) {
+    for (qsizetype item = 0; item < notesItemCount; ++item) {
         m_sendNotificationContextMenu->addAction(QString());
     }
     const QAction* reminder = m_sendNotificationContextMenu->actions().at(reminderItem);
@@ -115,7 +115,7 @@ void AppDelegate::respondToContextualMenuTab1(const QAction& sender)
 {
     const auto* menu = qobject_cast<const QMenu*>(sender.parent());
     const std::optional<DatedText> note = clickedNote();
-    if (!note || !menu || menu->actions().size() < itemCount) {
+    if (!note || !menu || menu->actions().size() < notesItemCount) {
         return;
     }
     const QPointer<AppDelegate> self(this);

@@ -19,8 +19,8 @@ constexpr int leastTextHeight = 48;
 constexpr int mostTextHeight = 320;
 constexpr qsizetype mostMeasured = 4000; ///< characters: more fill the frame anyway
 constexpr int scrollBarWidth = 12;
-constexpr int edge = 16;
-constexpr int gap = 8;
+constexpr int noteEdge = 16;
+constexpr int noteGap = 8;
 
 /// Where `size` long from `wanted` on lies within 0 to `room`; at 0 when it is too long.
 int inside(int wanted, int size, int room)
@@ -54,19 +54,19 @@ WholeNote::WholeNote(const QString& day, const QString& note, QWidget* parent)
     m_text->setPlainText(withLineFeeds(note));
     m_text->setAccessibleName(day);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(edge, edge, edge, edge);
-    layout->setSpacing(gap);
+    layout->setContentsMargins(noteEdge, noteEdge, noteEdge, noteEdge);
+    layout->setSpacing(noteGap);
     layout->addWidget(dayLabel);
     layout->addWidget(m_text);
 }
 
 void WholeNote::showOver(const QRect& place)
 {
-    const int textWidth = std::max(leastWidth, place.width()) - 2 * edge;
+    const int textWidth = std::max(leastWidth, place.width()) - 2 * noteEdge;
     const QRect needed = m_text->fontMetrics().boundingRect(
         QRect(0, 0, textWidth - scrollBarWidth, 0), Qt::TextWordWrap | Qt::TextWrapAnywhere,
         CellLines::cut(m_text->toPlainText(), mostMeasured).toString());
-    m_text->setFixedSize(textWidth, std::clamp(needed.height() + gap, leastTextHeight, mostTextHeight));
+    m_text->setFixedSize(textWidth, std::clamp(needed.height() + noteGap, leastTextHeight, mostTextHeight));
     adjustSize();
     const QWidget& page = *parentWidget()->window();
     const QPoint wanted = page.mapFromGlobal(place.topLeft());

@@ -18,7 +18,7 @@ public:
     }
 };
 
-QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object)
+QAccessibleInterface* makeAnnouncerInterface(const QString& /*className*/, QObject* object)
 {
     auto* const announcer = qobject_cast<Announcer*>(object);
     return announcer ? new AnnouncerAccessible(*announcer) : nullptr; // the accessibility cache owns it
@@ -28,7 +28,7 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
 
 Announcer::Announcer(QWidget& window) : QWidget(&window)
 {
-    QAccessible::installFactory(makeInterface);
+    QAccessible::installFactory(makeAnnouncerInterface);
     hide();
 }
 

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr QSize enough(560, 280); ///< in which a page can be worked with, though it scrolls
+constexpr QSize enoughToWork(560, 280); ///< in which a page can be worked with, though it scrolls
 
 } // namespace
 
@@ -28,7 +28,7 @@ QSize FittingScrollArea::sizeHint() const
 
 QSize FittingScrollArea::minimumSizeHint() const
 {
-    return widget() ? (widget()->minimumSizeHint() + besides()).boundedTo(enough) : QSize();
+    return widget() ? (widget()->minimumSizeHint() + besides()).boundedTo(enoughToWork) : QSize();
 }
 
 /// Where content is too high, the bar beside it does not make it too wide as well.

@@ -31,7 +31,7 @@ public:
     }
 };
 
-QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object)
+QAccessibleInterface* makeReadingTextInterface(const QString& /*className*/, QObject* object)
 {
     auto* const text = qobject_cast<ReadingText*>(object);
     return text ? new ReadingTextAccessible(*text) : nullptr; // the accessibility cache owns it
@@ -62,7 +62,7 @@ double heightOf(const QString& paragraph, const QFont& font, int width, double e
 
 ReadingText::ReadingText(int longest, QWidget* parent) : QPlainTextEdit(parent), m_longest(longest)
 {
-    static const bool isSpoken = (QAccessible::installFactory(makeInterface), true);
+    static const bool isSpoken = (QAccessible::installFactory(makeReadingTextInterface), true);
     Q_UNUSED(isSpoken)
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse);

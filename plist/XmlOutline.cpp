@@ -11,11 +11,10 @@ constexpr std::string_view rootTag = XmlParts::rootTag;
 constexpr std::string_view rootEnd = "</array>";
 constexpr std::string_view plistTag = "<plist";
 constexpr std::string_view plistEnd = "</plist>";
-constexpr std::string_view blanks = " \t\r\n";
 
 std::string_view withoutBlanks(std::string_view text)
 {
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    text.remove_prefix(std::min(text.find_first_not_of(xmlBlanks), text.size()));
     return text;
 }
 
@@ -159,7 +158,7 @@ private:
 
     static bool isNameEnd(char c)
     {
-        return c == '>' || c == '/' || c == '<' || blanks.find(c) != std::string_view::npos;
+        return c == '>' || c == '/' || c == '<' || xmlBlanks.find(c) != std::string_view::npos;
     }
 
     /// An element of the root ends at `end`.
@@ -195,7 +194,7 @@ private:
     {
         for (std::size_t at = m_xml.find('='); at != std::string_view::npos; at = m_xml.find('=', at + 1)) {
             const char next = at + 1 < m_xml.size() ? m_xml[at + 1] : '\0';
-            if (next == '"' || next == '\'' || blanks.find(next) != std::string_view::npos) {
+            if (next == '"' || next == '\'' || xmlBlanks.find(next) != std::string_view::npos) {
                 m_memory.addAttribute();
             }
         }

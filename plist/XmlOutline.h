@@ -10,6 +10,9 @@
 
 namespace PropertyList {
 
+/// The white space of XML, between elements and between attributes.
+inline constexpr std::string_view xmlBlanks = " \t\r\n";
+
 /// Where to cut a list whose root is an array, so that it can be parsed piece by piece.
 struct XmlParts {
     static constexpr std::string_view rootTag = "<array>";

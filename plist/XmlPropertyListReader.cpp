@@ -26,18 +26,16 @@ constexpr std::size_t largeSize = std::size_t{1} << 20;
 /// document type defines are never expanded.
 constexpr unsigned parseOptions = pugi::parse_escapes | pugi::parse_cdata | pugi::parse_embed_pcdata;
 
-constexpr std::string_view blanks = " \t\r\n";
-
 bool isBlank(std::string_view text)
 {
-    return text.find_first_not_of(blanks) == std::string_view::npos;
+    return text.find_first_not_of(xmlBlanks) == std::string_view::npos;
 }
 
 std::string_view trimmed(std::string_view text)
 {
-    const std::size_t first = text.find_first_not_of(blanks);
+    const std::size_t first = text.find_first_not_of(xmlBlanks);
     return first == std::string_view::npos ? std::string_view()
-                                           : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+                                           : text.substr(first, text.find_last_not_of(xmlBlanks) - first + 1);
 }
 
 std::optional<Value> valueOf(pugi::xml_node element, int depth);
@@ -124,7 +122,7 @@ std::optional<double> realFrom(std::string_view text)
 
 std::optional<std::vector<std::byte>> dataFrom(std::string text)
 {
-    std::erase_if(text, [](char c) { return blanks.find(c) != std::string_view::npos; });
+    std::erase_if(text, [](char c) { return xmlBlanks.find(c) != std::string_view::npos; });
     const auto encoded = QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size()));
     const auto decoded = QByteArray::fromBase64Encoding(encoded, QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded) {

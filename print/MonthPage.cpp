@@ -19,7 +19,6 @@
 namespace {
 
 // Lengths on the paper, in points.
-constexpr qreal pointsPerInch = 72;
 constexpr qreal margin = 36;
 constexpr qreal titleHeight = 44;
 constexpr qreal weekdayHeight = 22;

@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr double pointsPerInch = 72;
 constexpr double leastSignWidth = 0.1; ///< points: no sign is without a place
 
 /// The glyphs that show some characters of a line, and where they stand.

@@ -13,6 +13,8 @@ class QPainter;
 class QTextLayout;
 class QTextLine;
 
+inline constexpr double pointsPerInch = 72;
+
 /// Writes on the page of a PDF document what a screen would show: letters as outlines, coloured signs as pictures. Its
 /// layer keeps what they say.
 class PrintedText {

@@ -14,7 +14,6 @@ namespace {
 
 constexpr char32_t dottedI = U'i';
 constexpr char32_t dotlessI = U'\u0131';
-constexpr char32_t replacement = U'\uFFFD';
 
 bool isMark(char32_t character)
 {
@@ -96,7 +95,7 @@ bool FoldSources::canAnchor(char32_t folded, Folding folding) const
 {
     const bool syllablePart = Hangul::isVowel(folded) || Hangul::isTrailing(folded);
     const bool turkicI = folding == Folding::TurkicFolding && (folded == dottedI || folded == dotlessI);
-    return !canFollowAsMark(folded) && !syllablePart && !turkicI && folded != replacement;
+    return !canFollowAsMark(folded) && !syllablePart && !turkicI && folded != malformedBytes;
 }
 
 bool FoldSources::canFollowAsMark(char32_t folded) const

@@ -9,6 +9,9 @@
 /// How letters lose their case: Turkish and Azeri tell dotted and dotless i apart.
 enum class Folding { GeneralFolding, TurkicFolding };
 
+/// What each byte that is not UTF-8 counts as.
+inline constexpr char32_t malformedBytes = U'\uFFFD';
+
 /// `locale` is an ICU identifier, for example "tr_TR".
 Folding foldingForLocale(const std::string& locale);
 

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr char32_t replacement = U'\uFFFD';
-
 // Long needles have a rare place among their first characters.
 constexpr std::size_t mostAnchors = 32;
 
@@ -70,7 +68,7 @@ TextSearch::TextSearch(std::string_view needle, const std::string& locale)
     for (int at = 0; at < m_reference.length(); at = m_reference.moveIndex32(at, 1)) {
         m_folded += static_cast<char32_t>(m_reference.char32At(at));
     }
-    if (m_folded.find(replacement) != std::u32string::npos) {
+    if (m_folded.find(malformedBytes) != std::u32string::npos) {
         m_needle.clear();
     }
     chooseAnchor();

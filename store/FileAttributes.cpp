@@ -17,11 +17,6 @@ namespace fs = std::filesystem;
 constexpr const char* accessList = "system.posix_acl_access";
 constexpr std::string_view ofUsers = "user.";
 
-std::error_code lastError()
-{
-    return {errno, std::generic_category()};
-}
-
 /// Whether the last call failed in a way that it always will: this file system or this user cannot do that.
 bool isImpossible()
 {

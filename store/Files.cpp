@@ -19,11 +19,6 @@ constexpr std::string_view temporaryMark = ".tmp-";
 constexpr std::string_view randomPart = "XXXXXX"; // filled in by mkostemp
 constexpr int mostTries = 100;                    // of a call that neither succeeds nor fails for good
 
-std::error_code lastError()
-{
-    return {errno, std::generic_category()};
-}
-
 bool isTemporaryOf(std::string_view entry, std::string_view fileName)
 {
     const std::size_t tail = temporaryMark.size() + randomPart.size();
@@ -88,6 +83,11 @@ FileDescriptor::~FileDescriptor()
     if (isOpen()) {
         ::close(m_descriptor);
     }
+}
+
+std::error_code lastError()
+{
+    return {errno, std::generic_category()};
 }
 
 bool meansAbsent(const std::error_code& error)

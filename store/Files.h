@@ -57,6 +57,9 @@ private:
     std::int64_t m_size = 0; ///< bytes
 };
 
+/// Why the last call of the system failed.
+std::error_code lastError();
+
 /// Whether the error of a system call says that nothing is there.
 bool meansAbsent(const std::error_code& error);
 

@@ -12,10 +12,10 @@
 
 namespace {
 
-constexpr int margin = 28;
-constexpr int gap = 6;
+constexpr int sheetMargin = 28;
+constexpr int sheetGap = 6;
 constexpr int wideGap = 16;
-constexpr int iconSize = 64;
+constexpr int sheetIconSize = 64;
 
 } // namespace
 
@@ -25,8 +25,8 @@ AboutSheet::AboutSheet(const QString& version, const QUrl& webPage, QWidget* par
     setWindowTitle(localized("About Velumora"));
     setAccessibleName(windowTitle());
     auto* rows = new QVBoxLayout(this);
-    rows->setContentsMargins(margin, margin, margin, margin);
-    rows->setSpacing(gap);
+    rows->setContentsMargins(sheetMargin, sheetMargin, sheetMargin, sheetMargin);
+    rows->setSpacing(sheetGap);
     const auto addText = [rows](const QString& text, const char* role = nullptr) {
         auto* label = new QLabel(text);
         label->setTextFormat(Qt::PlainText);
@@ -39,14 +39,14 @@ AboutSheet::AboutSheet(const QString& version, const QUrl& webPage, QWidget* par
     };
 
     auto* icon = new QLabel;
-    icon->setPixmap(QApplication::windowIcon().pixmap(QSize(iconSize, iconSize), devicePixelRatioF()));
+    icon->setPixmap(QApplication::windowIcon().pixmap(QSize(sheetIconSize, sheetIconSize), devicePixelRatioF()));
     icon->setAlignment(Qt::AlignHCenter);
     rows->addWidget(icon);
-    rows->addSpacing(wideGap - gap);
+    rows->addSpacing(wideGap - sheetGap);
     addText(QApplication::applicationDisplayName(), "pageTitle");
     addText(localized("The day-note calendar"));
     addText(filled(localized("Version %@"), {version}), "secondary");
-    rows->addSpacing(wideGap - gap);
+    rows->addSpacing(wideGap - sheetGap);
     addText(localized("© 2026 the Velumora developers"), "secondary");
     addText(localized("Free software under the MIT License, without any warranty"), "secondary");
 

@@ -22,7 +22,7 @@ const QString locationInterface = QStringLiteral("org.freedesktop.GeoClue2.Locat
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 const QString locationUpdatedSignal = QStringLiteral("LocationUpdated");
 
-constexpr int noTimeout = std::numeric_limits<int>::max(); // the bus tells when the service is gone
+constexpr int untilServiceIsGone = std::numeric_limits<int>::max(); // which the bus tells
 
 /// The service's level for an accuracy in metres.
 uint accuracyLevel(double metres)
@@ -146,7 +146,7 @@ void GeoClueClient::callClient(const QString& interface, const QString& method, 
 /// Calls come to the service in the order in which they are made here.
 void GeoClueClient::call(const QDBusMessage& message, const Answer& answer)
 {
-    const QDBusPendingCall pending = m_bus.asyncCall(message, noTimeout);
+    const QDBusPendingCall pending = m_bus.asyncCall(message, untilServiceIsGone);
     if (!answer) {
         return;
     }

@@ -43,12 +43,10 @@ Q_SIGNALS:
     /// At most once.
     void located(Coordinate place);
 
-private Q_SLOTS:
-    void locationUpdated(const QDBusObjectPath& oldLocation, const QDBusObjectPath& newLocation);
-
 private:
     using Answer = std::function<void(const QDBusMessage& reply)>;
 
+    Q_SLOT void locationUpdated(const QDBusObjectPath& oldLocation, const QDBusObjectPath& newLocation);
     void call(const QDBusMessage& message, const Answer& answer);
     void callClient(const QString& interface, const QString& method, const QVariantList& arguments,
                     const Answer& answer = {});

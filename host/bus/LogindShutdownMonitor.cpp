@@ -9,7 +9,7 @@
 
 namespace {
 
-const QString service = QStringLiteral("org.freedesktop.login1");
+const QString managerService = QStringLiteral("org.freedesktop.login1");
 const QString path = QStringLiteral("/org/freedesktop/login1");
 const QString manager = QStringLiteral("org.freedesktop.login1.Manager");
 
@@ -25,7 +25,7 @@ void LogindShutdownMonitor::listen(const QDBusConnection& bus, const QString& re
     // From whoever has that path, as the owner of the name is not waited for; others than the owner are passed over.
     m_bus->connect(QString(), path, manager, QStringLiteral("PrepareForShutdown"), this,
                    SLOT(prepareForShutdown(bool)));
-    auto* watcher = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    auto* watcher = new QDBusServiceWatcher(managerService, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const auto&, const auto&, const auto& now) {
                 m_manager = now;
@@ -43,7 +43,7 @@ void LogindShutdownMonitor::askForManager()
     QDBusMessage call =
         QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
                                        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
-    call << service;
+    call << managerService;
     auto* watcher = new QDBusPendingCallWatcher(m_bus->asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
         finished->deleteLater();
@@ -56,7 +56,7 @@ void LogindShutdownMonitor::askForManager()
 
 void LogindShutdownMonitor::takeLock()
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(service, path, manager, QStringLiteral("Inhibit"));
+    QDBusMessage call = QDBusMessage::createMethodCall(managerService, path, manager, QStringLiteral("Inhibit"));
     call << QStringLiteral("shutdown") << QCoreApplication::applicationName() << m_reason << QStringLiteral("delay");
     auto* watcher = new QDBusPendingCallWatcher(m_bus->asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {

@@ -21,10 +21,9 @@ public:
     /// Begins to listen on the system's `bus`. `reason` is shown to whoever asks the system what holds it up.
     void listen(const QDBusConnection& bus, const QString& reason);
 
-private Q_SLOTS:
-    void prepareForShutdown(bool active);
-
 private:
+    Q_SLOT void prepareForShutdown(bool active);
+
     void askForManager();
     void takeLock();
 

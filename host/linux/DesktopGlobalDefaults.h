@@ -36,13 +36,11 @@ public:
     /// Takes in the portal's answers that have come by now.
     void takeInAnswers();
 
-private Q_SLOTS:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
-
 private:
     /// The portal's values.
     enum class ColorScheme : unsigned { NoPreference = 0, Dark = 1, Light = 2 };
 
+    Q_SLOT void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
     void ask(QDBusConnection& connection, const QString& group, const QString& key);
     bool isDark() const;
 

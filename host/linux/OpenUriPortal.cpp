@@ -20,8 +20,8 @@
 
 namespace {
 
-constexpr int patienceMs = 10'000;   // for taking the request; a portal that must be started first included
-constexpr uint lastGoodResponse = 1; // 0: opened, 1: the user chose nothing, 2: it could not
+constexpr int requestPatienceMs = 10'000; // for taking the request; a portal that must be started first included
+constexpr uint lastGoodResponse = 1;      // 0: opened, 1: the user chose nothing, 2: it could not
 
 QString portalService()
 {
@@ -87,7 +87,7 @@ public:
         QString sender = m_bus.baseService().sliced(1);
         sender.replace(u'.', u'_');
         listenAt(QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token));
-        auto* call = new QDBusPendingCallWatcher(m_bus.asyncCall(*message, patienceMs), this);
+        auto* call = new QDBusPendingCallWatcher(m_bus.asyncCall(*message, requestPatienceMs), this);
         connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
             const QDBusPendingReply<QDBusObjectPath> handle = *call;
             if (handle.isError()) {

@@ -6,6 +6,7 @@
 #include <QUrl>
 
 #include <functional>
+#include <utility>
 
 /// The desktop portal's service that opens things (org.freedesktop.portal.OpenURI). It works from within a sandbox and
 /// tells what became of it.
@@ -15,7 +16,7 @@ class OpenUriPortal : public QObject {
 public:
     using Completion = std::function<void(bool opened)>;
 
-    explicit OpenUriPortal(const QDBusConnection& bus, QObject* parent = nullptr) : QObject(parent), m_bus(bus) {}
+    explicit OpenUriPortal(QDBusConnection bus, QObject* parent = nullptr) : QObject(parent), m_bus(std::move(bus)) {}
 
     /// Opens a page, a file or a folder. `completion` hears false when there is no portal, when it goes away, or when
     /// it has no program for it. A user whom the portal asks for a program and who chooses none has decided: that

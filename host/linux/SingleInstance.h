@@ -10,6 +10,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <utility>
 
 class TerminationSignals;
 
@@ -34,9 +35,9 @@ public:
     /// `done` is called, at any later time, once the reminder has been dealt with, with whether that went well.
     using ReminderHandler = std::function<void(const QByteArray& request, const std::function<void(bool)>& done)>;
 
-    explicit SingleInstance(const QDBusConnection& bus = QDBusConnection::sessionBus(),
+    explicit SingleInstance(QDBusConnection bus = QDBusConnection::sessionBus(),
                             std::chrono::milliseconds patience = usualPatience)
-        : m_bus(bus), m_patience(patience)
+        : m_bus(std::move(bus)), m_patience(patience)
     {
     }
 
@@ -51,13 +52,12 @@ public:
     /// Takes clicked reminders from then on.
     void setReminderHandler(ReminderHandler handler) { m_reminderHandler = std::move(handler); }
 
-public Q_SLOTS:
-    void Activate(const QVariantMap& platformData);
+    Q_SLOT void Activate(const QVariantMap& platformData);
 
     /// The program opens no files: it comes forward.
-    void Open(const QStringList& uris, const QVariantMap& platformData);
+    Q_SLOT void Open(const QStringList& uris, const QVariantMap& platformData);
 
-    void ActivateAction(const QString& action, const QVariantList& parameters, const QVariantMap& platformData);
+    Q_SLOT void ActivateAction(const QString& action, const QVariantList& parameters, const QVariantMap& platformData);
 
 Q_SIGNALS:
     /// The window is to come forward. The token lets it take the keyboard; it may be empty. However many have asked for
