@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 #include "dates/DateUtilities.h"
 #include "look/NamedColor.h"
+#include "look/TableMetrics.h"
 #include "notes/NoteQueries.h"
 #include "search/TextSearch.h"
 #include "store/Record.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "bench/LifetimeNotes.h"
+#include "look/TableMetrics.h"
 #include "notes/NoteQueries.h"
 #include "store/Record.h"
 #include "table/CellEditor.h"

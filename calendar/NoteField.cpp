@@ -2,9 +2,9 @@
 #include "calendar/NoteField.h"
 
 #include "calendar/WholeNote.h"
-#include "look/Paragraphs.h"
 #include "look/TableMetrics.h"
 #include "text/CellLines.h"
+#include "text/TextLines.h"
 
 #include <QHelpEvent>
 #include <QScrollBar>

@@ -2,8 +2,8 @@
 #include "calendar/WholeNote.h"
 
 #include "look/ParagraphLayout.h"
-#include "look/Paragraphs.h"
 #include "text/CellLines.h"
+#include "text/TextLines.h"
 
 #include <QEvent>
 #include <QLabel>

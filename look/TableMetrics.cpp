@@ -2,6 +2,7 @@
 #include "look/TableMetrics.h"
 
 #include "text/CellLines.h"
+#include "text/TextLines.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -37,11 +38,11 @@ QString plainToolTip(const QString& text)
                      .arg(isRightToLeft ? QStringLiteral("rtl") : QStringLiteral("ltr"),
                           line.isEmpty() ? QStringLiteral("&nbsp;") : line.toHtmlEscaped());
     };
-    for (const QStringView line : CellLines::slice(text, 0, maximumLines)) {
+    for (const QStringView line : linesOf(text, 0, maximumLines)) {
         const QStringView start = CellLines::cut(line, maximumLength);
         add(start.toString() + (start.size() < line.size() ? QStringLiteral("…") : QString()));
     }
-    if (!CellLines::slice(text, maximumLines, 1).empty()) {
+    if (!linesOf(text, maximumLines, 1).empty()) {
         add(QStringLiteral("…"));
     }
     return shown;

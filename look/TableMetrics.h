@@ -7,6 +7,8 @@
 /// What the painted cells, the header and the editor of a table agree on, in points.
 inline constexpr int cellPadding = 8;        ///< between a cell's edge and its text, left and right
 inline constexpr int sortIndicatorRoom = 16; ///< beside the title of a sortable column
+inline constexpr double noteLineHeight = 17;
+inline constexpr double eventLineHeight = 20; ///< of an important date
 
 /// The system font at 13 points.
 QFont cellFont();

@@ -4,6 +4,7 @@
 #include "look/Paragraphs.h"
 #include "print/PrintedText.h"
 #include "text/CellLines.h"
+#include "text/TextLines.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

@@ -3,7 +3,7 @@
 
 #include "look/TableMetrics.h"
 #include "table/FixedLineLayout.h"
-#include "text/CellLines.h"
+#include "text/TextLines.h"
 #include "text/XmlCharacters.h"
 
 #include <QContextMenuEvent>
@@ -25,7 +25,7 @@ constexpr int newlineProperty = QTextFormat::UserProperty;
 /// Also the two characters that a text document takes for its own frame marks.
 bool endsLine(char16_t c)
 {
-    return CellLines::isSeparator(c) || c == u'\uFDD0' || c == u'\uFDD1';
+    return isNewline(c) || c == u'\uFDD0' || c == u'\uFDD1';
 }
 
 QTextCharFormat newlineFormat(char16_t newline)

@@ -5,6 +5,7 @@
 #include "table/TableView.h"
 #include "table/TableViewDelegate.h"
 #include "text/CellLines.h"
+#include "text/TextLines.h"
 
 #include <QHelpEvent>
 #include <QPaintEvent>
@@ -98,7 +99,7 @@ void TableView::paintCell(QPainter& painter, int column, int row, const QRect& e
 
     painter.save();
     painter.setClipRect(shown);
-    for (const QStringView line : CellLines::slice(view.text, first, last - first + 1)) {
+    for (const QStringView line : linesOf(view.text, first, last - first + 1)) {
         const QString text = fitted(line, metrics, room.width());
         const Qt::LayoutDirection direction = CellLines::direction(text, layoutDirection());
         painter.setLayoutDirection(direction);
@@ -129,7 +130,7 @@ void TableView::showToolTip(QHelpEvent& event) const
     const QRect cell = rectOfCell(column, row);
     const int room = cell.width() - 2 * cellPadding;
     const int visible = static_cast<int>(viewport()->height() / m_lineHeight) + 1;
-    const auto lines = CellLines::slice(text, 0, visible);
+    const auto lines = linesOf(text, 0, visible);
     const bool shortened = std::any_of(lines.begin(), lines.end(), [&](QStringView line) {
         return metrics.horizontalAdvance(CellLines::cut(line, room + 1).toString()) > room;
     });

@@ -28,6 +28,12 @@ std::size_t newlinesIn(const char* bytes, std::size_t count)
     return found;
 }
 
+qsizetype lineEnd(QStringView text, qsizetype from)
+{
+    const char16_t* const begin = text.utf16();
+    return std::find_if(begin + from, begin + text.size(), isNewline) - begin;
+}
+
 } // namespace
 
 std::size_t countOfLines(std::string_view utf8)
@@ -42,4 +48,26 @@ std::size_t countOfLines(std::string_view utf8)
     const std::string_view rest = utf8.substr(at);
     std::ranges::copy(rest, tail);
     return lines + newlinesIn(tail, rest.size());
+}
+
+std::vector<QStringView> linesOf(QStringView text, int first, int limit)
+{
+    std::vector<QStringView> lines;
+    qsizetype start = 0;
+    for (int line = 0; line - first < limit && start <= text.size(); ++line) {
+        const qsizetype end = lineEnd(text, start);
+        if (line >= first) {
+            lines.push_back(text.sliced(start, end - start));
+        }
+        start = end + 1;
+    }
+    return lines;
+}
+
+QString withLineFeeds(QString text)
+{
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    std::ranges::replace_if(
+        text, [](QChar character) { return isNewline(character.unicode()); }, QChar(u'\n'));
+    return text;
 }

@@ -3,6 +3,7 @@
 
 #include "look/ReadingText.h"
 #include "look/WrappingButton.h"
+#include "text/TextLines.h"
 #include "widgets/SheetQueue.h"
 
 #include <QApplication>
@@ -24,13 +25,6 @@ constexpr int iconSize = 48;
 constexpr int mostHeadline = 120; ///< points; a higher headline scrolls
 constexpr int mostBody = 260;
 constexpr qsizetype longestHeadline = 400; ///< UTF-16 units; a longer one is shown without its middle
-
-/// A text as it is shown: carriage returns begin lines, as line feeds do, and the two together begin one.
-QString withLineFeeds(QString text)
-{
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    return text.replace(QChar::CarriageReturn, QChar::LineFeed);
-}
 
 /// The last place at or before `position` that stands between two characters, as a reader counts them.
 qsizetype characterStart(const QString& text, qsizetype position)

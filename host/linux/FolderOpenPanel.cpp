@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/FolderOpenPanel.h"
 
+#include "text/TextLines.h"
+
 #include <QDialog>
 #include <QDir>
 #include <QFileDialog>
@@ -30,7 +32,7 @@ void FolderOpenPanel::chooseFolder(QWidget& window, const Request& request, Comp
     panel->setAttribute(Qt::WA_DeleteOnClose);
     panel->setWindowTitle(request.title);
 
-    auto* message = new QLabel(QString(request.message).replace(u'\r', u'\n').trimmed());
+    auto* message = new QLabel(withLineFeeds(request.message).trimmed());
     message->setTextFormat(Qt::PlainText);
     message->setWordWrap(true);
     message->setContentsMargins(16, 16, 16, 0);

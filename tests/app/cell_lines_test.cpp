@@ -8,50 +8,6 @@
 #include <QTextDocument>
 #include <gtest/gtest.h>
 
-namespace {
-
-QStringList linesOf(const QString& text, int first, int limit)
-{
-    QStringList lines;
-    for (const QStringView line : CellLines::slice(text, first, limit)) {
-        lines.append(line.toString());
-    }
-    return lines;
-}
-
-} // namespace
-
-TEST(CellLines, ATextFallsIntoLinesAtEveryNewlineCharacter)
-{
-    struct {
-        QString text;
-        QStringList lines;
-    } const table[] = {
-        {u""_qs, {u""_qs}},
-        {u"a"_qs, {u"a"_qs}},
-        {u"a\nb"_qs, {u"a"_qs, u"b"_qs}},
-        {u"a\rb"_qs, {u"a"_qs, u"b"_qs}},
-        {u"a\r\nb"_qs, {u"a"_qs, u""_qs, u"b"_qs}},
-        {u"a\u000Bb\u000Cc"_qs, {u"a"_qs, u"b"_qs, u"c"_qs}},
-        {u"a\u0085b\u2028c\u2029d"_qs, {u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs}},
-        {u"a\n"_qs, {u"a"_qs, u""_qs}},
-        {u"tab\tstays, so does \u00A0"_qs, {u"tab\tstays, so does \u00A0"_qs}},
-    };
-    for (const auto& row : table) {
-        EXPECT_EQ(linesOf(row.text, 0, 100), row.lines) << row.text.toStdString();
-        EXPECT_EQ(CellLines::count(row.text), row.lines.size()) << row.text.toStdString();
-    }
-}
-
-TEST(CellLines, AnySliceOfTheLinesCanBeTaken)
-{
-    const QString text = u"0\n1\n2\n3"_qs;
-    EXPECT_EQ(linesOf(text, 1, 2), (QStringList{u"1"_qs, u"2"_qs}));
-    EXPECT_EQ(linesOf(text, 3, 5), QStringList{u"3"_qs});
-    EXPECT_TRUE(linesOf(text, 4, 1).isEmpty());
-    EXPECT_TRUE(linesOf(text, 0, 0).isEmpty());
-}
-
 TEST(CellLines, ACutNeverLeavesHalfASurrogatePair)
 {
     EXPECT_EQ(CellLines::cut(u"abc", 5), u"abc");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "table_fixture.h"
 
-#include "text/CellLines.h"
+#include "text/TextLines.h"
 
 #include <QTest>
 
@@ -21,7 +21,7 @@ CellView FakeTableDelegate::viewForTableColumn(const TableView& /*tableView*/, c
 
 double FakeTableDelegate::heightOfRow(const TableView& /*tableView*/, int row)
 {
-    return 17.0 * CellLines::count(texts[row]);
+    return 17.0 * static_cast<double>(countOfLines(texts[row].toStdString()));
 }
 
 void FakeTableDelegate::tableViewSelectionIsChanging(TableView& tableView)

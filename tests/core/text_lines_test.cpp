@@ -7,6 +7,15 @@
 
 namespace {
 
+QStringList texts(const QString& text, int first, int limit)
+{
+    QStringList lines;
+    for (const QStringView line : linesOf(text, first, limit)) {
+        lines.append(line.toString());
+    }
+    return lines;
+}
+
 struct Row {
     std::string text;
     std::size_t lines;
@@ -65,6 +74,44 @@ TEST(TextLines, readsNothingBehindTheText)
     const std::string whole = "a\xE2\x80\xA8\n";
     EXPECT_EQ(countOfLines(std::string_view(whole).substr(0, 3)), 1U);
     EXPECT_EQ(countOfLines(std::string_view(whole).substr(0, 4)), 2U);
+}
+
+TEST(TextLines, fallApartAtEveryNewlineCharacter)
+{
+    struct {
+        QString text;
+        QStringList lines;
+    } const table[] = {
+        {u""_qs, {u""_qs}},
+        {u"a"_qs, {u"a"_qs}},
+        {u"a\nb"_qs, {u"a"_qs, u"b"_qs}},
+        {u"a\rb"_qs, {u"a"_qs, u"b"_qs}},
+        {u"a\r\nb"_qs, {u"a"_qs, u""_qs, u"b"_qs}},
+        {u"a\u000Bb\u000Cc"_qs, {u"a"_qs, u"b"_qs, u"c"_qs}},
+        {u"a\u0085b\u2028c\u2029d"_qs, {u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs}},
+        {u"a\n"_qs, {u"a"_qs, u""_qs}},
+        {u"tab\tstays, so does \u00A0"_qs, {u"tab\tstays, so does \u00A0"_qs}},
+    };
+    for (const auto& row : table) {
+        EXPECT_EQ(texts(row.text, 0, 100), row.lines) << row.text.toStdString();
+        EXPECT_EQ(countOfLines(row.text.toStdString()), row.lines.size()) << row.text.toStdString();
+    }
+}
+
+TEST(TextLines, canBeTakenFromAnywhere)
+{
+    const QString text = u"0\n1\n2\n3"_qs;
+    EXPECT_EQ(texts(text, 1, 2), (QStringList{u"1"_qs, u"2"_qs}));
+    EXPECT_EQ(texts(text, 3, 5), QStringList{u"3"_qs});
+    EXPECT_TRUE(texts(text, 4, 1).isEmpty());
+    EXPECT_TRUE(texts(text, 0, 0).isEmpty());
+}
+
+TEST(TextLines, areReadWithOneLineFeedForEachBreak)
+{
+    EXPECT_EQ(withLineFeeds(u"a\r\nb\rc\n\rd"_qs), u"a\nb\nc\n\nd"_qs);
+    EXPECT_EQ(withLineFeeds(u"a\u000Bb\u000Cc\u0085d\u2028e\u2029f"_qs), u"a\nb\nc\nd\ne\nf"_qs);
+    EXPECT_EQ(withLineFeeds(u"tab\tand \u00A0"_qs), u"tab\tand \u00A0"_qs);
 }
 
 } // namespace
