@@ -4,8 +4,8 @@
 #include "look/NamedColor.h"
 #include "store/Record.h"
 #include "table/TableView.h"
-#include "text/CellLines.h"
 #include "text/Localized.h"
+#include "text/TextCutting.h"
 #include "ui_MainWindow.h"
 #include "widgets/DatePicker.h"
 
@@ -30,7 +30,7 @@ QString spokenNameOfPicker(const ListRow& event)
     const QString description = text ? QString::fromStdString(*text).simplified() : QString();
     return description.isEmpty() || description == newDescription()
                ? localized("Date")
-               : filled(localized("Date of %@"), {CellLines::cut(description, spokenLength).toString()});
+               : filled(localized("Date of %@"), {beginningOf(description, spokenLength).toString()});
 }
 
 } // namespace

@@ -10,11 +10,11 @@
 #include "store/Record.h"
 #include "text/IntegerValue.h"
 #include "text/Localized.h"
+#include "text/TextCutting.h"
 #include "ui_MainWindow.h"
 
 #include <QLabel>
 #include <QMainWindow>
-#include <QTextBoundaryFinder>
 
 namespace {
 
@@ -23,13 +23,6 @@ constexpr const char* timerPriorDateKey = "timerPriorDateKey";
 MiniCalendarGrid* gridIn(QWidget& window)
 {
     return window.findChild<MiniCalendarGrid*>();
-}
-
-/// The first character as a reader sees it, with the marks that belong to it.
-QString firstCharacter(const QString& text)
-{
-    QTextBoundaryFinder boundaries(QTextBoundaryFinder::Grapheme, text);
-    return text.left(std::max<qsizetype>(boundaries.toNextBoundary(), 0));
 }
 
 /// The first instant of the day of `shown` that `button` stands for; nothing for a blank cell, and for a day that the
@@ -108,7 +101,7 @@ void AppDelegate::setSingleCharDayNames(bool startOnSunday, QWidget& window)
         const int weekday = MonthGrid::weekdayOfColumn(column, startOnSunday);
         // With Monday first, the Sunday at the end of the row keeps its whole short name.
         const bool whole = !startOnSunday && weekday == MonthGrid::Sunday;
-        header->setText(whole ? shortNames.at(column) : firstCharacter(shortNames.at(column)));
+        header->setText(whole ? shortNames.at(column) : firstSignOf(shortNames.at(column)).toString());
         setSpokenName(*header, fullNames.at(weekday));
     }
 }

@@ -3,8 +3,8 @@
 #include "dates/DateUtilities.h"
 #include "notes/NoteQueries.h"
 #include "table/TableView.h"
-#include "text/CellLines.h"
 #include "text/Localized.h"
+#include "text/TextCutting.h"
 #include "ui_MainWindow.h"
 
 #include <QAction>
@@ -37,12 +37,9 @@ NotificationContent contentFor(const DatedText& note)
             .userInfo = *makeNoteRecord(note.date, note.text).dictionary()};
 }
 
-/// A note as a reminder's sheet shows it: what is on the bus may be of any length, and nobody reads all of that.
-QString shortened(const QString& text)
-{
-    constexpr qsizetype longest = 20'000; // UTF-16 units
-    return text.size() <= longest ? text : CellLines::cut(text, longest).toString() + QChar(0x2026);
-}
+/// UTF-16 units of a note that a reminder's sheet shows: what is on the bus may be of any length, and nobody reads all
+/// of that.
+constexpr qsizetype longestShown = 20'000;
 
 /// Midnight at the beginning of the note's day, in the zone of now.
 CalendarNotificationTrigger triggerFor(const DatedText& note)
@@ -185,7 +182,7 @@ void AppDelegate::respondWithContent(const NotificationContent& content)
     const std::optional<DatedText> note = datedTextOf(Value(content.userInfo));
     if (note) {
         const QString date = DateUtilities::mediumStyleFromDate(note->date);
-        const QString text = shortened(QString::fromStdString(note->text));
+        const QString text = shortened(QString::fromStdString(note->text), longestShown);
         if (!m_book.notes().isEmpty()) {
             showReminder(filled(QStringLiteral("%@\r%@"), {date, text}), localized("Velumora Reminder"),
                          [this, date = note->date] { showOnlyNoteOf(date); });

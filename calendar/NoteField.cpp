@@ -3,7 +3,7 @@
 
 #include "calendar/WholeNote.h"
 #include "look/TableMetrics.h"
-#include "text/CellLines.h"
+#include "text/TextCutting.h"
 #include "text/TextLines.h"
 
 #include <QHelpEvent>
@@ -20,12 +20,6 @@ constexpr QSize least(56, 20);
 /// UTF-16 units of a note that a field lays out. Nobody reads more of it in a cell; Return shows all.
 constexpr qsizetype longestShown = 8'000;
 
-QString shownPart(const QString& note)
-{
-    const QString shown = withLineFeeds(CellLines::cut(note, longestShown).toString());
-    return note.size() <= longestShown ? shown : shown + u'…';
-}
-
 } // namespace
 
 NoteField::NoteField(QWidget* parent) : QPlainTextEdit(parent)
@@ -38,7 +32,7 @@ void NoteField::setNote(const QString& note)
 {
     if (note != m_note) {
         m_note = note;
-        setPlainText(shownPart(note));
+        setPlainText(withLineFeeds(shortened(note, longestShown)));
     }
     verticalScrollBar()->setValue(0);
     if (note.isEmpty() && hasFocus()) {

@@ -2,7 +2,7 @@
 #include "calendar/WholeNote.h"
 
 #include "look/ParagraphLayout.h"
-#include "text/CellLines.h"
+#include "text/TextCutting.h"
 #include "text/TextLines.h"
 
 #include <QEvent>
@@ -65,7 +65,7 @@ void WholeNote::showOver(const QRect& place)
     const int textWidth = std::max(leastWidth, place.width()) - 2 * noteEdge;
     const QRect needed = m_text->fontMetrics().boundingRect(
         QRect(0, 0, textWidth - scrollBarWidth, 0), Qt::TextWordWrap | Qt::TextWrapAnywhere,
-        CellLines::cut(m_text->toPlainText(), mostMeasured).toString());
+        beginningOf(m_text->toPlainText(), mostMeasured).toString());
     m_text->setFixedSize(textWidth, std::clamp(needed.height() + noteGap, leastTextHeight, mostTextHeight));
     adjustSize();
     const QWidget& page = *parentWidget()->window();

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "look/Paragraphs.h"
 
-#include "text/CellLines.h"
+#include "text/WritingDirection.h"
 
 QTextOption optionOf(QStringView paragraph, Qt::LayoutDirection fallback)
 {
-    const Qt::LayoutDirection direction = CellLines::direction(paragraph, fallback);
+    const Qt::LayoutDirection direction = writingDirection(paragraph, fallback);
     QTextOption option(direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft);
     option.setTextDirection(direction);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "look/TableMetrics.h"
 
-#include "text/CellLines.h"
+#include "text/TextCutting.h"
 #include "text/TextLines.h"
+#include "text/WritingDirection.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -33,14 +34,13 @@ QString plainToolTip(const QString& text)
     constexpr qsizetype maximumLength = 300;
     QString shown;
     const auto add = [&shown](const QString& line) { // a paragraph, for each line has its own direction
-        const bool isRightToLeft = CellLines::direction(line, QGuiApplication::layoutDirection()) == Qt::RightToLeft;
+        const bool isRightToLeft = writingDirection(line, QGuiApplication::layoutDirection()) == Qt::RightToLeft;
         shown += QStringLiteral("<p dir=\"%1\" style=\"margin:0\">%2</p>")
                      .arg(isRightToLeft ? QStringLiteral("rtl") : QStringLiteral("ltr"),
                           line.isEmpty() ? QStringLiteral("&nbsp;") : line.toHtmlEscaped());
     };
     for (const QStringView line : linesOf(text, 0, maximumLines)) {
-        const QStringView start = CellLines::cut(line, maximumLength);
-        add(start.toString() + (start.size() < line.size() ? QStringLiteral("…") : QString()));
+        add(shortened(line, maximumLength));
     }
     if (!linesOf(text, maximumLines, 1).empty()) {
         add(QStringLiteral("…"));

@@ -3,7 +3,7 @@
 
 #include "look/Paragraphs.h"
 #include "print/PrintedText.h"
-#include "text/CellLines.h"
+#include "text/TextCutting.h"
 #include "text/TextLines.h"
 
 #include <QFontMetricsF>
@@ -101,7 +101,7 @@ void writeFittedText(PrintedText& paper, const QRectF& area, const QString& text
                      Qt::LayoutDirection fallback)
 {
     const QStringView whole = withoutBlankEnd(text);
-    const QStringView beginning = CellLines::cut(whole, mostUnits);
+    const QStringView beginning = beginningOf(whole, mostUnits);
     const QString shown = withLineFeeds(beginning.toString());
     for (const QFont& font : fonts) {
         const FittedLines fitted = fittedLines(shown, font, paper.painter().device(), area, fallback);

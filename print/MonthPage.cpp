@@ -5,7 +5,7 @@
 #include "look/NamedColor.h"
 #include "print/FittedText.h"
 #include "print/PrintedText.h"
-#include "text/CellLines.h"
+#include "text/WritingDirection.h"
 
 #include <QBuffer>
 #include <QGuiApplication>
@@ -97,7 +97,7 @@ private:
     {
         QTextLayout layout(text, textFont, m_painter.device());
         QTextOption option(QStyle::visualAlignment(m_page.direction, alignment));
-        option.setTextDirection(CellLines::direction(text, m_page.direction));
+        option.setTextDirection(writingDirection(text, m_page.direction));
         option.setWrapMode(QTextOption::NoWrap);
         layout.setTextOption(option);
         layout.beginLayout();

@@ -1,20 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "reminders/NotificationText.h"
 
-#include "text/CellLines.h"
+#include "text/TextCutting.h"
 
 namespace {
 
 constexpr qsizetype maximumLength = 2000;
 constexpr uchar normalUrgency = 1;
-
-QString shortened(const QString& text)
-{
-    if (text.size() <= maximumLength) {
-        return text;
-    }
-    return CellLines::cut(text, maximumLength).toString() + QChar(0x2026);
-}
 
 QString plainBody(const NotificationContent& content)
 {
@@ -22,7 +14,7 @@ QString plainBody(const NotificationContent& content)
     while (body.endsWith(QLatin1Char('\n'))) {
         body.chop(1);
     }
-    return shortened(content.subtitle.isEmpty() ? body : content.subtitle + QLatin1Char('\n') + body);
+    return shortened(content.subtitle.isEmpty() ? body : content.subtitle + QLatin1Char('\n') + body, maximumLength);
 }
 
 } // namespace
@@ -30,7 +22,8 @@ QString plainBody(const NotificationContent& content)
 NotificationText notificationText(const NotificationContent& content, const QStringList& capabilities,
                                   NotificationSound sound)
 {
-    NotificationText text{.summary = shortened(content.title), .body = plainBody(content), .actions = {}, .hints = {}};
+    NotificationText text{
+        .summary = shortened(content.title, maximumLength), .body = plainBody(content), .actions = {}, .hints = {}};
     if (capabilities.contains(QStringLiteral("body-markup"))) {
         text.body = text.body.toHtmlEscaped();
     }
@@ -38,7 +31,7 @@ NotificationText notificationText(const NotificationContent& content, const QStr
         // The key that stands for a click on the notification itself. Some daemons show the label on a button.
         text.actions = {QStringLiteral("default"), content.defaultActionTitle.isEmpty()
                                                        ? QStringLiteral("Show Note")
-                                                       : shortened(content.defaultActionTitle)};
+                                                       : shortened(content.defaultActionTitle, maximumLength)};
     }
     text.hints = {{QStringLiteral("desktop-entry"), QStringLiteral("velumora")},
                   {QStringLiteral("urgency"), QVariant::fromValue(normalUrgency)}};

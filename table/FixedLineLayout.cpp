@@ -2,7 +2,7 @@
 #include "table/FixedLineLayout.h"
 
 #include "look/TableMetrics.h"
-#include "text/CellLines.h"
+#include "text/WritingDirection.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -51,7 +51,7 @@ QTextLine FixedLineLayout::lineOf(const QTextBlock& block) const
         layout.endLayout();
     }
     QTextLine line = layout.lineAt(0);
-    const bool rightToLeft = CellLines::direction(block.text(), QGuiApplication::layoutDirection()) == Qt::RightToLeft;
+    const bool rightToLeft = writingDirection(block.text(), QGuiApplication::layoutDirection()) == Qt::RightToLeft;
     const double left = rightToLeft ? std::max(0.0, m_viewSize.width() - line.naturalTextWidth()) : 0.0;
     line.setPosition({left, baselineInLine(document()->defaultFont(), m_lineHeight) - line.ascent()});
     return line;

@@ -3,7 +3,7 @@
 
 #include "table/TableHeaderView.h"
 #include "table/TableView.h"
-#include "text/CellLines.h"
+#include "text/TextCutting.h"
 
 #include <QWindow>
 
@@ -15,8 +15,7 @@ QString cellName(const TableView& table, int column, int row)
 {
     const QString title = table.tableColumns()[static_cast<size_t>(column)].headerCell.title();
     const CellView cell = table.cellView(column, row);
-    const QString start =
-        CellLines::cut(cell.spokenText.isEmpty() ? cell.text : cell.spokenText, spokenLength).toString();
+    const QString start = beginningOf(cell.spokenText.isEmpty() ? cell.text : cell.spokenText, spokenLength).toString();
     return title.isEmpty() ? start : QStringLiteral("%1: %2").arg(title, start);
 }
 

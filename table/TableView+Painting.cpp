@@ -4,8 +4,9 @@
 #include "table/CellEditor.h"
 #include "table/TableView.h"
 #include "table/TableViewDelegate.h"
-#include "text/CellLines.h"
+#include "text/TextCutting.h"
 #include "text/TextLines.h"
+#include "text/WritingDirection.h"
 
 #include <QHelpEvent>
 #include <QPaintEvent>
@@ -22,7 +23,7 @@ namespace {
 /// is measured: no glyph that shows is narrower than a point.
 QString fitted(QStringView line, const QFontMetricsF& metrics, int room)
 {
-    const QStringView start = CellLines::cut(line, std::max(room, 0));
+    const QStringView start = beginningOf(line, std::max(room, 0));
     QString text = start.toString();
     text.replace(u'\t', u' ');
     if (start.size() < line.size()) {
@@ -101,7 +102,7 @@ void TableView::paintCell(QPainter& painter, int column, int row, const QRect& e
     painter.setClipRect(shown);
     for (const QStringView line : linesOf(view.text, first, last - first + 1)) {
         const QString text = fitted(line, metrics, room.width());
-        const Qt::LayoutDirection direction = CellLines::direction(text, layoutDirection());
+        const Qt::LayoutDirection direction = writingDirection(text, layoutDirection());
         painter.setLayoutDirection(direction);
         const double x =
             direction == Qt::RightToLeft ? room.right() + 1 - metrics.horizontalAdvance(text) : room.left();
@@ -132,7 +133,7 @@ void TableView::showToolTip(QHelpEvent& event) const
     const int visible = static_cast<int>(viewport()->height() / m_lineHeight) + 1;
     const auto lines = linesOf(text, 0, visible);
     const bool shortened = std::any_of(lines.begin(), lines.end(), [&](QStringView line) {
-        return metrics.horizontalAdvance(CellLines::cut(line, room + 1).toString()) > room;
+        return metrics.horizontalAdvance(beginningOf(line, room + 1).toString()) > room;
     });
     QToolTip::showText(event.globalPos(), shortened ? plainToolTip(text) : QString(), viewport(), cell);
 }

@@ -1,5 +1,6 @@
 velumora_test(query-tests
     core/note_queries_test.cpp
+    core/text_cutting_test.cpp
     core/text_lines_test.cpp
     core/text_search_test.cpp
     notes/note_book_test.cpp

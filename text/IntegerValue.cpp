@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "text/IntegerValue.h"
 
+#include "text/CodePoint.h"
+
 #include <unicode/uchar.h>
 
 #include <algorithm>
@@ -8,15 +10,6 @@
 #include <limits>
 
 namespace {
-
-/// The code point at the front of `text`, which becomes shorter by it; `text` is not empty.
-char32_t takeCodePoint(QStringView& text)
-{
-    const bool pair = text.size() > 1 && text[0].isHighSurrogate() && text[1].isLowSurrogate();
-    const char32_t codePoint = pair ? QChar::surrogateToUcs4(text[0], text[1]) : text[0].unicode();
-    text = text.sliced(pair ? 2 : 1);
-    return codePoint;
-}
 
 bool isSign(QChar character)
 {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "text/XmlCharacters.h"
 
+#include "text/CodePoint.h"
+
 #include <QStringView>
 
 namespace {
@@ -22,7 +24,7 @@ QString withoutForbiddenXmlCharacters(const QString& text)
             if (isAllowed(c.unicode())) {
                 kept += c;
             }
-        } else if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+        } else if (isPairAt(text, i)) {
             kept += c;
             kept += text[++i];
         }

@@ -3,6 +3,7 @@
 
 #include "look/ReadingText.h"
 #include "look/WrappingButton.h"
+#include "text/TextCutting.h"
 #include "text/TextLines.h"
 #include "widgets/SheetQueue.h"
 
@@ -12,7 +13,6 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <QStyle>
-#include <QTextBoundaryFinder>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -25,24 +25,6 @@ constexpr int iconSize = 48;
 constexpr int mostHeadline = 120; ///< points; a higher headline scrolls
 constexpr int mostBody = 260;
 constexpr qsizetype longestHeadline = 400; ///< UTF-16 units; a longer one is shown without its middle
-
-/// The last place at or before `position` that stands between two characters, as a reader counts them.
-qsizetype characterStart(const QString& text, qsizetype position)
-{
-    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
-    characters.setPosition(position);
-    return characters.isAtBoundary() ? position : characters.toPreviousBoundary();
-}
-
-QString withoutItsMiddle(const QString& headline)
-{
-    if (headline.size() <= longestHeadline) {
-        return headline;
-    }
-    const qsizetype half = longestHeadline / 2;
-    return headline.first(characterStart(headline, half)) + QChar(0x2026) +
-           headline.sliced(characterStart(headline, headline.size() - half));
-}
 
 } // namespace
 
@@ -82,7 +64,7 @@ Alert::Alert(QWidget* parent)
 void Alert::setMessageText(const QString& headline)
 {
     m_headline = headline;
-    const QString shown = withoutItsMiddle(withLineFeeds(headline));
+    const QString shown = withoutMiddle(withLineFeeds(headline), longestHeadline);
     m_message->setText(shown);
     setWindowTitle(shown.simplified());
     setAccessibleName(shown.simplified());

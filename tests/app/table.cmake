@@ -2,7 +2,7 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Test)
 
 velumora_test(table-tests
     app/cell_editor_test.cpp
-    app/cell_lines_test.cpp
+    app/plain_tool_tip_test.cpp
     app/composing_test.cpp
     app/control_appearance_test.cpp
     app/row_heights_test.cpp

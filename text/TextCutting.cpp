@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "text/TextCutting.h"
+
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QChar ellipsis(0x2026);
+
+/// The last place at or before `position` that stands between two signs.
+qsizetype signStart(QStringView text, qsizetype position)
+{
+    QTextBoundaryFinder signs(QTextBoundaryFinder::Grapheme, text);
+    signs.setPosition(position);
+    return signs.isAtBoundary() ? position : std::max<qsizetype>(signs.toPreviousBoundary(), 0);
+}
+
+} // namespace
+
+QStringView beginningOf(QStringView text, qsizetype maximum)
+{
+    if (text.size() <= maximum) {
+        return text;
+    }
+    constexpr qsizetype longestCharacter = 2; // of one code point: the one behind tells whether a sign ends here
+    const qsizetype end = signStart(text.first(std::min(maximum + longestCharacter, text.size())), maximum);
+    if (end > 0) {
+        return text.first(end);
+    }
+    const bool splitsPair = maximum > 0 && text[maximum - 1].isHighSurrogate(); // one sign alone is longer
+    return text.first(splitsPair ? maximum - 1 : maximum);
+}
+
+QString shortened(QStringView text, qsizetype maximum)
+{
+    const QStringView beginning = beginningOf(text, maximum);
+    return beginning.size() < text.size() ? beginning.toString() + ellipsis : text.toString();
+}
+
+QString withoutMiddle(QStringView text, qsizetype maximum)
+{
+    if (text.size() <= maximum) {
+        return text.toString();
+    }
+    const qsizetype half = maximum / 2;
+    return beginningOf(text, half).toString() + ellipsis + text.sliced(signStart(text, text.size() - half)).toString();
+}
+
+QStringView firstSignOf(QStringView text)
+{
+    QTextBoundaryFinder signs(QTextBoundaryFinder::Grapheme, text);
+    return text.first(std::max<qsizetype>(signs.toNextBoundary(), 0));
+}
