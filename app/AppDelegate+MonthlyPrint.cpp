@@ -19,16 +19,6 @@ namespace {
 
 constexpr const char* printFileName = "MyPrintedView.pdf";
 
-/// Writes the whole file or none, readable by the user alone.
-void writePrivately(const std::filesystem::path& path, const QByteArray& bytes)
-{
-    removeStaleTemporaries(path.parent_path(), path.filename().native());
-    TemporaryFile file(path);
-    if (!file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())}) && !file.sync()) {
-        (void)file.replaceTarget(); // nothing is reported: the viewer says that there is nothing to show
-    }
-}
-
 /// Takes controls out of sight while it lives, and puts the keyboard back where it was.
 class HiddenControls {
 public:
@@ -71,7 +61,9 @@ void AppDelegate::printMonthlyView()
     MonthPage page = m_ui.monthlyGrid->page();
     page.title = m_ui.monthlyViewMonthYear->text();
     const std::filesystem::path path = *m_host.temporaryFolder / printFileName;
-    writePrivately(path, pdfOf(page, paperSizeOf(DateEnvironment::localePair().currentLocale)));
+    const QByteArray pdf = pdfOf(page, paperSizeOf(DateEnvironment::localePair().currentLocale));
+    // No error is reported: the viewer says that there is nothing to show.
+    (void)replaceFile(path, {pdf.constData(), static_cast<std::size_t>(pdf.size())});
     m_monthlyPrintFile = path;
     m_host.workspace.openUrl(QUrl::fromLocalFile(QString::fromStdString(path.native())), {});
 }

@@ -77,16 +77,8 @@ std::error_code AutostartEntry::enable() const
     if (present && present->text() == text) {
         return syncFolder(m_file.parent_path()); // which failed, perhaps, when it was written
     }
-    removeStaleTemporaries(m_file.parent_path(), m_file.filename().native());
-    std::error_code error = makePrivateFolder(m_file.parent_path());
-    if (error) {
-        return error;
-    }
-    TemporaryFile file(m_file);
-    if ((error = file.write(text)) || (error = file.sync())) {
-        return error;
-    }
-    return file.replaceTarget();
+    const std::error_code error = makePrivateFolder(m_file.parent_path());
+    return error ? error : replaceFile(m_file, text);
 }
 
 std::error_code AutostartEntry::disable() const

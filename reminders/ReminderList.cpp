@@ -259,7 +259,7 @@ std::error_code ReminderList::write(Check check)
         return error;
     }
     TemporaryFile file(m_file);
-    if ((error = file.write(bytes)) || (error = file.sync())) {
+    if ((error = file.write(bytes))) {
         return error;
     }
     error = file.replaceTarget();

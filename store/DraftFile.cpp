@@ -231,8 +231,5 @@ std::error_code DraftFile::replaceFile(Place& place, const Draft& draft)
     if (const std::error_code error = PropertyList::writeXml(Drafts::tableFromDraft(draft), sink)) {
         return error;
     }
-    if (const std::error_code error = temporary.sync()) {
-        return error;
-    }
     return temporary.replaceTarget();
 }

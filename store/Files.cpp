@@ -223,6 +223,7 @@ std::error_code TemporaryFile::write(std::string_view bytes)
     if (m_openError) {
         return m_openError;
     }
+    m_isSynced = false;
     while (!bytes.empty()) {
         const ssize_t count = uninterrupted([&] { return ::write(m_file.get(), bytes.data(), bytes.size()); });
         if (count < 0) {
@@ -238,11 +239,18 @@ std::error_code TemporaryFile::write(std::string_view bytes)
 
 std::error_code TemporaryFile::sync()
 {
-    return fsync(m_file.get()) == 0 ? std::error_code() : lastError();
+    if (fsync(m_file.get()) != 0) {
+        return lastError();
+    }
+    m_isSynced = true;
+    return {};
 }
 
 std::error_code TemporaryFile::replaceTarget()
 {
+    if (const std::error_code error = m_isSynced ? std::error_code() : sync()) {
+        return error;
+    }
     if (::rename(m_path.c_str(), m_target.c_str()) != 0) {
         return lastError();
     }
@@ -267,6 +275,14 @@ void removeStaleTemporaries(const std::filesystem::path& folder, std::string_vie
             ::unlink(path.c_str()); // the lock goes with its writer, however that ended
         }
     }
+}
+
+std::error_code replaceFile(const std::filesystem::path& target, std::string_view bytes)
+{
+    removeStaleTemporaries(target.parent_path(), target.filename().native());
+    TemporaryFile file(target);
+    const std::error_code error = file.write(bytes);
+    return error ? error : file.replaceTarget();
 }
 
 std::error_code syncFolder(const std::filesystem::path& folder)

@@ -112,10 +112,11 @@ public:
     /// Writes `bytes` behind those written before. An error too when the file could not be made.
     std::error_code write(std::string_view bytes);
 
-    /// Waits until the disk has all that was written.
+    /// Waits until the disk has all that was written. For whoever has something to do before the replacing.
     std::error_code sync();
 
-    /// Takes the target's place and waits until the disk knows. After an error it may stand there all the same.
+    /// Takes the target's place once the disk has all that was written, and waits until the disk knows that too. After
+    /// an error it may stand there all the same.
     std::error_code replaceTarget();
     bool hasReplacedTarget() const { return m_hasReplacedTarget; }
 
@@ -128,12 +129,17 @@ private:
     std::filesystem::path m_path; ///< empty when there is nothing to remove
     FileDescriptor m_file;
     std::error_code m_openError;
+    bool m_isSynced = false; ///< all that was written
     bool m_hasReplacedTarget = false;
 };
 
 /// Removes what killed programs left of writing `fileName`, or a file whose name begins so, in `folder`. Files that
 /// some process is writing are left alone.
 void removeStaleTemporaries(const std::filesystem::path& folder, std::string_view fileName);
+
+/// Gives the file at `target`, whose folder is there, these bytes: whole and on the disk when it returns without an
+/// error. It is readable by the user alone. What killed programs left of writing it is removed.
+std::error_code replaceFile(const std::filesystem::path& target, std::string_view bytes);
 
 /// Waits until the disk knows the names in `folder`. No error where the file system or the folder's mode does not let
 /// one wait: nothing better can be done there.

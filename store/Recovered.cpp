@@ -59,18 +59,6 @@ bool holds(const fs::path& file, std::string_view bytes)
     return content && content->text() == bytes;
 }
 
-std::error_code copyBytes(std::string_view bytes, const fs::path& to)
-{
-    TemporaryFile copy(to);
-    if (const std::error_code error = copy.write(bytes)) {
-        return error;
-    }
-    if (const std::error_code error = copy.sync()) {
-        return error;
-    }
-    return copy.replaceTarget();
-}
-
 } // namespace
 
 std::error_code Recovered::keep(const fs::path& folder, const fs::path& file, const std::string& name, Date now)
@@ -95,7 +83,7 @@ std::error_code Recovered::keep(const fs::path& folder, const fs::path& file, co
         fs::rename(file, kept, error);
     } else if (const std::optional<FileContent> content = readFile(file, PropertyList::maximumSize, error)) {
         isKept = !copies.empty() && holds(copies.back().path, content->text());
-        error = isKept ? std::error_code() : copyBytes(content->text(), kept);
+        error = isKept ? std::error_code() : replaceFile(kept, content->text());
     }
     if (error) {
         fs::create_hard_link(file, kept, error);

@@ -122,13 +122,8 @@ void WindowPlace::save()
     const QString text =
         QStringLiteral("%1 %2 %3 %4 %5\n").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height()).arg(state);
     // Where it cannot be written, the window opens as it did before.
-    if (makePrivateFolder(m_file.parent_path())) {
-        return;
-    }
-    removeStaleTemporaries(m_file.parent_path(), m_file.filename().native());
-    TemporaryFile file(m_file);
-    if (!file.write(text.toStdString())) {
-        file.replaceTarget();
+    if (!makePrivateFolder(m_file.parent_path())) {
+        (void)replaceFile(m_file, text.toStdString());
     }
 }
 

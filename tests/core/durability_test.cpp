@@ -188,6 +188,29 @@ TEST(ReminderListDurability, WhatIsNoListIsAsideForGoodBeforeAnotherTakesItsPlac
     EXPECT_EQ(trace().take(), (Calls{"rename to Reminders.unreadable", "sync " + home.path().filename().native()}));
 }
 
+TEST(ReplacedFile, IsOnTheDiskBeforeItTakesItsPlace)
+{
+    const TestFolder home;
+    trace().take();
+    EXPECT_FALSE(replaceFile(home.path() / "Window", "0 0 800 600 normal\n"));
+    EXPECT_EQ(trace().take(),
+              (Calls{"sync .Window.tmp-* 19", "rename to Window", "sync " + home.path().filename().native()}));
+    EXPECT_EQ(bytesOf(home.path() / "Window"), "0 0 800 600 normal\n");
+}
+
+TEST(TemporaryFileTest, WhatIsWrittenAfterASyncIsSyncedToo)
+{
+    const TestFolder home;
+    TemporaryFile file(home.path() / "target");
+    EXPECT_FALSE(file.write("one "));
+    EXPECT_FALSE(file.sync());
+    EXPECT_FALSE(file.write("two"));
+    trace().take();
+    EXPECT_FALSE(file.replaceTarget());
+    EXPECT_EQ(trace().take(),
+              (Calls{"sync .target.tmp-* 7", "rename to target", "sync " + home.path().filename().native()}));
+}
+
 /// Between the calls that make it and lock it, it looks like one that a killed program left.
 TEST(TemporaryFileTest, OneThatAnotherProgramTookForAStaleOneIsMadeAnew)
 {
