@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "agent/NotificationDaemon.h"
 
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include "host/bus/BusCall.h"
+
 #include <QDBusReply>
 
-#include <limits>
 #include <utility>
 
 namespace {
 
-constexpr int noTimeout = std::numeric_limits<int>::max(); // a daemon that ends is heard of at once
 constexpr int neverExpires = 0;
 constexpr qsizetype longestToken = 4096; // it goes to the program in its environment, which has little room
 
@@ -29,9 +27,7 @@ QDBusMessage method(const QString& name)
 NotificationDaemon::NotificationDaemon(const QDBusConnection& bus, QObject* parent)
     : QObject(parent), m_bus(bus), m_watcher(service(), bus, QDBusServiceWatcher::WatchForOwnerChange)
 {
-    const QString theBus = QStringLiteral("org.freedesktop.DBus");
-    const QDBusReply<QString> busId = m_bus.call(QDBusMessage::createMethodCall(
-        theBus, QStringLiteral("/org/freedesktop/DBus"), theBus, QStringLiteral("GetId")));
+    const QDBusReply<QString> busId = m_bus.call(BusCall::methodOfTheBus(QStringLiteral("GetId")));
     m_busId = busId.value();
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString& formerOwner, const QString& owner) {
@@ -54,20 +50,17 @@ NotificationDaemon::NotificationDaemon(const QDBusConnection& bus, QObject* pare
 void NotificationDaemon::show(const NotificationContent& content, NotificationSound sound,
                               const StandingNotification& replaced, Completion completion)
 {
-    const QDBusMessage message = method(QStringLiteral("GetCapabilities"));
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, noTimeout), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [this, watcher, content, sound, replaced, completion = std::move(completion)] {
-                watcher->deleteLater();
-                const QDBusPendingReply<QStringList> capabilities = *watcher;
-                if (capabilities.isError()) {
-                    completion(std::nullopt);
-                } else {
-                    const bool isSame = daemonThatSent(watcher->reply()) == replaced.daemon;
-                    notify(notificationText(content, capabilities.value(), sound), isSame ? replaced.id : 0,
-                           completion);
-                }
-            });
+    const auto answer = [this, content, sound, replaced,
+                         completion = std::move(completion)](const QDBusMessage& reply) {
+        const QDBusReply<QStringList> capabilities(reply);
+        if (!capabilities.isValid()) {
+            completion(std::nullopt);
+            return;
+        }
+        const bool isSame = daemonThatSent(reply) == replaced.daemon;
+        notify(notificationText(content, capabilities.value(), sound), isSame ? replaced.id : 0, completion);
+    };
+    BusCall::send(m_bus, method(QStringLiteral("GetCapabilities")), *this, answer, BusCall::noTimeout);
 }
 
 void NotificationDaemon::notify(const NotificationText& text, uint replacedId, Completion completion)
@@ -75,17 +68,15 @@ void NotificationDaemon::notify(const NotificationText& text, uint replacedId, C
     QDBusMessage message = method(QStringLiteral("Notify"));
     message << QStringLiteral("Velumora") << replacedId << QStringLiteral("x-office-calendar") << text.summary
             << text.body << text.actions << text.hints << neverExpires;
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, noTimeout), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [this, watcher, clickable = !text.actions.isEmpty(), completion = std::move(completion)] {
-                watcher->deleteLater();
-                const QDBusPendingReply<uint> id = *watcher;
-                completion(id.isError()
-                               ? std::nullopt
-                               : std::optional(Shown{
-                                     .notification = {.id = id.value(), .daemon = daemonThatSent(watcher->reply())},
-                                     .clickable = clickable}));
-            });
+    const auto answer = [this, clickable = !text.actions.isEmpty(),
+                         completion = std::move(completion)](const QDBusMessage& reply) {
+        const QDBusReply<uint> id(reply);
+        completion(id.isValid()
+                       ? std::optional(Shown{.notification = {.id = id.value(), .daemon = daemonThatSent(reply)},
+                                             .clickable = clickable})
+                       : std::nullopt);
+    };
+    BusCall::send(m_bus, message, *this, answer, BusCall::noTimeout);
 }
 
 QString NotificationDaemon::daemonThatSent(const QDBusMessage& reply) const

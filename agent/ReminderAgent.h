@@ -31,11 +31,9 @@
 /// stands.
 class ReminderAgent : public QObject, protected QDBusContext {
     Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "app.velumora.ReminderAgent1")
+    Q_CLASSINFO("D-Bus Interface", "app.velumora.ReminderAgent1") // the generator of such code knows no names
 
 public:
-    static constexpr const char* service = "app.velumora.ReminderAgent1";
-    static constexpr const char* path = "/app/velumora/ReminderAgent1";
     static constexpr qsizetype largestReply = qsizetype{31} << 20; ///< bytes
 
     ReminderAgent(const QDBusConnection& bus, const std::filesystem::path& file, AutostartEntry autostart);

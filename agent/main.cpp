@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "agent/ReminderAgent.h"
+#include "host/bus/AgentMessages.h"
 #include "text/CommandLine.h"
 
 #include <QCoreApplication>
@@ -22,7 +23,7 @@ std::filesystem::path autostartFolder()
 int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("velumora-reminder-agent"));
+    QCoreApplication::setApplicationName(AgentMessages::program());
     QCoreApplication::setApplicationVersion(QStringLiteral(VELUMORA_VERSION));
     if (const std::optional<int> status =
             answerToCommandLine(QStringLiteral("Delivers the reminders that were set in Velumora"))) {
@@ -35,8 +36,8 @@ int main(int argc, char** argv)
     }
     ReminderAgent agent(bus, usersReminderFile(),
                         AutostartEntry(autostartFolder(), QCoreApplication::applicationFilePath().toStdString()));
-    bus.registerObject(QString::fromLatin1(ReminderAgent::path), &agent, QDBusConnection::ExportAllSlots);
-    const QString service = QString::fromLatin1(ReminderAgent::service);
+    bus.registerObject(AgentMessages::path(), &agent, QDBusConnection::ExportAllSlots);
+    const QString service = AgentMessages::service();
     if (!bus.registerService(service)) {
         return EXIT_SUCCESS; // another one is at work
     }

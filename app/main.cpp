@@ -76,7 +76,7 @@ std::optional<int> answerToArguments(int argc, char** argv)
 /// What the desktop has answered by now, so that the first picture has the right colours and sizes.
 void applyLook(DesktopGlobalDefaults& globalDefaults, const ProcessInfo& processInfo, QWidget& window)
 {
-    globalDefaults.takeInAnswers();
+    globalDefaults.handleArrivedAnswers();
     applyTextSize(globalDefaults.text());
     applyPalette(systemPalette(processInfo, globalDefaults), window);
 }

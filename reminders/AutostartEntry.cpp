@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "reminders/AutostartEntry.h"
 
+#include "reminders/AgentName.h"
 #include "store/Files.h"
 
 #include <cerrno>
@@ -66,8 +67,9 @@ std::string autostartText(const std::filesystem::path& program)
 }
 
 AutostartEntry::AutostartEntry(const std::filesystem::path& folder, std::filesystem::path program)
-    : m_file(folder / "app.velumora.ReminderAgent1.desktop"), m_program(std::move(program))
+    : m_file(folder / agentName), m_program(std::move(program))
 {
+    m_file += ".desktop";
 }
 
 std::error_code AutostartEntry::enable() const

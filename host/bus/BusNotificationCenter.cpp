@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "host/bus/BusNotificationCenter.h"
 
+#include "host/bus/AgentMessages.h"
+#include "host/bus/BusCall.h"
 #include "host/bus/StartedService.h"
 #include "reminders/NotificationRequestFormat.h"
 #include "reminders/ReminderList.h"
 #include "store/Files.h"
 
 #include <QDBusConnection>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusReply>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -18,27 +19,18 @@ namespace {
 
 const QString daemonService = QStringLiteral("org.freedesktop.Notifications");
 
-QDBusMessage agentMethod(const QString& name)
-{
-    const QString service = QStringLiteral("app.velumora.ReminderAgent1");
-    return QDBusMessage::createMethodCall(service, QStringLiteral("/app/velumora/ReminderAgent1"), service, name);
-}
-
 /// Asks the bus itself. `completion` gets the answer, or a default one after an error, and is not called any more once
 /// `context` is gone.
 template <typename Answer, typename Completion>
-void askBus(QObject* context, const QString& question, const QVariantList& arguments, Completion completion)
+void askBus(QObject& context, const QString& question, const QVariantList& arguments, Completion completion)
 {
-    const QString bus = QStringLiteral("org.freedesktop.DBus");
-    QDBusMessage message = QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus, question);
+    QDBusMessage message = BusCall::methodOfTheBus(question);
     message.setArguments(arguments);
-    auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context,
-                     [watcher, completion = std::move(completion)] {
-                         watcher->deleteLater();
-                         const QDBusPendingReply<Answer> reply = *watcher;
-                         completion(reply.isError() ? Answer() : reply.value());
-                     });
+    BusCall::send(QDBusConnection::sessionBus(), message, context,
+                  [completion = std::move(completion)](const QDBusMessage& answer) {
+                      const QDBusReply<Answer> reply(answer);
+                      completion(reply.isValid() ? reply.value() : Answer());
+                  });
 }
 
 } // namespace
@@ -72,13 +64,13 @@ void BusNotificationCenter::getNotificationSettings(std::function<void(Authoriza
             Qt::QueuedConnection);
         return;
     }
-    askBus<bool>(this, QStringLiteral("NameHasOwner"), {daemonService},
+    askBus<bool>(*this, QStringLiteral("NameHasOwner"), {daemonService},
                  [this, completion = std::move(completion)](bool runs) {
                      if (runs) {
                          completion(AuthorizationStatus::Authorized);
                          return;
                      }
-                     askBus<QStringList>(this, QStringLiteral("ListActivatableNames"), {},
+                     askBus<QStringList>(*this, QStringLiteral("ListActivatableNames"), {},
                                          [completion](const QStringList& names) {
                                              completion(names.contains(daemonService) ? AuthorizationStatus::Authorized
                                                                                       : AuthorizationStatus::Denied);
@@ -96,10 +88,9 @@ void BusNotificationCenter::addNotificationRequest(const NotificationRequest& re
             Qt::QueuedConnection);
         return;
     }
-    QDBusMessage message = agentMethod(QStringLiteral("AddRequest"));
-    message << *bytes;
     ++m_unanswered;
-    agent().call(message, [this, completion = std::move(completion)](const QDBusMessage& reply) {
+    agent().call(AgentMessages::addRequest(*bytes), [this,
+                                                     completion = std::move(completion)](const QDBusMessage& reply) {
         --m_unanswered;
         if (!m_ending) {
             completion(reply.type() == QDBusMessage::ErrorMessage ? std::optional(reply.errorMessage()) : std::nullopt);
@@ -109,16 +100,13 @@ void BusNotificationCenter::addNotificationRequest(const NotificationRequest& re
 
 void BusNotificationCenter::removeDeliveredNotifications(const QStringList& identifiers)
 {
-    QDBusMessage message = agentMethod(QStringLiteral("RemoveDelivered"));
-    message.setAutoStartService(false); // one that does not run shows nothing
-    message << identifiers;
-    QDBusConnection::sessionBus().asyncCall(message);
+    QDBusConnection::sessionBus().asyncCall(AgentMessages::removeDelivered(identifiers));
 }
 
 void BusNotificationCenter::startAgentForReminders()
 {
     if (!FileStatus::of(usersReminderFile()).isAbsent()) {
-        agent().call(agentMethod(QStringLiteral("PendingRequests")), [](const QDBusMessage&) {});
+        agent().call(AgentMessages::pendingRequests(), [](const QDBusMessage&) {});
     }
 }
 
@@ -148,9 +136,8 @@ void BusNotificationCenter::reminderClicked(const QByteArray& request, const std
 StartedService& BusNotificationCenter::agent()
 {
     if (!m_agent) {
-        m_agent = std::make_unique<StartedService>(QDBusConnection::sessionBus(),
-                                                   QStringLiteral("app.velumora.ReminderAgent1"),
-                                                   QStringLiteral("velumora-reminder-agent"));
+        m_agent = std::make_unique<StartedService>(QDBusConnection::sessionBus(), AgentMessages::service(),
+                                                   AgentMessages::program());
     }
     return *m_agent;
 }

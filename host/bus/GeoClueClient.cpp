@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "host/bus/GeoClueClient.h"
 
+#include "host/bus/BusCall.h"
+
 #include <QDBusArgument>
 #include <QDBusError>
-#include <QDBusPendingCallWatcher>
 #include <QDBusReply>
 #include <QDBusVariant>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <utility>
 
 namespace {
@@ -21,8 +21,6 @@ const QString clientInterface = QStringLiteral("org.freedesktop.GeoClue2.Client"
 const QString locationInterface = QStringLiteral("org.freedesktop.GeoClue2.Location");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 const QString locationUpdatedSignal = QStringLiteral("LocationUpdated");
-
-constexpr int untilServiceIsGone = std::numeric_limits<int>::max(); // which the bus tells
 
 /// The service's level for an accuracy in metres.
 uint accuracyLevel(double metres)
@@ -143,16 +141,11 @@ void GeoClueClient::callClient(const QString& interface, const QString& method, 
     call(message, answer);
 }
 
-/// Calls come to the service in the order in which they are made here.
 void GeoClueClient::call(const QDBusMessage& message, const Answer& answer)
 {
-    const QDBusPendingCall pending = m_bus.asyncCall(message, untilServiceIsGone);
-    if (!answer) {
-        return;
+    if (answer) {
+        BusCall::send(m_bus, message, *this, answer, BusCall::noTimeout);
+    } else {
+        m_bus.asyncCall(message, BusCall::noTimeout);
     }
-    auto* watcher = new QDBusPendingCallWatcher(pending, this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, answer] {
-        watcher->deleteLater();
-        answer(watcher->reply());
-    });
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/bus/BusCall.h"
 #include "place/Coordinate.h"
 
 #include <QDBusConnection>
@@ -9,7 +10,6 @@
 #include <QObject>
 #include <QString>
 
-#include <functional>
 #include <optional>
 
 /// One question to the desktop's location service, GeoClue (org.freedesktop.GeoClue2 on the system bus): where are we?
@@ -44,7 +44,7 @@ Q_SIGNALS:
     void located(Coordinate place);
 
 private:
-    using Answer = std::function<void(const QDBusMessage& reply)>;
+    using Answer = BusCall::Answer;
 
     Q_SLOT void locationUpdated(const QDBusObjectPath& oldLocation, const QDBusObjectPath& newLocation);
     void call(const QDBusMessage& message, const Answer& answer);

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "host/bus/LogindShutdownMonitor.h"
 
+#include "host/bus/BusCall.h"
+
 #include <QCoreApplication>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusReply>
 #include <QDBusServiceWatcher>
 
 namespace {
@@ -40,16 +41,11 @@ void LogindShutdownMonitor::listen(const QDBusConnection& bus, const QString& re
 /// The bus itself answers, at once, also for a login manager that hangs.
 void LogindShutdownMonitor::askForManager()
 {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
-                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
+    QDBusMessage call = BusCall::methodOfTheBus(QStringLiteral("GetNameOwner"));
     call << managerService;
-    auto* watcher = new QDBusPendingCallWatcher(m_bus->asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
-        finished->deleteLater();
-        const QDBusPendingReply<QString> reply = *finished;
-        if (reply.isValid()) {
-            m_manager = reply.value();
+    BusCall::send(*m_bus, call, *this, [this](const QDBusMessage& answer) {
+        if (const QDBusReply<QString> name(answer); name.isValid()) {
+            m_manager = name.value();
         }
     });
 }
@@ -58,12 +54,9 @@ void LogindShutdownMonitor::takeLock()
 {
     QDBusMessage call = QDBusMessage::createMethodCall(managerService, path, manager, QStringLiteral("Inhibit"));
     call << QStringLiteral("shutdown") << QCoreApplication::applicationName() << m_reason << QStringLiteral("delay");
-    auto* watcher = new QDBusPendingCallWatcher(m_bus->asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
-        finished->deleteLater();
-        const QDBusPendingReply<QDBusUnixFileDescriptor> reply = *finished;
-        if (reply.isValid()) {
-            m_lock = reply.value();
+    BusCall::send(*m_bus, call, *this, [this](const QDBusMessage& answer) {
+        if (const QDBusReply<QDBusUnixFileDescriptor> lock(answer); lock.isValid()) {
+            m_lock = lock.value();
         }
     });
 }

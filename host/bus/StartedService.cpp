@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "host/bus/StartedService.h"
 
+#include "host/bus/BusCall.h"
+
 #include <QCoreApplication>
-#include <QDBusPendingCallWatcher>
 #include <QDir>
 #include <QProcess>
 
-#include <limits>
 #include <utility>
 
 namespace {
-
-constexpr int noTimeout = std::numeric_limits<int>::max();
 
 bool isAbsent(const QDBusMessage& reply)
 {
@@ -67,16 +65,15 @@ void StartedService::send(Call call)
             Qt::QueuedConnection);
         return;
     }
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call.message, noTimeout), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, call = std::move(call)]() mutable {
-        watcher->deleteLater();
-        const QDBusMessage reply = watcher->reply();
+    const QDBusMessage message = call.message;
+    const auto answer = [this, call = std::move(call)](const QDBusMessage& reply) {
         if (isAbsent(reply)) {
-            startFor(std::move(call));
+            startFor(call);
         } else {
             call.completion(reply);
         }
-    });
+    };
+    BusCall::send(m_bus, message, *this, answer, BusCall::noTimeout);
 }
 
 void StartedService::startFor(Call call)

@@ -35,9 +35,6 @@ public:
     /// `activationToken` goes to a program that is started for it.
     void call(const QDBusMessage& message, Completion completion, const QString& activationToken = {});
 
-    /// Whether a call waits for the service to start.
-    bool isStarting() const { return !m_waiting.empty(); }
-
 private:
     struct Call {
         QDBusMessage message;

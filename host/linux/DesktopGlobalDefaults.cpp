@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/DesktopGlobalDefaults.h"
 
+#include "host/bus/BusCall.h"
 #include "look/NamedColor.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QGuiApplication>
 #include <QPalette>
@@ -82,14 +82,12 @@ DesktopGlobalDefaults::DesktopGlobalDefaults(const QDBusConnection& bus, QObject
     ask(connection, interfaceGroup, scalingKey);
 }
 
-void DesktopGlobalDefaults::ask(QDBusConnection& connection, const QString& group, const QString& key)
+void DesktopGlobalDefaults::ask(const QDBusConnection& connection, const QString& group, const QString& key)
 {
     QDBusMessage question = QDBusMessage::createMethodCall(portal, portalPath, settings, QStringLiteral("Read"));
     question << group << key;
-    auto* answer = new QDBusPendingCallWatcher(connection.asyncCall(question), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, group, key](QDBusPendingCallWatcher* done) {
-        done->deleteLater();
-        if (!done->isError() && setSetting(group, key, done->reply().arguments().value(0))) {
+    BusCall::send(connection, question, *this, [this, group, key](const QDBusMessage& answer) {
+        if (answer.type() == QDBusMessage::ReplyMessage && setSetting(group, key, answer.arguments().value(0))) {
             Q_EMIT didChange();
         }
     });
@@ -108,7 +106,7 @@ bool DesktopGlobalDefaults::prefersHighContrast() const
     return m_wantsContrast || isHighContrast(m_palette);
 }
 
-void DesktopGlobalDefaults::takeInAnswers()
+void DesktopGlobalDefaults::handleArrivedAnswers()
 {
     for (QDBusPendingCallWatcher* answer : findChildren<QDBusPendingCallWatcher*>()) {
         QCoreApplication::sendPostedEvents(answer);

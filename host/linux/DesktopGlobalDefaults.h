@@ -33,15 +33,15 @@ public:
     QPalette palette() const override { return m_palette; }
     DesktopText text() const override { return m_text; }
 
-    /// Takes in the portal's answers that have come by now.
-    void takeInAnswers();
+    /// Does not wait for the event loop with the portal's answers that have come by now.
+    void handleArrivedAnswers();
 
 private:
     /// The portal's values.
     enum class ColorScheme : unsigned { NoPreference = 0, Dark = 1, Light = 2 };
 
     Q_SLOT void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
-    void ask(QDBusConnection& connection, const QString& group, const QString& key);
+    void ask(const QDBusConnection& connection, const QString& group, const QString& key);
     bool isDark() const;
 
     /// Takes in what a setting is; false when that changes nothing, as one that the program does not know.

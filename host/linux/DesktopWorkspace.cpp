@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/DesktopWorkspace.h"
 
+#include "host/bus/BusCall.h"
+
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 
 #include <utility>
 
@@ -36,14 +37,12 @@ void DesktopWorkspace::showFolder(const std::filesystem::path& folder, Completio
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowFolders"));
     message << QStringList{url.toString(QUrl::FullyEncoded)} << QString();
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, fileManagerTimeoutMs), &m_portal);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &m_portal,
-                     [this, watcher, url, completion = std::move(completion)]() mutable {
-                         watcher->deleteLater();
-                         if (watcher->isError()) {
-                             openUrl(url, std::move(completion));
-                         } else if (completion) {
-                             completion(true);
-                         }
-                     });
+    const auto answer = [this, url, completion = std::move(completion)](const QDBusMessage& reply) {
+        if (reply.type() == QDBusMessage::ErrorMessage) {
+            openUrl(url, completion);
+        } else if (completion) {
+            completion(true);
+        }
+    };
+    BusCall::send(m_bus, message, m_portal, answer, fileManagerTimeoutMs);
 }

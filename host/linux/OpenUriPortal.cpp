@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/OpenUriPortal.h"
 
+#include "host/bus/BusCall.h"
+
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusReply>
 #include <QDBusServiceWatcher>
 #include <QDBusUnixFileDescriptor>
 #include <QFile>
@@ -87,15 +88,15 @@ public:
         QString sender = m_bus.baseService().sliced(1);
         sender.replace(u'.', u'_');
         listenAt(QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token));
-        auto* call = new QDBusPendingCallWatcher(m_bus.asyncCall(*message, requestPatienceMs), this);
-        connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
-            const QDBusPendingReply<QDBusObjectPath> handle = *call;
-            if (handle.isError()) {
+        const auto answer = [this](const QDBusMessage& reply) {
+            const QDBusReply<QDBusObjectPath> handle(reply);
+            if (!handle.isValid()) {
                 finish(false);
             } else if (handle.value().path() != m_path) { // an old portal chooses the path itself
                 listenAt(handle.value().path());
             }
-        });
+        };
+        BusCall::send(m_bus, *message, *this, answer, requestPatienceMs);
     }
 
     Q_SLOT void respond(uint response, const QVariantMap&) { finish(response <= lastGoodResponse); }
