@@ -80,7 +80,7 @@ AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, cons
     m_prefsLayout->setupUi(m_prefsSheet);
     setAlphaValue(*m_ui.importantDatesUSHolidays, 0); // until it is known whether they are offered here
     m_ui.hideShowSegBtn->setLabels({QString(), localized("Show All"), localized("Mini Calendar's Month"), QString()});
-    m_ui.hideShowSegBtn->standBehind(*m_ui.filterBtn);
+    m_ui.hideShowSegBtn->setTabOrderAfter(*m_ui.filterBtn);
     for (QWidget* page : {m_ui.miniCalendarPage, m_ui.weeklyViewPage, m_ui.monthlyViewPage}) {
         makeScrollable(*page);
     }

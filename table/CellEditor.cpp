@@ -42,9 +42,8 @@ char16_t newlineOf(const QTextCharFormat& format)
     return format.hasProperty(newlineProperty) ? static_cast<char16_t>(format.intProperty(newlineProperty)) : u'\n';
 }
 
-/// Inserts `text` with its newline characters kept. Runs of text with one kind of newline go in at once: a note of many
-/// lines is loaded in one step.
-void insertHonestly(QTextCursor& cursor, const QString& text)
+/// Runs of text with one kind of newline go in at once: a note of many lines is loaded in one step.
+void insertWithItsNewlines(QTextCursor& cursor, const QString& text)
 {
     QString run;
     char16_t newline = u'\n';
@@ -81,7 +80,7 @@ CellEditor::CellEditor(const QString& text, double lineHeight, QWidget* parent)
     setCursorWidth(style()->pixelMetric(QStyle::PM_TextCursorWidth, nullptr, this));
     document()->setUndoRedoEnabled(false);
     QTextCursor cursor(document());
-    insertHonestly(cursor, text);
+    insertWithItsNewlines(cursor, text);
     document()->setUndoRedoEnabled(true);
 
     connect(this, &QTextEdit::textChanged, this, &CellEditor::noticeChange);
@@ -134,7 +133,7 @@ void CellEditor::insertTyped(const QString& text)
     QTextCursor cursor = textCursor();
     cursor.beginEditBlock();
     cursor.removeSelectedText();
-    insertHonestly(cursor, withoutForbiddenXmlCharacters(text));
+    insertWithItsNewlines(cursor, withoutForbiddenXmlCharacters(text));
     cursor.endEditBlock();
     setTextCursor(cursor);
     ensureCursorVisible();
@@ -146,7 +145,7 @@ void CellEditor::addAtEnd(const QString& text)
     const int position = textCursor().position();
     QTextCursor end(document());
     end.movePosition(QTextCursor::End);
-    insertHonestly(end, withoutForbiddenXmlCharacters(text));
+    insertWithItsNewlines(end, withoutForbiddenXmlCharacters(text));
     QTextCursor caret = textCursor(); // at the end it was moved along
     caret.setPosition(anchor);
     caret.setPosition(position, QTextCursor::KeepAnchor);

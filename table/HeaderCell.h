@@ -11,7 +11,6 @@ public:
     explicit HeaderCell(QString title) : m_title(std::move(title)) {}
 
     const QString& title() const { return m_title; }
-    void setTitle(QString title) { m_title = std::move(title); }
 
     /// The bold system font of 13 points, always.
     static QFont font();

@@ -6,7 +6,7 @@
 
 namespace {
 
-double sane(double height)
+double heightOrZero(double height)
 {
     return height > 0.0 ? height : 0.0; // false for a NaN as well
 }
@@ -20,7 +20,7 @@ size_t lowestBit(size_t index)
 
 RowHeights::RowHeights(std::vector<double> heights) : m_heights(std::move(heights))
 {
-    std::transform(m_heights.begin(), m_heights.end(), m_heights.begin(), sane);
+    std::transform(m_heights.begin(), m_heights.end(), m_heights.begin(), heightOrZero);
     build();
 }
 
@@ -70,8 +70,8 @@ void RowHeights::setHeight(int row, double height)
     if (row < 0 || row >= count()) {
         return;
     }
-    const double change = sane(height) - m_heights[static_cast<size_t>(row)];
-    m_heights[static_cast<size_t>(row)] = sane(height);
+    const double change = heightOrZero(height) - m_heights[static_cast<size_t>(row)];
+    m_heights[static_cast<size_t>(row)] = heightOrZero(height);
     for (size_t i = static_cast<size_t>(row) + 1; i < m_sums.size(); i += lowestBit(i)) {
         m_sums[i] += change;
     }
@@ -79,6 +79,6 @@ void RowHeights::setHeight(int row, double height)
 
 void RowHeights::insert(int row, double height)
 {
-    m_heights.insert(m_heights.begin() + std::clamp(row, 0, count()), sane(height));
+    m_heights.insert(m_heights.begin() + std::clamp(row, 0, count()), heightOrZero(height));
     build();
 }

@@ -278,7 +278,6 @@ void TableView::select(int row, Origin origin)
     if (m_delegate) {
         m_delegate->tableViewSelectionDidChange(*this);
     }
-    Q_EMIT selectedRowChanged(m_selectedRow);
     TableAccessible::tellSelection(*this);
 }
 

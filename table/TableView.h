@@ -159,7 +159,6 @@ public:
     void copy() const;
 
 Q_SIGNALS:
-    void selectedRowChanged(int row);
     void textComposed(); ///< an input method changed what it composes in an editor; the text itself is as it was
 
 protected:

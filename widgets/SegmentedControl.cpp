@@ -66,12 +66,7 @@ QString SegmentedControl::labelForSegment(int segment) const
     return m_segments.at(segment)->text();
 }
 
-void SegmentedControl::setToolTipForSegment(const QString& toolTip, int segment)
-{
-    m_segments.at(segment)->setToolTip(toolTip);
-}
-
-void SegmentedControl::standBehind(QWidget& before)
+void SegmentedControl::setTabOrderAfter(QWidget& before)
 {
     QWidget* last = &before;
     for (QToolButton* segment : std::as_const(m_segments)) {

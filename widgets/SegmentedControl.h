@@ -21,14 +21,12 @@ public:
     void setLabelForSegment(const QString& label, int segment);
     QString labelForSegment(int segment) const;
 
-    void setToolTipForSegment(const QString& toolTip, int segment);
-
     /// The segment that was pressed last, -1 before the first press.
     int selectedSegment() const { return m_selected; }
 
-    /// Has the tab key come to the segments after `before`, a control of the same window: they are made after the page
-    /// is laid out, so they would come last.
-    void standBehind(QWidget& before);
+    /// Without it the segments come last, since they are made after the page is laid out. `before` is of the same
+    /// window.
+    void setTabOrderAfter(QWidget& before);
 
     /// What a click on `segment` does.
     void press(int segment);
