@@ -4,24 +4,11 @@
 #include "app/PreferenceKeys.h"
 #include "host/UserDefaults.h"
 
-#include <cmath>
-
-namespace {
-
-std::optional<double> storedAngle(const UserDefaults& defaults, const QString& key, double limit)
-{
-    const std::optional<double> degrees = defaults.numberForKey(key);
-    const bool isAngle = degrees && std::abs(*degrees) <= limit; // false for what is not a number, too
-    return isAngle ? degrees : std::nullopt;
-}
-
-} // namespace
-
 std::optional<Coordinate> enteredPlace(const UserDefaults& defaults)
 {
-    const std::optional<double> latitude = storedAngle(defaults, PreferenceKeys::latitude, greatestLatitude);
-    const std::optional<double> longitude = storedAngle(defaults, PreferenceKeys::longitude, greatestLongitude);
-    return latitude && longitude ? std::optional(Coordinate{*latitude, *longitude}) : std::nullopt;
+    const std::optional<double> latitude = defaults.numberForKey(PreferenceKeys::latitude);
+    const std::optional<double> longitude = defaults.numberForKey(PreferenceKeys::longitude);
+    return latitude && longitude ? coordinateFrom(*latitude, *longitude) : std::nullopt;
 }
 
 void setEnteredPlace(const std::optional<Coordinate>& place, UserDefaults& defaults)

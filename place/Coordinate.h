@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cmath>
+#include <optional>
+
 /// A place on the earth, in degrees: `latitude` north of the equator and `longitude` east of Greenwich are positive.
 struct Coordinate {
     double latitude = 0;
@@ -11,3 +14,17 @@ struct Coordinate {
 
 inline constexpr double greatestLatitude = 90;   ///< the poles
 inline constexpr double greatestLongitude = 180; ///< where east meets west
+
+/// `degrees` where it is a number from -`greatest` to `greatest`.
+inline std::optional<double> angleWithin(double degrees, double greatest)
+{
+    return std::abs(degrees) <= greatest ? std::optional(degrees) : std::nullopt; // false for a NaN as well
+}
+
+/// Nothing for what is no place on the earth.
+inline std::optional<Coordinate> coordinateFrom(double latitude, double longitude)
+{
+    return angleWithin(latitude, greatestLatitude) && angleWithin(longitude, greatestLongitude)
+               ? std::optional(Coordinate{latitude, longitude})
+               : std::nullopt;
+}

@@ -2,6 +2,7 @@
 #include "place/DegreesText.h"
 
 #include "dates/Clock.h"
+#include "place/Coordinate.h"
 
 #include <QLocale>
 
@@ -69,8 +70,8 @@ std::optional<double> DegreesText::degreesFromText(QStringView text, double limi
     double degrees = 0;
     const char* end = number.data() + number.size();
     const auto [rest, error] = std::from_chars(number.data(), end, degrees, std::chars_format::fixed);
-    const bool isAngle = error == std::errc() && rest == end && std::abs(degrees) <= limit;
-    return isAngle ? std::optional(degrees + 0.0) : std::nullopt; // no negative zero
+    const bool isNumber = error == std::errc() && rest == end;
+    return isNumber ? angleWithin(degrees + 0.0, limit) : std::nullopt; // no negative zero
 }
 
 QString DegreesText::wholeText(double degrees)

@@ -27,9 +27,8 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-/// Degrees of a sign, `degreeDigits` digits of degrees, two of minutes and two of seconds or none; nothing beyond
-/// `limit` degrees.
-std::optional<double> angle(std::string_view text, std::size_t degreeDigits, int limit)
+/// Degrees of a sign, `degreeDigits` digits of degrees, two of minutes and two of seconds or none.
+std::optional<double> angle(std::string_view text, std::size_t degreeDigits)
 {
     const bool isSigned = !text.empty() && (text[0] == '+' || text[0] == '-');
     if (!isSigned || !std::all_of(text.begin() + 1, text.end(), isDigit)) {
@@ -45,7 +44,7 @@ std::optional<double> angle(std::string_view text, std::size_t degreeDigits, int
     const int minutes = number(1 + degreeDigits, 2);
     const int seconds = number(3 + degreeDigits, 2);
     const int inSeconds = (degrees * 60 + minutes) * 60 + seconds;
-    if (minutes >= 60 || seconds >= 60 || inSeconds > limit * 60 * 60) {
+    if (minutes >= 60 || seconds >= 60) {
         return std::nullopt;
     }
     return (text[0] == '-' ? -inSeconds : inSeconds) / 3600.0;
@@ -170,9 +169,9 @@ std::optional<Coordinate> ZonePlace::placeFromIso6709(std::string_view text)
         return std::nullopt;
     }
     const std::size_t middle = text.size() / 2; // the longitude has a digit more
-    const std::optional<double> latitude = angle(text.substr(0, middle), 2, 90);
-    const std::optional<double> longitude = angle(text.substr(middle), 3, 180);
-    return latitude && longitude ? std::optional(Coordinate{*latitude, *longitude}) : std::nullopt;
+    const std::optional<double> latitude = angle(text.substr(0, middle), 2);
+    const std::optional<double> longitude = angle(text.substr(middle), 3);
+    return latitude && longitude ? coordinateFrom(*latitude, *longitude) : std::nullopt;
 }
 
 // The machine's links join zones whose clocks agree, across any border: by them Iceland would be in Abidjan. ICU's

@@ -9,7 +9,6 @@
 #include <QDBusVariant>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace {
@@ -35,21 +34,15 @@ uint accuracyLevel(double metres)
     return metres >= 1'000 ? Street : Exact;
 }
 
-std::optional<double> angle(const QVariant& value, double limit)
-{
-    bool isNumber = false;
-    const double degrees = value.toDouble(&isNumber);
-    const bool isAngle = isNumber && std::isfinite(degrees) && std::abs(degrees) <= limit;
-    return isAngle ? std::optional(degrees) : std::nullopt;
-}
-
 } // namespace
 
 std::optional<Coordinate> placeFromProperties(const QVariantMap& properties)
 {
-    const std::optional<double> latitude = angle(properties.value(QStringLiteral("Latitude")), greatestLatitude);
-    const std::optional<double> longitude = angle(properties.value(QStringLiteral("Longitude")), greatestLongitude);
-    return latitude && longitude ? std::optional(Coordinate{*latitude, *longitude}) : std::nullopt;
+    bool isLatitude = false;
+    bool isLongitude = false;
+    const double latitude = properties.value(QStringLiteral("Latitude")).toDouble(&isLatitude);
+    const double longitude = properties.value(QStringLiteral("Longitude")).toDouble(&isLongitude);
+    return isLatitude && isLongitude ? coordinateFrom(latitude, longitude) : std::nullopt;
 }
 
 GeoClueClient::GeoClueClient(QDBusConnection bus, QObject* parent) : QObject(parent), m_bus(std::move(bus)) {}
