@@ -4,8 +4,10 @@
 #include <cstddef>
 
 /// Memory straight from the system, zeroed, which goes back to it at once: for what is large and soon thrown away,
-/// such as the bytes of a file. It is in huge pages where the system gives them, so that touching it costs
-/// a page fault for 2 MiB instead of for 4 KiB; what is never touched costs nothing.
+/// such as the bytes of a file: from the heap, those of a lifetime's notes stay with the process (bench/store_bench
+/// counts what is kept, bench/process-figures what the program has in the end). It is in huge pages where the system
+/// gives them, so that touching it costs a page fault for 2 MiB instead of for 4 KiB; what is never touched costs
+/// nothing.
 class PageMemory {
 public:
     PageMemory() = default;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "plist/ParserMemory.h"
 #include "plist/PropertyList.h"
 #include "plist/PropertyListParts.h"
 #include "plist/XmlOutline.h"
@@ -10,16 +9,12 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <memory>
 #include <new>
 #include <span>
 
 namespace PropertyList {
 
 namespace {
-
-/// Lists of this many bytes and more are parsed in memory of the parser's own.
-constexpr std::size_t largeSize = std::size_t{1} << 20;
 
 /// Blank texts are kept, for a note of blanks is a note; ends of lines are not touched, for a carriage return is a
 /// character of the note. Comments, processing instructions and the document type are passed over; entities that the
@@ -298,9 +293,8 @@ std::optional<Value> readWhole(std::span<char> xml, pugi::xml_encoding encoding)
     return valueOf(root, 0);
 }
 
-/// The list in `xml`, part by part: the nodes of one take the place of those before.
-std::optional<Value> readParts(std::span<char> xml, const XmlParts& parts, pugi::xml_encoding encoding,
-                               ParserMemory* memory)
+/// The list in `xml`, part by part: the nodes of one are gone before the next is parsed.
+std::optional<Value> readParts(std::span<char> xml, const XmlParts& parts, pugi::xml_encoding encoding)
 {
     std::string frame(xml.data(), parts.begin - XmlParts::rootTag.size());
     frame += parts.isInPlist ? "<array/></plist>" : "<array/>";
@@ -316,9 +310,6 @@ std::optional<Value> readParts(std::span<char> xml, const XmlParts& parts, pugi:
         if (!appendValues(array, xml.subspan(begin, end - begin))) {
             return std::nullopt;
         }
-        if (memory) {
-            memory->reuse();
-        }
         begin = end;
     }
     return Value(std::move(array));
@@ -333,8 +324,7 @@ std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encodi
     if (!outline.isAllowed || namesNull(xml)) {
         return std::nullopt;
     }
-    const auto memory = bytes.size() >= largeSize ? std::make_unique<ParserMemory>() : nullptr;
-    return outline.parts ? readParts(bytes, *outline.parts, encoding, memory.get()) : readWhole(bytes, encoding);
+    return outline.parts ? readParts(bytes, *outline.parts, encoding) : readWhole(bytes, encoding);
 }
 
 } // namespace
