@@ -7,7 +7,7 @@ velumora_test(query-tests
     support/DateGuards.cpp
     support/DateGuards.h
     support/FixedClock.h
-)
+    SHARDS 2)
 velumora_test(property-list-tests
     core/hostile_list_test.cpp
     core/property_list_bad_input_test.cpp

@@ -36,6 +36,11 @@ desktop_test(writing_test PROGRAM velumora)
 set_tests_properties(writing_test PROPERTIES TIMEOUT 900) # every key in every field, and four fonts at two scales
 desktop_test(window_test PROGRAM velumora)
 
+# The longest ones begin, so that none is left over when all the others are done.
+foreach(test writing_test draft_test reminders_test reminder_agent_peers_test locale_test first_day_test reminder_agent_test)
+    set_property(TEST ${test} PROPERTY COST 100)
+endforeach()
+
 # The program, told to look for new versions on a server of the test. The port is one of this build's own.
 string(MD5 build_digest "${CMAKE_BINARY_DIR}")
 string(SUBSTRING ${build_digest} 0 4 build_digest)

@@ -8,7 +8,8 @@ velumora_test(store-tests
     core/recovered_test.cpp
     core/save_failure_test.cpp
     core/save_queue_test.cpp
-    LABELS core store)
+    LABELS core store
+    SHARDS 2)
 target_compile_definitions(store-tests PRIVATE TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}")
 
 # The calls that make a save durable, counted: in a program of its own, as it stands in for them.

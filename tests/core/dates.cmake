@@ -20,4 +20,4 @@ velumora_test(date-tests
     support/DateGuards.cpp
     support/DateGuards.h
     LABELS core
-)
+    SHARDS 4)
