@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "agent/ReminderAgent.h"
 #include "host/bus/AgentMessages.h"
+#include "reminders/StateFolder.h"
 #include "text/CommandLine.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDir>
 #include <QStandardPaths>
 
 #include <cstdio>
@@ -34,7 +36,9 @@ int main(int argc, char** argv)
         std::fputs("velumora-reminder-agent: there is no session bus\n", stderr);
         return EXIT_FAILURE;
     }
-    ReminderAgent agent(bus, usersReminderFile(),
+    const std::filesystem::path state =
+        stateFolder(qEnvironmentVariable("XDG_STATE_HOME").toStdString(), QDir::homePath().toStdString());
+    ReminderAgent agent(bus, reminderFile(state),
                         AutostartEntry(autostartFolder(), QCoreApplication::applicationFilePath().toStdString()));
     bus.registerObject(AgentMessages::path(), &agent, QDBusConnection::ExportAllSlots);
     const QString service = AgentMessages::service();

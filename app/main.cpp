@@ -120,6 +120,8 @@ int main(int argc, char** argv)
 
     const LocalePair languages = localePairFrom(environmentVariable);
     DateEnvironment::setLocalePair(languages);
+    const char* zone = std::getenv("TZ");
+    DateEnvironment::setSystemZoneVariable(zone ? std::optional<std::string>(zone) : std::nullopt);
     DateEnvironment::setTimeZone({});
     installTranslation(languages.preferredLanguages);
     applyStyle();
@@ -142,6 +144,9 @@ int main(int argc, char** argv)
     WebVersionServer versionServer(QUrl(QStringLiteral(VELUMORA_VERSION_SERVER)));
     DesktopWorkspace workspace;
 
+    const std::filesystem::path state =
+        stateFolder(environmentVariable("XDG_STATE_HOME"), QDir::homePath().toStdString());
+
     QMainWindow window;
     Ui::MainWindow layout;
     layout.setupUi(&window);
@@ -160,9 +165,9 @@ int main(int argc, char** argv)
                           .workspace = workspace,
                           .applicationSupport = applicationSupportFolder(),
                           .temporaryFolder = temporaryFolder(),
-                          .stateFolder = usersStateFolder()});
+                          .stateFolder = state});
 
-    WindowPlace windowPlace(usersStateFolder() / "Window", window);
+    WindowPlace windowPlace(state / "Window", window);
 
     QObject::connect(&instance, &SingleInstance::activated, &window,
                      [&window](const QString& token) { bringForward(window, token); });
@@ -183,7 +188,7 @@ int main(int argc, char** argv)
 
     delegate.applicationWillFinishLaunching();
     delegate.applicationDidFinishLaunching();
-    notificationCenter.startAgentForReminders();
+    notificationCenter.startAgentForReminders(reminderFile(state));
     shutdownMonitor.listen(QDBusConnection::systemBus(), localized("Notes are being saved"));
     const UnexpectedExit atExit([&delegate] { delegate.processWillExit(); }); // when the display is gone
     return QApplication::exec();

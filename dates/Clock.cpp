@@ -18,17 +18,11 @@ public:
     Date now() const override { return std::chrono::system_clock::now(); }
 };
 
-std::optional<std::string> zoneVariable()
-{
-    const char* value = std::getenv("TZ");
-    return value ? std::optional<std::string>(value) : std::nullopt;
-}
-
 struct Environment {
     const Clock* clock = &DateEnvironment::systemClock();
     LocalePair localePair;
     std::string timeZone;
-    std::optional<std::string> startingZoneVariable = zoneVariable();
+    std::optional<std::string> systemZoneVariable;
 };
 
 Environment& environment()
@@ -104,11 +98,16 @@ const LocalePair& DateEnvironment::localePair()
     return environment().localePair;
 }
 
+void DateEnvironment::setSystemZoneVariable(std::optional<std::string> value)
+{
+    environment().systemZoneVariable = std::move(value);
+}
+
 void DateEnvironment::setTimeZone(const std::string& identifier)
 {
     environment().timeZone = identifier;
     if (identifier.empty()) {
-        setZoneVariable(environment().startingZoneVariable);
+        setZoneVariable(environment().systemZoneVariable);
         icu::TimeZone::adoptDefault(hostZone().release());
         return;
     }

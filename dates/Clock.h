@@ -3,6 +3,7 @@
 
 #include "dates/Date.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -43,10 +44,15 @@ void setLocalePair(LocalePair pair);
 const LocalePair& localePair();
 
 /// Makes the IANA zone `identifier` (for example "Europe/Berlin") the process's time zone, for ICU and the C library.
-/// An empty identifier means the zone that the system is set to: the one in the process's starting `TZ`, else the
-/// machine's, read anew. An unknown one counts as UTC. The rules are the machine's (tzdata) where it knows the zone;
-/// until the first call ICU goes by its own, older ones, so the entry point calls this even for the machine's zone.
+/// An empty identifier means the zone that the system is set to: the one in `TZ`, as `setSystemZoneVariable` was given
+/// it, else the machine's, read anew. An unknown one counts as UTC. The rules are the machine's (tzdata) where it knows
+/// the zone; until the first call ICU goes by its own, older ones, so the entry point calls this even for the machine's
+/// zone.
 void setTimeZone(const std::string& identifier);
+
+/// The value of the environment variable `TZ` at the process's start, nullopt when it was not set, as before the first
+/// call. The entry point tells it: `setTimeZone` changes the variable.
+void setSystemZoneVariable(std::optional<std::string> value);
 
 /// What `setTimeZone` was last given, so that a guard can put it back; empty at the start.
 const std::string& timeZone();

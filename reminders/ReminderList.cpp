@@ -3,7 +3,6 @@
 
 #include "plist/PropertyList.h"
 #include "reminders/NotificationRequestFormat.h"
-#include "reminders/StateFolder.h"
 #include "reminders/TriggerMoment.h"
 #include "store/Files.h"
 
@@ -96,11 +95,6 @@ std::optional<Table> recordsIn(const fs::path& file, std::error_code& error)
 }
 
 } // namespace
-
-fs::path usersReminderFile()
-{
-    return usersStateFolder() / "Reminders";
-}
 
 std::error_code ReminderList::load()
 {

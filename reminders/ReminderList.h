@@ -33,10 +33,6 @@ struct Reminder {
     bool operator==(const Reminder&) const = default;
 };
 
-/// Where the agent of this user keeps its list: in the state folder of the XDG Base Directory Specification 0.8. There
-/// is such a file only while the agent has something to do.
-std::filesystem::path usersReminderFile();
-
 /// The pending and the delivered requests, kept in one file that only the user can read. There is at most one of each
 /// state for an identifier. A change is on the disk, whole, when the call returns; a program that is killed in between
 /// leaves the file as it was. A change that could not be written is kept, and written with the next one or by

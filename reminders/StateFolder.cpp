@@ -1,24 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "reminders/StateFolder.h"
 
-#include <QDir>
-
-namespace {
-
-namespace fs = std::filesystem;
-
-fs::path baseFolder()
+std::filesystem::path stateFolder(const std::string& stateHome, const std::filesystem::path& home)
 {
-    const QString folder = qEnvironmentVariable("XDG_STATE_HOME");
-    if (folder.startsWith(QLatin1Char('/'))) { // a relative one is to be ignored
-        return folder.toStdString();
-    }
-    return fs::path(QDir::homePath().toStdString()) / ".local" / "state";
+    const std::filesystem::path given(stateHome);
+    return (given.is_absolute() ? given : home / ".local" / "state") / "velumora";
 }
 
-} // namespace
-
-fs::path usersStateFolder()
+std::filesystem::path reminderFile(const std::filesystem::path& stateFolder)
 {
-    return baseFolder() / "velumora";
+    return stateFolder / "Reminders";
 }

@@ -5,7 +5,6 @@
 #include "host/bus/BusCall.h"
 #include "host/bus/StartedService.h"
 #include "reminders/NotificationRequestFormat.h"
-#include "reminders/ReminderList.h"
 #include "store/Files.h"
 
 #include <QDBusConnection>
@@ -103,9 +102,9 @@ void BusNotificationCenter::removeDeliveredNotifications(const QStringList& iden
     QDBusConnection::sessionBus().asyncCall(AgentMessages::removeDelivered(identifiers));
 }
 
-void BusNotificationCenter::startAgentForReminders()
+void BusNotificationCenter::startAgentForReminders(const std::filesystem::path& reminders)
 {
-    if (!FileStatus::of(usersReminderFile()).isAbsent()) {
+    if (!FileStatus::of(reminders).isAbsent()) {
         agent().call(AgentMessages::pendingRequests(), [](const QDBusMessage&) {});
     }
 }

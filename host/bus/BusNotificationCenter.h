@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+#include <filesystem>
 #include <memory>
 
 class StartedService;
@@ -31,8 +32,8 @@ public:
                                 std::function<void(const std::optional<QString>&)> completion) override;
     void removeDeliveredNotifications(const QStringList& identifiers) override;
 
-    /// Has the agent run where reminders wait for it: it may have been killed since login.
-    void startAgentForReminders();
+    /// Has the agent run where `reminders`, its file, tells that some wait for it: it may have been killed since login.
+    void startAgentForReminders(const std::filesystem::path& reminders);
 
     /// Passes a reminder that was clicked, as it goes over the bus, to the delegate. `done` tells whether it was one
     /// that the delegate took: anybody on the bus may say that one was clicked, again and again, and of any size. Of

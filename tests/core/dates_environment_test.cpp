@@ -44,6 +44,17 @@ TEST(DateEnvironment, TheZoneInForceIsNamedTheSystemsAndAnUnknownOneAsWell)
     EXPECT_EQ(DateEnvironment::nameOfZoneInForce(), "Asia/Kolkata");
 }
 
+TEST(DateEnvironment, TheSystemsZoneIsTheOneOfTheVariableThatTheEntryPointTold)
+{
+    const TimeZoneGuard outer("Asia/Kolkata");
+    DateEnvironment::setSystemZoneVariable("America/Lima");
+    {
+        const TimeZoneGuard systems("");
+        EXPECT_EQ(DateEnvironment::nameOfZoneInForce(), "America/Lima");
+    }
+    DateEnvironment::setSystemZoneVariable(std::nullopt);
+}
+
 TEST(DateEnvironment, ALocaleGuardPutsTheFormerPairBack)
 {
     const LocaleGuard outer("de_DE", {"de"});

@@ -4,6 +4,7 @@
 #include "reminders/AutostartEntry.h"
 #include "reminders/NotificationRequestFormat.h"
 #include "reminders/ReminderList.h"
+#include "reminders/StateFolder.h"
 #include "support/FileSizeLimit.h"
 #include "support/NoMoreFiles.h"
 
@@ -360,6 +361,14 @@ TEST_F(ReminderFileTest, AStartAtLoginIsWrittenWholeOrNotAtAll)
     fs::create_directory(place);
     EXPECT_EQ(entry.disable(), std::errc::is_a_directory);
     EXPECT_TRUE(entry.enable());
+}
+
+TEST(StateFolder, IsInTheFolderOfTheEnvironmentOrElseInTheHome)
+{
+    EXPECT_EQ(stateFolder("/var/mine", "/home/ada"), "/var/mine/velumora");
+    EXPECT_EQ(stateFolder("", "/home/ada"), "/home/ada/.local/state/velumora");
+    EXPECT_EQ(stateFolder("relative", "/home/ada"), "/home/ada/.local/state/velumora") << "it is to be ignored";
+    EXPECT_EQ(reminderFile("/var/mine/velumora"), "/var/mine/velumora/Reminders");
 }
 
 } // namespace
