@@ -5,7 +5,6 @@
 #include "ui_HolidaySheet.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace {
 
@@ -51,8 +50,8 @@ std::optional<int> HolidaySheet::holidayOf(const QCheckBox& box) const
 
 bool HolidaySheet::isAnyTicked() const
 {
-    return std::ranges::any_of(std::views::iota(0, Holidays::count),
-                               [this](int holiday) { return box(holiday).isChecked(); });
+    const QList<QCheckBox*> boxes = findChildren<QCheckBox*>();
+    return std::ranges::any_of(boxes, &QCheckBox::isChecked);
 }
 
 QPushButton& HolidaySheet::addDatesButton() const

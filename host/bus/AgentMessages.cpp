@@ -5,7 +5,7 @@
 
 namespace {
 
-QDBusMessage method(const QString& name)
+QDBusMessage agentMethod(const QString& name)
 {
     return QDBusMessage::createMethodCall(AgentMessages::service(), AgentMessages::path(), AgentMessages::service(),
                                           name);
@@ -30,14 +30,14 @@ QString AgentMessages::program()
 
 QDBusMessage AgentMessages::addRequest(const QByteArray& request)
 {
-    QDBusMessage message = method(QStringLiteral("AddRequest"));
+    QDBusMessage message = agentMethod(QStringLiteral("AddRequest"));
     message << request;
     return message;
 }
 
 QDBusMessage AgentMessages::removeDelivered(const QStringList& identifiers)
 {
-    QDBusMessage message = method(QStringLiteral("RemoveDelivered"));
+    QDBusMessage message = agentMethod(QStringLiteral("RemoveDelivered"));
     message.setAutoStartService(false);
     message << identifiers;
     return message;
@@ -45,5 +45,5 @@ QDBusMessage AgentMessages::removeDelivered(const QStringList& identifiers)
 
 QDBusMessage AgentMessages::pendingRequests()
 {
-    return method(QStringLiteral("PendingRequests"));
+    return agentMethod(QStringLiteral("PendingRequests"));
 }
