@@ -44,12 +44,15 @@ void AppDelegate::openHolidaySheet()
 
 void AppDelegate::respondToHolidayPressed(QCheckBox& sender)
 {
-    if (const std::optional<int> holiday = m_holidaySheet->holidayOf(sender)) {
-        m_sharedStyleFormatter->setDateStyle(DateFormatter::Style::Long);
-        QLabel& field = m_holidaySheet->dateField(*holiday);
-        field.setText(sender.isChecked() ? m_sharedStyleFormatter->stringFromDate(Holidays::dateOfHoliday(*holiday))
-                                         : QString());
-        sender.setAccessibleDescription(field.text());
+    m_sharedStyleFormatter->setDateStyle(DateFormatter::Style::Long);
+    if (QLabel* field = m_holidaySheet->fieldBeside(sender)) {
+        const std::optional<int> holiday = m_holidaySheet->holidayOf(sender);
+        if (!sender.isChecked()) {
+            field->clear();
+        } else if (holiday) {
+            field->setText(m_sharedStyleFormatter->stringFromDate(Holidays::dateOfHoliday(*holiday)));
+        }
+        sender.setAccessibleDescription(field->text());
     }
     const bool anyTicked = m_holidaySheet->isAnyTicked();
     buttonEnableDisable(m_holidaySheet->addDatesButton(), anyTicked);

@@ -12,11 +12,16 @@ namespace {
 constexpr int firstTag = 200;
 constexpr int tagsPerHoliday = 2;
 
-template <typename Control> Control& viewWithTag(const QWidget& sheet, int tag)
+int tagOf(const QWidget& control)
+{
+    return control.property("tag").toInt();
+}
+
+template <typename Control> Control* viewWithTag(const QWidget& sheet, int tag)
 {
     const QList<Control*> controls = sheet.findChildren<Control*>();
-    return **std::ranges::find_if(controls,
-                                  [tag](const Control* control) { return control->property("tag").toInt() == tag; });
+    const auto found = std::ranges::find_if(controls, [tag](const Control* control) { return tagOf(*control) == tag; });
+    return found != controls.end() ? *found : nullptr;
 }
 
 } // namespace
@@ -30,12 +35,12 @@ HolidaySheet::~HolidaySheet() = default;
 
 QCheckBox& HolidaySheet::box(int holiday) const
 {
-    return viewWithTag<QCheckBox>(*this, firstTag + tagsPerHoliday * holiday);
+    return *viewWithTag<QCheckBox>(*this, firstTag + tagsPerHoliday * holiday);
 }
 
 QLabel& HolidaySheet::dateField(int holiday) const
 {
-    return viewWithTag<QLabel>(*this, firstTag + tagsPerHoliday * holiday + 1);
+    return *viewWithTag<QLabel>(*this, firstTag + tagsPerHoliday * holiday + 1);
 }
 
 std::optional<int> HolidaySheet::holidayOf(const QCheckBox& box) const
@@ -48,10 +53,15 @@ std::optional<int> HolidaySheet::holidayOf(const QCheckBox& box) const
     return std::nullopt;
 }
 
+QLabel* HolidaySheet::fieldBeside(const QCheckBox& box) const
+{
+    return viewWithTag<QLabel>(*this, tagOf(box) + 1);
+}
+
 bool HolidaySheet::isAnyTicked() const
 {
     const QList<QCheckBox*> boxes = findChildren<QCheckBox*>();
-    return std::ranges::any_of(boxes, &QCheckBox::isChecked);
+    return std::ranges::any_of(boxes, [this](const QCheckBox* box) { return box->isChecked() && holidayOf(*box); });
 }
 
 QPushButton& HolidaySheet::addDatesButton() const

@@ -28,7 +28,10 @@ public:
     /// The holiday of a box; nullopt for any other.
     std::optional<int> holidayOf(const QCheckBox& box) const;
 
-    bool isAnyTicked() const;
+    /// The field that stands next to a box; null when there is none.
+    QLabel* fieldBeside(const QCheckBox& box) const;
+
+    bool isAnyTicked() const; ///< a holiday, that is
 
     QPushButton& addDatesButton() const;
     QPushButton& addDatesAndNotesButton() const;
