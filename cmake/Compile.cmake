@@ -14,6 +14,9 @@ if(VELUMORA_COVERAGE)
     target_compile_options(velumora-compile INTERFACE --coverage)
     target_link_options(velumora-compile INTERFACE --coverage)
 endif()
+if(VELUMORA_FUZZERS) # what is under test tells the fuzzer which ways it went
+    target_compile_options(velumora-compile INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(VELUMORA_SANITIZERS)
     target_compile_options(velumora-compile INTERFACE -fsanitize=${VELUMORA_SANITIZERS} -fno-omit-frame-pointer
         -fno-sanitize-recover=all)

@@ -49,7 +49,4 @@ function(velumora_room)
     target_include_directories(${name} PUBLIC ${headers})
 
     add_dependencies(velumora-generated ${name}_autogen)
-    if(VELUMORA_FUZZERS) # what is under test tells the fuzzer which ways it went
-        target_compile_options(${name} PRIVATE -fsanitize=fuzzer-no-link)
-    endif()
 endfunction()
