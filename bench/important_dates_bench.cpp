@@ -1,17 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
-#include "host/ShutdownMonitor.h"
-#include "host/bus/BusNotificationCenter.h"
-#include "host/linux/DesktopGlobalDefaults.h"
-#include "host/linux/DesktopWorkspace.h"
-#include "host/linux/FolderOpenPanel.h"
-#include "host/linux/InstalledBundle.h"
-#include "host/linux/KernelClockMonitor.h"
-#include "host/linux/LinuxProcessInfo.h"
-#include "host/linux/SettingsUserDefaults.h"
-#include "host/web/WebVersionServer.h"
 #include "look/Appearance.h"
 #include "store/Record.h"
+#include "support/FakeHost.h"
 #include "table/TableView.h"
 #include "ui_MainWindow.h"
 #include "widgets/DatePicker.h"
@@ -31,34 +22,13 @@ constexpr int dateCount = 2'000;
 constexpr int dateColumn = 0;
 constexpr Date::duration daysBetween = std::chrono::hours(24) * 18;
 
-class NoLocationServices : public LocationServices {
-public:
-    bool locationServicesEnabled() const override { return false; }
-    LocationAuthorizationStatus authorizationStatus() const override { return LocationAuthorizationStatus::Denied; }
-    std::unique_ptr<LocationManager> makeLocationManager() override { return nullptr; }
-};
-
 /// The program's window on a home of its own, with `dateCount` important dates up to today.
 struct Page {
     Page()
     {
         layout.setupUi(&window);
         applyPalette(calmPalette(Appearance::Light), window);
-        delegate = std::make_unique<AppDelegate>(window, layout,
-                                                 HostServices{.bundle = bundle,
-                                                              .clockMonitor = clockMonitor,
-                                                              .globalDefaults = globalDefaults,
-                                                              .locationServices = locationServices,
-                                                              .openPanel = openPanel,
-                                                              .processInfo = processInfo,
-                                                              .shutdownMonitor = shutdownMonitor,
-                                                              .userDefaults = userDefaults,
-                                                              .notificationCenter = notificationCenter,
-                                                              .versionServer = versionServer,
-                                                              .workspace = workspace,
-                                                              .applicationSupport = home.path().toStdString(),
-                                                              .temporaryFolder = std::nullopt,
-                                                              .stateFolder = std::nullopt});
+        delegate = std::make_unique<AppDelegate>(window, layout, host.services(home.path().toStdString()));
         delegate->applicationWillFinishLaunching();
         delegate->applicationDidFinishLaunching();
         for (int i = 0; i < dateCount; ++i) {
@@ -74,17 +44,7 @@ struct Page {
     void paint() { table().render(&image); }
 
     QTemporaryDir home;
-    InstalledBundle bundle;
-    KernelClockMonitor clockMonitor;
-    DesktopGlobalDefaults globalDefaults;
-    NoLocationServices locationServices;
-    FolderOpenPanel openPanel;
-    LinuxProcessInfo processInfo;
-    ShutdownMonitor shutdownMonitor;
-    SettingsUserDefaults userDefaults;
-    BusNotificationCenter notificationCenter;
-    WebVersionServer versionServer{QUrl()};
-    DesktopWorkspace workspace;
+    FakeHost host;
     QMainWindow window;
     Ui::MainWindow layout;
     std::unique_ptr<AppDelegate> delegate;
