@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "dates/DateUtilities.h"
-#include "notes/NoteQueries.h"
 #include "store/Record.h"
 #include "table/CellEditor.h"
 #include "table/TableView.h"

@@ -7,7 +7,6 @@
 #include "host/UserNotificationCenter.h"
 #include "look/AlphaValue.h"
 #include "store/Record.h"
-#include "table/CellEditor.h"
 #include "table/TableView.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "dates/DateUtilities.h"
-#include "notes/NoteQueries.h"
 #include "store/Record.h"
 #include "table/CellEditor.h"
 #include "table/TableView.h"
@@ -14,7 +13,6 @@
 #include <QMainWindow>
 #include <QMetaObject>
 
-#include <algorithm>
 #include <utility>
 
 namespace {
@@ -121,10 +119,9 @@ void AppDelegate::askToDeleteNote()
     }
     confirmDeletion(filled(localized("of note for\r %@"), {mediumStyleDate(note)}),
                     [this, row, generation = m_book.rowsGeneration()] {
-                        if (generation ==
-                            m_book.rowsGeneration()) { // else the sheet named a note that stood there before
+                        if (generation == m_book.rowsGeneration()) {
                             deleteNoteAtRow(row);
-                        }
+                        } // else the sheet named a note that stood there before
                     });
 }
 

@@ -2,10 +2,7 @@
 #include "app/AppDelegate.h"
 #include "dates/DateUtilities.h"
 #include "look/NamedColor.h"
-#include "look/TableMetrics.h"
 #include "notes/NoteQueries.h"
-#include "search/TextSearch.h"
-#include "store/Record.h"
 #include "table/TableRowView.h"
 #include "table/TableView.h"
 #include "text/IntegerValue.h"
@@ -16,8 +13,6 @@
 
 #include <QLabel>
 #include <QMainWindow>
-
-#include <algorithm>
 
 namespace {
 

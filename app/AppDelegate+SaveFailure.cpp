@@ -81,7 +81,7 @@ void AppDelegate::waitForReports()
 
 void AppDelegate::saveHasEnded(const SaveResult& result)
 {
-    const ListBinding& list = result.name == NotesFileName ? m_notesList : m_datesList;
+    const ListBinding& list = result.name == m_notesList.fileName ? m_notesList : m_datesList;
     SaveState& state = saveState(list.kind);
     if (result.error) {
         showSaveFailure(list.saveButton, state, result.error);

@@ -50,29 +50,38 @@ TableColumn textColumn(std::string_view key, const QString& title)
     return column;
 }
 
+ListBinding notesListOf(const Ui::MainWindow& layout)
+{
+    return {.kind = ListKind::Notes,
+            .view = *layout.notesTableView,
+            .saveButton = *layout.noteEntryListSaveBtn,
+            .deleteButton = *layout.deleteRowFromListBtn,
+            .lineHeight = noteLineHeight,
+            .fileName = NotesFileName,
+            .name = localized("Notes TableView"),
+            .editorName = localized("Note of %@")};
+}
+
+ListBinding datesListOf(const Ui::MainWindow& layout)
+{
+    return {.kind = ListKind::ImportantDates,
+            .view = *layout.importantDatesTableView,
+            .saveButton = *layout.importantDateSaveBtn,
+            .deleteButton = *layout.deleteRowFromImpDateListBtn,
+            .lineHeight = eventLineHeight,
+            .fileName = EventsFileName,
+            .name = localized("Important Dates TableView"),
+            .editorName = localized("Description of %@")};
+}
+
 } // namespace
 
 AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, const HostServices& host)
     : m_window(myMainWindow), m_ui(layout), m_prefsLayout(std::make_unique<Ui::PreferencesSheet>()),
       m_prefsSheet(new QDialog(&myMainWindow)), m_holidaySheet(new HolidaySheet(&myMainWindow)),
-      m_announcer(new Announcer(myMainWindow)), m_host(host), m_notesList{.kind = ListKind::Notes,
-                                                                          .view = *layout.notesTableView,
-                                                                          .saveButton = *layout.noteEntryListSaveBtn,
-                                                                          .deleteButton = *layout.deleteRowFromListBtn,
-                                                                          .lineHeight = noteLineHeight,
-                                                                          .fileName = NotesFileName,
-                                                                          .name = localized("Notes TableView"),
-                                                                          .editorName = localized("Note of %@")},
-      m_datesList{.kind = ListKind::ImportantDates,
-                  .view = *layout.importantDatesTableView,
-                  .saveButton = *layout.importantDateSaveBtn,
-                  .deleteButton = *layout.deleteRowFromImpDateListBtn,
-                  .lineHeight = eventLineHeight,
-                  .fileName = EventsFileName,
-                  .name = localized("Important Dates TableView"),
-                  .editorName = localized("Description of %@")},
-      m_folder(host.applicationSupport, DateEnvironment::clock()), m_draftFile(host.stateFolder, host.temporaryFolder),
-      m_saves(m_folder, [this](const SaveResult& result) {
+      m_announcer(new Announcer(myMainWindow)), m_host(host), m_notesList(notesListOf(layout)),
+      m_datesList(datesListOf(layout)), m_folder(host.applicationSupport, DateEnvironment::clock()),
+      m_draftFile(host.stateFolder, host.temporaryFolder), m_saves(m_folder, [this](const SaveResult& result) {
           QMetaObject::invokeMethod(
               this, [this, result] { saveHasEnded(result); }, Qt::QueuedConnection);
       })
