@@ -3,8 +3,8 @@
 #include "host/Bundle.h"
 #include "host/Workspace.h"
 #include "text/Localized.h"
-#include "widgets/AboutSheet.h"
-#include "widgets/SheetQueue.h"
+#include "sheets/AboutSheet.h"
+#include "sheets/SheetQueue.h"
 
 #include <QMainWindow>
 #include <QPointer>

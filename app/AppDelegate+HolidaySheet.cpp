@@ -8,8 +8,8 @@
 #include "table/TableView.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
-#include "widgets/HolidaySheet.h"
-#include "widgets/SheetQueue.h"
+#include "sheets/HolidaySheet.h"
+#include "sheets/SheetQueue.h"
 
 #include <QCheckBox>
 #include <QLabel>

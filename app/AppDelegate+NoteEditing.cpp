@@ -7,7 +7,7 @@
 #include "text/IntegerValue.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
-#include "widgets/SheetQueue.h"
+#include "sheets/SheetQueue.h"
 
 #include <QAbstractButton>
 #include <QMainWindow>

@@ -6,7 +6,7 @@
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
-#include "widgets/SheetQueue.h"
+#include "sheets/SheetQueue.h"
 
 void AppDelegate::establishDefaultPrefs()
 {

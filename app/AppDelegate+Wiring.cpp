@@ -8,7 +8,7 @@
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
 #include "widgets/EditCommands.h"
-#include "widgets/HolidaySheet.h"
+#include "sheets/HolidaySheet.h"
 #include "widgets/SegmentedControl.h"
 
 #include <QApplication>

@@ -15,7 +15,7 @@
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
 #include "widgets/EditingKeys.h"
-#include "widgets/HolidaySheet.h"
+#include "sheets/HolidaySheet.h"
 #include "widgets/SegmentedControl.h"
 
 #include <QCoreApplication>

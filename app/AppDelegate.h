@@ -17,7 +17,7 @@
 #include "store/Record.h"
 #include "store/SaveQueue.h"
 #include "table/TableViewDelegate.h"
-#include "widgets/Alert.h"
+#include "sheets/Alert.h"
 
 #include <QObject>
 #include <QPointer>

@@ -25,7 +25,7 @@
 #include "text/CommandLine.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
-#include "widgets/SheetQueue.h"
+#include "sheets/SheetQueue.h"
 #include "widgets/WindowPlace.h"
 
 #include <QApplication>

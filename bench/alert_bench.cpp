@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "look/Appearance.h"
-#include "widgets/Alert.h"
+#include "sheets/Alert.h"
 
 #include <QApplication>
 #include <QMainWindow>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/AppFixture.h"
-#include "widgets/AboutSheet.h"
-#include "widgets/SheetQueue.h"
+#include "sheets/AboutSheet.h"
+#include "sheets/SheetQueue.h"
 
 #include <QAction>
 #include <QApplication>

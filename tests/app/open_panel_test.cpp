@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/linux/FolderOpenPanel.h"
-#include "widgets/SheetQueue.h"
+#include "sheets/SheetQueue.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/AboutSheet.h"
+#include "sheets/AboutSheet.h"
 
 #include "text/Localized.h"
 

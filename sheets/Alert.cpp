@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/Alert.h"
+#include "sheets/Alert.h"
 
 #include "look/ReadingText.h"
 #include "look/WrappingButton.h"
 #include "text/TextCutting.h"
 #include "text/TextLines.h"
-#include "widgets/SheetQueue.h"
+#include "sheets/SheetQueue.h"
 
 #include <QApplication>
 #include <QHBoxLayout>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/HolidaySheet.h"
+#include "sheets/HolidaySheet.h"
 
 #include "dates/Holidays.h"
 #include "ui_HolidaySheet.h"

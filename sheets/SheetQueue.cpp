@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/SheetQueue.h"
+#include "sheets/SheetQueue.h"
 
 #include <QEvent>
 #include <QMainWindow>
