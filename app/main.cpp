@@ -21,11 +21,11 @@
 #include "host/web/WebVersionServer.h"
 #include "look/Appearance.h"
 #include "reminders/StateFolder.h"
+#include "sheets/SheetQueue.h"
 #include "store/Files.h"
 #include "text/CommandLine.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
-#include "sheets/SheetQueue.h"
 #include "widgets/WindowPlace.h"
 
 #include <QApplication>

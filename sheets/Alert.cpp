@@ -3,9 +3,9 @@
 
 #include "look/ReadingText.h"
 #include "look/WrappingButton.h"
+#include "sheets/SheetQueue.h"
 #include "text/TextCutting.h"
 #include "text/TextLines.h"
-#include "sheets/SheetQueue.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
