@@ -50,6 +50,11 @@ std::vector<Date> MonthGrid::daysOfMonth(Date date)
     return days;
 }
 
+MonthGrid::YearMonth MonthGrid::orCurrent(YearMonth shown)
+{
+    return shown.year == 0 || shown.month == 0 ? currentYearMonth() : shown;
+}
+
 MonthGrid::YearMonth MonthGrid::yearMonthFromTexts(const QString& yearText, const QString& monthName)
 {
     if (yearText.isEmpty() || monthName.isEmpty()) {

@@ -145,6 +145,9 @@ Date calcNewYear(bool forward, int month, int year);
 /// The month that holds now.
 YearMonth currentYearMonth();
 
+/// The month, or the one that holds now where its year or its month is missing.
+YearMonth orCurrent(YearMonth shown);
+
 /// The first instant of each day of the month that holds `date`, the dates that its notes carry; for a day that the
 /// zone left out (`DateUtilities::isLeftOut`), that of the day after it.
 std::vector<Date> daysOfMonth(Date date);

@@ -104,6 +104,16 @@ IndexSet NoteQueries::datesWithNotes(const Table& table, std::span<const Date> d
     return indexes;
 }
 
+NoteQueries::DaysWithNotes NoteQueries::daysWithNotes(const Table& notes, const Table& list, std::span<const Date> days)
+{
+    std::vector<Date> distinct(days.begin(), days.end());
+    distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
+    const IndexSet all = datesWithNotes(notes, distinct);
+    const IndexSet inList = datesWithNotes(list, distinct);
+    const auto isListed = [&inList](std::int64_t day) { return inList.contains(day); };
+    return {.all = all.size(), .listed = static_cast<std::size_t>(std::ranges::count_if(all, isListed))};
+}
+
 std::int64_t NoteQueries::indexNearestTo(const Table& table, Date date)
 {
     std::int64_t nearest = DateUtilities::NotFound;

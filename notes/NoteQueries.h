@@ -38,6 +38,18 @@ std::vector<std::string> textsOfDates(const Table& table, std::span<const Date> 
 /// The indexes of those of `dates` that have a note, in one pass over the table. `dates` ascend.
 IndexSet datesWithNotes(const Table& table, std::span<const Date> dates);
 
+/// How many of some days have a note.
+struct DaysWithNotes {
+    std::size_t all = 0;    ///< in the notes
+    std::size_t listed = 0; ///< of those, how many also in the list
+
+    bool operator==(const DaysWithNotes&) const = default;
+};
+
+/// `notes` are all notes, `list` those of them that a list shows. `days` ascend; one that stands there twice, because
+/// the zone left the day before it out, counts once.
+DaysWithNotes daysWithNotes(const Table& notes, const Table& list, std::span<const Date> days);
+
 /// The index of the note whose date is nearest to `date`, the first of equally near ones; `DateUtilities::NotFound` in
 /// a table without dates.
 std::int64_t indexNearestTo(const Table& table, Date date);
