@@ -41,3 +41,11 @@ if(NOT VELUMORA_SANITIZERS MATCHES thread)
         LABELS core store)
     target_compile_definitions(fault-tests PRIVATE TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}")
 endif()
+
+# The notebook on the disk.
+velumora_test(note-store-tests
+    saving/note_store_test.cpp
+    support/DateGuards.cpp
+    support/DateGuards.h
+    SHARDS 1)
+target_compile_definitions(note-store-tests PRIVATE TEST_FOLDER="${CMAKE_CURRENT_BINARY_DIR}")
