@@ -7,19 +7,12 @@
 #include "text/IntegerValue.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
+#include "widgets/DateNotesMenu.h"
+#include "widgets/SaveButton.h"
 
-#include <QAction>
 #include <QMainWindow>
-#include <QMenu>
-#include <QPushButton>
 
 namespace {
-
-/// What the items of the important dates' menu are for.
-constexpr qsizetype headingItem = 0;
-constexpr qsizetype ownDayItem = 1;
-constexpr qsizetype thisYearItem = 2;
-constexpr qsizetype datesItemCount = 3;
 
 /// The same month and day in the current year. A 29 February is 1 March in a year that has none.
 Date inCurrentYear(Date date)
@@ -28,76 +21,58 @@ Date inCurrentYear(Date date)
     return DateUtilities::dateFromYear(integerValue(DateUtilities::currentYear()), month, day);
 }
 
-} // namespace
-
-void AppDelegate::makeImportantDatesContextMenu()
+/// An editor would write over the lines that its note gets meanwhile, so they come into its text. Where it shows
+/// something else than the saved note, it ends instead.
+void takeIntoEditor(const DatedText& edited, NoteBook& book, TableView& notes)
 {
-    m_importantDatesContextMenu = new QMenu(&m_window);
-    m_importantDatesContextMenu->setObjectName(QStringLiteral("importantDatesContextMenu"));
-    for (qsizetype item = 0; item < datesItemCount; ++item) {
-        QAction* action = m_importantDatesContextMenu->addAction(QString());
-        connect(action, &QAction::triggered, this, [this, action] { importantDatesRespondToContextMenu(*action); });
+    const std::optional<std::string> whole = book.textWithWaitingLines(edited);
+    auto* const editor = notes.findChild<CellEditor*>();
+    if (!whole || !editor) {
+        return;
     }
-    connect(m_importantDatesContextMenu, &QMenu::aboutToShow, this,
-            [this] { menuNeedsUpdate(*m_importantDatesContextMenu); });
-    m_ui.importantDatesTableView->setMenu(m_importantDatesContextMenu);
+    if (!whole->starts_with(edited.text)) {
+        notes.endEditing();
+        return;
+    }
+    editor->addAtEnd(QString::fromStdString(whole->substr(edited.text.size())));
+    book.beginEditAnew();
 }
 
-/// The date of the row that was clicked; empty when it was none, or has no day.
-ListRow AppDelegate::clickedEvent() const
-{
-    const ListRow event = m_book.row(ListKind::ImportantDates, m_ui.importantDatesTableView->clickedRow());
-    return event.date() ? event : ListRow();
-}
+} // namespace
 
 void AppDelegate::updateImportantDatesContextMenu()
 {
-    const QList<QAction*> items = m_importantDatesContextMenu->actions();
-    const ListRow event = clickedEvent();
-    const bool isThere(event);
-    items.at(headingItem)->setEnabled(!isThere);
-    items.at(ownDayItem)->setEnabled(isThere);
-    items.at(thisYearItem)->setEnabled(isThere);
-    const QString addNote = localized("Add a note or update an existing note's description for this date: %@");
-    if (!isThere) {
-        items.at(headingItem)->setText(localized("Please select a row with an Important Date on it"));
-        items.at(ownDayItem)->setText(filled(addNote, {QStringLiteral("…")}));
-        items.at(thisYearItem)->setText(items.at(ownDayItem)->text());
+    const std::optional<Date> date = clickedRow(m_datesList).date();
+    if (!date) {
+        m_importantDatesContextMenu->refuse();
         return;
     }
-    const Date date = *event.date();
-    const QString selected = localized("%@ has been selected. Choose an option below to continue.");
-    m_sharedStyleFormatter->setDateStyle(DateFormatter::Style::Long);
-    const auto title = [this](const QString& format, Date shown) {
-        return filled(format, {m_sharedStyleFormatter->stringFromDate(shown)});
-    };
-    items.at(headingItem)->setText(title(selected, date));
-    items.at(ownDayItem)->setText(title(addNote, date));
-    items.at(thisYearItem)->setText(title(addNote, inCurrentYear(date)));
+    m_importantDatesContextMenu->offer(m_formatters->longStyleFromDate(*date),
+                                       m_formatters->longStyleFromDate(inCurrentYear(*date)));
 }
 
 void AppDelegate::importantDatesRespondToContextMenu(const QAction& sender)
 {
-    const qsizetype item = m_importantDatesContextMenu->actions().indexOf(&sender);
-    const ListRow event = clickedEvent();
-    if (!event || (item != ownDayItem && item != thisYearItem)) {
+    const std::optional<DateNotesMenu::Choice> choice = m_importantDatesContextMenu->choiceOf(sender);
+    const ListRow event = clickedRow(m_datesList);
+    const std::optional<Date> ownDay = event.date();
+    if (!choice || !ownDay) {
         return;
     }
     const std::string name = event.text() ? *event.text() : std::string();
-    const Date date = item == ownDayItem ? *event.date() : inCurrentYear(*event.date());
+    const Date date = *choice == DateNotesMenu::Choice::OwnDay ? *ownDay : inCurrentYear(*ownDay);
 
     m_ui.notesTableView->endEditing(); // before its rows change
     if (m_book.addLine(date, name)) {
         buttonEnableDisable(*m_ui.noteEntryListSaveBtn, true);
-        draftHasChanged();
+        m_store.draftHasChanged();
     }
 
-    m_sharedStyleFormatter->setDateStyle(DateFormatter::Style::Long);
-    Alert::beginSheet(copySheetAlertWithErrorString(
-                          filled(localized("'%@' added/appended to note for %@"),
-                                 {QString::fromStdString(name), m_sharedStyleFormatter->stringFromDate(date)}),
-                          localized("Note Added/Appended"), localized("OK"), QString()),
-                      m_window);
+    Alert::beginSheet(
+        copySheetAlertWithErrorString(filled(localized("'%@' added/appended to note for %@"),
+                                             {QString::fromStdString(name), m_formatters->longStyleFromDate(date)}),
+                                      localized("Note Added/Appended"), localized("OK"), QString()),
+        m_window);
     m_ui.notesTableView->reloadData();
 }
 
@@ -108,7 +83,7 @@ void AppDelegate::takeInDateNotes()
         return;
     }
     if (const std::optional<DatedText> edited = noteInEditor()) {
-        takeIntoEditor(*edited);
+        takeIntoEditor(*edited, m_book, *m_ui.notesTableView);
     }
     for (const Date date : m_book.takeInLines()) {
         showSavedNote(date);
@@ -121,21 +96,4 @@ void AppDelegate::takeInDateNotes()
 std::optional<DatedText> AppDelegate::noteInEditor() const
 {
     return m_book.row(ListKind::Notes, m_ui.notesTableView->editedRow()).datedText();
-}
-
-/// An editor would write over the lines that its note gets meanwhile, so they come into its text. Where it shows
-/// something else than the saved note, it ends instead.
-void AppDelegate::takeIntoEditor(const DatedText& edited)
-{
-    const std::optional<std::string> whole = m_book.textWithWaitingLines(edited);
-    auto* const editor = m_ui.notesTableView->findChild<CellEditor*>();
-    if (!whole || !editor) {
-        return;
-    }
-    if (!whole->starts_with(edited.text)) {
-        m_ui.notesTableView->endEditing();
-        return;
-    }
-    editor->addAtEnd(QString::fromStdString(whole->substr(edited.text.size())));
-    m_book.beginEditAnew();
 }

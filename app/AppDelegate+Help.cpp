@@ -2,9 +2,9 @@
 #include "app/AppDelegate.h"
 #include "host/Bundle.h"
 #include "host/Workspace.h"
-#include "text/Localized.h"
 #include "sheets/AboutSheet.h"
 #include "sheets/SheetQueue.h"
+#include "text/Localized.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -28,7 +28,7 @@ void AppDelegate::myShowHelp()
 
 void AppDelegate::showDataFilesInFinder()
 {
-    if (const auto folder = m_folder.ensure()) {
+    if (const auto folder = m_store.folder()) {
         m_host.workspace.showFolder(*folder, {});
     }
 }

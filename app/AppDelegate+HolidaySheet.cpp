@@ -4,12 +4,13 @@
 #include "dates/Holidays.h"
 #include "look/AlphaValue.h"
 #include "notes/NoteQueries.h"
+#include "sheets/HolidaySheet.h"
+#include "sheets/SheetQueue.h"
 #include "store/Record.h"
 #include "table/TableView.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
-#include "sheets/HolidaySheet.h"
-#include "sheets/SheetQueue.h"
+#include "widgets/SaveButton.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -44,13 +45,12 @@ void AppDelegate::openHolidaySheet()
 
 void AppDelegate::respondToHolidayPressed(QCheckBox& sender)
 {
-    m_sharedStyleFormatter->setDateStyle(DateFormatter::Style::Long);
     if (QLabel* field = m_holidaySheet->fieldBeside(sender)) {
         const std::optional<int> holiday = m_holidaySheet->holidayOf(sender);
         if (!sender.isChecked()) {
             field->clear();
         } else if (holiday) {
-            field->setText(m_sharedStyleFormatter->stringFromDate(Holidays::dateOfHoliday(*holiday)));
+            field->setText(m_formatters->longStyleFromDate(Holidays::dateOfHoliday(*holiday)));
         }
         sender.setAccessibleDescription(field->text());
     }
@@ -63,7 +63,7 @@ void AppDelegate::addDatesFromHolidaySheet(QAbstractButton& sender)
 {
     const bool withNotes = &sender == &m_holidaySheet->addDatesAndNotesButton();
     m_ui.notesTableView->endEditing(); // before its notes change
-    m_sharedStyleFormatter->setDateStyle(DateFormatter::Style::Long);
+    m_formatters->style.setDateStyle(DateFormatter::Style::Long);
     for (int holiday = 0; holiday < Holidays::count; ++holiday) {
         const std::string name = m_holidaySheet->box(holiday).text().toStdString();
         const QString shownDate = m_holidaySheet->dateField(holiday).text();
@@ -71,7 +71,7 @@ void AppDelegate::addDatesFromHolidaySheet(QAbstractButton& sender)
             continue;
         }
         // A day without a midnight does not parse back; its records carry the day's first instant.
-        const Date date = m_sharedStyleFormatter->dateFromString(shownDate).value_or(Holidays::dateOfHoliday(holiday));
+        const Date date = m_formatters->style.dateFromString(shownDate).value_or(Holidays::dateOfHoliday(holiday));
         addHoliday(date, name);
         if (withNotes) {
             addHolidayNote(date, name);

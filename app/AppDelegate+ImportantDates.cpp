@@ -8,9 +8,9 @@
 #include "text/TextCutting.h"
 #include "ui_MainWindow.h"
 #include "widgets/DatePicker.h"
+#include "widgets/SaveButton.h"
 
 #include <QMainWindow>
-#include <QPushButton>
 
 namespace {
 
@@ -33,6 +33,17 @@ QString spokenNameOfPicker(const ListRow& event)
                : filled(localized("Date of %@"), {beginningOf(description, spokenLength).toString()});
 }
 
+/// White on the colour of the selected row.
+void colorDatePicker(DatePicker& picker, bool isSelected, const QPalette& palette)
+{
+    if (isSelected) {
+        picker.setColors(namedColor(u"TableRowSelectedTextColor", palette),
+                         namedColor(u"TableRowSelectionColor", palette));
+    } else {
+        picker.setColors(namedColor(u"ControlTextColor", palette), namedColor(u"ControlBackgroundColor", palette));
+    }
+}
+
 } // namespace
 
 void AppDelegate::addRowToImportDates()
@@ -46,15 +57,8 @@ void AppDelegate::addRowToImportDates()
     dates.insertRow(row);
     dates.scrollRowToVisible(row);
     buttonEnableDisable(*m_ui.importantDateSaveBtn, true);
-    draftHasChanged();
+    m_store.draftHasChanged();
     dates.reloadData();
-}
-
-/// A new date is there to be given its day, and with the tab key its description.
-void AppDelegate::editNewestDate()
-{
-    TableView& dates = *m_ui.importantDatesTableView;
-    dates.editColumn(dateColumn, dates.numberOfRows() - 1);
 }
 
 QWidget* AppDelegate::makeDatePicker(QWidget* parent, int row)
@@ -68,28 +72,16 @@ QWidget* AppDelegate::makeDatePicker(QWidget* parent, int row)
     picker->setAccessibleName(spokenNameOfPicker(event));
     picker->setFirstDayOfWeek(startOnSunday() ? Qt::Sunday : Qt::Monday);
     picker->setDateValue(*date);
-    colorDatePicker(*picker, row);
+    colorDatePicker(*picker, row == m_ui.importantDatesTableView->selectedRow(), m_window.palette());
     connect(picker, &DatePicker::dateValueChanged, this, [this, picker] { datePickerChanged(*picker); });
     return picker;
-}
-
-/// White on the colour of the selected row.
-void AppDelegate::colorDatePicker(DatePicker& picker, int row) const
-{
-    const QPalette palette = m_window.palette();
-    if (row == m_ui.importantDatesTableView->selectedRow()) {
-        picker.setColors(namedColor(u"TableRowSelectedTextColor", palette),
-                         namedColor(u"TableRowSelectionColor", palette));
-    } else {
-        picker.setColors(namedColor(u"ControlTextColor", palette), namedColor(u"ControlBackgroundColor", palette));
-    }
 }
 
 void AppDelegate::colorDatePickers()
 {
     const TableView& dates = *m_ui.importantDatesTableView;
     if (auto* picker = qobject_cast<DatePicker*>(dates.viewAt(dateColumn, dates.editedRow()))) {
-        colorDatePicker(*picker, dates.editedRow());
+        colorDatePicker(*picker, dates.editedRow() == dates.selectedRow(), m_window.palette());
     }
 }
 
@@ -103,7 +95,7 @@ void AppDelegate::datePickerChanged(DatePicker& sender)
     dates.noteHeightOfRowChanged(row);
     dates.redrawRow(row); // how long ago it is
     buttonEnableDisable(*m_ui.importantDateSaveBtn, true);
-    draftHasChanged();
+    m_store.draftHasChanged();
 }
 
 QString AppDelegate::calcElapsedDate(const Value& event) const

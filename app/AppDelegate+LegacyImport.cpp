@@ -6,10 +6,10 @@
 #include "table/TableView.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
+#include "widgets/SaveButton.h"
 
 #include <QMainWindow>
 #include <QPointer>
-#include <QPushButton>
 
 namespace {
 
@@ -73,12 +73,11 @@ void AppDelegate::confirmImport(const std::filesystem::path& folder)
         m_ui.notesTableView->endEditing();
         m_ui.importantDatesTableView->endEditing();
         if (hasEvents && eventsTVData && m_ui.importantDateSaveBtn->isEnabled()) {
-            saveEvents(); // what was not saved yet is kept aside too
+            m_store.save(ListKind::ImportantDates); // what was not saved yet is kept aside too
         }
-        m_saves.retry();
-        m_saves.waitUntilDone(); // what is on its way to a file is to be on the disk before it is replaced
-        if ((hasNotes && m_saves.unsaved(std::string(NotesFileName))) ||
-            (hasEvents && m_saves.unsaved(std::string(EventsFileName)))) {
+        m_store.retryAndWait(); // what is on its way to a file is to be on the disk before it is replaced
+        if ((hasNotes && !m_store.isSaved(ListKind::Notes)) ||
+            (hasEvents && !m_store.isSaved(ListKind::ImportantDates))) {
             return; // nothing is replaced that the disk does not have; the save buttons say why it has not
         }
         if (hasNotes) {
@@ -93,7 +92,7 @@ void AppDelegate::confirmImport(const std::filesystem::path& folder)
 std::optional<Table> AppDelegate::importTALVDataFiles(const std::filesystem::path& source, const std::string& fileName)
 {
     std::optional<Table> table = readLegacyTable(source);
-    m_saves.save(table, fileName, Replacing::Nothing);
+    m_store.replace(table, fileName);
     return table;
 }
 

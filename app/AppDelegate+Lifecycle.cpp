@@ -6,10 +6,14 @@
 #include "host/UserDefaults.h"
 #include "host/UserNotificationCenter.h"
 #include "look/AlphaValue.h"
+#include "look/FirstPaint.h"
+#include "notes/NoteQueries.h"
+#include "sheets/PreferencesSheet.h"
 #include "store/Record.h"
 #include "table/TableView.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
+#include "widgets/SaveButton.h"
 
 #include <QCoreApplication>
 #include <unicode/locid.h>
@@ -56,6 +60,7 @@ bool AppDelegate::doInit()
     m_window.raise();
     m_window.activateWindow();
     drawCurrMonthsDayOnAppIcon();
+    connect(new FirstPaint(m_window), &FirstPaint::painted, this, &AppDelegate::offerDraft, Qt::QueuedConnection);
     return true;
 }
 
@@ -96,52 +101,72 @@ void AppDelegate::applicationDidFinishLaunching()
     } else {
         m_ui.hideShowSegBtn->setLabelForSegment(localized("Hide All"), static_cast<int>(NotesSegment::All));
     }
-    scrollToNoteNearestTo(today);
+    if (const std::int64_t row = NoteQueries::indexNearestTo(m_book.rows(ListKind::Notes), today);
+        row != DateUtilities::NotFound) {
+        m_ui.notesTableView->scrollRowToVisible(static_cast<int>(row));
+    }
     setDateForPrevNextArrows(today);
     colorTodayOnMiniCal();
+}
+
+void AppDelegate::waitForSaves()
+{
+    m_store.waitUntilDone();
+}
+
+/// What is typed and not left yet counts.
+void AppDelegate::endTyping()
+{
+    m_ui.notesTableView->endEditing();
+    m_ui.importantDatesTableView->endEditing();
+    if (m_prefsSheet->isVisible()) {
+        userSetPlace();
+    }
 }
 
 void AppDelegate::applicationWillTerminate()
 {
     m_minuteTimer.stop();
-    m_ui.notesTableView->endEditing();
-    m_ui.importantDatesTableView->endEditing();
-    if (m_prefsSheet->isVisible()) {
-        userSetPlace(); // typed, and not left yet
-    }
-    saveEventsUnlessEmpty();
+    endTyping();
+    m_store.saveUnlessEmpty(ListKind::ImportantDates);
     deleteMonthlyPrintFile();
-    waitForReports();
+    m_store.finish();
 }
 
 void AppDelegate::machineWillShutDown()
 {
-    m_ui.notesTableView->endEditing();
-    m_ui.importantDatesTableView->endEditing();
-    if (m_prefsSheet->isVisible()) {
-        userSetPlace(); // typed, and not left yet
-    }
-    saveEventsUnlessEmpty();
+    endTyping();
+    m_store.saveUnlessEmpty(ListKind::ImportantDates);
     buttonEnableDisable(*m_ui.importantDateSaveBtn, false);
-    waitForReports();
+    m_store.finish();
 }
 
 void AppDelegate::processWillExit()
 {
-    if (const std::optional<DatedText> edited = editedNote()) {
+    if (const std::optional<EditedNote> edited = editedNote()) {
         const int row = m_ui.notesTableView->editedRow();
         m_book.changeText(ListKind::Notes, row, edited->text); // nothing can be asked of an input method any more
         takeInNote(row, true);
     }
-    saveEventsUnlessEmpty();
-    waitForReports();
+    m_store.saveUnlessEmpty(ListKind::ImportantDates);
+    m_store.finish();
 }
 
 void AppDelegate::didSelectTabViewItem(QWidget& page)
 {
     m_window.setWindowTitle(QString());
     redrawPage(page);
-    announcePage(page);
+    m_announcer.announcePage(page);
+}
+
+/// The notes that the page shows may be others now. The mini calendar is no such page.
+void AppDelegate::redrawPage()
+{
+    if (shownPage() == Page::Week) {
+        redrawWeek(0);
+    } else if (shownPage() == Page::Month) {
+        redrawMonth(0);
+    }
 }
 
 void AppDelegate::redrawPage(const QWidget& page)

@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 #include "place/DegreesText.h"
 #include "place/SunTimes.h"
+#include "sheets/PreferencesSheet.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
@@ -57,10 +58,10 @@ void AppDelegate::didUpdateLocations(LocationManager& manager, const QList<Locat
 {
     const Location location = locations.isEmpty() ? Location() : locations.last();
     manager.stopUpdatingLocation();
-    if (const auto line = SunTimes::sunLine(location.coordinate, localized("Rise/Set:"), *m_sharedTimeFormatter)) {
+    if (const auto line = SunTimes::sunLine(location.coordinate, localized("Rise/Set:"), m_formatters->time)) {
         m_ui.riseSetOnMiniCal->setText(*line);
         m_ui.riseSetOnMiniCal->setToolTip(descriptionOf(location));
-        m_prefsLayout->placeInUse->setText(descriptionOf(location));
+        m_prefsSheet->outlets().placeInUse->setText(descriptionOf(location));
     }
 }
 
@@ -71,15 +72,7 @@ void AppDelegate::askForLocationAgain()
     if (locationManager) {
         m_ui.riseSetOnMiniCal->clear();
         m_ui.riseSetOnMiniCal->setToolTip(QString());
-        m_prefsLayout->placeInUse->setText(localized("No place is known"));
+        m_prefsSheet->outlets().placeInUse->setText(localized("No place is known"));
         locationManager->requestLocation();
-    }
-}
-
-/// The line's times are those of a zone, and its place may be the zone's city.
-void AppDelegate::followZone()
-{
-    if (m_zoneOfLocation != DateEnvironment::nameOfZoneInForce()) {
-        askForLocationAgain();
     }
 }

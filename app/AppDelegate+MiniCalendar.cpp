@@ -53,11 +53,7 @@ MonthGrid::YearMonth AppDelegate::fromMiniCalGetYearMonth() const
 
 void AppDelegate::formatCopyMiniCalTime()
 {
-    m_sharedTimeFormatter.emplace();
-    m_sharedTimeFormatter->setTimeStyle(DateFormatter::Style::Short);
-    m_sharedTimeFormatter->setDateStyle(DateFormatter::Style::None);
-    m_sharedStyleFormatter.emplace();
-    m_sharedListDateFormatter = DateUtilities::listDateFormatter();
+    m_formatters.emplace();
 }
 
 void AppDelegate::showTodayOnMiniCal()
@@ -69,7 +65,7 @@ void AppDelegate::showTodayOnMiniCal()
     setSingleCharDayNames(sundayFirst, m_window);
     enableMiniCalDatesWithNotes(today, notesTVData, sundayFirst, m_window);
     colorTodayOnMiniCal();
-    announceMonthOfMiniCal();
+    m_announcer.announceMonthOfMiniCal();
 }
 
 void AppDelegate::redrawMiniCal()
@@ -115,10 +111,10 @@ void AppDelegate::enableMiniCalDatesWithNotes(Date date, const std::optional<Tab
 
 void AppDelegate::setMiniCalDatesWithDate(Date date, const Table& datesWithNotes, bool startOnSunday, QWidget& window)
 {
-    m_sharedStyleFormatter->setDateFormat(QStringLiteral("MM"));
-    const int month = integerValue(DateUtilities::componentOfDate(date, *m_sharedStyleFormatter));
-    m_sharedStyleFormatter->setDateFormat(QStringLiteral("yyyy"));
-    const int year = integerValue(DateUtilities::componentOfDate(date, *m_sharedStyleFormatter));
+    m_formatters->style.setDateFormat(QStringLiteral("MM"));
+    const int month = integerValue(DateUtilities::componentOfDate(date, m_formatters->style));
+    m_formatters->style.setDateFormat(QStringLiteral("yyyy"));
+    const int year = integerValue(DateUtilities::componentOfDate(date, m_formatters->style));
 
     const int weekdayOfFirst = MonthGrid::firstDayofMonth(month, year);
     const int dayCount = DateUtilities::daysInMonth(date);
@@ -190,7 +186,7 @@ void AppDelegate::buttonSetTitleColor(const QColor& color, DayButton* button)
 void AppDelegate::updateTimeOnUI()
 {
     const Date now = DateEnvironment::now();
-    m_ui.miniCalTime->setText(m_sharedTimeFormatter->stringFromDate(now));
+    m_ui.miniCalTime->setText(m_formatters->time.stringFromDate(now));
     // Nothing ever stores the prior day, so the calendar is redrawn every minute; that keeps today's mark right.
     if (DateUtilities::shortStyleFromDate(now) != m_window.property(timerPriorDateKey).toString()) {
         redrawMiniCal();
@@ -200,30 +196,28 @@ void AppDelegate::updateTimeOnUI()
 void AppDelegate::minuteHasChanged()
 {
     updateTimeOnUI();
-    followToday();
-    const auto now = std::chrono::floor<std::chrono::seconds>(DateEnvironment::now());
-    const auto secondOfMinute = now - std::chrono::floor<std::chrono::minutes>(now);
-    m_minuteTimer.start(std::chrono::minutes(1) - secondOfMinute);
-    m_saves.retry();
-    draftHasChanged(); // tried again too, where it was not written
-    // The rows' red of today and the elapsed texts go with the time; the rows themselves stay.
-    m_ui.notesTableView->viewport()->update();
-    m_ui.importantDatesTableView->viewport()->update();
-}
-
-/// What names today or marks it goes with the day; the pages shown stay as they are.
-void AppDelegate::followToday()
-{
+    // What names today or marks it goes with the day; the pages shown stay as they are.
     nameSegments();
     colorTodayOnWeeklyView();
     colorTodayOnMonthlyView();
+    const auto now = std::chrono::floor<std::chrono::seconds>(DateEnvironment::now());
+    const auto secondOfMinute = now - std::chrono::floor<std::chrono::minutes>(now);
+    m_minuteTimer.start(std::chrono::minutes(1) - secondOfMinute);
+    m_store.retry();
+    m_store.draftHasChanged(); // tried again too, where it was not written
+    // The rows' red of today and the elapsed texts go with the time; the rows themselves stay.
+    m_ui.notesTableView->viewport()->update();
+    m_ui.importantDatesTableView->viewport()->update();
 }
 
 void AppDelegate::clockHasJumped()
 {
     formatCopyMiniCalTime();
     minuteHasChanged();
-    followZone();
+    // The line's times are those of a zone, and its place may be the zone's city.
+    if (m_zoneOfLocation != DateEnvironment::nameOfZoneInForce()) {
+        askForLocationAgain();
+    }
 }
 
 void AppDelegate::backForwardYearOrMonth(QAbstractButton& sender)
@@ -239,7 +233,7 @@ void AppDelegate::backForwardYearOrMonth(QAbstractButton& sender)
     setMiniCalMonthYearDate(date);
     enableMiniCalDatesWithNotes(date, allNotesTVData, startOnSunday(), m_window);
     colorTodayOnMiniCal();
-    announceMonthOfMiniCal();
+    m_announcer.announceMonthOfMiniCal();
 }
 
 void AppDelegate::dayBtnAction(DayButton& sender)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "calendar/DayNumber.h"
+#include "calendar/HiddenNotesLine.h"
 #include "calendar/MonthlyGrid.h"
 #include "calendar/NoteField.h"
 #include "calendar/SpokenDays.h"
@@ -11,14 +12,18 @@
 #include "text/IntegerValue.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
+#include "widgets/HiddenDatePicker.h"
 
 #include <QMainWindow>
 
 namespace {
 
-Date firstOfMonth(Date date)
+/// Day 1 of the month that the page's hidden picker records.
+Date firstOfMonth(const HiddenDatePicker& record)
 {
-    const auto [year, month, day] = DateUtilities::yearMonthDayFromDate(date);
+    // It may hold a midnight of a zone that was in force before: a day away from the first here, never two.
+    const Date inMonth = DateUtilities::dateByAddingDays(record.dateValue(), 2, 0, 0);
+    const auto [year, month, day] = DateUtilities::yearMonthDayFromDate(inMonth);
     return DateUtilities::dateFromYear(year, month, 1);
 }
 
@@ -35,15 +40,9 @@ void AppDelegate::setMonthlyViewThreeCharDayNames(bool startOnSunday, QWidget& w
     }
 }
 
-MonthGrid::YearMonth AppDelegate::shownOrCurrentMonth() const
-{
-    const MonthGrid::YearMonth shown = fromMiniCalGetYearMonth();
-    return shown.year == 0 || shown.month == 0 ? MonthGrid::currentYearMonth() : shown;
-}
-
 void AppDelegate::setMonthlyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes)
 {
-    const MonthGrid::YearMonth shown = shownOrCurrentMonth();
+    const MonthGrid::YearMonth shown = MonthGrid::orCurrent(fromMiniCalGetYearMonth());
     const Date date = DateUtilities::dateFromYear(shown.year, shown.month, 1);
     putDaysDatesTextOnMonthlyView(MonthGrid::dayOfWeekForDate(date), date, window, notes, startOnSunday);
 }
@@ -79,19 +78,13 @@ void AppDelegate::putDaysDatesTextOnMonthlyView(int weekdayOfFirst, Date date, Q
     }
     colorTodayOnMonthlyView();
     grid->daysDidChange();
-    tellHiddenNotes(*m_ui.monthlyViewHiddenNotes, localized("Notes of this month shown: %@ of %@"), days, notes);
-}
-
-/// Day 1 of the month that the page shows.
-Date AppDelegate::firstOfMonthlyView() const
-{
-    // The picker may hold a midnight of a zone that was in force before: a day away from the first here, never two.
-    return firstOfMonth(DateUtilities::dateByAddingDays(m_ui.monthlyViewHiddenDatePicker->dateValue(), 2, 0, 0));
+    const NoteQueries::DaysWithNotes count = NoteQueries::daysWithNotes(m_book.notes(), elementsOf(notes), days);
+    m_ui.monthlyViewHiddenNotes->setCounts(localized("Notes of this month shown: %@ of %@"), count.listed, count.all);
 }
 
 void AppDelegate::colorTodayOnMonthlyView()
 {
-    const Date first = firstOfMonthlyView();
+    const Date first = firstOfMonth(*m_ui.monthlyViewHiddenDatePicker);
     const std::vector<Date> days = MonthGrid::daysOfMonth(first);
     auto [year, month, day] = DateUtilities::yearMonthDayFromDate(first);
     const SpokenDays spoken;
@@ -108,12 +101,12 @@ void AppDelegate::colorTodayOnMonthlyView()
 void AppDelegate::backForwardMonthlyView(QAbstractButton& sender)
 {
     redrawMonth(&sender == m_ui.monthlyViewBackBtn ? -1 : 1);
-    announceMonthOfPage();
+    m_announcer.announceMonthOfPage();
 }
 
 /// Draws the month `months` away from the one shown; 0 draws that one anew.
 void AppDelegate::redrawMonth(int months)
 {
-    const Date date = DateUtilities::dateByAddingDays(firstOfMonthlyView(), 0, months, 0);
+    const Date date = DateUtilities::dateByAddingDays(firstOfMonth(*m_ui.monthlyViewHiddenDatePicker), 0, months, 0);
     putDaysDatesTextOnMonthlyView(MonthGrid::dayOfWeekForDate(date), date, m_window, notesTVData, startOnSunday());
 }

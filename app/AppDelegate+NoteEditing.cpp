@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "dates/DateUtilities.h"
+#include "sheets/SheetQueue.h"
 #include "store/Record.h"
 #include "table/CellEditor.h"
 #include "table/TableView.h"
 #include "text/IntegerValue.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
-#include "sheets/SheetQueue.h"
+#include "widgets/SaveButton.h"
 
 #include <QAbstractButton>
 #include <QMainWindow>
@@ -30,6 +31,18 @@ void goOnAtRow(TableView& tableView, int row)
     tableView.setFocus(Qt::OtherFocusReason);
 }
 
+void confirmDeletion(QWidget& window, const QString& question, std::function<void()> deletion)
+{
+    Alert::beginSheet(AppDelegate::copySheetAlertWithErrorString(question, localized("Please confirm deletion"),
+                                                                 localized("Confirm Delete"),
+                                                                 localized("Cancel Delete")),
+                      window, [deletion = std::move(deletion)](int answer) {
+                          if (answer == Alert::firstButtonReturn) {
+                              deletion();
+                          }
+                      });
+}
+
 } // namespace
 
 void AppDelegate::controlTextDidChange(QWidget& field)
@@ -47,7 +60,7 @@ void AppDelegate::controlTextDidChange(QWidget& field)
     }
     list.view.noteHeightOfRowChanged(row);
     buttonEnableDisable(list.saveButton, true);
-    draftHasChanged();
+    m_store.draftHasChanged();
 }
 
 void AppDelegate::controlTextDidEndEditing(QWidget& field)
@@ -70,27 +83,14 @@ bool AppDelegate::takeInNote(int row, bool isEdited)
     case Outcome::Nothing:
         return false;
     case Outcome::Added:
-        saveNotes();
+        m_store.save(ListKind::Notes);
         break;
     case Outcome::Replaced:
         qInfo("CTDEE replaced in 'all' array");
-        saveNotesInsteadOf(edit.replaced, edit.seen);
+        m_store.saveNotesInsteadOf(edit.replaced, edit.seen);
         break;
     }
     return true;
-}
-
-/// Saves the notes of which one that said `replaced` is changed or gone. A row can show another text than the saved
-/// one, after an import for example: what was not `seen` is kept aside.
-void AppDelegate::saveNotesInsteadOf(const std::string& replaced, const std::string& seen)
-{
-    if (seen.find(replaced) != std::string::npos) {
-        saveNotes();
-        return;
-    }
-    m_saves.retry();
-    m_saves.waitUntilDone(); // the copy is made of what is on the disk
-    m_saves.save(allNotesTVData, std::string(NotesFileName), Replacing::Nothing);
 }
 
 void AppDelegate::respondToDeleteRowFromList(QAbstractButton& sender)
@@ -117,7 +117,7 @@ void AppDelegate::askToDeleteNote()
                           m_window);
         return;
     }
-    confirmDeletion(filled(localized("of note for\r %@"), {mediumStyleDate(note)}),
+    confirmDeletion(m_window, filled(localized("of note for\r %@"), {mediumStyleDate(note)}),
                     [this, row, generation = m_book.rowsGeneration()] {
                         if (generation == m_book.rowsGeneration()) {
                             deleteNoteAtRow(row);
@@ -130,20 +130,9 @@ void AppDelegate::askToDeleteEvent()
     m_ui.importantDatesTableView->endEditing();
     const ListRow event = m_book.row(ListKind::ImportantDates, m_ui.importantDatesTableView->selectedRow());
     if (event) {
-        confirmDeletion(filled(localized("of important note for %@ ?"), {mediumStyleDate(event)}),
+        confirmDeletion(m_window, filled(localized("of important note for %@ ?"), {mediumStyleDate(event)}),
                         [this, element = *event.element()] { deleteEvent(element); });
     }
-}
-
-void AppDelegate::confirmDeletion(const QString& question, std::function<void()> deletion)
-{
-    Alert::beginSheet(copySheetAlertWithErrorString(question, localized("Please confirm deletion"),
-                                                    localized("Confirm Delete"), localized("Cancel Delete")),
-                      m_window, [deletion = std::move(deletion)](int answer) {
-                          if (answer == Alert::firstButtonReturn) {
-                              deletion();
-                          }
-                      });
 }
 
 void AppDelegate::deleteNoteAtRow(int row)
@@ -161,9 +150,9 @@ void AppDelegate::deleteNoteAtRow(int row)
         goOnAtRow(*m_ui.notesTableView, place);
     });
     if (date && allNotesTVData) {
-        draftHasChanged();
+        m_store.draftHasChanged();
         if (const std::optional<std::string> deleted = m_book.removeNote(*date)) {
-            saveNotesInsteadOf(*deleted, note.text() ? *note.text() : std::string());
+            m_store.saveNotesInsteadOf(*deleted, note.text() ? *note.text() : std::string());
             buttonEnableDisable(*m_ui.deleteRowFromListBtn, false);
         }
         const MonthGrid::YearMonth ofNote{.year = integerValue(DateUtilities::yearFromDate(*date)),
@@ -183,7 +172,7 @@ void AppDelegate::deleteEvent(const Value& event)
     }
     TableView& dates = *m_ui.importantDatesTableView;
     const int place = m_book.removeRows(ListKind::ImportantDates, event, dates.selectedRow());
-    saveEvents();
+    m_store.save(ListKind::ImportantDates);
     dates.reloadData();
     dates.selectRow(-1);
     goOnAtRow(dates, place);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
+#include "calendar/SpokenDays.h"
 #include "dates/DateUtilities.h"
 #include "look/NamedColor.h"
 #include "notes/NoteQueries.h"
@@ -39,10 +40,15 @@ QString shownText(const ListRow& row)
 
 } // namespace
 
+/// Shows the notes that are chosen, and how many they are.
 void AppDelegate::chooseNotes(NotesChoice choice)
 {
+    m_ui.notesTableView->endEditing(); // it belongs to the rows shown so far
     m_book.choose(std::move(choice));
     showRows();
+    if (!m_book.rows(ListKind::Notes).isEmpty()) {
+        showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
+    }
 }
 
 /// Shows the rows of the notebook, none of them selected. An edit in progress belongs to the rows shown so far: the
@@ -53,18 +59,9 @@ void AppDelegate::showRows()
     m_ui.notesTableView->selectRow(-1);
 }
 
-void AppDelegate::showCountUnlessEmpty()
-{
-    if (!m_book.rows(ListKind::Notes).isEmpty()) {
-        showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
-    }
-}
-
 void AppDelegate::showNotesForThisMonthYear(Date date)
 {
-    m_ui.notesTableView->endEditing();
     chooseNotes(NotesChoice::ofMonth(date));
-    showCountUnlessEmpty();
 }
 
 void AppDelegate::notesForMonthShowing()
@@ -80,27 +77,15 @@ void AppDelegate::notesForMonthShowing()
 
 void AppDelegate::showOnlyCurrentYearNotes()
 {
-    m_ui.notesTableView->endEditing();
     chooseNotes(NotesChoice::ofYear(integerValue(DateUtilities::currentYear())));
-    showCountUnlessEmpty();
 }
 
 void AppDelegate::showAllNotes(SegmentedControl& control)
 {
-    m_ui.notesTableView->endEditing();
     constexpr int segment = static_cast<int>(NotesSegment::All);
     const bool offersAll = control.labelForSegment(segment) == localized("Show All");
     chooseNotes(offersAll ? NotesChoice::all() : NotesChoice::none());
     control.setLabelForSegment(offersAll ? localized("Hide All") : localized("Show All"), segment);
-    showCountUnlessEmpty();
-}
-
-void AppDelegate::scrollToNoteNearestTo(Date date)
-{
-    const std::int64_t row = NoteQueries::indexNearestTo(m_book.rows(ListKind::Notes), date);
-    if (row != DateUtilities::NotFound) {
-        m_ui.notesTableView->scrollRowToVisible(static_cast<int>(row));
-    }
 }
 
 void AppDelegate::filterNotes()
@@ -118,7 +103,7 @@ void AppDelegate::filterNotes()
     m_ui.filterField->setFoundNothing({});
     showRows();
     offerAllNotes();
-    announceFoundNotes();
+    m_announcer.announceFoundNotes();
 }
 
 void AppDelegate::backForwardNotesView(QAbstractButton& sender)
@@ -129,7 +114,7 @@ void AppDelegate::backForwardNotesView(QAbstractButton& sender)
     showNotesForThisMonthYear(date);
     setDateForPrevNextArrows(date);
     offerAllNotes();
-    announceRows(monthAndYear(date));
+    m_announcer.announceRows(monthAndYear(date));
 }
 
 void AppDelegate::setDateForPrevNextArrows(Date date)
@@ -174,13 +159,21 @@ void AppDelegate::respondToSegmentSelection(SegmentedControl& sender)
         offerAllNotes();
     }
     buttonEnableDisable(*m_ui.deleteRowFromListBtn, false);
-    announceRows(choice);
+    m_announcer.announceRows(choice);
 }
 
 /// The list shows a choice: the segment of all notes shows them, instead of hiding them.
 void AppDelegate::offerAllNotes()
 {
     m_ui.hideShowSegBtn->setLabelForSegment(localized("Show All"), static_cast<int>(NotesSegment::All));
+}
+
+/// What the segment of all notes does, whatever it would do now; the page shown stays the page shown.
+void AppDelegate::showAllNotesOnPage()
+{
+    offerAllNotes();
+    m_ui.hideShowSegBtn->press(static_cast<int>(NotesSegment::All));
+    redrawPage();
 }
 
 void AppDelegate::nameSegments()
@@ -218,6 +211,11 @@ void AppDelegate::increaseTVHeaderFontSize(TableView& tableView)
     }
 }
 
+ListRow AppDelegate::clickedRow(const ListBinding& list) const
+{
+    return m_book.row(list.kind, list.view.clickedRow());
+}
+
 /// The list that the view shows; null for another view.
 const ListBinding* AppDelegate::listOf(const TableView& tableView) const
 {
@@ -246,13 +244,21 @@ CellView AppDelegate::viewForTableColumn(const TableView& tableView, const Table
     } else if (shows(column, eventTimeColumn) && shown) {
         cell.text = calcElapsedDate(*shown.element());
     } else if (const std::optional<Date> date = shown.date(); date && shows(column, recordKeys(list->kind).date)) {
-        cell.text = m_sharedListDateFormatter->stringFromDate(*date);
+        cell.text = m_formatters->listDate.stringFromDate(*date);
         if (list->kind == ListKind::Notes && DateUtilities::isThisDate(*date, DateEnvironment::now())) {
             cell.spokenText = filled(localized("%@, today"), {cell.text});
             cell.textColor = namedColor(u"SystemRedColor", m_window.palette());
         }
     }
     return cell;
+}
+
+QString AppDelegate::accessibleEditorName(const TableView& tableView, const TableColumn& column, int row)
+{
+    const ListBinding* list = listOf(tableView);
+    const std::optional<Date> date = list ? m_book.row(list->kind, row).date() : std::nullopt;
+    return date ? filled(list->editorName, {SpokenDays().of(*date)})
+                : TableViewDelegate::accessibleEditorName(tableView, column, row);
 }
 
 double AppDelegate::heightOfRow(const TableView& tableView, int row)

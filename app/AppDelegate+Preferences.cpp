@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
+#include "app/EnteredPlace.h"
 #include "app/PreferenceKeys.h"
 #include "dates/DateUtilities.h"
 #include "host/UserDefaults.h"
-#include "text/Localized.h"
+#include "sheets/PreferencesSheet.h"
+#include "sheets/SheetQueue.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
-#include "sheets/SheetQueue.h"
 
 void AppDelegate::establishDefaultPrefs()
 {
@@ -21,7 +22,7 @@ bool AppDelegate::startOnSunday() const
 
 void AppDelegate::openClosePrefsSheet()
 {
-    const Ui::PreferencesSheet& sheet = *m_prefsLayout;
+    const Ui::PreferencesSheet& sheet = m_prefsSheet->outlets();
     const bool sundayFirst = startOnSunday();
     sheet.sundayPref->setChecked(sundayFirst);
     sheet.mondayPref->setChecked(!sundayFirst);
@@ -31,13 +32,13 @@ void AppDelegate::openClosePrefsSheet()
     const bool allNotes = m_host.userDefaults.integerForKey(PreferenceKeys::startList) != 0;
     sheet.allVelumora->setChecked(allNotes);
     sheet.currentMonthVelumora->setChecked(!allNotes);
-    showEnteredPlace();
+    m_prefsSheet->showPlace(enteredPlace(m_host.userDefaults));
     SheetQueue::of(m_window).begin(*m_prefsSheet);
 }
 
 void AppDelegate::userSetPref(QRadioButton& sender)
 {
-    const Ui::PreferencesSheet& sheet = *m_prefsLayout;
+    const Ui::PreferencesSheet& sheet = m_prefsSheet->outlets();
     UserDefaults& defaults = m_host.userDefaults;
     if (&sender == sheet.allVelumora) {
         defaults.setInteger(1, PreferenceKeys::startList);
@@ -48,6 +49,15 @@ void AppDelegate::userSetPref(QRadioButton& sender)
         redrawPage(*m_ui.myTabView->currentWidget());
     }
     defaults.synchronize();
+}
+
+void AppDelegate::userSetPlace()
+{
+    const PreferencesSheet::TypedPlace typed = m_prefsSheet->readPlace();
+    if (typed.isComplete && typed.place != enteredPlace(m_host.userDefaults)) {
+        setEnteredPlace(typed.place, m_host.userDefaults);
+        askForLocationAgain();
+    }
 }
 
 void AppDelegate::sheetCloseBtnPressed(QWidget& sender)

@@ -6,11 +6,12 @@
 #include "text/Localized.h"
 #include "text/TextCutting.h"
 #include "ui_MainWindow.h"
+#include "widgets/DateNotesMenu.h"
+#include "widgets/ReminderMenu.h"
 
 #include <QAction>
 #include <QDate>
 #include <QMainWindow>
-#include <QMenu>
 #include <QPointer>
 
 namespace {
@@ -21,10 +22,8 @@ const QString reminderIdentifier = QStringLiteral("VelumoraZNYgg56Lp");
 constexpr NotificationOptions everyOption =
     NotificationOption::Alert | NotificationOption::Sound | NotificationOption::Badge;
 
-/// What the items of the notes' menu are for.
-constexpr qsizetype informationItem = 0;
-constexpr qsizetype reminderItem = 1;
-constexpr qsizetype notesItemCount = 2;
+/// The menu of an item that schedules a reminder has at least so many.
+constexpr qsizetype fewestItems = 2;
 
 NotificationContent contentFor(const DatedText& note)
 {
@@ -49,21 +48,74 @@ CalendarNotificationTrigger triggerFor(const DatedText& note)
         .year = day.year(), .month = day.month(), .day = day.day(), .timeZone = DateEnvironment::nameOfZoneInForce()};
 }
 
-} // namespace
-
-void AppDelegate::makeSendNotificationContextMenu()
+/// Says at once that the reminder is scheduled, and later when it turns out that it is not.
+void scheduleReminder(const DatedText& note, QMainWindow& window, UserNotificationCenter& center)
 {
-    m_sendNotificationContextMenu = new QMenu(&m_window);
-    m_sendNotificationContextMenu->setObjectName(QStringLiteral("sendNotificationContextMenu"));
-    for (qsizetype item = 0; item < notesItemCount; ++item) {
-        m_sendNotificationContextMenu->addAction(QString());
-    }
-    const QAction* reminder = m_sendNotificationContextMenu->actions().at(reminderItem);
-    connect(reminder, &QAction::triggered, this, [this, reminder] { respondToContextualMenuTab1(*reminder); });
-    connect(m_sendNotificationContextMenu, &QMenu::aboutToShow, this,
-            [this] { menuNeedsUpdate(*m_sendNotificationContextMenu); });
-    m_ui.notesTableView->setMenu(m_sendNotificationContextMenu);
+    const QString scheduled =
+        filled(localized("Reminder '%@'\r\rscheduled for date: %@"),
+               {QString::fromStdString(note.text), DateUtilities::mediumStyleFromDate(note.date)});
+    const NotificationRequest request{
+        .identifier = reminderIdentifier, .content = contentFor(note), .trigger = triggerFor(note)};
+    const QPointer<QMainWindow> stillThere(&window);
+    center.addNotificationRequest(request, [stillThere, scheduled](const std::optional<QString>& error) {
+        if (stillThere && error) {
+            AppDelegate::doSheetAlert(*stillThere, scheduled,
+                                      localized("Notification failed to schedule for the following:"), localized("OK"),
+                                      QString());
+        }
+    });
+    AppDelegate::doSheetAlert(
+        window, localized("When the Notification Center reminder appears, click on it to open the note with Velumora"),
+        scheduled, localized("OK"), QString());
 }
+
+void answerReminderRequest(AuthorizationStatus status, const DatedText& note, QMainWindow& window,
+                           UserNotificationCenter& center)
+{
+    switch (status) {
+    case AuthorizationStatus::NotDetermined:
+        qInfo("Undetermined");
+        break;
+    case AuthorizationStatus::Denied:
+        AppDelegate::doSheetAlert(
+            window,
+            filled(localized("Need User Permission to post a notification for %@\r\r%@\r\r"
+                             "Recommend granting permission in System Preferences"),
+                   {DateUtilities::shortStyleFromDate(note.date), QString::fromStdString(note.text)}),
+            localized("Failed to post notification"), localized("OK"), QString());
+        break;
+    case AuthorizationStatus::Authorized:
+        scheduleReminder(note, window, center);
+        break;
+    case AuthorizationStatus::Provisional:
+        break;
+    }
+}
+
+struct SheetTexts {
+    QString error;
+    QString title;
+};
+
+/// The sheet of a reminder that was clicked.
+SheetTexts reminderOf(const DatedText& note)
+{
+    return {filled(QStringLiteral("%@\r%@"), {DateUtilities::mediumStyleFromDate(note.date),
+                                              shortened(QString::fromStdString(note.text), longestShown)}),
+            localized("Velumora Reminder")};
+}
+
+/// The same where there are no notes to show it among.
+SheetTexts warningAbout(const DatedText& note)
+{
+    return {filled(QStringLiteral("%@\r%@\r\r%@"),
+                   {localized("Velumora is attempting to respond to a Notification Center message but cannot."),
+                    localized("The Notification Center message is for the following date and note:"),
+                    reminderOf(note).error}),
+            localized("Warning: No Notes Data Found in 'respondWithContent:'")};
+}
+
+} // namespace
 
 void AppDelegate::menuNeedsUpdate(QMenu& menu)
 {
@@ -74,93 +126,36 @@ void AppDelegate::menuNeedsUpdate(QMenu& menu)
     }
 }
 
-/// The note of the row that was clicked; nullopt when it was none.
-std::optional<DatedText> AppDelegate::clickedNote() const
-{
-    return m_book.row(ListKind::Notes, m_ui.notesTableView->clickedRow()).datedText();
-}
-
 void AppDelegate::updateSendNotificationContextMenu()
 {
-    QAction& information = *m_sendNotificationContextMenu->actions().at(informationItem);
-    QAction& reminder = *m_sendNotificationContextMenu->actions().at(reminderItem);
-    const auto offer = [&](const QString& informationTitle, const QString& reminderTitle) {
-        const bool possible = !reminderTitle.isEmpty();
-        information.setText(informationTitle);
-        information.setEnabled(!possible);
-        reminder.setText(reminderTitle);
-        reminder.setEnabled(possible);
-        reminder.setVisible(possible);
-    };
-    const std::optional<DatedText> note = clickedNote();
+    const std::optional<DatedText> note = clickedRow(m_notesList).datedText();
     if (!note) {
-        offer(localized("Note not selected, please try again"), QString());
+        m_sendNotificationContextMenu->refuse(localized("Note not selected, please try again"));
         return;
     }
     m_host.notificationCenter.requestAuthorization(everyOption, [](bool) {});
     if (note->date <= DateEnvironment::now()) {
-        offer(localized("Reminders can be scheduled only for future dates. Try again."), QString());
+        m_sendNotificationContextMenu->refuse(
+            localized("Reminders can be scheduled only for future dates. Try again."));
         return;
     }
-    m_sharedStyleFormatter->setDateStyle(DateFormatter::Style::Long);
-    const QString date = m_sharedStyleFormatter->stringFromDate(note->date);
-    offer(filled(localized("%@ has been selected. Choose an option below to continue."), {date}),
-          filled(localized("Remind me about this note via the System Notification Center on: %@"), {date}));
+    m_sendNotificationContextMenu->offer(m_formatters->longStyleFromDate(note->date));
 }
 
 void AppDelegate::respondToContextualMenuTab1(const QAction& sender)
 {
     const auto* menu = qobject_cast<const QMenu*>(sender.parent());
-    const std::optional<DatedText> note = clickedNote();
-    if (!note || !menu || menu->actions().size() < notesItemCount) {
+    const std::optional<DatedText> note = clickedRow(m_notesList).datedText();
+    if (!note || !menu || menu->actions().size() < fewestItems) {
         return;
     }
-    const QPointer<AppDelegate> self(this);
-    m_host.notificationCenter.getNotificationSettings([self, note = *note](AuthorizationStatus status) {
-        if (self) {
-            self->answerReminderRequest(status, note);
+    UserNotificationCenter& center = m_host.notificationCenter; // outlives the window
+    const QPointer<QMainWindow> window(&m_window);
+    center.getNotificationSettings([window, &center, note = *note](AuthorizationStatus status) {
+        if (window) {
+            answerReminderRequest(status, note, *window, center);
         }
     });
-}
-
-void AppDelegate::answerReminderRequest(AuthorizationStatus status, const DatedText& note)
-{
-    switch (status) {
-    case AuthorizationStatus::NotDetermined:
-        qInfo("Undetermined");
-        break;
-    case AuthorizationStatus::Denied:
-        doSheetAlert(m_window,
-                     filled(localized("Need User Permission to post a notification for %@\r\r%@\r\r"
-                                      "Recommend granting permission in System Preferences"),
-                            {DateUtilities::shortStyleFromDate(note.date), QString::fromStdString(note.text)}),
-                     localized("Failed to post notification"), localized("OK"), QString());
-        break;
-    case AuthorizationStatus::Authorized:
-        scheduleReminder(note);
-        break;
-    case AuthorizationStatus::Provisional:
-        break;
-    }
-}
-
-void AppDelegate::scheduleReminder(const DatedText& note)
-{
-    const QString scheduled =
-        filled(localized("Reminder '%@'\r\rscheduled for date: %@"),
-               {QString::fromStdString(note.text), DateUtilities::mediumStyleFromDate(note.date)});
-    const NotificationRequest request{
-        .identifier = reminderIdentifier, .content = contentFor(note), .trigger = triggerFor(note)};
-    const QPointer<AppDelegate> self(this);
-    m_host.notificationCenter.addNotificationRequest(request, [self, scheduled](const std::optional<QString>& error) {
-        if (self && error) {
-            doSheetAlert(self->m_window, scheduled, localized("Notification failed to schedule for the following:"),
-                         localized("OK"), QString());
-        }
-    });
-    doSheetAlert(m_window,
-                 localized("When the Notification Center reminder appears, click on it to open the note with Velumora"),
-                 scheduled, localized("OK"), QString());
 }
 
 NotificationOptions AppDelegate::willPresentNotification(const NotificationRequest& /*request*/)
@@ -179,41 +174,28 @@ void AppDelegate::didReceiveNotificationResponse(const NotificationResponse& res
 
 void AppDelegate::respondWithContent(const NotificationContent& content)
 {
-    const std::optional<DatedText> note = datedTextOf(Value(content.userInfo));
-    if (note) {
-        const QString date = DateUtilities::mediumStyleFromDate(note->date);
-        const QString text = shortened(QString::fromStdString(note->text), longestShown);
-        if (!m_book.notes().isEmpty()) {
-            showReminder(filled(QStringLiteral("%@\r%@"), {date, text}), localized("Velumora Reminder"),
-                         [this, date = note->date] { showOnlyNoteOf(date); });
-        } else {
-            showReminder(
-                filled(QStringLiteral("%@\r%@\r\r%@\r%@"),
-                       {localized("Velumora is attempting to respond to a Notification Center message but cannot."),
-                        localized("The Notification Center message is for the following date and note:"), date, text}),
-                localized("Warning: No Notes Data Found in 'respondWithContent:'"),
-                [this] { showPage(Page::MiniCalendar); });
-        }
+    if (const std::optional<DatedText> note = datedTextOf(Value(content.userInfo))) {
+        const auto [error, title] = m_book.notes().isEmpty() ? warningAbout(*note) : reminderOf(*note);
+        const auto turnToIt = [this, date = note->date, isThere = !m_book.notes().isEmpty()] {
+            showPage(Page::MiniCalendar);
+            if (isThere) {
+                showOnlyNoteOf(date);
+            }
+        };
+        ++m_clickedReminders;
+        doSheetAlert(m_window, error, title, localized("OK"), QString(), turnToIt, [self = QPointer(this)](int) {
+            if (self) {
+                --self->m_clickedReminders;
+            }
+        });
     }
     m_host.notificationCenter.removeDeliveredNotifications({reminderIdentifier});
-}
-
-void AppDelegate::showReminder(const QString& errorString, const QString& titleString, Alert::Preparation preparation)
-{
-    ++m_clickedReminders;
-    doSheetAlert(m_window, errorString, titleString, localized("OK"), QString(), std::move(preparation),
-                 [self = QPointer(this)](int) {
-                     if (self) {
-                         --self->m_clickedReminders;
-                     }
-                 });
 }
 
 /// The list's one element is the list of that day's notes. A sheet that a click finds up is about the rows and the page
 /// that are shown: this waits until it is answered.
 void AppDelegate::showOnlyNoteOf(Date date)
 {
-    showPage(Page::MiniCalendar);
     m_ui.notesTableView->endEditing();
     m_book.showOnly({Value(NoteQueries::copySpecificNoteFromArray(m_book.notes(), date))});
     const auto show = [this] {

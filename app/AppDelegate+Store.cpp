@@ -2,27 +2,21 @@
 #include "app/AppDelegate.h"
 #include "app/PreferenceKeys.h"
 #include "host/UserDefaults.h"
-#include "store/Record.h"
 #include "ui_MainWindow.h"
+#include "widgets/SaveButton.h"
 
 #include <QMainWindow>
-#include <QPushButton>
 
 void AppDelegate::loadTables()
 {
-    allNotesTVData = m_folder.loadTable(std::string(NotesFileName));
-    saveState(ListKind::Notes).onDisk = m_book.notes();
-    if (allNotesTVData && !allNotesTVData->isEmpty() && !m_host.userDefaults.boolForKey(PreferenceKeys::notesCleaned)) {
-        allNotesTVData = cleanedNotes(*allNotesTVData);
-        // What the cleaning leaves out is kept aside.
-        m_saves.save(allNotesTVData, std::string(NotesFileName), Replacing::Nothing);
+    m_store.load(ListKind::Notes);
+    if (!m_host.userDefaults.boolForKey(PreferenceKeys::notesCleaned) && m_store.cleanNotes()) {
         m_host.userDefaults.setInteger(1, PreferenceKeys::notesCleaned);
     }
     notesTVData = m_book.notes(); // the list of a file that could not be read is an empty one
     m_ui.notesTableView->reloadData();
 
-    eventsTVData = m_folder.loadTable(std::string(EventsFileName));
-    saveState(ListKind::ImportantDates).onDisk = m_book.rows(ListKind::ImportantDates);
+    m_store.load(ListKind::ImportantDates);
     m_ui.addImportantDateBtn->setEnabled(eventsTVData.has_value()); // a list that could not be read takes none
     m_ui.importantDatesTableView->reloadData();
 }
@@ -47,9 +41,9 @@ void AppDelegate::saveTableOf(QAbstractButton& button)
     }
     buttonEnableDisable(button, false);
     if (&button == m_ui.importantDateSaveBtn) {
-        saveEvents();
+        m_store.save(ListKind::ImportantDates);
     } else if (&button == m_ui.noteEntryListSaveBtn) {
-        saveNotes();
+        m_store.save(ListKind::Notes);
     }
 }
 
@@ -57,9 +51,22 @@ void AppDelegate::saveAll()
 {
     m_ui.notesTableView->commitEditing();
     m_ui.importantDatesTableView->commitEditing();
-    for (QPushButton* button : {m_ui.noteEntryListSaveBtn, m_ui.importantDateSaveBtn}) {
+    for (SaveButton* button : {m_ui.noteEntryListSaveBtn, m_ui.importantDateSaveBtn}) {
         if (button->isEnabled()) {
             saveTableOf(*button);
         }
+    }
+}
+
+void AppDelegate::saveHasEnded(ListKind kind, std::error_code error)
+{
+    SaveButton& button = kind == ListKind::Notes ? m_notesList.saveButton : m_datesList.saveButton;
+    if (error) {
+        button.showFailure(error, DateEnvironment::now());
+    } else if (button.showsFailure() && m_store.isSaved(kind)) {
+        button.endFailure();
+        buttonEnableDisable(button, kind == ListKind::Notes
+                                        ? m_book.hasWaitingLines() || m_ui.notesTableView->editedRow() >= 0
+                                        : m_store.hasChanges(kind));
     }
 }

@@ -42,15 +42,10 @@ void AppDelegate::doNewVersionCheck()
         m_versionFetch.reset();
         m_window.unsetCursor();
         m_ui.versionCheckAction->setEnabled(true);
-        tellAboutVersion(reply);
-    });
-}
-
-void AppDelegate::tellAboutVersion(const std::optional<QString>& reply)
-{
-    Alert::beginSheet(alertAbout(reply, m_host.bundle.shortVersionString()), m_window, [this](int answer) {
-        if (answer == Alert::secondButtonReturn) { // "OK"; "Go to web site" closes the sheet alone
-            openProductWebPage();
-        }
+        Alert::beginSheet(alertAbout(reply, m_host.bundle.shortVersionString()), m_window, [this](int answer) {
+            if (answer == Alert::secondButtonReturn) { // "OK"; "Go to web site" closes the sheet alone
+                openProductWebPage();
+            }
+        });
     });
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "calendar/DayNumber.h"
+#include "calendar/HiddenNotesLine.h"
 #include "calendar/NoteField.h"
 #include "calendar/SpokenDays.h"
 #include "calendar/WeeklyGrid.h"
@@ -50,13 +51,12 @@ void AppDelegate::setWeeklyViewThreeCharDayNames(bool startOnSunday, QWidget& wi
 void AppDelegate::setStringForWeeklyViewStartingDateMsg(Date date)
 {
     m_ui.weeklyViewStartingDateMsg->setText(localized("For week beginning:"));
-    m_sharedStyleFormatter->setDateStyle(DateFormatter::Style::Long);
-    m_ui.weeklyViewStartingDate->setText(m_sharedStyleFormatter->stringFromDate(date));
+    m_ui.weeklyViewStartingDate->setText(m_formatters->longStyleFromDate(date));
 }
 
 void AppDelegate::setWeeklyViewDayNumbers(bool startOnSunday, QWidget& window, const std::optional<Table>& notes)
 {
-    const MonthGrid::YearMonth shown = shownOrCurrentMonth();
+    const MonthGrid::YearMonth shown = MonthGrid::orCurrent(fromMiniCalGetYearMonth());
     const int day = shown == MonthGrid::currentYearMonth() ? integerValue(DateUtilities::currentDay()) : 1;
     const Date date = DateUtilities::dateFromYear(shown.year, shown.month, day);
     putDaysDatesTextOnWeeklyView(MonthGrid::weekStartOffset(MonthGrid::dayOfWeekForDate(date), startOnSunday), date,
@@ -86,13 +86,13 @@ void AppDelegate::putDaysDatesTextOnWeeklyView(int daysToAdd, Date date, QWidget
         note->setNote(QString::fromStdString(texts.at(index)));
     }
     markToday(*grid, days);
-    tellHiddenNotes(*m_ui.weeklyViewHiddenNotes, localized("Notes of this week shown: %@ of %@"), dates, notes);
+    const NoteQueries::DaysWithNotes count = NoteQueries::daysWithNotes(m_book.notes(), elementsOf(notes), dates);
+    m_ui.weeklyViewHiddenNotes->setCounts(localized("Notes of this week shown: %@ of %@"), count.listed, count.all);
 }
 
 void AppDelegate::colorTodayOnWeeklyView()
 {
-    const std::optional<Date> start =
-        Week::firstDayFromText(m_ui.weeklyViewStartingDate->text(), *m_sharedStyleFormatter);
+    const std::optional<Date> start = Week::firstDayFromText(m_ui.weeklyViewStartingDate->text(), m_formatters->style);
     if (start) {
         markToday(*m_ui.weeklyGrid, Week::daysFrom(*start));
     }
@@ -101,14 +101,13 @@ void AppDelegate::colorTodayOnWeeklyView()
 void AppDelegate::backForwardWeek(QAbstractButton& sender)
 {
     redrawWeek(&sender == m_ui.weeklyViewBackWeek ? -MonthGrid::DaysPerWeek : MonthGrid::DaysPerWeek);
-    announceWeek();
+    m_announcer.announceWeek();
 }
 
 /// Draws the week `days` away from the one shown; 0 draws that one anew.
 void AppDelegate::redrawWeek(int days)
 {
-    const std::optional<Date> start =
-        Week::firstDayFromText(m_ui.weeklyViewStartingDate->text(), *m_sharedStyleFormatter);
+    const std::optional<Date> start = Week::firstDayFromText(m_ui.weeklyViewStartingDate->text(), m_formatters->style);
     if (!start) {
         return; // the label is the week's only record: where it names none, the page stays as it is
     }

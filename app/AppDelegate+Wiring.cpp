@@ -5,16 +5,20 @@
 #include "host/ClockMonitor.h"
 #include "host/GlobalDefaults.h"
 #include "host/ShutdownMonitor.h"
+#include "sheets/HolidaySheet.h"
+#include "sheets/PreferencesSheet.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
+#include "widgets/DateNotesMenu.h"
 #include "widgets/EditCommands.h"
-#include "sheets/HolidaySheet.h"
+#include "widgets/ReminderMenu.h"
+#include "widgets/SaveButton.h"
 #include "widgets/SegmentedControl.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QMainWindow>
-#include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -44,11 +48,49 @@ void keepHonest(const QMenu& menu, const std::vector<Entry>& entries)
 
 } // namespace
 
+/// Connects the controls, the menus and the services with the delegate's handlers, one line each, and remembers which
+/// control has the keyboard.
+class AppDelegate::Wiring : public QObject {
+public:
+    explicit Wiring(AppDelegate& delegate);
+
+private:
+    void wireControls();
+    void wireSheets();
+    void wireMenu();
+    void wireMenuStates();
+    void wireContextMenus();
+    void wireServices();
+    QWidget* focusedControl() const;
+
+    AppDelegate& m_app;
+    QMainWindow& m_window;
+    const Ui::MainWindow& m_ui;
+    const HostServices& m_host;
+    QPointer<QWidget> m_lastFocusedControl; ///< that had the keyboard before the one that has it now
+};
+
+void AppDelegate::wire()
+{
+    new Wiring(*this); // the delegate's
+}
+
+AppDelegate::Wiring::Wiring(AppDelegate& delegate)
+    : QObject(&delegate), m_app(delegate), m_window(delegate.m_window), m_ui(delegate.m_ui), m_host(delegate.m_host)
+{
+    wireControls();
+    wireSheets();
+    wireMenu();
+    wireMenuStates();
+    wireContextMenus();
+    wireServices();
+}
+
 /// The controls of the window, one line each.
-void AppDelegate::wireControls()
+void AppDelegate::Wiring::wireControls()
 {
     const auto wire = [this](QAbstractButton* button, auto handler) {
-        connect(button, &QAbstractButton::clicked, this, [this, button, handler] { (this->*handler)(*button); });
+        connect(button, &QAbstractButton::clicked, &m_app, [this, button, handler] { (m_app.*handler)(*button); });
     };
     wire(m_ui.backOneMonthOnMiniCal, &AppDelegate::backForwardYearOrMonth);
     wire(m_ui.forwardOneMonthOnMiniCal, &AppDelegate::backForwardYearOrMonth);
@@ -65,84 +107,94 @@ void AppDelegate::wireControls()
     wire(m_ui.deleteRowFromListBtn, &AppDelegate::respondToDeleteRowFromList);
     wire(m_ui.deleteRowFromImpDateListBtn, &AppDelegate::respondToDeleteRowFromList);
     connect(m_ui.addImportantDateBtn, &QAbstractButton::clicked, this, [this] {
-        addRowToImportDates();
-        editNewestDate();
+        m_app.addRowToImportDates();
+        // It is there to be given its day, and with the tab key its description.
+        m_ui.importantDatesTableView->editColumn(0, m_ui.importantDatesTableView->numberOfRows() - 1);
     });
-    connect(m_ui.importantDatesUSHolidays, &QAbstractButton::clicked, this, &AppDelegate::openHolidaySheet);
-    connect(m_ui.todayBtn, &QAbstractButton::clicked, this, &AppDelegate::showTodayOnMiniCal);
-    connect(m_ui.monthlyViewPrintBtn, &QAbstractButton::clicked, this, &AppDelegate::printMonthlyView);
-    connect(m_ui.filterBtn, &QAbstractButton::clicked, this, &AppDelegate::filterNotes);
-    connect(m_ui.filterField, &QLineEdit::textChanged, this, [this] { controlTextDidChange(*m_ui.filterField); });
+    connect(m_ui.importantDatesUSHolidays, &QAbstractButton::clicked, &m_app, &AppDelegate::openHolidaySheet);
+    connect(m_ui.todayBtn, &QAbstractButton::clicked, &m_app, &AppDelegate::showTodayOnMiniCal);
+    connect(m_ui.monthlyViewPrintBtn, &QAbstractButton::clicked, &m_app, &AppDelegate::printMonthlyView);
+    connect(m_ui.filterBtn, &QAbstractButton::clicked, &m_app, &AppDelegate::filterNotes);
+    connect(m_ui.filterField, &QLineEdit::textChanged, this, [this] { m_app.controlTextDidChange(*m_ui.filterField); });
     connect(m_ui.filterField, &QLineEdit::returnPressed, m_ui.filterBtn, &QAbstractButton::click);
     connect(m_ui.hideShowSegBtn, &SegmentedControl::segmentPressed, this,
-            [this] { respondToSegmentSelection(*m_ui.hideShowSegBtn); });
+            [this] { m_app.respondToSegmentSelection(*m_ui.hideShowSegBtn); });
     for (const HiddenNotesLine* line : {m_ui.weeklyViewHiddenNotes, m_ui.monthlyViewHiddenNotes}) {
-        connect(line, &HiddenNotesLine::showAllPressed, this, &AppDelegate::showAllNotesOnPage);
+        connect(line, &HiddenNotesLine::showAllPressed, &m_app, &AppDelegate::showAllNotesOnPage);
     }
     connect(m_ui.miniCalendarGrid, &MiniCalendarGrid::dayPressed, this, [this](DayButton& day) {
-        dayBtnAction(day);
-        editSelectedNote(day);
+        m_app.dayBtnAction(day);
+        m_app.editSelectedNote(day);
     });
     connect(m_ui.miniCalendarGrid, &MiniCalendarGrid::monthStepWanted, this, [this](MiniCalendarGrid::Step step) {
-        backForwardYearOrMonth(step == MiniCalendarGrid::Step::Back ? *m_ui.backOneMonthOnMiniCal
-                                                                    : *m_ui.forwardOneMonthOnMiniCal);
+        m_app.backForwardYearOrMonth(step == MiniCalendarGrid::Step::Back ? *m_ui.backOneMonthOnMiniCal
+                                                                          : *m_ui.forwardOneMonthOnMiniCal);
     });
     connect(m_ui.myTabView, &QTabWidget::currentChanged, this,
-            [this] { didSelectTabViewItem(*m_ui.myTabView->currentWidget()); });
-    connect(m_ui.notesTableView, &TableView::textComposed, this, &AppDelegate::draftHasChanged);
+            [this] { m_app.didSelectTabViewItem(*m_ui.myTabView->currentWidget()); });
+    connect(m_ui.notesTableView, &TableView::textComposed, &m_app.m_store, &NoteStore::draftHasChanged);
 }
 
 /// The controls of the preferences and of the holidays.
-void AppDelegate::wireSheets()
+void AppDelegate::Wiring::wireSheets()
 {
-    for (QRadioButton* choice : {m_prefsLayout->sundayPref, m_prefsLayout->mondayPref, m_prefsLayout->allVelumora,
-                                 m_prefsLayout->currentMonthVelumora}) {
+    const Ui::PreferencesSheet& prefs = m_app.m_prefsSheet->outlets();
+    for (QRadioButton* choice : {prefs.sundayPref, prefs.mondayPref, prefs.allVelumora, prefs.currentMonthVelumora}) {
         // Not `clicked`, which a screen reader's toggle does not send.
         connect(choice, &QRadioButton::toggled, this, [this, choice](bool on) {
-            if (on && m_prefsSheet->isVisible()) {
-                userSetPref(*choice);
+            if (on && m_app.m_prefsSheet->isVisible()) {
+                m_app.userSetPref(*choice);
             }
         });
     }
-    for (QLineEdit* field : {m_prefsLayout->latitudeField, m_prefsLayout->longitudeField}) {
-        connect(field, &QLineEdit::textEdited, this, &AppDelegate::userTypesPlace);
-        connect(field, &QLineEdit::editingFinished, this, &AppDelegate::userSetPlace);
+    for (QLineEdit* field : {prefs.latitudeField, prefs.longitudeField}) {
+        connect(field, &QLineEdit::textEdited, m_app.m_prefsSheet, &PreferencesSheet::followTyping);
+        connect(field, &QLineEdit::editingFinished, &m_app, &AppDelegate::userSetPlace);
     }
-    connect(m_prefsSheet, &QDialog::finished, this, &AppDelegate::userSetPlace);
-    connect(m_prefsLayout->closeBtn, &QAbstractButton::clicked, this,
-            [this] { sheetCloseBtnPressed(*m_prefsLayout->closeBtn); });
-    for (QCheckBox* box : m_holidaySheet->findChildren<QCheckBox*>()) {
+    connect(m_app.m_prefsSheet, &QDialog::finished, &m_app, &AppDelegate::userSetPlace);
+    connect(prefs.closeBtn, &QAbstractButton::clicked, this,
+            [this, button = prefs.closeBtn] { m_app.sheetCloseBtnPressed(*button); });
+    for (QCheckBox* box : m_app.m_holidaySheet->findChildren<QCheckBox*>()) {
         // Not `clicked`, which a screen reader's toggle does not send.
-        connect(box, &QCheckBox::toggled, this, [this, box] { respondToHolidayPressed(*box); });
+        connect(box, &QCheckBox::toggled, this, [this, box] { m_app.respondToHolidayPressed(*box); });
     }
-    for (QPushButton* button : {&m_holidaySheet->addDatesButton(), &m_holidaySheet->addDatesAndNotesButton()}) {
-        connect(button, &QAbstractButton::clicked, this, [this, button] { addDatesFromHolidaySheet(*button); });
+    for (QPushButton* button :
+         {&m_app.m_holidaySheet->addDatesButton(), &m_app.m_holidaySheet->addDatesAndNotesButton()}) {
+        connect(button, &QAbstractButton::clicked, this, [this, button] { m_app.addDatesFromHolidaySheet(*button); });
     }
-    connect(&m_holidaySheet->cancelButton(), &QAbstractButton::clicked, this,
-            [this] { sheetCloseBtnPressed(m_holidaySheet->cancelButton()); });
+    connect(&m_app.m_holidaySheet->cancelButton(), &QAbstractButton::clicked, this,
+            [this] { m_app.sheetCloseBtnPressed(m_app.m_holidaySheet->cancelButton()); });
+}
+
+void AppDelegate::Wiring::wireContextMenus()
+{
+    ReminderMenu& notesMenu = *m_app.m_sendNotificationContextMenu;
+    m_ui.notesTableView->setMenu(&notesMenu);
+    connect(&notesMenu, &QMenu::aboutToShow, &m_app, [this, &notesMenu] { m_app.menuNeedsUpdate(notesMenu); });
+    connect(&notesMenu, &ReminderMenu::reminderWanted, &m_app, &AppDelegate::respondToContextualMenuTab1);
+    DateNotesMenu& datesMenu = *m_app.m_importantDatesContextMenu;
+    m_ui.importantDatesTableView->setMenu(&datesMenu);
+    connect(&datesMenu, &QMenu::aboutToShow, &m_app, [this, &datesMenu] { m_app.menuNeedsUpdate(datesMenu); });
+    connect(&datesMenu, &DateNotesMenu::chosen, &m_app, &AppDelegate::importantDatesRespondToContextMenu);
 }
 
 /// What happens without the user.
-void AppDelegate::wireServices()
+void AppDelegate::Wiring::wireServices()
 {
-    for (QTimer* timer : {&m_minuteTimer, &m_draftTimer}) {
-        timer->setSingleShot(true);
-        timer->setTimerType(Qt::PreciseTimer);
-    }
-    connect(&m_minuteTimer, &QTimer::timeout, this, &AppDelegate::minuteHasChanged);
-    connect(&m_draftTimer, &QTimer::timeout, this, &AppDelegate::writeDraft);
-    connect(&m_host.clockMonitor, &ClockMonitor::clockJumped, this, &AppDelegate::clockHasJumped);
-    connect(&m_host.globalDefaults, &GlobalDefaults::didChange, this, &AppDelegate::appearanceHasChanged);
-    connect(&m_host.shutdownMonitor, &ShutdownMonitor::machineWillShutDown, this, &AppDelegate::machineWillShutDown);
+    connect(&m_app.m_minuteTimer, &QTimer::timeout, &m_app, &AppDelegate::minuteHasChanged);
+    connect(&m_app.m_store, &NoteStore::saveEnded, &m_app, &AppDelegate::saveHasEnded);
+    connect(&m_host.clockMonitor, &ClockMonitor::clockJumped, &m_app, &AppDelegate::clockHasJumped);
+    connect(&m_host.globalDefaults, &GlobalDefaults::didChange, &m_app, &AppDelegate::appearanceHasChanged);
+    connect(&m_host.shutdownMonitor, &ShutdownMonitor::machineWillShutDown, &m_app, &AppDelegate::machineWillShutDown);
 }
 
 /// The menu bar, one line an action. An action that a button has too presses that button.
-void AppDelegate::wireMenu()
+void AppDelegate::Wiring::wireMenu()
 {
-    const auto wire = [this](QAction* action, auto handler) { connect(action, &QAction::triggered, this, handler); };
+    const auto wire = [this](QAction* action, auto handler) { connect(action, &QAction::triggered, &m_app, handler); };
     const auto pressOn = [this](Page page, QAction* action, QAbstractButton* button) {
         connect(action, &QAction::triggered, button, [this, page, button] {
-            showPage(page);
+            m_app.showPage(page);
             button->click();
         });
     };
@@ -152,17 +204,17 @@ void AppDelegate::wireMenu()
     // A month's arrow of the menu is the one of the page shown, where that has one.
     const auto pressMonth = [this](QAction* action, QAbstractButton* onMiniCalendar, QAbstractButton* onMonth) {
         connect(action, &QAction::triggered, this, [this, onMiniCalendar, onMonth] {
-            const bool isOnMonth = shownPage() == Page::Month;
-            showPage(isOnMonth ? Page::Month : Page::MiniCalendar);
+            const bool isOnMonth = m_app.shownPage() == Page::Month;
+            m_app.showPage(isOnMonth ? Page::Month : Page::MiniCalendar);
             (isOnMonth ? onMonth : onMiniCalendar)->click();
         });
     };
     const auto show = [this](QAction* action, Page page) {
-        connect(action, &QAction::triggered, this, [this, page] { showPage(page); });
+        connect(action, &QAction::triggered, this, [this, page] { m_app.showPage(page); });
     };
     const auto choose = [this](QAction* action, NotesSegment segment) {
         connect(action, &QAction::triggered, this, [this, segment] {
-            showPage(Page::MiniCalendar);
+            m_app.showPage(Page::MiniCalendar);
             m_ui.hideShowSegBtn->press(static_cast<int>(segment));
         });
     };
@@ -173,17 +225,17 @@ void AppDelegate::wireMenu()
     wire(m_ui.saveAction, &AppDelegate::saveAll);
     wire(m_ui.importAction, &AppDelegate::askAboutImport);
     wire(m_ui.showDataFolderAction, &AppDelegate::showDataFilesInFinder);
-    wire(m_ui.quitAction, [this] { Q_EMIT terminated(); });
+    wire(m_ui.quitAction, [this] { Q_EMIT m_app.terminated(); });
     wire(m_ui.preferencesAction, &AppDelegate::openClosePrefsSheet);
     show(m_ui.miniCalendarPageAction, Page::MiniCalendar);
     show(m_ui.weeklyViewPageAction, Page::Week);
     show(m_ui.monthlyViewPageAction, Page::Month);
     wire(m_ui.helpAction, &AppDelegate::myShowHelp);
     wire(m_ui.versionCheckAction, &AppDelegate::doNewVersionCheck);
-    wire(m_ui.webPageAction, [this] { openProductWebPage(); });
+    wire(m_ui.webPageAction, [this] { m_app.openProductWebPage(); });
     wire(m_ui.aboutAction, &AppDelegate::showAbout);
     wire(m_ui.findAction, [this] {
-        showPage(Page::MiniCalendar);
+        m_app.showPage(Page::MiniCalendar);
         m_ui.filterField->setFocus(Qt::ShortcutFocusReason);
         m_ui.filterField->selectAll();
     });
@@ -213,13 +265,13 @@ void AppDelegate::wireMenu()
     edit(m_ui.selectAllAction, EditCommand::SelectAll);
 }
 
-void AppDelegate::wireMenuStates()
+void AppDelegate::Wiring::wireMenuStates()
 {
     const auto follows = [](QAction* action, const QAbstractButton* button) {
         return Entry{action, [button] { return button->isEnabled(); }};
     };
     const auto isNotOn = [this](QAction* action, Page page) {
-        return Entry{action, [this, page] { return shownPage() != page; }};
+        return Entry{action, [this, page] { return m_app.shownPage() != page; }};
     };
     const auto ifText = [this](QAction* action, bool EditAbilities::*ability) {
         return Entry{action, [this, ability] { return editAbilitiesOf(focusedControl()).*ability; }};
@@ -248,7 +300,7 @@ void AppDelegate::wireMenuStates()
 }
 
 /// While the menu bar has the keyboard, the control that had it before.
-QWidget* AppDelegate::focusedControl() const
+QWidget* AppDelegate::Wiring::focusedControl() const
 {
     QWidget* focused = m_window.focusWidget();
     return focused == m_window.menuBar() ? m_lastFocusedControl.data() : focused;

@@ -2,24 +2,24 @@
 #include "app/AppDelegate.h"
 
 #include "calendar/HiddenNotesLine.h"
-#include "calendar/MiniCalendarGrid.h"
-#include "host/ClockMonitor.h"
-#include "host/GlobalDefaults.h"
-#include "host/ShutdownMonitor.h"
 #include "look/AlphaValue.h"
-#include "look/Announcer.h"
 #include "look/FittingScrollArea.h"
 #include "look/TableMetrics.h"
+#include "sheets/HolidaySheet.h"
+#include "sheets/PreferencesSheet.h"
 #include "store/Record.h"
 #include "text/Localized.h"
 #include "ui_MainWindow.h"
-#include "ui_PreferencesSheet.h"
+#include "widgets/DateNotesMenu.h"
 #include "widgets/EditingKeys.h"
-#include "sheets/HolidaySheet.h"
+#include "widgets/ReminderMenu.h"
+#include "widgets/SaveButton.h"
 #include "widgets/SegmentedControl.h"
 
-#include <QCoreApplication>
 #include <QMainWindow>
+
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -57,7 +57,6 @@ ListBinding notesListOf(const Ui::MainWindow& layout)
             .saveButton = *layout.noteEntryListSaveBtn,
             .deleteButton = *layout.deleteRowFromListBtn,
             .lineHeight = noteLineHeight,
-            .fileName = NotesFileName,
             .name = localized("Notes TableView"),
             .editorName = localized("Note of %@")};
 }
@@ -69,67 +68,75 @@ ListBinding datesListOf(const Ui::MainWindow& layout)
             .saveButton = *layout.importantDateSaveBtn,
             .deleteButton = *layout.deleteRowFromImpDateListBtn,
             .lineHeight = eventLineHeight,
-            .fileName = EventsFileName,
             .name = localized("Important Dates TableView"),
             .editorName = localized("Description of %@")};
+}
+
+void configureNotesTable(TableView& table)
+{
+    table.addColumn(sortedColumn(NoteDateKey, localized("Date")));
+    table.addColumn(textColumn(NoteDataKey, localized("Note")));
+    table.setPlaceholderText(localized("No notes to show") + QLatin1Char('\n') + localized("Click a day and type"));
+}
+
+void configureDatesTable(TableView& table, std::function<QWidget*(QWidget*, int)> makeDatePicker)
+{
+    TableColumn day = sortedColumn(EventDateKey, localized("Date"));
+    day.editing = TableColumn::Editing::Editable;
+    day.editorFactory = std::move(makeDatePicker);
+    TableColumn elapsed;
+    elapsed.identifier = QStringLiteral("eventTimeColID");
+    elapsed.headerCell = HeaderCell(localized("Since / Until"));
+    elapsed.width = elapsedColumnWidth;
+    table.addColumn(day);
+    table.addColumn(textColumn(EventNameKey, localized("Description")));
+    table.addColumn(elapsed);
+    table.setLineHeight(eventLineHeight);
+    table.setPlaceholderText(localized("No important dates yet") + QLatin1Char('\n') +
+                             localized("Click “Add Date” and describe the day"));
+}
+
+template <typename Menu> Menu* contextMenu(QWidget& window, const QString& name)
+{
+    auto* menu = new Menu(&window);
+    menu->setObjectName(name);
+    return menu;
 }
 
 } // namespace
 
 AppDelegate::AppDelegate(QMainWindow& myMainWindow, Ui::MainWindow& layout, const HostServices& host)
-    : m_window(myMainWindow), m_ui(layout), m_prefsLayout(std::make_unique<Ui::PreferencesSheet>()),
-      m_prefsSheet(new QDialog(&myMainWindow)), m_holidaySheet(new HolidaySheet(&myMainWindow)),
-      m_announcer(new Announcer(myMainWindow)), m_host(host), m_notesList(notesListOf(layout)),
-      m_datesList(datesListOf(layout)), m_folder(host.applicationSupport, DateEnvironment::clock()),
-      m_draftFile(host.stateFolder, host.temporaryFolder), m_saves(m_folder, [this](const SaveResult& result) {
-          QMetaObject::invokeMethod(
-              this, [this, result] { saveHasEnded(result); }, Qt::QueuedConnection);
-      })
+    : m_window(myMainWindow), m_ui(layout), m_host(host), m_announcer(myMainWindow, layout),
+      m_prefsSheet(new PreferencesSheet(&myMainWindow)), m_holidaySheet(new HolidaySheet(&myMainWindow)),
+      m_sendNotificationContextMenu(
+          contextMenu<ReminderMenu>(myMainWindow, QStringLiteral("sendNotificationContextMenu"))),
+      m_importantDatesContextMenu(
+          contextMenu<DateNotesMenu>(myMainWindow, QStringLiteral("importantDatesContextMenu"))),
+      m_notesList(notesListOf(layout)), m_datesList(datesListOf(layout)),
+      m_store(
+          m_book,
+          {.applicationSupport = host.applicationSupport, .state = host.stateFolder, .temporary = host.temporaryFolder},
+          [this] { return editedNote(); })
 {
-    m_prefsLayout->setupUi(m_prefsSheet);
     setAlphaValue(*m_ui.importantDatesUSHolidays, 0); // until it is known whether they are offered here
     m_ui.hideShowSegBtn->setLabels({QString(), localized("Show All"), localized("Mini Calendar's Month"), QString()});
     m_ui.hideShowSegBtn->setTabOrderAfter(*m_ui.filterBtn);
     for (QWidget* page : {m_ui.miniCalendarPage, m_ui.weeklyViewPage, m_ui.monthlyViewPage}) {
         makeScrollable(*page);
     }
-    configureTables();
-    wireControls();
-    wireSheets();
-    wireMenu();
-    wireMenuStates();
-    wireServices();
+    configureNotesTable(*m_ui.notesTableView);
+    configureDatesTable(*m_ui.importantDatesTableView,
+                        [this](QWidget* parent, int row) { return makeDatePicker(parent, row); });
+    m_ui.notesTableView->setDelegate(this);
+    m_ui.importantDatesTableView->setDelegate(this);
+    m_ui.tablesSplitter->setSizes({notesShare, importantDatesShare});
+    m_minuteTimer.setSingleShot(true);
+    m_minuteTimer.setTimerType(Qt::PreciseTimer);
+    wire();
     new EditingKeys(this);
-    makeImportantDatesContextMenu();
-    makeSendNotificationContextMenu();
 }
 
 AppDelegate::~AppDelegate() = default;
-
-void AppDelegate::configureTables()
-{
-    m_ui.notesTableView->addColumn(sortedColumn(NoteDateKey, localized("Date")));
-    m_ui.notesTableView->addColumn(textColumn(NoteDataKey, localized("Note")));
-    m_ui.notesTableView->setPlaceholderText(localized("No notes to show") + QLatin1Char('\n') +
-                                            localized("Click a day and type"));
-    m_ui.notesTableView->setDelegate(this);
-
-    TableColumn elapsed;
-    elapsed.identifier = QStringLiteral("eventTimeColID");
-    elapsed.headerCell = HeaderCell(localized("Since / Until"));
-    elapsed.width = elapsedColumnWidth;
-    TableColumn day = sortedColumn(EventDateKey, localized("Date"));
-    day.editing = TableColumn::Editing::Editable;
-    day.editorFactory = [this](QWidget* parent, int row) { return makeDatePicker(parent, row); };
-    m_ui.importantDatesTableView->addColumn(day);
-    m_ui.importantDatesTableView->addColumn(textColumn(EventNameKey, localized("Description")));
-    m_ui.importantDatesTableView->addColumn(elapsed);
-    m_ui.importantDatesTableView->setLineHeight(eventLineHeight);
-    m_ui.importantDatesTableView->setPlaceholderText(localized("No important dates yet") + QLatin1Char('\n') +
-                                                     localized("Click “Add Date” and describe the day"));
-    m_ui.importantDatesTableView->setDelegate(this);
-    m_ui.tablesSplitter->setSizes({notesShare, importantDatesShare});
-}
 
 Page AppDelegate::shownPage() const
 {

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/SharedFormatters.h"
+#include "app/WindowAnnouncer.h"
 #include "app/WindowParts.h"
 #include "calendar/DayButton.h"
 #include "dates/Clock.h"
-#include "dates/DateFormatter.h"
 #include "dates/MonthGrid.h"
 #include "host/HostServices.h"
 #include "host/LocationManager.h"
@@ -12,15 +13,11 @@
 #include "host/VersionServer.h"
 #include "notes/NoteBook.h"
 #include "plist/Value.h"
-#include "store/DataFolder.h"
-#include "store/DraftFile.h"
-#include "store/Record.h"
-#include "store/SaveQueue.h"
-#include "table/TableViewDelegate.h"
+#include "saving/NoteStore.h"
 #include "sheets/Alert.h"
+#include "table/TableViewDelegate.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QTimer>
 
 #include <cstdint>
@@ -28,13 +25,13 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
+#include <system_error>
 
-class Announcer;
+class DateNotesMenu;
 class DatePicker;
-class HiddenNotesLine;
 class HolidaySheet;
+class PreferencesSheet;
 class QAbstractButton;
 class QAction;
 class QCheckBox;
@@ -42,11 +39,11 @@ class QColor;
 class QMainWindow;
 class QMenu;
 class QRadioButton;
+class ReminderMenu;
 class SegmentedControl;
 
 namespace Ui {
 class MainWindow;
-class PreferencesSheet;
 } // namespace Ui
 
 /// Carries every handler of the program and owns its three tables. It is made once the window's layout is loaded and
@@ -103,7 +100,6 @@ public:
 
     /// Stores the place that the sheet's two fields tell, or says what is wrong with them.
     void userSetPlace();
-    void userTypesPlace();
 
     /// Closes the sheet that `sender` stands in.
     void sheetCloseBtnPressed(QWidget& sender);
@@ -180,9 +176,6 @@ public:
     /// goes on being edited.
     void saveAll();
 
-    /// Something that is not saved has changed: the draft follows shortly.
-    void draftHasChanged();
-
     /// Shows what an earlier run left unsaved, if it did.
     void offerDraft();
 
@@ -250,9 +243,6 @@ public:
     // --- Icon --------------------------------------------------------------------------------------------------------
 
     void drawCurrMonthsDayOnAppIcon();
-
-    /// Waits for the window's first picture, after which the icon is handed over and a draft offered.
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
     // --- Notes list --------------------------------------------------------------------------------------------------
 
@@ -344,145 +334,74 @@ Q_SIGNALS:
     void terminated();
 
 private:
-    // Wiring: one line a control, in a file of its own.
-    void configureTables();
-    void wireControls();
-    void wireSheets();
-    void wireMenu();
-    void wireMenuStates();
-    void wireServices();
-    QWidget* focusedControl() const;
+    class Wiring; ///< in a file of its own
+    void wire();
 
     // Pages.
     Page shownPage() const;
     void showPage(Page page);
-    void redrawPage();
+    void redrawPage(); ///< when the notes that it shows may be others; the mini calendar is no such page
     void redrawPage(const QWidget& page);
     void redrawWeek(int days);
     void redrawMonth(int months);
-    MonthGrid::YearMonth shownOrCurrentMonth() const;
-    Date firstOfMonthlyView() const;
-    void followToday();
-    void tellHiddenNotes(HiddenNotesLine& line, const QString& format, std::span<const Date> days,
-                         const std::optional<Table>& notes) const;
     void showAllNotesOnPage();
 
     // The two lists.
     const ListBinding* listOf(const TableView& tableView) const;
+    ListRow clickedRow(const ListBinding& list) const;
     void chooseNotes(NotesChoice choice);
     void showRows();
-    void showCountUnlessEmpty();
     void offerAllNotes();
-    void scrollToNoteNearestTo(Date date);
     void showNoteOfDay(Date date, DayButton& button);
     void showOnlyNoteOf(Date date);
     void showSavedNote(Date date);
+    void reportMissingText(const TableView& tableView);
+
+    // Editing and deleting.
     void editSelectedNote(DayButton& day);
+    std::optional<DatedText> noteInEditor() const;
+    std::optional<EditedNote> editedNote() const;
     bool takeInNote(int row, bool isEdited);
+    void endTyping();
     void askToDeleteNote();
     void askToDeleteEvent();
     void deleteNoteAtRow(int row);
     void deleteEvent(const Value& event);
-    void confirmDeletion(const QString& question, std::function<void()> deletion);
-    void reportMissingText(const TableView& tableView);
 
-    // Saving, and the draft of what is not saved.
-    struct SaveState {
-        struct Failure {
-            Date since;
-            QString toolTip; ///< of the button before
-        };
-        Table onDisk;
-        std::optional<Failure> failure;
-    };
-    SaveState& saveState(ListKind list) { return list == ListKind::Notes ? m_notesState : m_eventsState; }
+    // Saving.
     void saveTableOf(QAbstractButton& button);
-    void saveNotes();
-    void saveEvents();
-    void saveEventsUnlessEmpty();
-    void saveNotesInsteadOf(const std::string& replaced, const std::string& seen);
-    void waitForReports();
-    void saveHasEnded(const SaveResult& result);
-    void showSaveFailure(QAbstractButton& button, SaveState& state, std::error_code error);
-    void resetSaveFailure(QAbstractButton& button, SaveState& state, bool hasChanges);
-    std::optional<DatedText> editedNote() const;
-    void writeDraft();
-    void readDraft();
-    QString draftText() const;
+    void saveHasEnded(ListKind kind, std::error_code error);
     void keepDraft();
     void confirmImport(const std::filesystem::path& folder);
     void importNotes(const std::filesystem::path& source);
     void importEvents(const std::filesystem::path& source);
 
-    // Important dates.
+    // Important dates, the notes made from them, reminders, the place.
     void addHoliday(Date date, const std::string& name);
     void addHolidayNote(Date date, const std::string& name);
-    void editNewestDate();
     QWidget* makeDatePicker(QWidget* parent, int row);
-    void colorDatePicker(DatePicker& picker, int row) const;
     void colorDatePickers();
-    void makeImportantDatesContextMenu();
-    void updateImportantDatesContextMenu();
-    ListRow clickedEvent() const;
     void takeInDateNotes();
-    std::optional<DatedText> noteInEditor() const;
-    void takeIntoEditor(const DatedText& edited);
-
-    // Reminders, the place, the version.
-    void makeSendNotificationContextMenu();
+    void updateImportantDatesContextMenu();
     void updateSendNotificationContextMenu();
-    std::optional<DatedText> clickedNote() const;
-    void answerReminderRequest(AuthorizationStatus status, const DatedText& note);
-    void scheduleReminder(const DatedText& note);
-    void showReminder(const QString& errorString, const QString& titleString, Alert::Preparation preparation);
-    void showEnteredPlace();
-    void showPlaceProblem(const QString& problem);
     void askForLocationAgain();
-    void followZone();
-    void tellAboutVersion(const std::optional<QString>& reply);
-
-    // What a screen reader is to say though the focus is elsewhere.
-    void announceMonthOfMiniCal();
-    void announceWeek();
-    void announceMonthOfPage();
-    void announcePage(const QWidget& page);
-    void announceFoundNotes();
-    void announceRows(const QString& choice); ///< what was chosen to be shown in the notes list
 
     QMainWindow& m_window;
     Ui::MainWindow& m_ui;
-    std::unique_ptr<Ui::PreferencesSheet> m_prefsLayout;
-    QDialog* m_prefsSheet = nullptr;              ///< the window's
-    HolidaySheet* m_holidaySheet;                 ///< the window's
-    QMenu* m_importantDatesContextMenu = nullptr; ///< the window's
-    QMenu* m_sendNotificationContextMenu = nullptr;
-    Announcer* m_announcer; ///< the window's
     HostServices m_host;
-
+    WindowAnnouncer m_announcer;
+    PreferencesSheet* m_prefsSheet; ///< the window's, as the next three
+    HolidaySheet* m_holidaySheet;
+    ReminderMenu* m_sendNotificationContextMenu;
+    DateNotesMenu* m_importantDatesContextMenu;
     const ListBinding m_notesList;
     const ListBinding m_datesList;
-
-    DataFolder m_folder;
-    SaveState m_notesState;
-    SaveState m_eventsState;
-    Draft m_foundDraft; ///< of an earlier run, until it is answered
-    bool m_draftWasRead = false;
-    DraftFile m_draftFile;
-    SaveQueue m_saves;
-
+    NoteStore m_store;
+    std::optional<SharedFormatters> m_formatters;            ///< from the start on
     std::optional<std::filesystem::path> m_monthlyPrintFile; ///< of the last print, whether it was written or not
-
-    // Made at start-up and kept: the clock's format, the one whose style each user sets before use, the list's dates.
-    std::optional<DateFormatter> m_sharedTimeFormatter;
-    std::optional<DateFormatter> m_sharedStyleFormatter;
-    std::optional<DateFormatter> m_sharedListDateFormatter;
-
-    QPointer<QWidget> m_lastFocusedControl; ///< that had the keyboard before the one that has it now
-    std::string m_zoneOfLocation;           ///< the zone in force when the location was last asked for
+    std::string m_zoneOfLocation;                            ///< the zone in force when the location was last asked for
+    std::unique_ptr<VersionServer::Fetch> m_versionFetch;    ///< of the check that is under way
     QTimer m_minuteTimer{this};
-    int m_clickedReminders = 0;                           ///< whose sheets are up or wait
-    std::unique_ptr<VersionServer::Fetch> m_versionFetch; ///< of the check that is under way
-    QTimer m_iconTimer;                                   ///< hands the desktop the icon
-    QTimer m_draftTimer;                                  ///< runs while the draft is older than what it keeps
-    bool m_missingTextReported = false;                   ///< while the alert about a missing text is up
+    int m_clickedReminders = 0;         ///< whose sheets are up or wait
+    bool m_missingTextReported = false; ///< while the alert about a missing text is up
 };

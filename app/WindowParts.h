@@ -5,9 +5,8 @@
 
 #include <QString>
 
-#include <string_view>
-
 class QAbstractButton;
+class SaveButton;
 class TableView;
 
 /// The pages of the window, in the order of its tabs.
@@ -20,10 +19,9 @@ enum class NotesSegment { CurrentMonth, All, ShownMonth, CurrentYear };
 struct ListBinding {
     ListKind kind;
     TableView& view;
-    QAbstractButton& saveButton;
+    SaveButton& saveButton;
     QAbstractButton& deleteButton;
-    double lineHeight;         ///< in points
-    std::string_view fileName; ///< in the data folder
-    QString name;              ///< as an alert calls it
-    QString editorName;        ///< of the field in which a text is edited, for a screen reader; "%@" is its day
+    double lineHeight;  ///< in points
+    QString name;       ///< as an alert calls it
+    QString editorName; ///< of the field in which a text is edited, for a screen reader; "%@" is its day
 };

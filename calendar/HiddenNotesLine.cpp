@@ -26,6 +26,12 @@ HiddenNotesLine::HiddenNotesLine(QWidget* parent)
     hide();
 }
 
+void HiddenNotesLine::setCounts(const QString& format, std::size_t shown, std::size_t all)
+{
+    setText(shown == all ? QString() : filled(format, {QString::number(shown), QString::number(all)}));
+}
+
+/// An empty text takes the line out of sight.
 void HiddenNotesLine::setText(const QString& text)
 {
     if (text == m_text->text()) {

@@ -3,6 +3,8 @@
 
 #include <QWidget>
 
+#include <cstddef>
+
 class QLabel;
 class QPushButton;
 
@@ -14,13 +16,15 @@ class HiddenNotesLine : public QWidget {
 public:
     explicit HiddenNotesLine(QWidget* parent = nullptr);
 
-    /// An empty text takes the line out of sight.
-    void setText(const QString& text);
+    /// Says with `format` that `shown` of `all` notes are shown, unless all are.
+    void setCounts(const QString& format, std::size_t shown, std::size_t all);
 
 Q_SIGNALS:
     void showAllPressed();
 
 private:
+    void setText(const QString& text);
+
     QLabel* m_text;
     QPushButton* m_showAll;
 };

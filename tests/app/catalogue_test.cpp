@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The catalogues as they stand in the source tree against the texts that the source tree uses.
+#include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
@@ -15,12 +16,6 @@
 namespace {
 
 const QString sourceTree = QStringLiteral(VELUMORA_SOURCE_DIR "/");
-const QStringList rooms{
-    QStringLiteral("agent"), QStringLiteral("app"),   QStringLiteral("calendar"),  QStringLiteral("dates"),
-    QStringLiteral("host"),  QStringLiteral("look"),  QStringLiteral("notes"),     QStringLiteral("place"),
-    QStringLiteral("plist"), QStringLiteral("print"), QStringLiteral("reminders"), QStringLiteral("search"),
-    QStringLiteral("store"), QStringLiteral("table"), QStringLiteral("text"),      QStringLiteral("widgets")};
-
 struct Entry {
     QString translation;
     bool finished = false;
@@ -130,11 +125,15 @@ void addTextsOfLayout(const QString& path, QSet<QString>& texts)
     EXPECT_FALSE(xml.hasError()) << path.toStdString();
 }
 
+/// The sources of the rooms, which are the folders whose build script says so.
 QStringList codeFiles()
 {
     QStringList files;
-    for (const QString& room : rooms) {
-        files += filesIn(sourceTree + room, {QStringLiteral("*.cpp"), QStringLiteral("*.h")});
+    for (const QString& folder : QDir(sourceTree).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QFile script(sourceTree + folder + QStringLiteral("/CMakeLists.txt"));
+        if (script.open(QIODevice::ReadOnly) && script.readAll().contains("velumora_room(")) {
+            files += filesIn(sourceTree + folder, {QStringLiteral("*.cpp"), QStringLiteral("*.h")});
+        }
     }
     return files;
 }

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#include "app/SharedFormatters.h"
+
+#include "dates/DateUtilities.h"
+
+SharedFormatters::SharedFormatters() : listDate(DateUtilities::listDateFormatter())
+{
+    time.setTimeStyle(DateFormatter::Style::Short);
+    time.setDateStyle(DateFormatter::Style::None);
+}
+
+QString SharedFormatters::longStyleFromDate(Date date)
+{
+    style.setDateStyle(DateFormatter::Style::Long);
+    return style.stringFromDate(date);
+}
