@@ -48,7 +48,7 @@ std::string nameOf(const icu::TimeZone& zone)
     return zone.getID(identifier).toUTF8String(utf8);
 }
 
-/// By the machine's rules, else by those that ICU carries, else ICU's unknown zone.
+/// The zone by the machine's rules, else by ICU's own, else ICU's unknown zone.
 std::unique_ptr<icu::TimeZone> zoneNamed(const std::string& identifier)
 {
     if (std::unique_ptr<icu::TimeZone> zone = systemTimeZone(identifier)) {
@@ -57,7 +57,7 @@ std::unique_ptr<icu::TimeZone> zoneNamed(const std::string& identifier)
     return std::unique_ptr<icu::TimeZone>(icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(identifier)));
 }
 
-/// The zone that the environment and the machine are set to at this moment.
+/// The zone that TZ and the machine's configuration name at this moment.
 std::unique_ptr<icu::TimeZone> hostZone()
 {
     std::unique_ptr<icu::TimeZone> detected(icu::TimeZone::detectHostTimeZone());

@@ -73,11 +73,11 @@ QStringList weekdays(const icu::SimpleDateFormat& formatter, icu::DateFormatSymb
 {
     int32_t count = 0;
     const icu::UnicodeString* symbols = formatter.getDateFormatSymbols()->getWeekdays(count, context, width);
-    return symbolList(symbols, UCAL_SUNDAY, count); // the list's entry 0 is unused
+    return symbolList(symbols, UCAL_SUNDAY, count); // ICU leaves entry 0 unused
 }
 
-/// The fields that the whole of `text` stands for, the rest those of the calendar's first midnight; null when the text
-/// does not follow the format.
+/// The calendar fields that the whole of `text` stands for; fields that the format leaves out are those of the
+/// calendar's first midnight. Null when the text does not follow the format.
 std::unique_ptr<icu::Calendar> parsedFields(const icu::SimpleDateFormat& formatter, const QString& text)
 {
     std::unique_ptr<icu::Calendar> fields(formatter.getCalendar()->clone());
@@ -96,7 +96,7 @@ std::optional<Date> instantOf(const icu::Calendar& fields)
     return U_SUCCESS(status) ? std::optional(dateFromUDate(moment)) : std::nullopt;
 }
 
-/// What a locale asks for beyond its own calendar and digits may be something that there is not.
+/// A locale may ask, by keywords, for a calendar or digits that do not exist.
 bool canWriteDates(const icu::Locale& locale)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -107,8 +107,8 @@ bool canWriteDates(const icu::Locale& locale)
     return U_SUCCESS(status) != 0;
 }
 
-/// Year, month and day name each day once. In a calendar of cycles and leap months, which no locale has of its own but
-/// any can ask for, they do not.
+/// Whether year, month and day name each day once. In calendars of cycles and leap months they do not; no locale has
+/// such a calendar by default, but any can ask for one.
 bool countsDaysByNumbers(const icu::Locale& locale)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -223,7 +223,7 @@ std::optional<Date> DateFormatter::dayFromString(const QString& text) const
     if (!fields) {
         return std::nullopt;
     }
-    fields->set(UCAL_HOUR_OF_DAY, noon); // what the text says is checked at an hour that no change of the clock takes
+    fields->set(UCAL_HOUR_OF_DAY, noon); // no clock change skips noon, so this checks the text's own fields
     if (!instantOf(*fields)) {
         return std::nullopt;
     }

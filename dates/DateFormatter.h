@@ -16,24 +16,23 @@ class Locale;
 class SimpleDateFormat;
 U_NAMESPACE_END
 
-/// Whether `identifier` can stand for a locale: letters of ASCII, digits, "_" and "-", fewer than ICU's longest name
-/// has; no part longer than ICU holds ("norwegianbokmal" is bogus to it); no digits or calendar asked for that ICU
-/// lacks; and no calendar in which year, month and day are not enough to name a day. Nobody need have heard of the
-/// locale. For others ICU gives null instead of a formatter, or empty texts.
+/// Whether ICU can work with `identifier` as a locale: ASCII letters, digits, "_" and "-" only; shorter than ICU's
+/// limit, as a whole and in each part ("norwegianbokmal" is bogus to it); digits and calendar that ICU has; and a
+/// calendar in which year, month and day are enough to name a day. The locale need not exist. For identifiers that
+/// fail, ICU gives null formatters or empty texts.
 bool isLocaleIdentifier(const std::string& identifier);
 
-/// A locale identifier in the desktop's or the BCP 47 form ("de_DE", "de-DE", "de", "zh-Hans-CN"), as ICU understands
-/// it.
+/// The ICU locale of an identifier in the desktop's or the BCP 47 form ("de_DE", "de-DE", "de", "zh-Hans-CN").
 icu::Locale icuLocale(const std::string& identifier);
 
-/// Turns dates into texts and texts into dates, in one locale, that locale's default calendar (Buddhist for th_TH,
-/// Persian for fa_IR) and the process's time zone at the moment of the last construction or change. A copy is
-/// independent of its original. A moved-from formatter can only be assigned to or destroyed.
+/// Converts dates to text and back, in one locale, that locale's default calendar (Buddhist for th_TH, Persian for
+/// fa_IR) and the time zone that the process had when the formatter was constructed or last changed. Copies are
+/// independent. A moved-from formatter can only be assigned to or destroyed.
 class DateFormatter {
 public:
     enum class Style { None, Short, Medium, Long, Full };
 
-    /// A plain formatter: the current locale, both styles `None`, so its texts are empty until a style or format is
+    /// A plain formatter: the current locale and both styles `None`, so its texts are empty until a style or format is
     /// set.
     DateFormatter();
     explicit DateFormatter(std::string localeIdentifier);
@@ -43,31 +42,31 @@ public:
     DateFormatter& operator=(DateFormatter&& other) noexcept;
     ~DateFormatter();
 
-    /// Takes on the locale and its default calendar; styles or format stay as they were set.
+    /// Switches to the locale and its default calendar; styles or format stay as they were set.
     void setLocale(const std::string& localeIdentifier);
 
-    /// A style replaces a format that was set before, and the other way round.
+    /// Setting a style discards the format, and setting the format overrides the styles.
     void setDateStyle(Style style);
     void setTimeStyle(Style style);
     void setDateFormat(const QString& pattern);
 
     QString stringFromDate(Date date) const;
 
-    /// The date that the whole of `text` stands for; fields that the format leaves out are those of the calendar's
-    /// first midnight, so a day without a time is its midnight. Nothing when the text does not follow the format, holds
-    /// a value out of range (30 February), goes on behind the format's end, or names a local time that the zone skips.
-    /// Of a local time that the zone repeats, the first.
+    /// The date that the whole of `text` stands for. Fields that the format leaves out are those of the calendar's
+    /// first midnight, so a day without a time is its midnight. A local time that the zone repeats means the first of
+    /// the two. nullopt when the text does not follow the format, has a value out of range (30 February), continues
+    /// after the format's end, or names a local time that the zone skips.
     std::optional<Date> dateFromString(const QString& text) const;
 
-    /// The first instant of the day that the whole of `text` stands for, in a zone that skips that day's midnight too.
-    /// Nothing in the other cases of `dateFromString`, and for a day that the zone leaves out altogether.
+    /// The first instant of the day that the whole of `text` stands for, even where the zone skips that day's midnight.
+    /// nullopt in the other cases of `dateFromString`, and for a day that the zone leaves out altogether.
     std::optional<Date> dayFromString(const QString& text) const;
 
-    /// Names as they stand within a date, January (or the calendar's first month) at index 0.
+    /// Names as they are written within a date; January (or the calendar's first month) has index 0.
     QStringList monthSymbols() const;
     QStringList shortMonthSymbols() const;
 
-    /// Names as they stand alone, as a heading does.
+    /// Names as they are written alone, as in a heading.
     QStringList standaloneMonthSymbols() const;
     QStringList shortStandaloneMonthSymbols() const;
     QStringList veryShortStandaloneMonthSymbols() const;

@@ -12,7 +12,7 @@
 
 namespace {
 
-// A fresh calendar costs less than a microsecond, so nothing is gained by keeping one.
+// Creating a calendar takes less than a microsecond, so nothing is gained by keeping one.
 std::unique_ptr<icu::Calendar> currentCalendar()
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -30,7 +30,7 @@ std::unique_ptr<icu::Calendar> currentCalendar(Date date)
     return calendar;
 }
 
-/// The current calendar in a zone in which every day has all its hours.
+/// The current calendar in a zone that skips no hour and no day.
 std::unique_ptr<icu::Calendar> calendarWithoutZone()
 {
     std::unique_ptr<icu::Calendar> calendar = currentCalendar();
@@ -77,7 +77,7 @@ QString patternFromDate(Date date, QStringView pattern)
     return formatter.stringFromDate(date);
 }
 
-/// The entry of `symbols` for the month of `date`; empty for a calendar's month that the list does not name.
+/// The entry of `symbols` for the month of `date`; empty for a month that the list does not have.
 QString monthSymbol(Date date, const QStringList& symbols)
 {
     return symbols.value(integerValue(DateUtilities::monthFromDate(date)) - 1);
@@ -89,19 +89,20 @@ std::int64_t indexInList(const QStringList& list, const QString& name)
     return index < 0 ? DateUtilities::NotFound : index;
 }
 
-/// Moves `calendar` by days as they are counted, not by multiples of 24 hours: a zone may have left a day out.
+/// Moves `calendar` by calendar days rather than by multiples of 24 hours, because a zone may have left out a day.
 void addDays(icu::Calendar& calendar, int days)
 {
     if (days == 0) {
-        return; // a time that the zone repeats stays the one that it is
+        return; // setting a field would turn the second of two repeated times into the first
     }
     UErrorCode status = U_ZERO_ERROR;
     const UDate start = calendar.getTime(status);
     const int wanted = field(calendar, UCAL_JULIAN_DAY) + days;
     calendar.set(UCAL_JULIAN_DAY, wanted);
-    if (days < 0 && field(calendar, UCAL_JULIAN_DAY) > wanted) { // left out: the step back goes on
+    if (days < 0 && field(calendar, UCAL_JULIAN_DAY) > wanted) { // that day was left out: go one further back
         calendar.setTime(start, status);
-        static_cast<void>(field(calendar, UCAL_JULIAN_DAY)); // works out the time of day
+        static_cast<void>(
+            field(calendar, UCAL_JULIAN_DAY)); // computes the fields, so that the time of day survives the set below
         calendar.set(UCAL_JULIAN_DAY, wanted - 1);
     }
 }
@@ -113,8 +114,8 @@ QString twoDigits(int number)
 
 } // namespace
 
-// The days are counted on the calendar, not from the length between their starts: where a day begins at one o'clock the
-// next one begins less than a day after it.
+// Days are counted on the calendar, not by dividing the seconds between their starts: after a day that begins at one
+// o'clock the next begins less than 24 hours later.
 int DateUtilities::daysBetweenDate(Date dateA, Date dateB)
 {
     return field(*currentCalendar(dateB), UCAL_JULIAN_DAY) - field(*currentCalendar(dateA), UCAL_JULIAN_DAY);
@@ -183,7 +184,7 @@ Date DateUtilities::dateByAddingDays(Date date, int days, int months, int years)
 DateComponents DateUtilities::diffDate(Date dateA, Date dateB, CalendarUnits units)
 {
     const std::unique_ptr<icu::Calendar> calendar = currentCalendar(dateA);
-    // Each difference moves the calendar towards dateB, so the next, smaller unit gets what is left.
+    // fieldDifference moves the calendar towards dateB, so the next, smaller unit gets the remainder.
     const auto take = [&](CalendarUnit unit, UCalendarDateFields which) {
         UErrorCode status = U_ZERO_ERROR;
         return units.testFlag(unit) ? calendar->fieldDifference(udate(dateB), which, status) : 0;

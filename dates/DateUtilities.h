@@ -12,7 +12,7 @@
 #include <optional>
 #include <string>
 
-/// A calendar day as the current calendar counts it: `month` from 1, `day` of the month from 1.
+/// A calendar day in the current calendar; `month` and `day` count from 1.
 struct YearMonthDay {
     int year = 0;
     int month = 0;
@@ -32,7 +32,7 @@ enum class CalendarUnit : unsigned {
 Q_DECLARE_FLAGS(CalendarUnits, CalendarUnit)
 Q_DECLARE_OPERATORS_FOR_FLAGS(CalendarUnits)
 
-/// A difference of two dates, unit by unit.
+/// The difference between two dates, unit by unit.
 struct DateComponents {
     int year = 0;
     int month = 0;
@@ -44,29 +44,29 @@ struct DateComponents {
     bool operator==(const DateComponents&) const = default;
 };
 
-/// The program's date library. Every service takes the present instant, the languages and the zone from
-/// `DateEnvironment`, keeps nothing between calls, and may run on any thread.
+/// The program's date library. Every function takes the present instant, the languages and the zone from
+/// `DateEnvironment`, keeps no state between calls, and may run on any thread.
 ///
 /// The *current calendar* is the current locale's own (Gregorian, Buddhist, Persian ...) in the process's time zone.
-/// Years, months and days are that calendar's, going in and coming out, unless a service says Gregorian.
+/// Years, months and days, as arguments and as results, belong to it unless a function says Gregorian.
 ///
-/// Three sources of language are kept apart: numbers, weekday names and styles follow the current locale; names of
-/// months taken from a date, and their inverse, the first preferred language; `monthNameFromNumber` the current locale
-/// again. The calendar is always the current one, so that a month's name and a year beside it belong together.
+/// Languages differ by purpose: numbers, weekday names and styles follow the current locale; a date's month name and
+/// its inverse follow the first preferred language; `monthNameFromNumber` follows the current locale again. The
+/// calendar is always the current one, so that a month's name agrees with the year beside it.
 ///
-/// A zone that crossed the date line may have left a whole day out. The calendar counts it all the same; the first
-/// instant after it stands for it.
+/// A zone that moved across the date line may have left out a whole day. The calendar still counts that day, and the
+/// first instant after it stands for it.
 namespace DateUtilities {
 
-/// The index of a name that a list does not hold.
+/// The index given for a name that is not in the list.
 inline constexpr std::int64_t NotFound = std::numeric_limits<std::int64_t>::max();
 
-/// Calendar days from the day that holds `dateA` to the one that holds `dateB`, negative when `dateB` lies on an
-/// earlier day; times of day never matter.
+/// Calendar days from the day of `dateA` to the day of `dateB`, negative when `dateB` lies on an earlier day; times of
+/// day do not matter.
 int daysBetweenDate(Date dateA, Date dateB);
 
 /// Inverse of `YYYYMMDDStrFromDate` for years of four digits: the year from characters 0-3, the month from 4-5, the day
-/// from 6 to the end; a piece that is no number counts as 0. At least 6 characters are the caller's duty.
+/// from 6 to the end; a piece that is not a number counts as 0. The caller must pass at least 6 characters.
 Date dateFromYYMMDDStr(const QString& compactDay);
 
 YearMonthDay yearMonthDayFromDate(Date date);
@@ -80,23 +80,23 @@ Date janFirstThisYear();
 /// The day that begins `days` after 1 January 4713 BC (Julian), as `julianDayFromDate` counts them.
 YearMonthDay yearMonthDayFromJulianDay(std::int64_t days);
 
-/// Whether the zone left out the whole of that day, which must be one of the calendar.
+/// Whether the zone left out the whole of `day`, which must exist in the calendar.
 bool isLeftOut(const YearMonthDay& day);
 
-/// Midnight of that day. Nothing is checked: the calendar carries, so day 0 is the last day of the month before.
-/// A midnight that the zone skips becomes the day's first instant; of one that it repeats, the first.
+/// Midnight of that day. Nothing is checked: out-of-range numbers carry over, so day 0 is the last day of the month
+/// before. Where the zone skips midnight, the day's first instant; where it repeats midnight, the first of the two.
 Date dateFromYear(int year, int month, int day);
 
-/// Midnight at the start of the date's day; nothing when that midnight does not exist in the zone.
+/// Midnight at the start of the date's day; nullopt when the zone skips that midnight.
 std::optional<Date> cleanseDate(Date date);
 
-/// `date` moved by the years, then the months, then the days, either way, its time of day kept; after each of the first
-/// two a day beyond a month's end becomes its last. The days are those of the calendar; a left-out one that would be
-/// the result gives way to the next day in the direction of the days.
+/// `date` moved by the years, then the months, then the days, each forward or back, keeping its time of day. After the
+/// years and after the months, a day beyond the end of the month becomes its last. Days are calendar days; a result
+/// that the zone left out becomes the next day in the direction of `days`.
 Date dateByAddingDays(Date date, int days, int months, int years);
 
-/// The difference from `dateA` to `dateB`, the largest asked unit taken whole first; all fields have the same sign,
-/// units not in `units` are 0.
+/// The difference from `dateA` to `dateB`: as many of the largest unit in `units` as fit, then of the next on the
+/// remainder. All fields have the same sign; units not in `units` are 0.
 DateComponents diffDate(Date dateA, Date dateB, CalendarUnits units);
 
 QString componentOfDate(Date date, const DateFormatter& formatter);
@@ -110,15 +110,15 @@ QString yearFromDate(Date date);
 QString monthFromDate(Date date);
 QString dayFromDate(Date date);
 
-/// The same three of the present instant.
+/// The same for the present instant.
 QString currentYear();
 QString currentMonth();
 QString currentDay();
 
-/// The first preferred language, with the calendar of the current locale, as a locale identifier.
+/// A locale identifier made of the first preferred language and the calendar of the current locale.
 std::string localeDevice();
 
-/// A plain formatter in the first preferred language: the calendar stays that of the current locale.
+/// A plain formatter for `localeDevice`.
 DateFormatter copyFormatterForLocaleDevice();
 
 /// "Tuesday" and "Tue".
@@ -136,31 +136,31 @@ int weekDayNumberFromDate(Date date);
 /// Gregorian: 1-12.
 int monthNumberFromDate(Date date);
 
-/// Inverse of `monthNameFromDate`: 1-12. A name that is not in the list gives `NotFound` + 1, wrapped around to the
+/// Inverse of `monthNameFromDate`: 1-12. A name that is not in the list gives `NotFound` + 1, which wraps around to the
 /// smallest value.
 std::int64_t monthNumberFromName(const QString& monthName);
 
-/// The name of month 1-12 as it stands within a date; nothing for any other number.
+/// The name of month 1-12 as it is written within a date; nullopt for any other number.
 std::optional<QString> monthNameFromNumber(std::int64_t month);
 
-/// Inverse of `dayNameFromDate`: 0 is Sunday, 6 Saturday, `NotFound` a name that is not in the list.
+/// Inverse of `dayNameFromDate`: 0 is Sunday, 6 Saturday; `NotFound` for a name that is not in the list.
 std::int64_t dayNumberFromName(const QString& dayName);
 
-/// The number of days of the month that holds the date.
+/// The number of days in the date's month.
 int daysInMonth(Date date);
 
-/// The Julian day number of the calendar day that holds the date, counted from midnight to midnight: 2440588 is 1
-/// January 1970, whatever the calendar.
+/// The Julian day number of the date's calendar day, counted from midnight to midnight whatever the calendar: 2440588
+/// is 1 January 1970.
 std::int64_t julianDayFromDate(Date date);
 
 /// Whether both lie on the same calendar day.
 bool isThisDate(Date dateA, Date equalToSecondDate);
 
-/// A formatter in the first preferred language with the format "EEE, MMM d, yyyy", in which lists show and read a day.
+/// A formatter for `localeDevice` with the format "EEE, MMM d, yyyy", in which lists show and read a day.
 DateFormatter listDateFormatter();
 
-/// Today's midnight, by way of `listDateFormatter`: now formatted and parsed back. On a day without a midnight, the
-/// `dateFromYear` of today, which is the date that its notes carry.
+/// Today's midnight, formatted and parsed back by `listDateFormatter`. Where the zone skips that midnight,
+/// `dateFromYear` of today, which is the date that today's notes carry.
 Date today();
 
 } // namespace DateUtilities

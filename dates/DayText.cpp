@@ -29,14 +29,15 @@ QString patternOf(const icu::Locale& locale)
         return QStringLiteral("yyyy-MM-dd");
     }
     QString pattern = qStringFromIcu(generator->getBestPattern(icu::UnicodeString("yMd"), status));
-    static const QRegularExpression era(QStringLiteral(" ?G+ ?")); // some calendars ask for it; a number needs none
+    static const QRegularExpression era(
+        QStringLiteral(" ?G+ ?")); // some calendars add an era, which a number does not need
     pattern.remove(era);
-    static const QRegularExpression year(QStringLiteral("y+")); // four digits, as a typed one must have
+    static const QRegularExpression year(QStringLiteral("y+")); // the full year, as `numbersFrom` requires it
     pattern.replace(year, QStringLiteral("yyyy"));
     return pattern;
 }
 
-/// The value of each run of digits, most significant first, with its number of digits.
+/// A run of digits in a text: how many, and the number they form.
 struct DigitRun {
     qsizetype digits = 0;
     int value = 0;
@@ -93,7 +94,7 @@ std::optional<DayText::Numbers> DayText::numbersFrom(QStringView typed) const
     if (runs.size() == 1 && runs.front().digits == yearDigits + 2 * otherDigits) {
         int rest = runs.front().value;
         runs.assign(m_order.size(), {});
-        for (size_t i = m_order.size(); i-- > 0;) {
+        for (std::size_t i = m_order.size(); i-- > 0;) {
             const bool isYear = m_order.at(i) == Part::Year;
             const int power = isYear ? 10'000 : 100;
             runs.at(i) = {.digits = isYear ? yearDigits : otherDigits, .value = rest % power};
@@ -104,7 +105,7 @@ std::optional<DayText::Numbers> DayText::numbersFrom(QStringView typed) const
         return std::nullopt;
     }
     Numbers numbers;
-    for (size_t i = 0; i < m_order.size(); ++i) {
+    for (std::size_t i = 0; i < m_order.size(); ++i) {
         const bool isYear = m_order.at(i) == Part::Year;
         if (isYear ? runs.at(i).digits != yearDigits : runs.at(i).digits > otherDigits) {
             return std::nullopt;
@@ -123,7 +124,7 @@ std::optional<Date> DayText::dateFromText(QStringView typed, Date date) const
     UErrorCode status = U_ZERO_ERROR;
     // In UTC every day has its midnight.
     const std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(
-        icu::TimeZone::getGMT()->clone(), icuLocale(m_language), status)); // which takes over the zone
+        icu::TimeZone::getGMT()->clone(), icuLocale(m_language), status)); // adopts the zone
     calendar->clear();
     calendar->setLenient(false);
     calendar->set(UCAL_YEAR, numbers->year);
@@ -139,6 +140,6 @@ std::optional<Date> DayText::dateFromText(QStringView typed, Date date) const
 
 DayText::Part DayText::partAt(QStringView text, qsizetype caret) const
 {
-    const size_t runs = digitRuns(text.first(std::clamp(caret, qsizetype(0), text.size()))).size();
-    return m_order.at(std::clamp(runs, size_t(1), m_order.size()) - 1);
+    const std::size_t runs = digitRuns(text.first(std::clamp(caret, qsizetype(0), text.size()))).size();
+    return m_order.at(std::clamp(runs, std::size_t{1}, m_order.size()) - 1);
 }

@@ -10,25 +10,25 @@
 #include <optional>
 #include <string>
 
-/// A day as it is typed: day, month and the whole year as numbers, in the order and with the separators of a language
-/// (Unicode locale data, skeleton yMd), counted by the calendar of the locale identifier that names it.
+/// A day as it is typed: day, month and full year as numbers, in the order and with the separators of a language
+/// (Unicode locale data, skeleton yMd), counted by the calendar of the language's locale identifier.
 class DayText {
 public:
     enum class Part { Year, Month, Day };
 
-    /// `language` is a locale identifier; the calendar is its default one, in the process's time zone.
+    /// `language` is a locale identifier. The calendar is that locale's default in the process's time zone.
     explicit DayText(const std::string& language);
 
-    /// "12/24/1965", "24.12.1965", "1965-12-24"; a year before 1000 has zeros in front ("0982"). `dateFromText` reads
-    /// it back as the same day.
+    /// "12/24/1965", "24.12.1965", "1965-12-24"; a year before 1000 gets leading zeros ("0982"). `dateFromText` reads
+    /// the text back as the same day.
     QString textFromDate(Date date) const;
 
-    /// The date that `typed` stands for, at the time of day of `date`: three numbers with anything between them, or
-    /// eight digits on end, in any script's digits. Nothing while it is not complete (the year has four digits) and for
-    /// a day that does not exist.
+    /// The day that `typed` stands for, at the time of day of `date`: three numbers separated by anything, or eight
+    /// digits without a separator, in the digits of any script. nullopt while the text is incomplete (the year needs
+    /// four digits) and for a day that does not exist.
     std::optional<Date> dateFromText(QStringView typed, Date date) const;
 
-    /// Which number of `text` the caret stands in or behind.
+    /// The number of `text` that the caret stands in or after.
     Part partAt(QStringView text, qsizetype caret) const;
 
 private:

@@ -5,7 +5,7 @@
 
 #include <QString>
 
-/// The words that count an elapsed date, in the language of the interface.
+/// The units of an elapsed date in the language of the interface.
 struct ElapsedUnitWords {
     QString year = QStringLiteral("Year");
     QString years = QStringLiteral("Years");
@@ -15,7 +15,7 @@ struct ElapsedUnitWords {
     QString days = QStringLiteral("Days");
 };
 
-/// How far `event` lies from `now`, whichever is first, in whole years, months and days of the current calendar:
-/// "3 Years 2 Months 5 Days". A count of zero leaves its part empty but keeps the blanks around it; less than a day
-/// gives "0 Years, 0 Months, 0 Days " with its blank.
+/// The distance between `event` and `now`, in either order, in whole years, months and days of the current calendar: "3
+/// Years 2 Months 5 Days". A count of zero leaves out number and word but keeps the blanks around them; less than a day
+/// gives "0 Years, 0 Months, 0 Days ", with the trailing blank.
 QString elapsedDateText(Date event, Date now, const ElapsedUnitWords& words);

@@ -31,9 +31,9 @@ int weekdayOf(Date date)
     return static_cast<std::int16_t>(DateUtilities::dayNumberFromName(DateUtilities::dayNameFromDate(date)));
 }
 
-/// The day as many days after the anchor, day `day` of `month` in the present year, as `offset` says for the anchor's
-/// weekday. It is made from its own number, not by moving the anchor: where the anchor's midnight does not exist, a
-/// moved one would come out at one o'clock.
+/// The day `offset(weekday)` days after the anchor, which is day `day` of `month` in the present year and falls on
+/// `weekday`. It is made from its own number rather than by moving the anchor: where the zone skips the anchor's
+/// midnight, a moved date would come out at one o'clock.
 template <typename Offset> Date fromAnchor(int month, int day, Offset offset)
 {
     const int year = presentYear();
@@ -41,7 +41,7 @@ template <typename Offset> Date fromAnchor(int month, int day, Offset offset)
     return DateUtilities::dateFromYear(year, month, day + offset(weekday));
 }
 
-/// The days by which the full moons of a century come earlier than the 19-year cycle alone would have them.
+/// The number of days by which the full moons of a century come earlier than the 19-year cycle alone predicts.
 int centuryCorrection(int century)
 {
     const int evenCentury = century - century % 2;
@@ -58,10 +58,10 @@ int centuryCorrection(int century)
     return correction;
 }
 
-/// The paschal full moon as a day of March, which may run on into April.
+/// The paschal full moon as a day of March; a number beyond 31 is a day of April.
 int paschalFullMoon(int century, int yearOfMoonCycle)
 {
-    // Half of (century - 15), and 202 - 11 * yearOfMoonCycle; only their sum is cut to a whole number.
+    // This is (century - 15) / 2 + 202 - 11 * yearOfMoonCycle, of which only the sum may be rounded.
     const int sum = (century - 15 + 2 * (202 - 11 * yearOfMoonCycle)) / 2;
     const int step = (sum - centuryCorrection(century)) % 30;
     const bool oneEarlier = step == 29 || (step == 28 && yearOfMoonCycle > 10);
@@ -167,8 +167,8 @@ Date Holidays::dateOfHoliday(int index)
     return Rules.at(static_cast<std::size_t>(index))();
 }
 
-// The full moon by the 19-year cycle of the moon, then the Sunday after it from the weekday shifts of the moon's day,
-// the century and the year within it.
+// First the full moon from the 19-year cycle of the moon, then the Sunday after it from the weekday shifts of the
+// moon's day, the century and the year within the century.
 Holidays::MonthAndDay Holidays::easterSunday(std::int16_t year)
 {
     constexpr int DaysInMarch = 31;

@@ -5,24 +5,24 @@
 
 #include <cstdint>
 
-/// Holidays of the United States, and the days on which its clocks change, in the present year: the year in which
-/// `DateEnvironment::now()` lies, whatever year a view is showing. Each call reads the clock anew.
+/// Holidays of the United States, and the days on which its clocks change, in the present year: the year of
+/// `DateEnvironment::now()`, whatever year a view shows. Each call reads the clock anew.
 ///
-/// Every date is what `DateUtilities::dateFromYear` gives for the day: its midnight, or its first instant in a zone
-/// that skips that midnight. Year, months and days are counted on the current calendar, so that in a locale whose own
-/// calendar is not the Gregorian one "11 November" means day 11 of that calendar's month 11.
+/// Every date is the `DateUtilities::dateFromYear` of its day: midnight, or the first instant where the zone skips
+/// midnight. Years, months and days are those of the current calendar, so in a locale whose own calendar is not
+/// Gregorian "11 November" means day 11 of that calendar's month 11.
 namespace Holidays {
 
-/// The third Monday of February, but the fourth in a year whose 1 February is a Sunday (2015, 2026): that is the
-/// date that saved records carry and are found again by, so the rule stays.
+/// The third Monday of February, but the fourth when 1 February is a Sunday (2015, 2026). Saved records carry that date
+/// and are found again by it, so the rule stays.
 Date presidentsDay();
 
-/// Daylight-saving time by the rule of the United States since 2007, in every zone and year: the second Sunday of March
-/// to the first Sunday of November.
+/// The second Sunday of March and the first Sunday of November: daylight-saving time by the rule of the United States
+/// since 2007, whatever the zone and the year.
 Date dstStart();
 Date dstEnd();
 
-/// `easterSunday` of the present year, the year's low 16 bits taken as a signed number.
+/// `easterSunday` of the present year; only the year's low 16 bits count, taken as a signed number.
 Date easterDay();
 
 Date memorialDay();  ///< the last Monday of May
@@ -38,9 +38,10 @@ Date xmas();         ///< 25 December
 /// The number of days that the holiday sheet offers.
 inline constexpr int count = 14;
 
-/// The sheet's days in its order, `index` 0 to `count` - 1: New Year's Day (`DateUtilities::janFirstThisYear`),
-/// `presidentsDay`, `dstStart`, `easterDay`, `memorialDay`, `mothersDay`, `fathersDay`, `indepenDay`, `laborDay`,
-/// `dstEnd`, `veteransDay`, `thanksGiving`, `xmasEve`, `xmas`. Any other index is the caller's error.
+/// The days of the holiday sheet in its order, `index` from 0 to `count` - 1: New Year's Day
+/// (`DateUtilities::janFirstThisYear`), `presidentsDay`, `dstStart`, `easterDay`, `memorialDay`, `mothersDay`,
+/// `fathersDay`, `indepenDay`, `laborDay`, `dstEnd`, `veteransDay`, `thanksGiving`, `xmasEve`, `xmas`. The caller must
+/// not pass another index.
 Date dateOfHoliday(int index);
 
 struct MonthAndDay {
@@ -51,8 +52,7 @@ struct MonthAndDay {
 };
 
 /// The Gregorian (Western) Easter Sunday of `year`, by the method that the Astronomical Society of South Australia
-/// published, valid for the years 1583 to 4099. For other years the same steps are carried out and give a day that no
-/// church keeps.
+/// published, valid for the years 1583 to 4099. Other years go through the same steps and give a meaningless day.
 MonthAndDay easterSunday(std::int16_t year);
 
 } // namespace Holidays

@@ -8,7 +8,7 @@
 #include <unicode/unistr.h>
 #include <unicode/utypes.h>
 
-/// Crossings between this program's types and ICU's; for the sources of dates/ only.
+/// Conversions between this program's types and ICU's; only for the sources of dates/.
 
 inline UDate udate(Date date)
 {

@@ -11,9 +11,9 @@
 namespace {
 
 constexpr std::string_view fallbackIdentifier = "en_US";
-constexpr std::size_t mostLanguages = 64; // of a list; nobody reads as many, and each costs a search for its texts
+constexpr std::size_t mostLanguages = 64; // nobody reads more, and each one costs a search for its texts
 
-/// Modifiers that name a script; the others (a currency, say) do not matter here.
+/// The modifiers that name a script. Others, such as a currency, do not matter here.
 constexpr std::array scripts{
     std::pair<std::string_view, std::string_view>{"latin", "Latn"},
     std::pair<std::string_view, std::string_view>{"cyrillic", "Cyrl"},
@@ -35,7 +35,7 @@ std::string firstSet(const ReadEnvironment& read, std::initializer_list<const ch
     return {};
 }
 
-/// Nothing for a name that no locale can have.
+/// The identifier for `posixName`; nullopt for a name that no locale can have.
 std::optional<std::string> knownIdentifier(std::string_view posixName)
 {
     const std::string_view base = posixName.substr(0, posixName.find_first_of(".@"));
@@ -53,14 +53,14 @@ std::optional<std::string> knownIdentifier(std::string_view posixName)
     return isLocaleIdentifier(identifier) ? std::optional(std::move(identifier)) : std::nullopt;
 }
 
-/// A language as the list of preferred languages writes it: "de_DE" is "de-DE".
+/// The form that the list of preferred languages has: "de-DE" for "de_DE".
 std::string languageTag(std::string identifier)
 {
     std::ranges::replace(identifier, '_', '-');
     return identifier;
 }
 
-/// The good ones of a list of names, colons between.
+/// The valid names of a colon-separated list.
 std::vector<std::string> languageTags(std::string_view list)
 {
     std::vector<std::string> tags;

@@ -7,15 +7,14 @@
 #include <string>
 #include <string_view>
 
-/// Reads one environment variable; an unset one as the empty text.
+/// Reads an environment variable; empty when it is not set.
 using ReadEnvironment = std::function<std::string(const char* name)>;
 
-/// The ICU identifier of a locale named as the C library names it: "de_DE.UTF-8@euro" is "de_DE", "sr_RS@latin" is
-/// "sr_Latn_RS". "C", "POSIX", the empty name and one that is no `isLocaleIdentifier` count as "en_US".
+/// The ICU identifier of a locale that has the C library's form: "de_DE" for "de_DE.UTF-8@euro", "sr_Latn_RS" for
+/// "sr_RS@latin". "C", "POSIX", an empty name and one that fails `isLocaleIdentifier` give "en_US".
 std::string localeIdentifier(std::string_view posixName);
 
-/// The current locale from LC_ALL, LC_TIME, LANG (the first that is set); the preferred languages from the list in
-/// LANGUAGE, else from LC_ALL, LC_MESSAGES, LANG. Of the list, entries that are no `isLocaleIdentifier` are left out,
-/// as are those behind the 64th. What this returns is settled: every user of the pair may hand it on to ICU as it
-/// stands.
+/// The current locale comes from the first of LC_ALL, LC_TIME and LANG that is set; the preferred languages from the
+/// list in LANGUAGE, else from LC_ALL, LC_MESSAGES or LANG. List entries that fail `isLocaleIdentifier`, and those
+/// after the 64th, are left out. Every entry of the result can be handed to ICU as it is.
 LocalePair localePairFrom(const ReadEnvironment& read);

@@ -8,7 +8,8 @@
 
 #include <vector>
 
-/// The arithmetic that the three calendar faces share, and the numbers (tags) by which they find their cells.
+/// The arithmetic shared by the mini calendar, the monthly and the weekly view, and the numbers (tags) by which they
+/// find their cells.
 ///
 /// A weekday number is 0 (Sunday) to 6 (Saturday). A cell number is 1 to 37, seven to a row; a column is 0 to 6.
 /// `startOnSunday` says whether a week's first column is Sunday or Monday.
@@ -27,19 +28,19 @@ struct YearMonth {
     bool operator==(const YearMonth&) const = default;
 };
 
-// The tags. Mini calendar: the day button of a cell, then the weekday headers.
+// The tags of the mini calendar: the day button of each cell, then the weekday headers.
 constexpr int miniDayTag(int cell)
 {
     return cell;
 }
-inline constexpr int NoMiniDayTag = LastCell + 1; ///< what a search gives that meets no day; no button carries it
+inline constexpr int NoMiniDayTag = LastCell + 1; ///< the result of a search that finds no day; no button has this tag
 inline constexpr int MiniHeaderFirstTag = 70;
 constexpr int miniHeaderTag(int column)
 {
     return MiniHeaderFirstTag + column;
 }
 
-// Monthly view: day number and note text of a cell in turn, then the weekday headers.
+// The tags of the monthly view: day number and note text of each cell in turn, then the weekday headers.
 inline constexpr int MonthlyDayFirstTag = 90;
 inline constexpr int MonthlyTagsPerCell = 2;
 inline constexpr int MonthlyHeaderFirstTag = 80;
@@ -56,7 +57,7 @@ constexpr int monthlyHeaderTag(int column)
     return MonthlyHeaderFirstTag + column;
 }
 
-// Weekly view: weekday header, day number and note text of a column in turn.
+// The tags of the weekly view: weekday header, day number and note text of each column in turn.
 inline constexpr int WeeklyFirstTag = 40;
 inline constexpr int WeeklyTagsPerColumn = 3;
 constexpr int weeklyHeaderTag(int column)
@@ -72,7 +73,7 @@ constexpr int weeklyNoteTag(int column)
     return weeklyHeaderTag(column) + 2;
 }
 
-/// The cell of day 1 of a month whose first day is `weekdayOfFirst`.
+/// The cell of day 1 in a month that begins on `weekdayOfFirst`.
 constexpr int startCell(int weekdayOfFirst, bool startOnSunday)
 {
     if (startOnSunday) {
@@ -94,7 +95,7 @@ constexpr int cellOfDay(int day, int weekdayOfFirst, bool startOnSunday)
     return startCell(weekdayOfFirst, startOnSunday) + day - 1;
 }
 
-/// Row (0 the first week) and column of a cell.
+/// The row (0 is the first week) and the column of a cell.
 constexpr int rowOfCell(int cell)
 {
     return (cell - FirstCell) / DaysPerWeek;
@@ -110,14 +111,14 @@ constexpr int weekdayOfColumn(int column, bool startOnSunday)
     return (column + (startOnSunday ? 0 : 1)) % DaysPerWeek;
 }
 
-/// Days from a date of that weekday to the first day that the weekly view shows for it. Under Monday first a Sunday
-/// gives +1: it is shown the week that begins the day after.
+/// Days from a date on `weekday` to the first day of the week that the weekly view shows for it. When weeks start on
+/// Monday, a Sunday gives +1: the view shows the week that begins the day after.
 constexpr int weekStartOffset(int weekday, bool startOnSunday)
 {
     return (startOnSunday ? 0 : 1) - weekday;
 }
 
-/// The month after (`forward`) or before; the year changes only after month 12 and before months below 2.
+/// The month after `from` (`forward`) or before it. The year changes only after month 12 and before months below 2.
 constexpr YearMonth steppedMonth(bool forward, YearMonth from)
 {
     if (forward) {
@@ -132,13 +133,13 @@ constexpr YearMonth steppedYear(bool forward, YearMonth from)
     return {from.year + (forward ? 1 : -1), from.month};
 }
 
-/// The weekday number of the date, by its name in the current locale.
+/// The weekday number of the date, looked up by its name in the current locale.
 int dayOfWeekForDate(Date date);
 
 /// The weekday number of day 1 of that month.
 int firstDayofMonth(int month, int year);
 
-/// Midnight of day 1 of the month that `steppedMonth` and `steppedYear` give.
+/// Midnight of day 1 of the month that `steppedMonth` or `steppedYear` gives.
 Date calcNewMonthYear(bool forward, int month, int year);
 Date calcNewYear(bool forward, int month, int year);
 
@@ -148,16 +149,15 @@ YearMonth currentYearMonth();
 /// The month, or the one that holds now where its year or its month is missing.
 YearMonth orCurrent(YearMonth shown);
 
-/// The first instant of each day of the month that holds `date`, the dates that its notes carry; for a day that the
-/// zone left out (`DateUtilities::isLeftOut`), that of the day after it.
+/// The first instant of each day of the month that holds `date`, which is the date that the day's notes carry. For a
+/// day that the zone left out (`DateUtilities::isLeftOut`), the first instant of the day after it.
 std::vector<Date> daysOfMonth(Date date);
 
-/// The month that a year text and a month name show, as `yearFromDate` and `monthNameFromDate` write them.
-/// {0, 0} when either is empty; month 0 when the name is none of the first preferred language.
+/// The month that a year and a month name, as written by `yearFromDate` and `monthNameFromDate`, stand for. {0, 0} when
+/// either is empty; month 0 when the first preferred language has no such name.
 YearMonth yearMonthFromTexts(const QString& yearText, const QString& monthName);
 
-/// The seven weekday symbols above the columns, in the order of the columns: the short names, as they stand alone, in
-/// the first preferred language.
+/// The weekday names above the columns, in column order: short, as written alone, in the first preferred language.
 QStringList weekdayHeaders(bool startOnSunday);
 
 } // namespace MonthGrid

@@ -11,5 +11,5 @@ struct PaperSize {
     bool operator==(const PaperSize&) const = default;
 };
 
-/// The paper that people use where `locale` is spoken: Letter in the United States, Canada and others, else A4.
+/// The usual paper of the locale's country: Letter in the United States, Canada and some others, else A4.
 PaperSize paperSizeOf(const std::string& locale);

@@ -17,13 +17,13 @@
 
 namespace {
 
-// The table of changes ends here. Gregorian dates fall on the same weekdays every 400 years, so do the rules of a zone:
-// a later moment is looked up that many years earlier.
+// The table of changes ends here. Every 400 years the Gregorian calendar, and with it a zone's rules, repeats to the
+// weekday, so a later moment is looked up that many years earlier.
 constexpr int LastListedYear = 2450;
 constexpr double CycleMillis = 146097.0 * 24 * 60 * 60 * 1000;
 constexpr int FirstListedYear = 1800;
 
-/// From `at` (UTC) on, local time is UTC + `raw` + `dst`; all in milliseconds.
+/// From `at` (UTC) on, local time is UTC + `raw` + `dst`; offsets in milliseconds.
 struct Change {
     UDate at;
     int32_t raw;
@@ -32,7 +32,7 @@ struct Change {
     int32_t total() const { return raw + dst; }
 };
 
-/// By ascending `at`; the first entry holds for all time before the second.
+/// Sorted by `at`; the first entry also holds for all time before it.
 using Changes = std::vector<Change>;
 
 UDate utcYear(int year)
@@ -60,7 +60,8 @@ Changes listedChanges(const QTimeZone& zone)
     const QDateTime first(QDate(FirstListedYear, 1, 1), QTime(0, 0), Qt::UTC);
     const QDateTime end(QDate(LastListedYear, 1, 1), QTime(0, 0), Qt::UTC);
     Changes changes{{-std::numeric_limits<UDate>::infinity(), zone.offsetFromUtc(first) * U_MILLIS_PER_SECOND, 0}};
-    // Qt ends a list where the changes that tzdata writes out end; those by rule come when asked for from there on.
+    // Qt stops where the changes that tzdata lists one by one end; those that follow from its rule come when asked for
+    // again from there.
     QTimeZone::OffsetDataList list = zone.transitions(first, end);
     while (!list.isEmpty()) {
         append(changes, list);
@@ -98,14 +99,14 @@ public:
                             int32_t& rawOffset, int32_t& dstOffset, UErrorCode& status) const override;
 
     int32_t getRawOffset() const override { return at(icu::Calendar::getNow()).raw; }
-    void setRawOffset(int32_t) override {} // the machine's rules are not ours to change
+    void setRawOffset(int32_t) override {} // the machine's rules are fixed
     UBool useDaylightTime() const override;
     UBool inDaylightTime(UDate date, UErrorCode&) const override { return static_cast<UBool>(at(date).dst != 0); }
 
     UBool getNextTransition(UDate base, UBool inclusive, icu::TimeZoneTransition& result) const override;
     UBool getPreviousTransition(UDate base, UBool inclusive, icu::TimeZoneTransition& result) const override;
 
-    // The changes are a list and not rules.
+    // ICU's rule interface does not apply: the changes are a plain list.
     int32_t countTransitionRules(UErrorCode&) const override { return 0; }
     void getTimeZoneRules(const icu::InitialTimeZoneRule*& initial, const icu::TimeZoneRule*[], int32_t& count,
                           UErrorCode& status) const override
@@ -165,8 +166,8 @@ int32_t SystemTimeZone::getOffset(uint8_t era, int32_t year, int32_t month, int3
     return getOffset(era, year, month, day, dayOfWeek, millis, status);
 }
 
-// Around a change the clock shows some times twice or never. They lie between the change's two local times; the former
-// offset counts up to the later of these, the latter one from the earlier.
+// Around a change, local times between the change's two readings occur twice or never. The former offset holds up to
+// the later of the two readings, the latter offset from the earlier one.
 void SystemTimeZone::getOffsetFromLocal(UDate date, UTimeZoneLocalOption nonExistingTimeOpt,
                                         UTimeZoneLocalOption duplicatedTimeOpt, int32_t& rawOffset, int32_t& dstOffset,
                                         UErrorCode&) const
@@ -225,7 +226,7 @@ UBool SystemTimeZone::describe(Changes::const_iterator change, icu::TimeZoneTran
 
 std::unique_ptr<icu::TimeZone> systemTimeZone(const std::string& identifier)
 {
-    // Listing the changes takes milliseconds; a zone that comes back, as a traveller's does, has its list already.
+    // Listing the changes takes milliseconds, so they are kept for a zone that comes back, as a traveller's does.
     static std::map<std::string, std::shared_ptr<const Changes>> known;
     const QTimeZone zone(QByteArray::fromStdString(identifier));
     if (!zone.isValid()) {

@@ -16,8 +16,8 @@ std::array<Week::Day, MonthGrid::DaysPerWeek> Week::daysFrom(Date date, int days
     return days;
 }
 
-// The label is written in the long style, and in some language the short style may take a long text for another day. So
-// what the short style reads counts only if it would write it the same way; then no reading can be a wrong one.
+// The label is written in the long style, but in some languages the short style may read a long text as another day. So
+// a reading counts only if the same style would write it back unchanged.
 std::optional<Date> Week::firstDayFromText(const QString& text, DateFormatter& formatter)
 {
     for (const DateFormatter::Style style : {DateFormatter::Style::Short, DateFormatter::Style::Long}) {

@@ -9,7 +9,8 @@ inline bool isPairAt(QStringView text, qsizetype position)
     return text[position].isHighSurrogate() && position + 1 < text.size() && text[position + 1].isLowSurrogate();
 }
 
-/// The code point at the front of `text`, which is not empty and becomes shorter by it; half a pair is one by itself.
+/// Removes the first code point from `text`, which must not be empty, and returns it. An unpaired surrogate counts as a
+/// code point of its own.
 inline char32_t takeCodePoint(QStringView& text)
 {
     const bool pair = isPairAt(text, 0);

@@ -26,7 +26,7 @@ std::optional<int> answerToCommandLine(const QString& description, const QString
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(description);
-    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions); // the toolkit's have one dash
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions); // Qt's own options have one dash
     const QCommandLineOption help(
         {QStringLiteral("h"), QStringLiteral("help")},
         QCoreApplication::translate("QCommandLineParser", "Displays help on commandline options."));

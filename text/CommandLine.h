@@ -6,10 +6,10 @@
 
 #include <optional>
 
-/// Answers a program's command line, which tells about the program and sets nothing: --help and --version are answered
-/// on the standard output, and anything else is refused in one line on the standard error. The status to end with;
-/// nullopt when there is nothing to answer and the program is to run.
+/// Handles a command line that only asks about the program: --help and --version print to standard output, anything
+/// else is refused with one line on standard error. Returns the exit status, or nullopt when nothing was asked and the
+/// program should run.
 ///
-/// Options named in `passedOn`, each with a value, belong to the toolkit and are left to it. Name and version are those
-/// of QCoreApplication. Needs an application object.
+/// The options named in `passedOn` each take a value and are left for Qt. The program's name and version are those of
+/// QCoreApplication, which must exist.
 std::optional<int> answerToCommandLine(const QString& description, const QStringList& passedOn = {});

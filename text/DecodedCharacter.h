@@ -5,14 +5,15 @@
 #include <cstdint>
 #include <string_view>
 
-/// A character of a UTF-8 text and where it stands, in bytes. Each byte that is not UTF-8 gives U+FFFD.
+/// A character of a UTF-8 text and the bytes [begin, end) it occupies. Each byte that is not valid UTF-8 is a U+FFFD of
+/// its own.
 struct DecodedCharacter {
     char32_t character = 0;
     std::size_t begin = 0;
     std::size_t end = 0;
 };
 
-/// The same for a character that is not ASCII.
+/// The slow paths of `characterAt` and `characterBefore`, out of line so that ASCII stays inlined.
 DecodedCharacter foreignCharacterAt(std::string_view utf8, std::size_t position);
 DecodedCharacter foreignCharacterBefore(std::string_view utf8, std::size_t position);
 

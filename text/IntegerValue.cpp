@@ -16,7 +16,7 @@ bool isSign(QChar character)
     return character == u'-' || character == u'+';
 }
 
-/// Locales written from right to left may put a direction mark before a sign or a number.
+/// Right-to-left locales may put a direction mark before a sign or a number.
 bool isBlank(QChar character)
 {
     return character.isSpace() || character.category() == QChar::Other_Format;

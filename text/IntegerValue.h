@@ -3,7 +3,6 @@
 
 #include <QStringView>
 
-/// The number that `text` begins with: blanks, then a sign or none, then decimal digits of any script ("٢٠٢٤" is 2024);
-/// what follows them is ignored. 0 when there is no digit there. A number beyond the range of int gives the nearest
-/// int.
+/// The number at the start of `text`: optional blanks, an optional sign, then decimal digits of any script ("٢٠٢٤" is
+/// 2024). What follows is ignored. 0 when there are no digits; a number beyond the range of int is clamped to it.
 int integerValue(QStringView text);

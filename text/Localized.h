@@ -4,10 +4,9 @@
 #include <QString>
 #include <QStringList>
 
-/// The text in the user's language whose English text is `english`; the English text itself where there is no
-/// translation.
+/// The translation of `english` into the user's language, or `english` itself where there is none.
 QString localized(const char* english, const char* disambiguation = nullptr);
 
-/// `format` with its placeholders "%@", "%ld" and "%d" replaced by `values` in turn. A placeholder "%2$@" takes
-/// the second value wherever it stands, for languages of another word order. A placeholder without a value stays.
+/// `format` with its placeholders "%@", "%ld" and "%d" replaced by `values` in turn. "%2$@" takes the second value
+/// wherever it stands, for languages with another word order. A placeholder without a value is left as it is.
 QString filled(const QString& format, const QStringList& values);

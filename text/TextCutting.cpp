@@ -9,7 +9,7 @@ namespace {
 
 constexpr QChar ellipsis(0x2026);
 
-/// The last place at or before `position` that stands between two signs.
+/// The last boundary between signs at or before `position`.
 qsizetype signStart(QStringView text, qsizetype position)
 {
     QTextBoundaryFinder signs(QTextBoundaryFinder::Grapheme, text);
@@ -24,12 +24,14 @@ QStringView beginningOf(QStringView text, qsizetype maximum)
     if (text.size() <= maximum) {
         return text;
     }
-    constexpr qsizetype longestCharacter = 2; // of one code point: the one behind tells whether a sign ends here
+    constexpr qsizetype longestCharacter =
+        2; // in units; whether a sign ends at `maximum` depends on the code point after it
     const qsizetype end = signStart(text.first(std::min(maximum + longestCharacter, text.size())), maximum);
     if (end > 0) {
         return text.first(end);
     }
-    const bool splitsPair = maximum > 0 && text[maximum - 1].isHighSurrogate(); // one sign alone is longer
+    const bool splitsPair =
+        maximum > 0 && text[maximum - 1].isHighSurrogate(); // here a single sign is longer than `maximum`
     return text.first(splitsPair ? maximum - 1 : maximum);
 }
 

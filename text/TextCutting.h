@@ -3,19 +3,18 @@
 
 #include <QString>
 
-/// Parts of a text that never halve what is seen as one sign: a letter with its marks, an emoji of several characters.
-/// Only a sign that alone is longer than what is asked for is cut, and then no surrogate pair.
+/// Shortening that never splits what a reader sees as one sign: a letter with its marks, an emoji of several
+/// characters. Only a sign that is longer than the limit by itself is split, and then not within a surrogate pair.
 /// Lengths are in UTF-16 units.
 
-/// The beginning of `text`, no more than `maximum` units. The view stands in `text`.
+/// The beginning of `text`, at most `maximum` units; a view into `text`.
 QStringView beginningOf(QStringView text, qsizetype maximum);
 
-/// `text`, of which no more than `maximum` units are kept; an ellipsis then stands for the rest.
+/// `text`, cut to `maximum` units and an ellipsis when it is longer.
 QString shortened(QStringView text, qsizetype maximum);
 
-/// `text`, of which about half of `maximum` units are kept at each end when it is longer than `maximum`; an ellipsis
-/// then stands for what was between them.
+/// `text`; when it is longer than `maximum`, about `maximum` / 2 units from each end with an ellipsis between them.
 QString withoutMiddle(QStringView text, qsizetype maximum);
 
-/// The first sign, empty for an empty text.
+/// The first sign of `text`; empty for an empty text.
 QStringView firstSignOf(QStringView text);

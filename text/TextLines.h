@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-/// Where a line of text ends. The rows of a list and what stands in their cells follow the newline characters one by
-/// one, so that CR LF is two of them with an empty line between; what is laid out for reading (`withLineFeeds`) takes
-/// CR LF for the one line break that its writer meant.
+/// Where a line of text ends. Lists and their cells break at every newline character, so CR LF counts twice, with an
+/// empty line between. Text laid out for reading (`withLineFeeds`) treats CR LF as the single line break that its
+/// writer meant.
 
 /// A newline character: LF, VT, FF, CR, U+0085, U+2028 or U+2029.
 constexpr bool isNewline(char16_t c)
@@ -21,10 +21,10 @@ constexpr bool isNewline(char16_t c)
 /// is one piece.
 std::size_t countOfLines(std::string_view utf8);
 
-/// At most `limit` of these pieces from number `first` (0 is the top one) on, without their newline characters; fewer
-/// at the text's end. The views stand in `text`. One pass over the text up to the last piece taken, whatever the number
-/// of pieces.
+/// At most `limit` of these pieces, starting with number `first` (0 is the top one), without their newline characters;
+/// fewer when the text ends before that. The views point into `text`. The text is read only up to the last piece
+/// returned.
 std::vector<QStringView> linesOf(QStringView text, int first, int limit);
 
-/// `text` with a line feed for each line break, whatever it is; CR LF is one.
+/// `text` with every line break replaced by a line feed; CR LF counts as one.
 QString withLineFeeds(QString text);

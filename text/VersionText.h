@@ -6,13 +6,14 @@
 
 #include <optional>
 
-/// The text in which the version server tells the newest version.
+/// The text with which the version server announces the newest version.
 namespace VersionText {
 
-/// `file` decoded as UTF-8, with its blanks, line ends and byte order mark if it has any; nullopt when it is not UTF-8.
+/// `file` decoded as UTF-8, unchanged: blanks, line ends and a byte order mark are kept. nullopt when it is not valid
+/// UTF-8.
 std::optional<QString> fromFile(const QByteArray& file);
 
-/// Whether `told` orders behind `own`: plain texts in the order of their UTF-16 code units, not numbers, so 1.10 is not
+/// Whether `told` sorts after `own`. They are compared as texts, by UTF-16 code units, not as numbers: 1.10 is not
 /// newer than 1.9.
 bool isNewer(const QString& told, const QString& own);
 

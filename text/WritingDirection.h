@@ -4,5 +4,5 @@
 #include <QStringView>
 #include <Qt>
 
-/// The direction in which `line` is written: that of its first letter, `fallback` when it has none.
+/// The direction of the first letter of `line`; `fallback` when it has no letter with a direction.
 Qt::LayoutDirection writingDirection(QStringView line, Qt::LayoutDirection fallback);
