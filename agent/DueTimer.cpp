@@ -12,7 +12,7 @@
 namespace {
 
 constexpr double earliest = 1;             ///< zero would disarm the timer
-constexpr double latest = 7'258'118'400.0; ///< 1 January 2200; a later moment is waited for in turns
+constexpr double latest = 7'258'118'400.0; ///< 1 January 2200; for a later moment the timer wakes once before
 
 } // namespace
 
@@ -25,7 +25,7 @@ DueTimer::DueTimer(QObject* parent)
     m_notifier = std::make_unique<QSocketNotifier>(m_timer, QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
         std::uint64_t expirations = 0;
-        // An error tells that the clock was set; either way somebody has to look.
+        // An error means that the clock was set; either way the owner has to check.
         (void)!read(m_timer, &expirations, sizeof expirations);
         Q_EMIT woken();
     });

@@ -9,8 +9,8 @@
 #include <memory>
 #include <optional>
 
-/// Sleeps until an instant of the wall clock, however that clock gets there: by itself, by being set, or by the
-/// machine waking up. Nothing runs before.
+/// Sleeps until an instant of the wall clock, whether the clock reaches it by running, by being set or by the machine
+/// waking up. Uses no time until then.
 class DueTimer : public QObject {
     Q_OBJECT
 
@@ -18,14 +18,14 @@ public:
     explicit DueTimer(QObject* parent = nullptr);
     ~DueTimer() override;
 
-    /// From here on waits for `moment`, or for none.
+    /// Waits for `moment`, or for nothing, from now on.
     void waitFor(std::optional<Date> moment);
 
 Q_SIGNALS:
-    /// The moment has come, or the clock was set: see what is due and call `waitFor` again.
+    /// The moment has come or the clock was set: check what is due and call `waitFor` again.
     void woken();
 
 private:
-    int m_timer; ///< a timerfd; -1 where the kernel gives none
+    int m_timer; ///< a timerfd; -1 when the kernel provides none
     std::unique_ptr<QSocketNotifier> m_notifier;
 };

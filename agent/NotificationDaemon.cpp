@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int neverExpires = 0;
-constexpr qsizetype longestToken = 4096; // it goes to the program in its environment, which has little room
+constexpr qsizetype longestToken = 4096; // it is passed in the program's environment, which has little room
 
 QString service()
 {
@@ -89,7 +89,7 @@ void NotificationDaemon::close(uint id)
     QDBusMessage message = method(QStringLiteral("CloseNotification"));
     message.setAutoStartService(false);
     message << id;
-    m_bus.asyncCall(message); // one that is gone already is an error of no interest
+    m_bus.asyncCall(message); // an error only means that it is gone already
 }
 
 void NotificationDaemon::actionInvoked(uint id, const QString& action)
@@ -109,7 +109,7 @@ void NotificationDaemon::activationTokenGiven(uint id, const QString& token)
 
 void NotificationDaemon::notificationClosed(uint id, uint reason)
 {
-    constexpr uint dismissed = 2; // 1 has expired, 4 is undefined: that of a daemon which ends, for one
+    constexpr uint dismissed = 2; // 1 is expired; 4 is undefined, and used by a daemon that ends, for example
     constexpr uint closedByCall = 3;
     Q_EMIT closed(id, reason == dismissed || reason == closedByCall ? Closing::Wanted : Closing::ByItself);
 }

@@ -12,35 +12,35 @@
 #include <functional>
 #include <optional>
 
-/// The desktop's notification daemon, whichever it is (Desktop Notifications Specification 1.2).
+/// The desktop's notification daemon, whichever program that is (Desktop Notifications Specification 1.2).
 class NotificationDaemon : public QObject {
     Q_OBJECT
 
 public:
     struct Shown {
         StandingNotification notification;
-        bool clickable = false; ///< the daemon tells of clicks
+        bool clickable = false; ///< the daemon reports clicks
     };
 
     enum class Closing {
-        Wanted,   ///< somebody dismissed it or had it closed
-        ByItself, ///< the daemon let it go, whether it was seen or not
+        Wanted,   ///< it was dismissed, or closed by a call
+        ByItself, ///< the daemon removed it, seen or not
     };
 
-    /// nullopt when there is no daemon or it refused. Not called any more once the object is gone.
+    /// nullopt when there is no daemon or it refused. Not called once the object is destroyed.
     using Completion = std::function<void(const std::optional<Shown>& shown)>;
 
     explicit NotificationDaemon(const QDBusConnection& bus, QObject* parent = nullptr);
 
-    /// Shows `content` until somebody clicks or dismisses it; in place of the notification `replaced` if the present
-    /// daemon is the one that showed it.
+    /// Shows `content` until it is clicked or dismissed, in place of the notification `replaced` if the present daemon
+    /// is the one that showed that.
     void show(const NotificationContent& content, NotificationSound sound, const StandingNotification& replaced,
               Completion completion);
 
     void close(uint id);
 
 Q_SIGNALS:
-    /// `activationToken` lets the program that is brought up take the keyboard; it may be empty.
+    /// `activationToken` allows the program that is brought up to take the keyboard focus; it may be empty.
     void clicked(uint id, const QString& activationToken);
     void closed(uint id, NotificationDaemon::Closing closing);
     void gone();
@@ -56,7 +56,7 @@ private:
 
     QDBusConnection m_bus;
     QDBusServiceWatcher m_watcher;
-    QString m_busId;    ///< names of connections are only unique on one bus
-    uint m_tokenId = 0; ///< the notification that `m_token` was given for
+    QString m_busId;    ///< the bus's id, since connection names are unique only within a bus
+    uint m_tokenId = 0; ///< the notification that `m_token` belongs to
     QString m_token;
 };

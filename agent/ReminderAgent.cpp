@@ -16,8 +16,8 @@ using namespace NotificationRequestFormat;
 
 namespace {
 
-constexpr auto lingerTime = 3s; // whoever started it by way of the bus is about to call
-constexpr auto firstRetry = 1s; // each time that it fails, twice as long is waited
+constexpr auto lingerTime = 3s; // a client that had the bus start the agent is about to call
+constexpr auto firstRetry = 1s; // doubles with each failure
 constexpr auto lastRetry = 60s;
 
 bool isLimit(const std::error_code& error)
@@ -56,7 +56,7 @@ bool ReminderAgent::hasNothingToDo() const
     return m_reminders.isLoaded() && m_reminders.empty() && !m_reminders.hasUnsavedChanges();
 }
 
-/// Reads the file if that has not been done; false when it cannot be.
+/// Reads the file unless that has been done; false when it cannot be read.
 bool ReminderAgent::load()
 {
     if (m_reminders.isLoaded()) {
@@ -66,12 +66,12 @@ bool ReminderAgent::load()
     if (m_loadError) {
         report("The reminders cannot be read", m_loadError);
     } else if (!m_reminders.empty()) {
-        startAtLogin(); // the program may have been moved since
+        startAtLogin(); // the agent may have been moved since the entry was written
     }
     return !m_loadError;
 }
 
-/// As `load`, for a call: it is answered with an error when there is no list to work on.
+/// Does `load` for a call from the bus, and answers it with an error when that fails.
 bool ReminderAgent::canAnswer()
 {
     const bool wasLoaded = m_reminders.isLoaded();
@@ -109,7 +109,7 @@ void ReminderAgent::tryAgain()
     update();
 }
 
-/// Writes a failure to the log, once until there is another one or it is over.
+/// Logs a failure, but not again until there is a different one or it is over.
 void ReminderAgent::report(const char* failure, const std::error_code& error)
 {
     const QString line = QString::fromUtf8(failure) + QStringLiteral(": ") + QString::fromStdString(error.message());
@@ -125,7 +125,7 @@ void ReminderAgent::AddRequest(const QByteArray& request)
     if (!isTooLarge && (parsed = requestFromBytes(request))) {
         const std::optional<QByteArray> written = bytesOf(*parsed);
         isTooLarge = !written;
-        parsed = written ? requestFromBytes(*written) : std::nullopt; // as it will be read back
+        parsed = written ? requestFromBytes(*written) : std::nullopt; // as it will be read from the file
     }
     if (isTooLarge) {
         sendErrorReply(QDBusError::LimitsExceeded, QStringLiteral("The request is too large"));
@@ -224,7 +224,7 @@ void ReminderAgent::show(const QString& identifier)
 void ReminderAgent::shown(const QString& identifier, const std::optional<NotificationDaemon::Shown>& result)
 {
     const auto notification = m_notifications.find(identifier);
-    if (notification == m_notifications.end()) { // taken back meanwhile
+    if (notification == m_notifications.end()) { // withdrawn meanwhile
         if (result) {
             m_daemon.close(result->notification.id);
         }
@@ -239,18 +239,18 @@ void ReminderAgent::shown(const QString& identifier, const std::optional<Notific
         takeNumberFromOthers(identifier, notification->id);
     }
     if (result && !notification->upToDate) {
-        m_reminders.setFormerNotification(identifier, result->notification); // it was delivered anew meanwhile
+        m_reminders.setFormerNotification(identifier, result->notification); // it was delivered again meanwhile
     } else if (result) {
         m_reminders.setNotification(identifier, result->notification);
         if (!result->clickable) {
-            m_reminders.removeDelivered({identifier}); // nothing more will be heard of it
+            m_reminders.removeDelivered({identifier}); // the daemon will not report a click
             m_notifications.erase(notification);
         }
     }
     update();
 }
 
-/// A number stands for the notification that was shown under it last.
+/// A number means the notification that was last shown under it.
 void ReminderAgent::takeNumberFromOthers(const QString& identifier, uint id)
 {
     for (auto other = m_notifications.begin(); other != m_notifications.end(); ++other) {
@@ -271,7 +271,7 @@ void ReminderAgent::clicked(uint id, const QString& activationToken)
     const QString& identifier = *shownOne;
     m_notifications[identifier].clicked = true;
     const std::optional<QByteArray> request = bytesOf(reminder->request);
-    // Only a file that others wrote holds one that is too large; the program comes without it.
+    // Only a file that another program wrote can have one that is too large; the program is brought up without it.
     const QDBusMessage message = request ? ApplicationMessages::showReminder(*request, activationToken)
                                          : ApplicationMessages::activate(activationToken);
     m_program.call(
@@ -279,11 +279,11 @@ void ReminderAgent::clicked(uint id, const QString& activationToken)
         [this, identifier](const QDBusMessage& reply) {
             const auto notification = m_notifications.find(identifier);
             if (notification == m_notifications.end() || !notification->clicked) {
-                return; // taken back or replaced meanwhile
+                return; // withdrawn or replaced meanwhile
             }
             if (reply.type() == QDBusMessage::ReplyMessage) {
                 dismiss({identifier});
-            } else { // the program was not there to take it, so it is there to be clicked again
+            } else { // the program did not take it, so show it again
                 notification->clicked = false;
                 notification->upToDate = false;
             }
@@ -301,7 +301,7 @@ void ReminderAgent::closed(uint id, NotificationDaemon::Closing closing)
     Notification& notification = m_notifications[*identifier];
     notification.id = 0;
     if (notification.beingShown) {
-        m_reminders.setFormerNotification(*identifier, {}); // what is on its way has not been seen yet
+        m_reminders.setFormerNotification(*identifier, {}); // the one on its way has not been seen yet
         return;
     }
     m_reminders.setNotification(*identifier, {});
@@ -321,7 +321,7 @@ void ReminderAgent::daemonGone()
 void ReminderAgent::daemonAppeared()
 {
     for (Notification& notification : m_notifications) {
-        if (notification.beingShown) { // the bus may have started this daemon to show it
+        if (notification.beingShown) { // the bus may have started this daemon for it
             notification.retryIfRefused = true;
         } else {
             notification.upToDate = false;

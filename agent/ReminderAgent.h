@@ -14,48 +14,48 @@
 #include <QObject>
 #include <QTimer>
 
-/// Keeps the user's reminders and delivers each at its moment. What it offers on the bus are its public slots; a
-/// request goes over the bus as the property list of NotificationRequestFormat.h.
+/// Keeps the user's reminders and delivers each at its moment. The public slots are its interface on the bus, where a
+/// request has the form of NotificationRequestFormat.h.
 ///
-/// D-Bus carries arrays of up to 64 MiB and messages of up to 128 MiB; a bus daemon whose configuration names no limit
-/// takes messages of up to 32 MiB. One request is of 16 MiB at the most, all of them together are of 30 MiB in the file
-/// and of 1,000 in number (see ReminderList.h), and each by itself is a quarter of a kilobyte longer: every reply is
-/// below `largestReply`. A list from before these limits may be above it; then the answer is an error.
+/// D-Bus allows arrays of up to 64 MiB and messages of up to 128 MiB; a bus daemon without a configured limit allows
+/// messages of up to 32 MiB. A request has at most 16 MiB; all of them together have at most 30 MiB in the file and
+/// number at most 1,000 (see ReminderList.h); and each is a quarter of a kilobyte longer as a property list of its own.
+/// So every reply stays below `largestReply`. A list from before these limits may exceed it; then the answer is an
+/// error.
 ///
-/// While its file cannot be read the agent answers every call with an error and leaves the file alone. It tries again
-/// with each call and from time to time; so it does when a change could not be written.
+/// While its file cannot be read, the agent answers every call with an error and leaves the file alone. It tries again
+/// with each call and from time to time, and does the same after a change that could not be written.
 ///
-/// A delivered reminder stays until it is clicked, dismissed or taken back. Until then it is shown again, without
-/// a sound, when the daemon that showed it is gone and another one comes, after a restart of the machine too. So is one
-/// that the daemon let go by itself. After a crash of the agent it takes the place of the notification that still
-/// stands.
+/// A delivered reminder stays until it is clicked, dismissed or withdrawn. Until then it is shown again, silently, when
+/// another daemon replaces the one that showed it, also after a restart of the machine, and when the daemon removed it
+/// on its own. After a crash of the agent it replaces the notification that is still on the screen.
 class ReminderAgent : public QObject, protected QDBusContext {
     Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "app.velumora.ReminderAgent1") // the generator of such code knows no names
+    Q_CLASSINFO("D-Bus Interface", "app.velumora.ReminderAgent1") // the moc cannot use a constant here
 
 public:
     static constexpr qsizetype largestReply = qsizetype{31} << 20; ///< bytes
 
     ReminderAgent(const QDBusConnection& bus, const std::filesystem::path& file, AutostartEntry autostart);
 
-    /// Reads the file, which from then on nobody else may write; delivers what is due, then waits.
+    /// Reads the file, which nobody else may write from then on; delivers what is due, then waits.
     void begin();
 
-    /// There is no reminder, and that is known and on the disk.
+    /// Whether there is certainly no reminder, in memory or on the disk.
     bool hasNothingToDo() const;
 
-    /// Answers once the request is on the disk and the agent is sure to be started at login; else with an error, that
-    /// of LimitsExceeded for a request that is too large or would make the list so.
+    /// Answers once the request is on the disk and the agent is certain to be started at login, else with an error:
+    /// LimitsExceeded for a request that is too large or would make the list too large.
     Q_SLOT void AddRequest(const QByteArray& request);
 
     Q_SLOT QByteArrayList PendingRequests();
     Q_SLOT QByteArrayList DeliveredRequests();
 
-    /// Takes delivered reminders from the screen. Pending ones stay.
+    /// Removes delivered reminders from the list and the screen. Pending ones stay.
     Q_SLOT void RemoveDelivered(const QStringList& identifiers);
 
 Q_SIGNALS:
-    /// There has been nothing to do for a moment.
+    /// There has been nothing to do for a few seconds.
     void finished();
 
 private:
@@ -63,9 +63,9 @@ private:
     struct Notification {
         uint id = 0; ///< 0 while the daemon shows none
         bool beingShown = false;
-        bool upToDate = false;       ///< the daemon shows it as it is, has refused it, or is about to answer
-        bool retryIfRefused = false; ///< a daemon has come since it was sent
-        bool clicked = false;        ///< the program is being told
+        bool upToDate = false;       ///< the daemon shows the present delivery, refused it, or is about to answer
+        bool retryIfRefused = false; ///< a daemon has appeared since it was sent
+        bool clicked = false;        ///< the program is being notified
     };
 
     bool load();
@@ -84,7 +84,7 @@ private:
     void daemonAppeared();
     void dismiss(const QStringList& identifiers);
 
-    /// The identifier of the reminder that the daemon shows under that number; nullopt when it is none of the agent's.
+    /// The identifier of the reminder that the daemon shows under that number; nullopt when it is not the agent's.
     std::optional<QString> identifierOf(uint id) const;
     QByteArrayList requests(Reminder::State state);
 
@@ -93,10 +93,10 @@ private:
     NotificationDaemon m_daemon;
     StartedService m_program;
     DueTimer m_due;
-    QTimer m_linger;                              ///< runs only when there is nothing to do
-    QTimer m_retry;                               ///< runs only while something that failed is to be done
-    std::error_code m_loadError;                  ///< of the last try
+    QTimer m_linger;                              ///< runs only while there is nothing to do
+    QTimer m_retry;                               ///< runs only while something that failed has to be repeated
+    std::error_code m_loadError;                  ///< of the last attempt
     bool m_isStartedAtLogin = true;               ///< false when the entry is needed and could not be written
-    QString m_reported;                           ///< the failure that was written to the log last
-    QHash<QString, Notification> m_notifications; ///< by identifier, of delivered reminders only
+    QString m_reported;                           ///< the failure that was logged last
+    QHash<QString, Notification> m_notifications; ///< by identifier; of delivered reminders only
 };

@@ -43,17 +43,17 @@ int main(int argc, char** argv)
     bus.registerObject(AgentMessages::path(), &agent, QDBusConnection::ExportAllSlots);
     const QString service = AgentMessages::service();
     if (!bus.registerService(service)) {
-        return EXIT_SUCCESS; // another one is at work
+        return EXIT_SUCCESS; // another agent is running
     }
     bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"), QStringLiteral("org.freedesktop.DBus.Local"),
                 QStringLiteral("Disconnected"), &application, SLOT(quit()));
     QObject::connect(&agent, &ReminderAgent::finished, &application, [&] {
         bus.unregisterService(service);
-        QCoreApplication::processEvents(); // what was sent to the name until now
+        QCoreApplication::processEvents(); // calls sent to the name until now
         if (agent.hasNothingToDo() || !bus.registerService(service)) {
             QCoreApplication::quit();
         }
     });
-    agent.begin(); // now that the name is this one's, and the file with it; calls wait for the event loop
+    agent.begin(); // only now that it owns the name, and with it the file; calls wait for the event loop
     return QCoreApplication::exec();
 }

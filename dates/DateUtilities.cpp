@@ -12,7 +12,7 @@
 
 namespace {
 
-// Creating a calendar takes less than a microsecond, so nothing is gained by keeping one.
+/// Creating a calendar takes less than a microsecond, so nothing is gained by keeping one.
 std::unique_ptr<icu::Calendar> currentCalendar()
 {
     UErrorCode status = U_ZERO_ERROR;

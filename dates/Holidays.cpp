@@ -11,10 +11,10 @@
 namespace {
 
 // Weekdays as DateUtilities::dayNumberFromName counts them.
-constexpr int Sunday = 0;
-constexpr int Monday = 1;
-constexpr int Thursday = 4;
-constexpr int Friday = 5;
+constexpr int sunday = 0;
+constexpr int monday = 1;
+constexpr int thursday = 4;
+constexpr int friday = 5;
 
 int presentYear()
 {
@@ -70,7 +70,7 @@ int paschalFullMoon(int century, int yearOfMoonCycle)
 
 using HolidayRule = Date (*)();
 
-constexpr std::array<HolidayRule, Holidays::count> Rules = {
+constexpr std::array<HolidayRule, Holidays::count> rules = {
     DateUtilities::janFirstThisYear,
     Holidays::presidentsDay,
     Holidays::dstStart,
@@ -91,12 +91,12 @@ constexpr std::array<HolidayRule, Holidays::count> Rules = {
 
 Date Holidays::presidentsDay()
 {
-    return fromAnchor(2, 1, [](int weekday) { return weekday == Monday ? 14 : 22 - weekday; });
+    return fromAnchor(2, 1, [](int weekday) { return weekday == monday ? 14 : 22 - weekday; });
 }
 
 Date Holidays::dstStart()
 {
-    return fromAnchor(3, 1, [](int weekday) { return weekday == Sunday ? 7 : 14 - weekday; });
+    return fromAnchor(3, 1, [](int weekday) { return weekday == sunday ? 7 : 14 - weekday; });
 }
 
 Date Holidays::easterDay()
@@ -108,17 +108,17 @@ Date Holidays::easterDay()
 
 Date Holidays::memorialDay()
 {
-    return fromAnchor(5, 31, [](int weekday) { return weekday == Sunday ? -6 : 1 - weekday; });
+    return fromAnchor(5, 31, [](int weekday) { return weekday == sunday ? -6 : 1 - weekday; });
 }
 
 Date Holidays::mothersDay()
 {
-    return fromAnchor(5, 1, [](int weekday) { return weekday == Sunday ? 7 : 14 - weekday; });
+    return fromAnchor(5, 1, [](int weekday) { return weekday == sunday ? 7 : 14 - weekday; });
 }
 
 Date Holidays::fathersDay()
 {
-    return fromAnchor(6, 1, [](int weekday) { return weekday == Sunday ? 14 : 21 - weekday; });
+    return fromAnchor(6, 1, [](int weekday) { return weekday == sunday ? 14 : 21 - weekday; });
 }
 
 Date Holidays::indepenDay()
@@ -128,12 +128,12 @@ Date Holidays::indepenDay()
 
 Date Holidays::laborDay()
 {
-    return fromAnchor(9, 1, [](int weekday) { return weekday <= Monday ? 1 - weekday : 8 - weekday; });
+    return fromAnchor(9, 1, [](int weekday) { return weekday <= monday ? 1 - weekday : 8 - weekday; });
 }
 
 Date Holidays::dstEnd()
 {
-    return fromAnchor(11, 1, [](int weekday) { return weekday == Sunday ? 0 : 7 - weekday; });
+    return fromAnchor(11, 1, [](int weekday) { return weekday == sunday ? 0 : 7 - weekday; });
 }
 
 Date Holidays::veteransDay()
@@ -144,10 +144,10 @@ Date Holidays::veteransDay()
 Date Holidays::thanksGiving()
 {
     return fromAnchor(11, 1, [](int weekday) {
-        if (weekday <= Thursday) {
+        if (weekday <= thursday) {
             return 25 - weekday;
         }
-        return weekday == Friday ? 27 : 26;
+        return weekday == friday ? 27 : 26;
     });
 }
 
@@ -164,14 +164,14 @@ Date Holidays::xmas()
 Date Holidays::dateOfHoliday(int index)
 {
     Q_ASSERT(index >= 0 && index < count);
-    return Rules.at(static_cast<std::size_t>(index))();
+    return rules.at(static_cast<std::size_t>(index))();
 }
 
 // First the full moon from the 19-year cycle of the moon, then the Sunday after it from the weekday shifts of the
 // moon's day, the century and the year within the century.
 Holidays::MonthAndDay Holidays::easterSunday(std::int16_t year)
 {
-    constexpr int DaysInMarch = 31;
+    constexpr int daysInMarch = 31;
     const int century = year / 100;
     const int yearOfCentury = year % 100;
 
@@ -190,5 +190,5 @@ Holidays::MonthAndDay Holidays::easterSunday(std::int16_t year)
     const int daysToSunday = (20 - moonShift - centuryShift - yearShift) % 7 + 1;
 
     const int dayOfMarch = fullMoon + daysToSunday;
-    return dayOfMarch <= DaysInMarch ? MonthAndDay{3, dayOfMarch} : MonthAndDay{4, dayOfMarch - DaysInMarch};
+    return dayOfMarch <= daysInMarch ? MonthAndDay{3, dayOfMarch} : MonthAndDay{4, dayOfMarch - daysInMarch};
 }

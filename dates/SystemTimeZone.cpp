@@ -19,9 +19,9 @@ namespace {
 
 // The table of changes ends here. Every 400 years the Gregorian calendar, and with it a zone's rules, repeats to the
 // weekday, so a later moment is looked up that many years earlier.
-constexpr int LastListedYear = 2450;
-constexpr double CycleMillis = 146097.0 * 24 * 60 * 60 * 1000;
-constexpr int FirstListedYear = 1800;
+constexpr int lastListedYear = 2450;
+constexpr double cycleMillis = 146097.0 * 24 * 60 * 60 * 1000;
+constexpr int firstListedYear = 1800;
 
 /// From `at` (UTC) on, local time is UTC + `raw` + `dst`; offsets in milliseconds.
 struct Change {
@@ -42,8 +42,8 @@ UDate utcYear(int year)
 
 UDate withinTable(UDate moment)
 {
-    static const UDate end = utcYear(LastListedYear);
-    return moment < end ? moment : moment - CycleMillis * (std::floor((moment - end) / CycleMillis) + 1);
+    static const UDate end = utcYear(lastListedYear);
+    return moment < end ? moment : moment - cycleMillis * (std::floor((moment - end) / cycleMillis) + 1);
 }
 
 void append(Changes& changes, const QTimeZone::OffsetDataList& list)
@@ -57,8 +57,8 @@ void append(Changes& changes, const QTimeZone::OffsetDataList& list)
 
 Changes listedChanges(const QTimeZone& zone)
 {
-    const QDateTime first(QDate(FirstListedYear, 1, 1), QTime(0, 0), Qt::UTC);
-    const QDateTime end(QDate(LastListedYear, 1, 1), QTime(0, 0), Qt::UTC);
+    const QDateTime first(QDate(firstListedYear, 1, 1), QTime(0, 0), Qt::UTC);
+    const QDateTime end(QDate(lastListedYear, 1, 1), QTime(0, 0), Qt::UTC);
     Changes changes{{-std::numeric_limits<UDate>::infinity(), zone.offsetFromUtc(first) * U_MILLIS_PER_SECOND, 0}};
     // Qt stops where the changes that tzdata lists one by one end; those that follow from its rule come when asked for
     // again from there.
@@ -167,7 +167,7 @@ int32_t SystemTimeZone::getOffset(uint8_t era, int32_t year, int32_t month, int3
 }
 
 // Around a change, local times between the change's two readings occur twice or never. The former offset holds up to
-// the later of the two readings, the latter offset from the earlier one.
+/// the later of the two readings, the latter offset from the earlier one.
 void SystemTimeZone::getOffsetFromLocal(UDate date, UTimeZoneLocalOption nonExistingTimeOpt,
                                         UTimeZoneLocalOption duplicatedTimeOpt, int32_t& rawOffset, int32_t& dstOffset,
                                         UErrorCode&) const
@@ -187,10 +187,10 @@ void SystemTimeZone::getOffsetFromLocal(UDate date, UTimeZoneLocalOption nonExis
 
 UBool SystemTimeZone::useDaylightTime() const
 {
-    constexpr UDate YearMillis = 366.0 * U_MILLIS_PER_DAY;
+    constexpr UDate yearMillis = 366.0 * U_MILLIS_PER_DAY;
     const UDate now = icu::Calendar::getNow();
     return static_cast<UBool>(std::any_of(m_changes->begin() + 1, m_changes->end(), [now](const Change& change) {
-        return change.dst != 0 && change.at > now - YearMillis && change.at < now + YearMillis;
+        return change.dst != 0 && change.at > now - yearMillis && change.at < now + yearMillis;
     }));
 }
 

@@ -13,7 +13,7 @@
 /// The two lists of the window.
 enum class ListKind : std::uint8_t { Notes, ImportantDates };
 
-/// Where the records of a list have their date and their text.
+/// The keys of date and text in the records of a list.
 struct RecordKeys {
     std::string_view date;
     std::string_view text;
@@ -24,21 +24,21 @@ constexpr RecordKeys recordKeys(ListKind list)
     return list == ListKind::Notes ? RecordKeys{NoteDateKey, NoteDataKey} : RecordKeys{EventDateKey, EventNameKey};
 }
 
-/// The element in a row of a list, seen through to the record inside it. Where there is no such row, or no record in
-/// it, every question has an empty answer. It lives as long as the table is not changed.
+/// The element in a row of a list, and the record inside it. Where there is no such row, or no record in it, every
+/// answer is empty. Valid until the table changes.
 class ListRow {
 public:
     ListRow() = default;
     ListRow(const Value& element, ListKind list);
 
     explicit operator bool() const { return m_element != nullptr; }
-    const Value* element() const { return m_element; } ///< null where there is no such row
+    const Value* element() const { return m_element; } ///< null when there is no such row
     const Value* record() const { return m_record; }
     std::optional<Date> date() const;
     const std::string* text() const;
-    std::optional<DatedText> datedText() const; ///< nullopt unless it has both
+    std::optional<DatedText> datedText() const; ///< nullopt unless both are there
 
-    /// What a reminder leaves whose note is gone.
+    /// Whether it is an empty list, which a reminder whose note is gone leaves behind.
     bool isEmptyList() const;
 
 private:

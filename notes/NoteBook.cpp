@@ -11,8 +11,8 @@ namespace {
 
 const Table noTable;
 
-/// `element`, in which there is a record, with `text` under `key`: in itself or in the first record of a list that
-/// stands in its place.
+/// `element` with `text` under `key`, in the element itself or, if it is a list, in the first record inside. There must
+/// be a record.
 Value withEditedText(const Value& element, std::string_view key, const std::string& text)
 {
     if (const Array* list = element.array()) {
@@ -202,7 +202,7 @@ NoteBook::FinishedEdit NoteBook::finishEdit(int row, bool isEdited)
         return {};
     }
     if (before) {
-        forgetLinesIn(*before, note->date); // the text as it is now is what the user wants
+        forgetLinesIn(*before, note->date); // the edited text is what the user wants
     }
     FinishedEdit edit;
     edit.wasChanged = before.has_value();
@@ -214,7 +214,7 @@ NoteBook::FinishedEdit NoteBook::finishEdit(int row, bool isEdited)
     }
     edit.replaced = noteText(allNotes->at(index));
     if (!before || edit.replaced == note->text) {
-        return edit; // a look at a row that shows another text than the saved one does not save it
+        return edit; // visiting a row whose text differs from the saved one does not save it
     }
     (*allNotes)[index] = *shown.record();
     edit.outcome = Outcome::Replaced;
@@ -299,7 +299,7 @@ bool NoteBook::addLine(Date date, const std::string& line)
     if (!shownNotes) {
         return false;
     }
-    listSavedNote(date); // else an edit of the line alone would replace a note that is not shown
+    listSavedNote(date); // or else editing the line alone would replace a note that is not shown
     NoteQueries::addLineToNote(*shownNotes, date, line);
     if (!allNotes) {
         return false;
@@ -308,7 +308,7 @@ bool NoteBook::addLine(Date date, const std::string& line)
     return true;
 }
 
-/// Puts the saved note of that date, if there is one, at the end of a list that does not show it.
+/// Appends the saved note of that date, if there is one, to the list unless it shows that date.
 void NoteBook::listSavedNote(Date date)
 {
     const std::int64_t saved = NoteQueries::doesTVDataHaveDate(notes(), date);
@@ -360,14 +360,14 @@ std::vector<Date> NoteBook::takeInLines()
     return days;
 }
 
-/// The note of that date is gone, and its lines with it.
+/// Drops the lines of a note that is gone.
 void NoteBook::forgetLines(Date date)
 {
     m_waitingLines.removeIf([date](const Value& line) { return dayOf(line) == date; });
 }
 
-/// What the user made of `text`, the note of that date, is saved. A line that is not in the text was out of sight: it
-/// goes on waiting.
+/// Drops the lines that `text`, the note of that date when its edit began, contains: the edited text is saved instead.
+/// Lines not in `text` were out of sight and go on waiting.
 void NoteBook::forgetLinesIn(const std::string& text, Date date)
 {
     m_waitingLines.removeIf([date, &text](const Value& line) {

@@ -11,130 +11,130 @@
 #include <string>
 #include <vector>
 
-/// What `table` holds, nothing when it is nullopt.
+/// The elements of `table`; none for nullopt.
 const Table& elementsOf(const std::optional<Table>& table);
 
-/// The notes and the important dates as the program holds them, and what happens to them. Nothing here is shown, and
-/// nothing is saved: an operation changes the tables and tells what became of them.
+/// The notes and the important dates in memory, and the operations on them. Nothing is shown or saved here: an
+/// operation changes the tables and returns what happened to them.
 ///
-/// Rows count from 0; a row that does not exist is left alone. The text of a note is edited in its row, and only when
-/// the edit ends does it become that of the saved note.
+/// Rows count from 0; operations on a row that does not exist do nothing. A note's text is edited in its row, and
+/// replaces that of the saved note only when the edit ends.
 class NoteBook {
 public:
-    /// Every note in file order; the rows of the notes list; every important date. A table is nullopt when its file
-    /// could not be read: it answers every question as an empty one does and takes nothing.
+    /// Every note, in file order; the rows of the notes list; every important date. A table is nullopt when its file
+    /// could not be read: it then behaves like an empty one and accepts nothing.
     std::optional<Table> allNotes = Table();
     std::optional<Table> shownNotes = Table();
     std::optional<Table> importantDates = Table();
 
     // --- What there is -----------------------------------------------------------------------------------------------
 
-    const Table& notes() const;             ///< every note, none when they could not be read
-    const Table& rows(ListKind list) const; ///< those of a list
+    const Table& notes() const;             ///< every note; none when they could not be read
+    const Table& rows(ListKind list) const; ///< the rows of a list
     std::optional<Table>& table(ListKind list);
     ListRow row(ListKind list, int row) const;
 
-    /// Whether a text that is typed into that row has a place to go: a row without a record, or a note without a day,
-    /// would lose it.
+    /// Whether text typed into that row would be kept. A row without a record, or a note without a date, would lose it.
     bool takesText(ListKind list, int row) const;
 
-    /// Another one whenever other rows, or the same elsewhere, stand in the notes list.
+    /// Changes whenever the notes list gets other rows or another order.
     int rowsGeneration() const { return m_rowsGeneration; }
 
     // --- Which notes are shown ---------------------------------------------------------------------------------------
 
-    /// The notes list shows what is chosen, in its order.
+    /// Makes the notes list show what `choice` chooses, in its order.
     void choose(NotesChoice choice);
 
-    /// The same, unless nothing is chosen by it: then nothing changes, and the answer is false.
+    /// The same, but changes nothing and returns false when nothing is chosen.
     bool chooseIfAny(const NotesChoice& choice);
 
-    /// The notes list shows `rows` alone; a note that comes later is not among them.
+    /// Makes the notes list show `rows` alone; notes that come later are not added.
     void showOnly(Table rows);
 
     struct ShownNote {
         int row = 0;
-        bool isNew = false; ///< it has come between the others
+        bool isNew = false; ///< the row was inserted
     };
 
-    /// The list shows the very record that is saved, where it shows that day or should; nullopt where it does neither.
+    /// Makes the list show the saved record of that date, if it shows the date already or its choice includes it; else
+    /// returns nullopt.
     std::optional<ShownNote> showSaved(Date date);
 
-    /// Sorts the rows of a list. Gives the row where what stood in `selectedRow` stands now, -1 when there was none.
+    /// Sorts the rows of a list. Returns the new row of the element in `selectedRow`, -1 when there was none.
     int sort(ListKind list, const std::vector<SortDescriptor>& descriptors, int selectedRow);
 
     struct OpenedDay {
         enum class Rows { AsTheyWere, OneMore, Replaced };
 
-        int row = -1; ///< of the day's note
+        int row = -1; ///< the row of the day's note
         Rows rows = Rows::AsTheyWere;
     };
 
-    /// Brings the note of a day into the list: a saved one with the others of its month, else an empty one at the end.
-    /// nullopt when the list takes none.
+    /// Brings the note of a day into the list: a saved one together with the others of its month, else an empty one at
+    /// the end. nullopt when the list could not be read.
     std::optional<OpenedDay> openDay(Date date);
 
     // --- Editing -----------------------------------------------------------------------------------------------------
 
-    /// False where there is no record whose text it could be.
+    /// Returns false when the row has no record.
     bool changeText(ListKind list, int row, const std::string& text);
     bool changeDate(int row, Date date); ///< of an important date
 
-    /// The text of a note's row was changed since its edit began.
+    /// Whether the text of a note's row has changed since its edit began.
     bool isBeingEdited() const { return m_textBeforeEdit.has_value(); }
 
-    /// From here on it is the saved note that is edited.
+    /// Makes the current edit start over from the saved note.
     void beginEditAnew() { m_textBeforeEdit.reset(); }
 
     struct FinishedEdit {
         enum class Outcome { Nothing, Added, Replaced };
 
         Outcome outcome = Outcome::Nothing;
-        bool wasChanged = false; ///< though perhaps back to what is saved
-        std::string replaced;    ///< the text of the saved note before
-        std::string seen;        ///< the text of the row when its edit began: another one, after an import for example
+        bool wasChanged = false; ///< even if back to the saved text
+        std::string replaced;    ///< the saved note's former text
+        std::string
+            seen; ///< the row's text when its edit began, which differs from `replaced` after an import, for example
     };
 
-    /// The edit of a note's row ends: its text becomes that of the saved note. `isEdited` tells that something was
-    /// typed, even if it is gone again; a day that was only looked at leaves no empty note behind.
+    /// Ends the edit of a note's row: its text becomes that of the saved note. `isEdited` says that something was
+    /// typed, even if it was deleted again; a day that was only looked at leaves no empty note behind.
     FinishedEdit finishEdit(int row, bool isEdited);
 
     // --- Adding and removing -----------------------------------------------------------------------------------------
 
-    /// Appends an important date; gives its row, -1 when the list takes none.
+    /// Appends an important date and returns its row; -1 when the list could not be read.
     int addImportantDate(Date date, std::string description);
 
-    /// Takes the note of that day, and the lines that wait for it, from the notes. Gives its text; nullopt when there
-    /// was none.
+    /// Removes the note of that day, and the lines that wait for it. Returns its text; nullopt when there was none.
     std::optional<std::string> removeNote(Date date);
 
-    /// Takes every row equal to `element` from a list. Gives the row that stands where `row` stood.
+    /// Removes every row equal to `element` from a list. Returns where the row at `row`, or the one after it, is now.
     int removeRows(ListKind list, const Value& element, int row);
 
-    /// Takes in what an earlier run left unsaved. The list shows the days that it shows already, and those of the month
-    /// of `today`, or all of them.
+    /// Restores the notes that an earlier run left unsaved. The list shows those of the days that it shows already and
+    /// of the month of `today`, or all of them.
     void takeInDraftNotes(const Draft& draft, bool showsAll, Date today);
     void takeInDraftDates(const Draft& draft);
 
     // --- Lines added to notes ----------------------------------------------------------------------------------------
 
-    /// Adds a line to the note of that day at once.
+    /// Adds a line to the saved note of that day at once.
     void addSavedLine(Date date, const std::string& line);
 
-    /// Adds a line to the shown note of that day alone, where it waits to be taken in; false when no save could take it
-    /// in.
+    /// Adds a line only to the shown note of that day, where it waits for `takeInLines`; false when it could never be
+    /// saved.
     bool addLine(Date date, const std::string& line);
 
     bool hasWaitingLines() const { return !m_waitingLines.isEmpty(); }
 
-    /// The text of the saved note of `edited` with the lines that wait for it; nullopt when none do.
+    /// The text of the saved note of the day of `edited` with the lines that wait for it; nullopt when none do.
     std::optional<std::string> textWithWaitingLines(const DatedText& edited) const;
 
-    /// The waiting lines, each as a note of its day, without those that the edit of `edited` began with: they are part
-    /// of what is typed.
+    /// The waiting lines, each as a note of its day, except those that were in the text when the edit of `edited`
+    /// began: they are part of what is being edited.
     Table linesBeside(const std::optional<DatedText>& edited) const;
 
-    /// The lines go into the notes. Gives the day of each.
+    /// Adds the waiting lines to the saved notes. Returns the day of each.
     std::vector<Date> takeInLines();
 
 private:
@@ -146,9 +146,9 @@ private:
     NotesChoice m_choice = NotesChoice::all();
     int m_rowsGeneration = 0;
 
-    /// Lines added to shown notes, each as a note of its day, until the notes are saved.
+    /// Lines added to shown notes only, each as a note of its day, until `takeInLines`.
     Table m_waitingLines;
 
-    /// The text that the note's row had before it was edited, from the first change on.
+    /// The text of the edited row before the first change; nullopt before that.
     std::optional<std::string> m_textBeforeEdit;
 };

@@ -22,7 +22,7 @@ template <typename Predicate> Table elementsWhere(const Table& table, Predicate 
     return result;
 }
 
-/// The first note of each of `dates`, null where there is none.
+/// The first note of each of `dates`, which ascend; null where there is none.
 std::vector<const Value*> firstNotesOf(const Table& table, std::span<const Date> dates)
 {
     std::vector<const Value*> found(dates.size());
@@ -221,7 +221,7 @@ void NoteQueries::addLineToNote(Table& table, Date date, const std::string& line
 
 void NoteQueries::removeEqual(Table& table, const Value& element)
 {
-    // Copies, for what the references point at can be an element of the table.
+    // A copy, because `element` may be an element of the table.
     const Value removed = element;
     const Value* record = recordOf(removed);
     table.removeIf([&](const Value& other) {

@@ -9,15 +9,15 @@ namespace {
 
 enum class Kind : std::uint8_t { Missing, DateKind, TextKind, OtherKind };
 
-// What one record is sorted by under one descriptor, taken out once. Of two values of one kind the one with the smaller
-// prefix comes first; texts with the same prefix have to be looked at whole.
+/// What one record is sorted by under one descriptor, extracted once. Of two values of one kind the one with the
+/// smaller prefix comes first; texts with equal prefixes are compared as a whole.
 struct SortKey {
     Kind kind = Kind::Missing;
     std::uint64_t prefix = 0;
     std::string_view text;
 };
 
-// A number that grows with the date.
+/// Increases with the date.
 std::uint64_t prefixOf(Date date)
 {
     constexpr std::uint64_t sign = std::uint64_t{1} << 63;
@@ -25,8 +25,8 @@ std::uint64_t prefixOf(Date date)
     return (bits & sign) != 0 ? ~bits : bits | sign;
 }
 
-// UTF-8 sorts as code points do. UTF-16 differs in one thing: what takes two units (lead bytes from F0) comes before
-// U+E000 to U+FFFF (lead bytes EE and EF).
+/// UTF-8 sorts by code point. UTF-16 differs in one respect: characters of two units (lead bytes from F0) come before
+/// U+E000 to U+FFFF (lead bytes EE and EF).
 std::uint8_t utf16Rank(char byte)
 {
     const auto unit = static_cast<std::uint8_t>(byte);
@@ -80,7 +80,7 @@ std::strong_ordering compare(const SortKey& a, const SortKey& b)
     return compareTexts(a.text, b.text);
 }
 
-// The first key stands in the row that is moved about, so that most comparisons look nowhere else.
+/// The first key is stored in the row that is moved while sorting, so that most comparisons need nothing else.
 struct Row {
     SortKey first;
     qsizetype index;

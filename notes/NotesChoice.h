@@ -7,22 +7,22 @@
 #include <functional>
 #include <string>
 
-/// Which notes the list was asked for last, and in which order it shows them: what makes its rows, and what tells
-/// whether a note that comes later belongs to them.
+/// The notes that the list was last asked for and the order in which it shows them: makes its rows, and tells whether
+/// and where a later note belongs among them.
 class NotesChoice {
 public:
     static NotesChoice none();
     static NotesChoice all();
-    static NotesChoice ofMonth(Date date); ///< by date; the others as they stand in the table
+    static NotesChoice ofMonth(Date date); ///< sorted by date; the others keep the table's order
     static NotesChoice ofYear(int year);
     static NotesChoice matching(const std::string& search, const std::string& locale);
 
-    /// The chosen ones of `notes`, in the order of the list.
+    /// Those of `notes` that are chosen, in the order of the list.
     Table of(const Table& notes) const;
 
     bool holds(const Value& note) const { return !m_chosen({note}).isEmpty(); }
 
-    /// Where `note` belongs among `rows`: an index from 0 to their count.
+    /// The index, from 0 to their count, at which `note` belongs among `rows`.
     qsizetype placeAmong(const Table& rows, const Value& note) const;
 
 private:

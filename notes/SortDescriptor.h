@@ -5,7 +5,7 @@
 
 enum class SortOrder { Ascending, Descending };
 
-/// One key to sort records by, and in which direction.
+/// A key to sort records by, and the direction.
 struct SortDescriptor {
     std::string key;
     SortOrder order = SortOrder::Ascending;

@@ -13,15 +13,15 @@ struct Coordinate {
 };
 
 inline constexpr double greatestLatitude = 90;   ///< the poles
-inline constexpr double greatestLongitude = 180; ///< where east meets west
+inline constexpr double greatestLongitude = 180; ///< the meridian opposite Greenwich
 
-/// `degrees` where it is a number from -`greatest` to `greatest`.
+/// `degrees` when it lies between -`greatest` and `greatest`, else nullopt.
 inline std::optional<double> angleWithin(double degrees, double greatest)
 {
     return std::abs(degrees) <= greatest ? std::optional(degrees) : std::nullopt; // false for a NaN as well
 }
 
-/// Nothing for what is no place on the earth.
+/// nullopt for a pair that is not a place on the earth.
 inline std::optional<Coordinate> coordinateFrom(double latitude, double longitude)
 {
     return angleWithin(latitude, greatestLatitude) && angleWithin(longitude, greatestLongitude)

@@ -13,17 +13,17 @@
 
 namespace {
 
-constexpr char16_t MinusSign = u'\u2212';
-constexpr char16_t ArabicDecimalSeparator = u'\u066b';
-constexpr char16_t DegreeSign = u'\u00b0';
+constexpr char16_t minusSign = u'\u2212';
+constexpr char16_t arabicDecimalSeparator = u'\u066b';
+constexpr char16_t degreeSign = u'\u00b0';
 
-/// Marks of the direction of writing stand beside the signs of some locales' numbers.
+/// Some locales put direction marks beside the signs of numbers.
 bool isInvisible(char32_t character)
 {
     return QChar::category(character) == QChar::Other_Format;
 }
 
-/// The character's part in a C number; 0 where it has none.
+/// The character as `std::from_chars` needs it; 0 when it cannot be part of a number.
 char inNumber(char32_t character)
 {
     if (QChar::category(character) == QChar::Number_DecimalDigit) {
@@ -33,11 +33,11 @@ char inNumber(char32_t character)
     case u'+':
     case u'-':
         return static_cast<char>(character);
-    case MinusSign:
+    case minusSign:
         return '-';
     case u'.':
     case u',':
-    case ArabicDecimalSeparator:
+    case arabicDecimalSeparator:
         return '.';
     default:
         return 0;
@@ -54,7 +54,7 @@ QLocale currentLocale()
 std::optional<double> DegreesText::degreesFromText(QStringView text, double limit)
 {
     text = text.trimmed();
-    if (text.endsWith(DegreeSign)) {
+    if (text.endsWith(degreeSign)) {
         text = text.chopped(1).trimmed();
     }
     std::string number;
@@ -62,7 +62,7 @@ std::optional<double> DegreesText::degreesFromText(QStringView text, double limi
         if (isInvisible(character)) {
             continue;
         }
-        number += inNumber(character); // a 0 ends the number before the end of the text
+        number += inNumber(character); // a 0 makes from_chars stop early, which refuses the text
     }
     if (number.starts_with('+') && !number.starts_with("+-")) {
         number.erase(0, 1);
@@ -81,6 +81,6 @@ QString DegreesText::wholeText(double degrees)
 
 QString DegreesText::shortText(double degrees)
 {
-    constexpr int Decimals = 1;
-    return currentLocale().toString(std::round(degrees * 10) / 10 + 0.0, 'f', Decimals); // no negative zero
+    constexpr int decimals = 1;
+    return currentLocale().toString(std::round(degrees * 10) / 10 + 0.0, 'f', decimals); // no negative zero
 }

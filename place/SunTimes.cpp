@@ -15,83 +15,84 @@
 
 namespace {
 
-// Angles are radians. The last bits of the times depend on these very values.
-constexpr double Degree = 0.017453292519943295;
-constexpr double HourAngleUnit = 0.2617993877991494; // an hour of time
-constexpr double FullTurn = 6.283185307179586;
-constexpr double QuarterTurn = 1.5707963267948966; // 06:00 as an angle
-constexpr double ThreeQuarters = 4.71238898038469; // 18:00 as an angle
-constexpr double HalfTurn = 3.141592653589793;
-constexpr double LeapTolerance = 1e-05;
-constexpr double AnomalyRate = 0.017202; // a day
-constexpr double AnomalyOffset = -0.0574039;
-constexpr double LongitudeOffset = 4.93289;
-constexpr double CentreTerm1 = 0.0334405;
-constexpr double CentreTerm2 = 0.000349066;
-constexpr double BoundaryNudge = 4.84814e-06;
-constexpr double AscensionFactor = 0.91746;
-constexpr double DeclinationFactor = 0.39782; // sine of the obliquity of the ecliptic
-constexpr double HorizonCosine = -0.0145439;  // of the zenith angle 90°50′: the sun's upper limb, with refraction
-constexpr double SiderealRate = -0.0172028;   // a day
-constexpr double SiderealOffset = -1.73364;
-constexpr double HoursPerRadian = 3.81972;
+// Angles are in radians. The last bits of the times depend on these exact values.
+constexpr double degree = 0.017453292519943295;
+constexpr double hourAngleUnit = 0.2617993877991494; // an hour of time
+constexpr double fullTurn = 6.283185307179586;
+constexpr double quarterTurn = 1.5707963267948966; // 06:00 as an angle
+constexpr double threeQuarters = 4.71238898038469; // 18:00 as an angle
+constexpr double halfTurn = 3.141592653589793;
+constexpr double leapTolerance = 1e-05;
+constexpr double anomalyRate = 0.017202; // a day
+constexpr double anomalyOffset = -0.0574039;
+constexpr double longitudeOffset = 4.93289;
+constexpr double centreTerm1 = 0.0334405;
+constexpr double centreTerm2 = 0.000349066;
+constexpr double boundaryNudge = 4.84814e-06;
+constexpr double ascensionFactor = 0.91746;
+constexpr double declinationFactor = 0.39782; // sine of the obliquity of the ecliptic
+constexpr double horizonCosine = -0.0145439;  // of the zenith angle 90°50′: the sun's upper limb, with refraction
+constexpr double siderealRate = -0.0172028;   // a day
+constexpr double siderealOffset = -1.73364;
+constexpr double hoursPerRadian = 3.81972;
 
-/// The angle within 0 to a full turn.
+/// The equivalent angle between 0 and a full turn.
 double withinFullTurn(double angle)
 {
-    const double rest = angle - FullTurn * std::nearbyint(angle / FullTurn); // ties to even
-    return rest < 0 ? rest + FullTurn : rest;
+    const double rest = angle - fullTurn * std::nearbyint(angle / fullTurn); // ties to even
+    return rest < 0 ? rest + fullTurn : rest;
 }
 
-/// Known to be a day off from March on; the times have always been shown so.
+/// Known to be a day off from March on; kept, because the times have always been shown so.
 double dayOfYear(double year, double month, double day)
 {
     const double n1 = std::trunc(275 * month / 9);
     const double n2 = std::trunc((month + 9) / 12);
     const double f = std::abs(year * 0.25 - std::trunc(year * 0.25));
-    return f > LeapTolerance ? n1 - n2 + day - 30 : n1 - 2 * n2 + day - 30;
+    return f > leapTolerance ? n1 - n2 + day - 30 : n1 - 2 * n2 + day - 30;
 }
 
 double trueLongitude(double meanAnomaly)
 {
-    const double longitude = withinFullTurn(meanAnomaly + LongitudeOffset + CentreTerm1 * std::sin(meanAnomaly) +
-                                            CentreTerm2 * std::sin(2 * meanAnomaly));
-    const double quadrants = longitude / QuarterTurn;
-    const bool isOnBoundary = !(std::abs(quadrants - std::trunc(quadrants)) > LeapTolerance);
-    return isOnBoundary ? longitude + BoundaryNudge : longitude; // keeps the tangent finite
+    const double longitude = withinFullTurn(meanAnomaly + longitudeOffset + centreTerm1 * std::sin(meanAnomaly) +
+                                            centreTerm2 * std::sin(2 * meanAnomaly));
+    const double quadrants = longitude / quarterTurn;
+    const bool isOnBoundary = !(std::abs(quadrants - std::trunc(quadrants)) > leapTolerance);
+    return isOnBoundary ? longitude + boundaryNudge : longitude; // keeps the tangent finite
 }
 
-/// In the same quadrant as the longitude.
+/// The result lies in the same quadrant as the longitude.
 double rightAscension(double longitude)
 {
-    const double ascension = std::atan(AscensionFactor * std::tan(longitude));
-    if (longitude > ThreeQuarters) {
-        return ascension + FullTurn;
+    const double ascension = std::atan(ascensionFactor * std::tan(longitude));
+    if (longitude > threeQuarters) {
+        return ascension + fullTurn;
     }
-    return longitude > QuarterTurn ? ascension + HalfTurn : ascension;
+    return longitude > quarterTurn ? ascension + halfTurn : ascension;
 }
 
 double cosineOfHourAngle(double longitude, double latitude)
 {
-    const double sine = DeclinationFactor * std::sin(longitude);
+    const double sine = declinationFactor * std::sin(longitude);
     const double declination = std::atan(sine / std::sqrt(1 - sine * sine));
-    return (HorizonCosine - std::sin(declination) * std::sin(latitude)) / (std::cos(latitude) * std::cos(declination));
+    return (horizonCosine - std::sin(declination) * std::sin(latitude)) / (std::cos(latitude) * std::cos(declination));
 }
 
-/// The event's angle on the clock; 0 where the sun does not cross the horizon. All arguments but the day in radians.
+/// The event's time of day as an angle; 0 where the sun does not cross the horizon. All arguments but `day` are in
+/// radians.
 double eventAngle(SunTimes::Event event, double day, double westLongitude, double latitude, double westZone)
 {
-    const double base = event == SunTimes::Event::Sunrise ? QuarterTurn : ThreeQuarters;
-    const double t = day + (westLongitude + base) / FullTurn;
-    const double longitude = trueLongitude(t * AnomalyRate + AnomalyOffset);
+    const double base = event == SunTimes::Event::Sunrise ? quarterTurn : threeQuarters;
+    const double t = day + (westLongitude + base) / fullTurn;
+    const double longitude = trueLongitude(t * anomalyRate + anomalyOffset);
     const std::optional<double> hour = SunTimes::hourAngle(event, cosineOfHourAngle(longitude, latitude));
     if (!hour) {
         return 0.0;
     }
-    return rightAscension(longitude) + *hour + t * SiderealRate + SiderealOffset + westLongitude - westZone;
+    return rightAscension(longitude) + *hour + t * siderealRate + siderealOffset + westLongitude - westZone;
 }
 
-/// A number of today's, in the 16 bits that it has always been handed over in.
+/// A field of the calendar, cut to the 16 bits in which it has always been passed.
 double shortInteger(const icu::Calendar& calendar, UCalendarDateFields which)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -106,7 +107,7 @@ SunTimes::RiseAndSet SunTimes::sunTime(double westLongitude, double latitude, do
     const double number = dayOfYear(year, month, day);
     const auto clockTime = [&](Event event) {
         return angleToClock(
-            eventAngle(event, number, westLongitude * Degree, latitude * Degree, westZoneHours * HourAngleUnit));
+            eventAngle(event, number, westLongitude * degree, latitude * degree, westZoneHours * hourAngleUnit));
     };
     return {clockTime(Event::Sunrise), clockTime(Event::Sunset)};
 }
@@ -116,13 +117,14 @@ std::optional<double> SunTimes::hourAngle(Event event, double cosine)
     if (std::abs(cosine) > 1) {
         return std::nullopt;
     }
-    const double arcsine = std::atan(cosine / std::sqrt(1 - cosine * cosine)); // atan of infinity at 1 and -1
-    return event == Event::Sunrise ? arcsine - QuarterTurn + FullTurn : QuarterTurn - arcsine;
+    const double arcsine =
+        std::atan(cosine / std::sqrt(1 - cosine * cosine)); // 1 and -1 give the arctangent of infinity
+    return event == Event::Sunrise ? arcsine - quarterTurn + fullTurn : quarterTurn - arcsine;
 }
 
 double SunTimes::angleToClock(double angle)
 {
-    const double hours = withinFullTurn(angle) * HoursPerRadian;
+    const double hours = withinFullTurn(angle) * hoursPerRadian;
     const double hour = std::trunc(hours);
     const double exactMinutes = (hours - hour) * 60;
     double minutes = std::trunc(exactMinutes);
@@ -134,13 +136,13 @@ double SunTimes::angleToClock(double angle)
 
 double SunTimes::timeZoneHours()
 {
-    constexpr double SecondsPerHourWest = -3600.0;
+    constexpr double secondsPerHourWest = -3600.0;
     const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createDefault());
     UErrorCode status = U_ZERO_ERROR;
     int32_t raw = 0;
     int32_t dst = 0;
     zone->getOffset(udate(DateEnvironment::now()), static_cast<UBool>(false), raw, dst, status);
-    return static_cast<double>(raw + dst) / U_MILLIS_PER_SECOND / SecondsPerHourWest;
+    return static_cast<double>(raw + dst) / U_MILLIS_PER_SECOND / secondsPerHourWest;
 }
 
 QString SunTimes::clockText(double packedTime, const DateFormatter& timeFormatter)
@@ -151,7 +153,7 @@ QString SunTimes::clockText(double packedTime, const DateFormatter& timeFormatte
     UErrorCode status = U_ZERO_ERROR;
     icu::GregorianCalendar calendar(status);
     calendar.clear();
-    calendar.set(1, UCAL_JANUARY, 1, static_cast<int32_t>(hour), minute); // no zone skips a time of that year
+    calendar.set(1, UCAL_JANUARY, 1, static_cast<int32_t>(hour), minute); // in that year no zone skips a time
     return timeFormatter.stringFromDate(dateFromUDate(calendar.getTime(status)));
 }
 
@@ -162,7 +164,7 @@ std::optional<QString> SunTimes::sunLine(const Coordinate& place, const QString&
         return std::nullopt;
     }
     UErrorCode status = U_ZERO_ERROR;
-    icu::GregorianCalendar today(status); // the method's, whatever calendar the locale keeps
+    icu::GregorianCalendar today(status); // the method needs it, whatever calendar the locale uses
     today.setTime(udate(DateEnvironment::now()), status);
     const RiseAndSet times = sunTime(-place.longitude, place.latitude, timeZoneHours(), shortInteger(today, UCAL_YEAR),
                                      shortInteger(today, UCAL_MONTH) + 1, shortInteger(today, UCAL_DAY_OF_MONTH));

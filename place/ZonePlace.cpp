@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The part of `text` before the first `separator`; `text` becomes what follows it.
+/// Removes the part before the first `separator`, and the separator, from `text`; returns the part.
 std::string_view takeUntil(std::string_view& text, char separator)
 {
     const std::size_t end = std::min(text.find(separator), text.size());
@@ -27,7 +27,7 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-/// Degrees of a sign, `degreeDigits` digits of degrees, two of minutes and two of seconds or none.
+/// The degrees in a text of a sign, `degreeDigits` digits of degrees, two of minutes and optionally two of seconds.
 std::optional<double> angle(std::string_view text, std::size_t degreeDigits)
 {
     const bool isSigned = !text.empty() && (text[0] == '+' || text[0] == '-');
@@ -37,7 +37,7 @@ std::optional<double> angle(std::string_view text, std::size_t degreeDigits)
     const auto number = [&](std::size_t begin, std::size_t digits) {
         int value = 0;
         const std::string_view part = text.substr(std::min(begin, text.size()), digits);
-        std::from_chars(part.data(), part.data() + part.size(), value); // stays 0 where there are no digits
+        std::from_chars(part.data(), part.data() + part.size(), value); // stays 0 without digits
         return value;
     };
     const int degrees = number(1, degreeDigits);
@@ -55,7 +55,7 @@ struct Row {
     Coordinate place;
 };
 
-/// The good rows of a table of places.
+/// The well-formed rows of a table of places.
 std::vector<Row> rowsOf(std::string_view table)
 {
     std::vector<Row> rows;
@@ -86,7 +86,7 @@ std::optional<Coordinate> placeInRows(const ZonePlace::Database& database, std::
     return std::nullopt;
 }
 
-/// The zone that `zone` is another name of, perhaps another name itself; empty when it is none.
+/// The zone that `zone` is an alias of, which may be an alias itself; empty when it is not an alias.
 std::string_view linkTarget(std::string_view rules, std::string_view zone)
 {
     while (!rules.empty()) {
@@ -102,7 +102,7 @@ std::string_view linkTarget(std::string_view rules, std::string_view zone)
     return {};
 }
 
-/// The name that ICU knows the zone by; empty when it does not know it.
+/// ICU's name for the zone; empty when ICU does not know it.
 std::string canonicalName(std::string_view zone)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -114,7 +114,7 @@ std::string canonicalName(std::string_view zone)
     return U_SUCCESS(status) ? canonical.toUTF8String(name) : name;
 }
 
-/// The place of a row whose zone is the same file as `zone`, which a symbolic or a hard link makes it.
+/// The place of a row whose zone file is, through a symbolic or hard link, the same as that of `zone`.
 std::optional<Coordinate> placeOfSameFile(const ZonePlace::Database& database, const std::string& zone,
                                           const std::filesystem::path& folder)
 {
@@ -129,16 +129,16 @@ std::optional<Coordinate> placeOfSameFile(const ZonePlace::Database& database, c
     return std::nullopt;
 }
 
-/// Empty when there is no such plain file, or one of a size that no table has.
+/// The file's bytes; empty when there is no such regular file, or when it is larger than any table can be.
 std::string content(const std::filesystem::path& file)
 {
-    constexpr std::uintmax_t Limit = 4U << 20U; // thirty times the longest one's size
+    constexpr std::uintmax_t limit = 4U << 20U; // thirty times the size of the longest table
     std::error_code error;
     if (!std::filesystem::is_regular_file(file, error)) {
         return {};
     }
     const std::uintmax_t size = std::filesystem::file_size(file, error);
-    if (error || size > Limit) {
+    if (error || size > limit) {
         return {};
     }
     std::string bytes(size, '\0');
@@ -155,31 +155,31 @@ bool ZonePlace::isZoneName(std::string_view zone)
     const auto isPart = [](char c) {
         return isDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == '-' || c == '+';
     };
-    constexpr std::size_t LongestName = 255;
-    return !zone.empty() && zone.size() <= LongestName && zone.front() != '/' && zone.back() != '/' &&
+    constexpr std::size_t longestName = 255;
+    return !zone.empty() && zone.size() <= longestName && zone.front() != '/' && zone.back() != '/' &&
            zone.find("//") == std::string_view::npos &&
            std::ranges::all_of(zone, [&](char c) { return isPart(c) || c == '/'; });
 }
 
 std::optional<Coordinate> ZonePlace::placeFromIso6709(std::string_view text)
 {
-    constexpr std::size_t WithMinutes = std::string_view("+DDMM+DDDMM").size();
-    constexpr std::size_t WithSeconds = std::string_view("+DDMMSS+DDDMMSS").size();
-    if (text.size() != WithMinutes && text.size() != WithSeconds) {
+    constexpr std::size_t withMinutes = std::string_view("+DDMM+DDDMM").size();
+    constexpr std::size_t withSeconds = std::string_view("+DDMMSS+DDDMMSS").size();
+    if (text.size() != withMinutes && text.size() != withSeconds) {
         return std::nullopt;
     }
-    const std::size_t middle = text.size() / 2; // the longitude has a digit more
+    const std::size_t middle = text.size() / 2; // the longitude has one digit more
     const std::optional<double> latitude = angle(text.substr(0, middle), 2);
     const std::optional<double> longitude = angle(text.substr(middle), 3);
     return latitude && longitude ? coordinateFrom(*latitude, *longitude) : std::nullopt;
 }
 
-// The machine's links join zones whose clocks agree, across any border: by them Iceland would be in Abidjan. ICU's
-// names do not, but are not always those of the tables. So ICU is asked first, and the links are followed when that
-// leads nowhere.
+// The database's links join zones whose clocks agree, across borders: by them Iceland would be in Abidjan. ICU's names
+// do not cross borders, but are not always those of the tables. So ICU is asked first, and the links are followed only
+// when that finds nothing.
 std::optional<Coordinate> ZonePlace::placeInDatabase(const Database& database, std::string_view zone)
 {
-    constexpr int MostLinks = 8; // a broken database may link names in a circle
+    constexpr int mostLinks = 8; // a broken database may have links in a circle
     if (!isZoneName(zone)) {
         return std::nullopt;
     }
@@ -189,7 +189,7 @@ std::optional<Coordinate> ZonePlace::placeInDatabase(const Database& database, s
     if (const std::optional<Coordinate> place = placeInRows(database, canonicalName(zone))) {
         return place;
     }
-    for (int links = 0; links < MostLinks && !zone.empty(); ++links) {
+    for (int links = 0; links < mostLinks && !zone.empty(); ++links) {
         zone = linkTarget(database.tzdataZi, zone);
         if (const std::optional<Coordinate> place = placeInRows(database, zone)) {
             return place;

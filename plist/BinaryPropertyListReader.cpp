@@ -11,7 +11,7 @@ namespace PropertyList {
 
 namespace {
 
-/// The numbers at the end of the file that say where everything else is.
+/// The fixed-size end of the file, which says where everything else is.
 struct Trailer {
     static constexpr std::size_t size = 32;
 
@@ -22,15 +22,15 @@ struct Trailer {
     std::uint64_t offsetTable = 0;
 };
 
-/// What one object became.
+/// An object of the file, once it is read.
 struct Object {
     enum class State : std::uint8_t { Unread, BeingRead, Read };
 
     State state = State::Unread;
     Value value{false};
-    int height = 0;             ///< arrays and dictionaries one inside the other, itself counted
-    std::uint64_t written = 0;  ///< about the bytes that it takes in XML, where nothing is shared
-    std::uint64_t elements = 1; ///< the keys and values that it is there
+    int height = 0;             ///< nested arrays and dictionaries, this one included
+    std::uint64_t written = 0;  ///< about its bytes in XML, which shares nothing
+    std::uint64_t elements = 1; ///< keys and values in XML, this one included
 };
 
 constexpr std::size_t markupSize = 32; ///< about the bytes of XML around a value
@@ -53,7 +53,7 @@ private:
     struct Head {
         unsigned kind = 0;        ///< the upper half of the first byte
         unsigned extra = 0;       ///< the lower half
-        std::size_t position = 0; ///< behind the first byte
+        std::size_t position = 0; ///< of the byte after the first
     };
 
     bool readTrailer();
@@ -67,10 +67,10 @@ private:
     std::optional<Value> readReal(std::size_t position, std::size_t width);
     std::optional<Value> readDate(std::size_t position);
     std::optional<Value> readUid(std::size_t position, std::size_t width);
-    /// Whether there may be so many more bytes of memory.
+    /// Counts `count` * `size` bytes of memory; false when they exceed the limit.
     bool take(std::uint64_t count, std::uint64_t size)
     {
-        m_memory += count * size; // counts are no more than the bytes of the file
+        m_memory += count * size; // cannot overflow: no count exceeds the size of the file
         return ListMemory::isAllowed(m_memory, m_bytes.size());
     }
 
@@ -114,8 +114,8 @@ bool Reader::readTrailer()
            m_trailer.objects <= (end - m_trailer.offsetTable) / m_trailer.offsetWidth;
 }
 
-/// The `count` items of `width` bytes at `position`, nullopt when they do not all lie in the file. Objects of an honest
-/// file do not overlap, so all that is claimed is no more than the file; a file whose objects claim more could
+/// The `count` items of `width` bytes at `position`; nullopt when they do not all lie in the file. Objects of an honest
+/// file do not overlap, so their sizes add up to no more than the file; objects that claim more could make the result
 /// grow without bound.
 std::optional<std::string_view> Reader::claim(std::size_t position, std::size_t count, std::size_t width)
 {
@@ -126,8 +126,8 @@ std::optional<std::string_view> Reader::claim(std::size_t position, std::size_t 
     return m_bytes.substr(position, count * width);
 }
 
-/// The object, null when it is broken, nested too deeply or inside itself. It is read once however often it is
-/// referred to, and its limits are kept with it: what it is made of counts again at every reference.
+/// The object; null when it is broken, nested too deeply or nested in itself. It is read once however often it is
+/// referred to, but checked against the limits at each reference, because XML repeats it there.
 const Object* Reader::objectAt(std::uint64_t index, int depth)
 {
     if (index >= m_objects.size()) {
@@ -177,7 +177,7 @@ std::optional<Object> Reader::readObject(std::uint64_t index, int depth)
     }
 }
 
-/// A value that refers to no others.
+/// Reads a value that refers to no others.
 std::optional<Object> Reader::readPlain(const Head& head)
 {
     Head rest = head;
@@ -227,7 +227,7 @@ std::optional<Object> Reader::readPlain(const Head& head)
                  : std::nullopt;
 }
 
-/// The count in the marker, or in the integer behind it.
+/// The count in the marker, or in the integer after it, which is then skipped.
 std::optional<std::size_t> Reader::readCount(Head& head)
 {
     constexpr unsigned countFollows = 0xF;
@@ -292,7 +292,8 @@ std::optional<Object> Reader::readDictionary(std::size_t position, std::size_t c
     return result;
 }
 
-/// Up to four bytes are unsigned, eight are signed, and sixteen are read when their value fits in 64 bits.
+/// Integers of up to four bytes are unsigned and those of eight are signed; one of sixteen is read when its value fits
+/// in 64 bits.
 std::optional<Value> Reader::readInteger(std::size_t position, std::size_t width)
 {
     if (width > 16 || !claim(position, width, 1)) {
@@ -322,7 +323,7 @@ std::optional<Value> Reader::readReal(std::size_t position, std::size_t width)
                             : std::bit_cast<double>(bits));
 }
 
-/// Seconds since the first moment of 2001.
+/// A date is stored as seconds since the start of 2001.
 std::optional<Value> Reader::readDate(std::size_t position)
 {
     if (!claim(position, 8, 1)) {
@@ -333,7 +334,7 @@ std::optional<Value> Reader::readDate(std::size_t position)
     return canBeNamed(date) ? std::optional(Value(date)) : std::nullopt;
 }
 
-/// The form in which XML carries the identifiers of keyed archives.
+/// An identifier of a keyed archive, in the form that it has in XML.
 std::optional<Value> Reader::readUid(std::size_t position, std::size_t width)
 {
     if (width > 8 || !claim(position, width, 1) || !take(1, ListMemory::dictionarySize + sizeof(Dictionary::Entry))) {

@@ -25,7 +25,7 @@ PageMemory::PageMemory(std::size_t size)
     m_size = size;
     if (isLarge) {
         std::align(hugePage, size, mapping, space);
-        (void)::madvise(mapping, space, MADV_HUGEPAGE); // small pages do as well
+        (void)::madvise(mapping, space, MADV_HUGEPAGE); // without huge pages it is merely slower
     }
     m_data = static_cast<char*>(mapping);
 }

@@ -3,16 +3,16 @@
 
 #include <cstddef>
 
-/// Memory straight from the system, zeroed, which goes back to it at once: for what is large and soon thrown away,
-/// such as the bytes of a file: from the heap, those of a lifetime's notes stay with the process (bench/store_bench
-/// counts what is kept, bench/process-figures what the program has in the end). It is in huge pages where the system
-/// gives them, so that touching it costs a page fault for 2 MiB instead of for 4 KiB; what is never touched costs
-/// nothing.
+/// Zeroed memory taken straight from the system and given back to it at once, for what is large and short-lived, such
+/// as the bytes of a file. From the heap, the bytes of a lifetime's notes would stay with the process
+/// (bench/store_bench measures what is kept, bench/process-figures the memory of the running program). Huge pages are
+/// used where the system has them, so that there is one page fault for 2 MiB rather than for 4 KiB. Memory that is
+/// never touched costs nothing.
 class PageMemory {
 public:
     PageMemory() = default;
 
-    /// At least `size` bytes, at an address that suits every type; none when the system has not as many.
+    /// `size` bytes, aligned for every type; none when the system does not have that much.
     explicit PageMemory(std::size_t size);
 
     PageMemory(const PageMemory&) = delete;
@@ -28,6 +28,6 @@ public:
 private:
     void* m_mapping = nullptr;
     std::size_t m_mappingSize = 0;
-    char* m_data = nullptr; ///< in the mapping, where a huge page can begin
+    char* m_data = nullptr; ///< within the mapping, aligned to a huge page if it is large
     std::size_t m_size = 0;
 };

@@ -9,7 +9,7 @@ namespace PropertyList {
 
 namespace {
 
-/// What a binary list shares, XML does not: a list of a few kilobytes can be too large for it.
+/// A binary list can share values, which XML repeats, so that a list of a few kilobytes can be too large for XML.
 bool canBeWritten(const Table& table)
 {
     return !writeXml(table, [](std::string_view) { return std::error_code(); });

@@ -13,40 +13,39 @@
 /// Property lists: XML read and written, binary read.
 namespace PropertyList {
 
-// What both readers allow and the writer writes; anything beyond is bad input, and found before values are made of it.
+// The limits of both readers and of the writer. Input beyond them is rejected before any values are built from it.
 constexpr int maximumDepth = 512;                         ///< nested arrays and dictionaries
 constexpr std::size_t maximumSize = std::size_t{1} << 30; ///< bytes of a file
 
-/// Keys and values: those of a note for each day of a hundred lifetimes of a hundred years.
+/// Keys and values in a list: enough for a note on each day of a hundred lifetimes of a hundred years.
 constexpr std::size_t maximumElements = std::size_t{100} * 36'525 * 5;
 
-/// Bytes of memory that what is read may take for each byte of its file, the file's own beside them. A note of one
-/// letter, in the shortest form that it has, takes less.
+/// Bytes of memory that a list may take for each byte of its file, not counting the file's own bytes. A one-letter
+/// note, written as briefly as possible, takes less.
 constexpr std::size_t memoryPerByte = 3;
 
-/// Bytes of memory that any list may take, however small its file.
+/// Bytes of memory that any list may take in addition, however small its file.
 constexpr std::size_t memoryOfSmallLists = std::size_t{64} << 20;
 
-/// The records of the list that `bytes` hold, in XML or binary form; nullopt when they hold none or its root is no
-/// array.
+/// The records of the list in `bytes`, XML or binary; nullopt when they are not a property list whose root is an array.
 std::optional<Table> readTable(std::string bytes);
 
-/// The same without a copy of them: `bytes` are parsed in place and are of no use afterwards.
+/// The same without a copy: parses `bytes` in place and leaves them useless.
 std::optional<Table> readTableInPlace(std::span<char> bytes);
 
-/// The same; `error` says whether nobody knows what the bytes are, because there was not enough memory, or is cleared.
+/// The same; `error` is set when there was not enough memory to tell what `bytes` are, else cleared.
 std::optional<Table> readTableInPlace(std::span<char> bytes, std::error_code& error);
 
-/// Takes the next piece of what is written; an error ends the writing.
+/// Receives the next piece of the output; returning an error ends the writing.
 using Sink = std::function<std::error_code(std::string_view bytes)>;
 
-/// `table` as an XML property list in UTF-8, handed to `sink` in pieces of a size that suits files, and the error that
-/// the sink gave, if it did; an error, too, where a reader would not take what was written. Reading it gives back an
-/// equal table, but for the fractions of a second of dates (the form has none; they are cut off towards the past) and
-/// for characters that XML 1.0 cannot carry, which are written as U+FFFD.
+/// Writes `table` as an XML property list in UTF-8 to `sink`, in pieces of a size that suits files. Returns the sink's
+/// error, or an error of its own when the readers would reject the output. Reading the output gives an equal table,
+/// except that fractions of a second are cut off dates (towards the past) and characters that XML 1.0 cannot represent
+/// become U+FFFD.
 std::error_code writeXml(const Table& table, const Sink& sink);
 
-/// The same in one text.
+/// The same as one text, cut short where the writing failed.
 std::string writeXml(const Table& table);
 
 } // namespace PropertyList

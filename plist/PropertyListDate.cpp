@@ -22,7 +22,7 @@ constexpr double secondsOf(sys_seconds moment)
     return static_cast<double>(moment.time_since_epoch().count());
 }
 
-/// The number that stands at the front of `text`, in exactly `digits` digits, taken off it together with `separator`.
+/// Removes a number of exactly `digits` digits and the `separator` after it from the front of `text`.
 std::optional<int> takeNumber(std::string_view& text, std::size_t digits, char separator)
 {
     if (text.size() <= digits || text[digits] != separator) {
@@ -56,7 +56,7 @@ std::optional<int> takeYear(std::string_view& text)
     return negative ? -*number : *number;
 }
 
-/// At least `digits` digits, which are no more than five, and the separator.
+/// Appends `number`, which has at most five digits, padded to `digits` digits, and the separator.
 void appendNumber(std::string& text, unsigned number, std::size_t digits, char separator)
 {
     std::array<char, 5> written{};
@@ -93,7 +93,7 @@ std::optional<Date> dateFromText(std::string_view text)
 
 std::string textFromDate(Date date)
 {
-    // A date that is not a number is neither smaller nor larger than anything and would pass through the clamp.
+    // NaN compares false with everything and would pass through the clamp.
     const double seconds = std::isnan(unixSeconds(date)) ? 0 : std::floor(unixSeconds(date));
     const double nameable = std::clamp(seconds, secondsOf(firstNameable), secondsOf(lastNameable));
     const sys_seconds moment(std::chrono::seconds(static_cast<std::int64_t>(nameable)));

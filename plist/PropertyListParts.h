@@ -8,34 +8,34 @@
 #include <string>
 #include <string_view>
 
-/// What the readers and the writer of property lists are made of; only they include this.
+/// Shared by the readers and the writer of property lists; only they include this.
 namespace PropertyList {
 
-/// What an XML property list begins with. The writer's own, and to the byte that of most programs.
+/// The beginning of an XML property list as this program, and most others, write it.
 constexpr std::string_view xmlHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                                      "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
                                      "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
                                      "<plist version=\"1.0\">\n";
 
-/// A part of a list has this many bytes and more: few enough for its nodes to stay in the processor's cache.
+/// The least bytes in a part of a list: few enough for the part's nodes to stay in the processor's cache.
 constexpr std::size_t usualPartSize = std::size_t{256} << 10;
 
-/// The list that the XML text `bytes` holds, nullopt when it is broken. They are parsed in place; the parts that they
-/// are cut into, if they can be, are no smaller than `partSize`.
+/// The list in the XML text `bytes`; nullopt when it is broken. The text is parsed in place, if possible in parts of at
+/// least `partSize` bytes each.
 std::optional<Value> readXml(std::span<char> bytes, std::size_t partSize = usualPartSize);
 
-/// The list that `bytes` hold in binary form, nullopt when it is broken.
+/// The list in the binary form `bytes`; nullopt when it is broken.
 std::optional<Value> readBinary(std::string_view bytes);
 
-/// The instant that 'yyyy-MM-ddTHH:mm:ssZ' names (proleptic Gregorian, UTC), nullopt when the calendar or the clock
-/// has no such moment. A year may have a fifth digit and a minus sign, as far as `std::chrono::year` goes.
+/// The instant that 'yyyy-MM-ddTHH:mm:ssZ' names (proleptic Gregorian, UTC); nullopt when there is no such moment. The
+/// year may have a fifth digit and a minus sign, within the range of `std::chrono::year`.
 std::optional<Date> dateFromText(std::string_view text);
 
-/// `date` in the form above, fractions of a second cut off towards the past. A date beyond what the form can name
-/// becomes the nearest that it can.
+/// `date` in the form above, with fractions of a second cut off towards the past. A date beyond the form's range
+/// becomes the nearest one within it.
 std::string textFromDate(Date date);
 
-/// Whether `textFromDate` names the date and not a nearest one.
+/// Whether `textFromDate` can name the date itself rather than the nearest one.
 bool canBeNamed(Date date);
 
 bool isUtf8(std::string_view bytes);
@@ -44,7 +44,7 @@ enum class ByteOrder { LittleEndian, BigEndian };
 
 struct ConvertedText {
     std::string utf8;
-    bool isWhole = false; ///< false when a half of a surrogate pair or of a code unit became U+FFFD or was left out
+    bool isWhole = false; ///< false when an unpaired surrogate became U+FFFD or an odd last byte was dropped
 };
 
 ConvertedText utf8FromUtf16(std::string_view bytes, ByteOrder order);

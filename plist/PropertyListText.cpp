@@ -12,10 +12,10 @@ namespace PropertyList {
 
 namespace {
 
-constexpr std::size_t reach = 3; ///< bytes before a byte that say what it may be
+constexpr std::size_t reach = 3; ///< how many preceding bytes decide what a byte may be
 
-/// Whether `byte` must not stand behind `before`, which stands behind `second`, which stands behind `third`: Unicode's
-/// table of well-formed sequences, without branches.
+/// Whether `byte` must not follow `before`, which follows `second`, which follows `third`: Unicode's table of
+/// well-formed sequences, without branches.
 constexpr bool isMisplaced(std::uint8_t third, std::uint8_t second, std::uint8_t before, std::uint8_t byte)
 {
     const bool continues = (byte & 0xC0) == 0x80;
@@ -27,7 +27,7 @@ constexpr bool isMisplaced(std::uint8_t third, std::uint8_t second, std::uint8_t
     return (continues != mustContinue) | isNoByte | isTooLong | isSurrogate | isTooLarge;
 }
 
-/// Whether one of the bytes behind the first three is misplaced. Compilers turn the loop into vector instructions.
+/// Whether any byte after the first three is misplaced. Compilers vectorise the loop.
 bool hasMisplaced(std::string_view bytes)
 {
     const auto* const at = reinterpret_cast<const std::uint8_t*>(bytes.data());
@@ -54,7 +54,7 @@ bool isUtf8(std::string_view bytes)
     if (isAscii(bytes)) {
         return true;
     }
-    // The ends are looked at between zeros, which nothing may be continued by.
+    // The first and last bytes are checked again between zeros, which must not be followed by a continuation byte.
     const std::size_t edge = std::min(reach, bytes.size());
     std::array<char, 2 * reach> head{};
     std::array<char, 2 * reach> tail{};
@@ -66,7 +66,8 @@ bool isUtf8(std::string_view bytes)
 
 namespace {
 
-/// Calls `take` with each character of the text; a half of a surrogate pair is U+FFFD. Whether there was none.
+/// Calls `take` with each character of the text, and with U+FFFD for an unpaired surrogate. Returns whether there was
+/// none of these.
 template <typename Take> bool takeCharacters(std::string_view bytes, ByteOrder order, Take take)
 {
     constexpr UChar32 replacementCharacter = 0xFFFD;

@@ -49,13 +49,13 @@ Dictionary::Dictionary(std::initializer_list<Entry> entries) : Dictionary(std::v
 
 namespace {
 
-/// Looking through all keys for each key would let a file of a few megabytes take hours.
+/// Above this, keys are sorted: comparing all keys with each other would let a file of a few megabytes take hours.
 constexpr std::size_t fewEntries = 16;
 
 using Places = std::vector<std::uint32_t>;
 
-/// The places of the entries in the order of their keys, those of one key in their own. (Sorted rather than hashed: a
-/// file can be made of keys that share one hash.)
+/// The indexes of the entries sorted by key, and those of equal keys by index. Sorted rather than hashed because a file
+/// can be crafted so that all keys share one hash.
 Places placesByKey(const std::vector<Dictionary::Entry>& entries)
 {
     Places places(entries.size());
@@ -67,7 +67,7 @@ Places placesByKey(const std::vector<Dictionary::Entry>& entries)
     return places;
 }
 
-/// For each entry the place of the first one with its key.
+/// For each entry, the index of the first one with the same key.
 Places firstPlaces(const std::vector<Dictionary::Entry>& entries)
 {
     const Places places = placesByKey(entries);
@@ -97,7 +97,7 @@ Dictionary::Dictionary(std::vector<Entry> entries) : m_entries(std::move(entries
         } else {
             const std::size_t first = firsts[i];
             place = first == i ? kept : firsts[first];
-            firsts[i] = static_cast<std::uint32_t>(place); // from here on where it stands now
+            firsts[i] = static_cast<std::uint32_t>(place); // for later entries with this key: where it is now
         }
         if (place < kept) {
             m_entries[place].second = std::move(entry.second);

@@ -17,13 +17,13 @@
 class Value;
 class Dictionary;
 
-/// Copies of an array share their elements until one of them is changed, so a snapshot of a table costs nothing.
+/// Copies of an array share their elements until one of them is changed, so a snapshot of a table is free.
 using Array = QList<Value>;
 
 /// A table of records: the root of a notes or events file.
 using Table = Array;
 
-/// An integer of a property list: every value of a signed or an unsigned 64-bit integer.
+/// An integer of a property list, in the range of a signed or an unsigned 64-bit integer.
 struct Integer {
     std::uint64_t magnitude = 0; ///< absolute value
     bool negative = false;       ///< never set with a magnitude of 0
@@ -31,8 +31,8 @@ struct Integer {
     bool operator==(const Integer&) const = default;
 };
 
-/// One immutable property-list value. Copies are cheap and share what they hold; so the same record can stand in two
-/// tables, and a key that this program does not know is written back as it was read.
+/// An immutable property-list value. Copies are cheap and share their content, so a record can be in two tables at
+/// once, and keys that this program does not know are written back as they were read.
 class Value {
 public:
     enum class Type : std::uint8_t {
@@ -60,8 +60,8 @@ public:
 
     Type type() const { return static_cast<Type>(m_value.index()); }
 
-    /// Each accessor gives null when the value is of another type. What it points at lives as long as some copy of
-    /// the value does.
+    /// Each accessor returns null when the value is of another type. The pointer is valid as long as some copy of the
+    /// value exists.
     const bool* boolean() const { return std::get_if<bool>(&m_value); }
     const Integer* integer() const { return std::get_if<Integer>(&m_value); }
     const double* real() const { return std::get_if<double>(&m_value); }
@@ -71,11 +71,11 @@ public:
     const Array* array() const { return shared<Array>(); }
     const Dictionary* dictionary() const { return shared<Dictionary>(); }
 
-    /// Equal in type and content, to any depth. A real that is not a number equals another such, so that what is
-    /// written and read back is equal.
+    /// Equal in type and content, to any depth. NaN equals NaN, so that a table equals itself after writing and
+    /// reading.
     friend bool operator==(const Value& a, const Value& b);
 
-    /// The very same shared text, data, array or dictionary; for the plain types, equality.
+    /// Whether both share one text, data, array or dictionary; for the plain types, equality.
     bool isSameObject(const Value& other) const;
 
 private:
@@ -94,7 +94,7 @@ private:
 // A shared pointer can be moved as bytes, so a growing array need not touch each value.
 Q_DECLARE_TYPEINFO(Value, Q_RELOCATABLE_TYPE);
 
-/// Text keys and values in the order in which they were read or set; a key stands once.
+/// Keys and their values, in the order in which they were read or set. No key occurs twice.
 class Dictionary {
 public:
     using Entry = std::pair<std::string, Value>;
@@ -102,13 +102,13 @@ public:
     Dictionary() = default;
     Dictionary(std::initializer_list<Entry> entries);
 
-    /// The entries in their order; where a key stands more than once, the last value counts, in the first one's place.
+    /// Keeps the order of the entries. Of a repeated key the last value counts, in the place of the first.
     explicit Dictionary(std::vector<Entry> entries);
 
-    /// The value under `key`, null when there is none.
+    /// The value under `key`; null when there is none. Valid until the dictionary changes.
     const Value* find(std::string_view key) const;
 
-    /// Puts `value` under `key`: in place of the one there, else at the end.
+    /// Replaces the value under `key`, or appends it.
     void set(std::string_view key, Value value);
 
     std::size_t size() const { return m_entries.size(); }
@@ -117,7 +117,7 @@ public:
     auto end() const { return m_entries.end(); }
     void reserve(std::size_t entries) { m_entries.reserve(entries); }
 
-    /// The same keys with equal values, in any order.
+    /// Whether both have the same keys with equal values, in any order.
     friend bool operator==(const Dictionary& a, const Dictionary& b);
 
 private:

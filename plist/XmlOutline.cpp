@@ -18,7 +18,7 @@ std::string_view withoutBlanks(std::string_view text)
     return text;
 }
 
-/// Whether the declaration that `text` begins with, if there is one, lets the rest be UTF-8.
+/// Whether the XML declaration of `text`, if it has one, allows the rest to be UTF-8.
 bool declaresUtf8(std::string_view text)
 {
     const std::string_view declaration = text.substr(0, text.find("?>"));
@@ -29,12 +29,12 @@ bool declaresUtf8(std::string_view text)
 }
 
 struct Head {
-    std::size_t root = 0; ///< where the root's tag is
+    std::size_t root = 0; ///< position of the root's tag
     bool isInPlist = false;
 };
 
-/// What stands before an array that is the whole list; nullopt when that is not plain. Whether it is well formed is for
-/// the parser to say.
+/// What precedes the array that is the root; nullopt when it is not in the plain form. Whether it is well formed is
+/// left to the parser.
 std::optional<Head> headOf(std::string_view xml)
 {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
@@ -104,7 +104,7 @@ private:
         return m_memory.isAllowed(m_fileSize, m_isPlain ? ListMemory::Parsing::InParts : ListMemory::Parsing::Whole);
     }
 
-    /// Takes in the tag at `tag` and gives the place of the next one.
+    /// Evaluates the tag at `tag` and returns the position of the next one.
     std::size_t takeTag(std::size_t tag)
     {
         const std::size_t next = std::min(m_xml.find('<', tag + 1), m_xml.size());
@@ -161,18 +161,18 @@ private:
         return c == '>' || c == '/' || c == '<' || xmlBlanks.find(c) != std::string_view::npos;
     }
 
-    /// An element of the root ends at `end`.
+    /// Notes that an element of the root ends at `end`.
     void endElement(std::size_t end)
     {
         ++m_parts.elements;
-        m_memory.endPart(); // many of them together have few nodes
+        m_memory.endPart(); // small elements are joined, but all together have few nodes
         if (end - m_partBegin >= m_partSize) {
             m_parts.ends.push_back(end);
             m_partBegin = end;
         }
     }
 
-    /// The root's end tag is at `tag`; nothing but the end of the list may follow.
+    /// Notes that the root's end tag is at `tag`; only the end of the list may follow.
     void endRoot(std::size_t tag)
     {
         m_parts.ends.push_back(tag);
@@ -189,7 +189,7 @@ private:
         m_isAtEnd = m_isPlain;
     }
 
-    /// Each has a '=' with a quotation mark behind it, perhaps with blanks between. Those in texts count, too.
+    /// Every attribute has a '=' and a quotation mark, perhaps with blanks between. Those inside texts are counted too.
     void countAttributes()
     {
         for (std::size_t at = m_xml.find('='); at != std::string_view::npos; at = m_xml.find('=', at + 1)) {
@@ -203,9 +203,9 @@ private:
     std::string_view m_xml;
     std::size_t m_partSize;
     std::size_t m_fileSize;
-    std::size_t m_root = 0; ///< where its tag is, if the form is plain
+    std::size_t m_root = 0; ///< position of its tag, if the form is plain
     std::size_t m_partBegin = 0;
-    int m_depth = 0;        ///< elements of the root that are open, one inside the other
+    int m_depth = 0;        ///< of open elements within the root
     bool m_isPlain = false; ///< so far
     bool m_isAtEnd = false;
     XmlParts m_parts;

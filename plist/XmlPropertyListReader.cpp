@@ -16,8 +16,8 @@ namespace PropertyList {
 
 namespace {
 
-/// Blank texts are kept, for a note of blanks is a note; ends of lines are not touched, for a carriage return is a
-/// character of the note. Comments, processing instructions and the document type are passed over; entities that the
+/// Blank texts are kept, since a note of blanks is a note, and line ends are left alone, since a carriage return is a
+/// character of the note. Comments, processing instructions and the document type are skipped; entities that the
 /// document type defines are never expanded.
 constexpr unsigned parseOptions = pugi::parse_escapes | pugi::parse_cdata | pugi::parse_embed_pcdata;
 
@@ -35,11 +35,11 @@ std::string_view trimmed(std::string_view text)
 
 std::optional<Value> valueOf(pugi::xml_node element, int depth);
 
-/// All texts and CDATA sections directly inside `element`, as one; nullopt when there is an element among them or they
-/// are not UTF-8. (A reference to half a surrogate pair is not.)
+/// All texts and CDATA sections directly inside `element`, joined; nullopt when there is an element among them or they
+/// are not UTF-8, as with a reference to half a surrogate pair.
 std::optional<std::string> textOf(pugi::xml_node element)
 {
-    std::string text = element.value(); // the first text; what follows it has nodes of its own
+    std::string text = element.value(); // the first text; further ones are nodes
     if (element.first_child()) {
         std::size_t size = text.size();
         for (const pugi::xml_node child : element.children()) {
@@ -56,8 +56,8 @@ std::optional<std::string> textOf(pugi::xml_node element)
     return isUtf8(text) ? std::optional(std::move(text)) : std::nullopt;
 }
 
-/// The first element among `node` and the siblings behind it, a null node when there is none; nullopt when a text
-/// stands before it, which no value could keep.
+/// The first element among `node` and its later siblings, a null node when there is none; nullopt when a text precedes
+/// it, which would be lost.
 std::optional<pugi::xml_node> elementFrom(pugi::xml_node node)
 {
     for (; node; node = node.next_sibling()) {
@@ -71,7 +71,7 @@ std::optional<pugi::xml_node> elementFrom(pugi::xml_node node)
     return node;
 }
 
-/// The same for what stands in `parent`.
+/// The same for the children of `parent`.
 std::optional<pugi::xml_node> firstElementIn(pugi::xml_node parent)
 {
     return isBlank(parent.value()) ? elementFrom(parent.first_child()) : std::nullopt;
@@ -82,7 +82,7 @@ template <typename Plain> std::optional<Value> asValue(std::optional<Plain> plai
     return plain ? std::optional(Value(std::move(*plain))) : std::nullopt;
 }
 
-/// Decimal or, behind 0x, hexadecimal digits with an optional sign, in the range of 64 bits.
+/// An integer of 64 bits: an optional sign and decimal or, after 0x, hexadecimal digits.
 std::optional<Integer> integerFrom(std::string_view text)
 {
     Integer integer;
@@ -123,13 +123,13 @@ std::optional<std::vector<std::byte>> dataFrom(std::string text)
     if (!decoded) {
         return std::nullopt;
     }
-    text = std::string(); // which may be large
+    text = std::string(); // it may be large, and is no longer needed
     const QByteArray& data = decoded.decoded;
     const auto bytes = std::as_bytes(std::span(data.constData(), static_cast<std::size_t>(data.size())));
     return std::vector<std::byte>(bytes.begin(), bytes.end());
 }
 
-/// The elements in `parent`, so that there is memory for exactly as many.
+/// The number of elements in `parent`, for reserving exactly that much memory.
 std::size_t countElements(pugi::xml_node parent)
 {
     return static_cast<std::size_t>(std::ranges::count(parent.children(), pugi::node_element, &pugi::xml_node::type));
@@ -172,7 +172,7 @@ std::optional<Dictionary> dictionaryOf(pugi::xml_node element, int depth)
     return child ? std::optional(Dictionary(std::move(entries))) : std::nullopt;
 }
 
-/// The value of an element with `depth` arrays and dictionaries around it; nullopt for a null node, too.
+/// The value of an element inside `depth` arrays and dictionaries; nullopt also for a null node.
 std::optional<Value> valueOf(pugi::xml_node element, int depth)
 {
     const std::string_view name = element.name();
@@ -207,7 +207,7 @@ std::optional<Value> valueOf(pugi::xml_node element, int depth)
     return std::nullopt;
 }
 
-/// Whether a character reference names U+0000. No XML text may, and the parser would end the text there in silence.
+/// Whether a character reference names U+0000, which XML forbids and at which the parser would silently end the text.
 bool namesNull(std::string_view xml)
 {
     for (std::size_t at = xml.find("&#"); at != std::string_view::npos; at = xml.find("&#", at)) {
@@ -221,7 +221,8 @@ bool namesNull(std::string_view xml)
     return false;
 }
 
-/// UTF-16 is known by its byte order mark or by the '<' that every document begins with.
+/// The byte order of UTF-16 text, told from its byte order mark or from the '<' that every document begins with;
+/// nullopt for another encoding.
 std::optional<ByteOrder> utf16Order(std::string_view bytes)
 {
     using namespace std::string_view_literals;
@@ -234,7 +235,7 @@ std::optional<ByteOrder> utf16Order(std::string_view bytes)
     return std::nullopt;
 }
 
-/// That there is no memory for a list says nothing about the list; it is thrown, as everywhere.
+/// Whether the parsing succeeded. Lack of memory says nothing about the list, so it is thrown instead.
 bool isParsed(const pugi::xml_parse_result& result)
 {
     if (result.status == pugi::status_out_of_memory) {
@@ -243,15 +244,15 @@ bool isParsed(const pugi::xml_parse_result& result)
     return static_cast<bool>(result);
 }
 
-/// The values of the elements in one part of a root; false when the part is broken.
+/// Appends the values of the elements in one part of the root; false when the part is broken.
 bool appendValues(Array& array, std::span<char> part)
 {
     using namespace std::string_view_literals;
     if (std::string_view(part.data(), part.size()).starts_with("\xEF\xBB\xBF"sv)) {
-        return false; // the parser would take it for the mark of an encoding
+        return false; // the parser would drop it as a byte order mark
     }
-    // Blanks between elements are half of all nodes and say nothing; only those that are the whole text of an element
-    // are made nodes of.
+    // Blanks between elements would be half of all nodes; this makes nodes only of those that are the whole text of an
+    // element.
     constexpr unsigned options = parseOptions | pugi::parse_ws_pcdata_single | pugi::parse_fragment;
     pugi::xml_document document;
     if (!isParsed(document.load_buffer_inplace(part.data(), part.size(), options, pugi::encoding_utf8))) {
@@ -269,10 +270,10 @@ bool appendValues(Array& array, std::span<char> part)
     return child.has_value();
 }
 
-/// The list in `xml`, which may have comments, sections, attributes or any other root.
+/// Reads a list in any form: with comments, CDATA sections, attributes or any other root.
 std::optional<Value> readWhole(std::span<char> xml, pugi::xml_encoding encoding)
 {
-    // Blanks beside a comment, CDATA section or instruction may be a part of a text.
+    // Blanks beside a comment, CDATA section or instruction may be part of a text.
     constexpr unsigned options = parseOptions | pugi::parse_ws_pcdata;
     pugi::xml_document document;
     if (!isParsed(document.load_buffer_inplace(xml.data(), xml.size(), options, encoding))) {
@@ -293,7 +294,7 @@ std::optional<Value> readWhole(std::span<char> xml, pugi::xml_encoding encoding)
     return valueOf(root, 0);
 }
 
-/// The list in `xml`, part by part: the nodes of one are gone before the next is parsed.
+/// Reads a list in the plain form part by part, freeing the nodes of each before the next is parsed.
 std::optional<Value> readParts(std::span<char> xml, const XmlParts& parts, pugi::xml_encoding encoding)
 {
     std::string frame(xml.data(), parts.begin - XmlParts::rootTag.size());
@@ -303,7 +304,7 @@ std::optional<Value> readParts(std::span<char> xml, const XmlParts& parts, pugi:
     }
     Array array;
     array.reserve(static_cast<qsizetype>(parts.elements));
-    xml[parts.ends.back()] = ' '; // the parser pays no heed to the last byte, which must be no text then
+    xml[parts.ends.back()] = ' '; // the parser overwrites the last byte, so it must not be part of a text
     std::size_t begin = parts.begin;
     for (const std::size_t part : parts.ends) {
         const std::size_t end = part == parts.ends.back() ? part + 1 : part;
@@ -315,7 +316,7 @@ std::optional<Value> readParts(std::span<char> xml, const XmlParts& parts, pugi:
     return Value(std::move(array));
 }
 
-/// The list in a text in any encoding but UTF-16.
+/// Reads a list in any encoding but UTF-16.
 std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encoding, std::size_t partSize,
                                 std::size_t fileSize, std::size_t taken)
 {
@@ -335,7 +336,7 @@ std::optional<Value> readXml(std::span<char> bytes, std::size_t partSize)
     if (!order) {
         return readParsed(bytes, pugi::encoding_auto, partSize, bytes.size(), 0);
     }
-    // Converted here, because the parser drops halves of surrogate pairs in silence.
+    // Converted here because the parser silently drops unpaired surrogates.
     ConvertedText converted = utf8FromUtf16({bytes.data(), bytes.size()}, *order);
     return converted.isWhole
                ? readParsed(converted.utf8, pugi::encoding_utf8, partSize, bytes.size(), converted.utf8.size())

@@ -19,7 +19,7 @@ namespace {
 constexpr std::string_view foot = "</plist>\n";
 constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
-/// Whether a byte of a text may have to be written as something else.
+/// Whether a byte of a text may need to be escaped or replaced.
 constexpr bool needsCare(std::uint8_t byte)
 {
     const bool isControl = (byte < 0x20) & (byte != '\t') & (byte != '\n');
@@ -28,9 +28,9 @@ constexpr bool needsCare(std::uint8_t byte)
 }
 
 constexpr std::size_t blockSize = 64;
-constexpr std::size_t nearby = 4; ///< bytes that are looked at one by one before a block: such bytes stand together
+constexpr std::size_t nearby = 4; ///< bytes checked one by one before a block, because such bytes come in clusters
 
-/// Without branches, so that compilers turn it into vector instructions.
+/// Without branches, so that compilers vectorise it.
 bool blockNeedsCare(const char* block)
 {
     std::uint8_t found = 0;
@@ -40,7 +40,7 @@ bool blockNeedsCare(const char* block)
     return found != 0;
 }
 
-/// The first place whose byte needs care, the size of the text when there is none.
+/// The position of the first byte that needs care; the size of the text when there is none.
 std::size_t findCare(std::string_view text)
 {
     std::size_t at = 0;
@@ -58,7 +58,7 @@ std::size_t findCare(std::string_view text)
     return at;
 }
 
-/// What stands in XML for the character that begins at `text[at]`, and how many bytes of the text it stands for.
+/// The XML for the character at `text[at]`, and the number of bytes of the text that it replaces.
 std::pair<std::string_view, std::size_t> substitute(std::string_view text, std::size_t at)
 {
     switch (text[at]) {
@@ -80,8 +80,8 @@ std::pair<std::string_view, std::size_t> substitute(std::string_view text, std::
     }
 }
 
-/// Gathers what is written into pieces that are large enough for few system calls and small enough to stay in the
-/// processor's cache on their way. After an error of the sink it takes everything and hands on nothing.
+/// Gathers the output into pieces, large enough for few system calls and small enough to stay in the processor's cache.
+/// After the sink fails, further output is dropped.
 class Pieces {
 public:
     explicit Pieces(const Sink& sink) : m_sink(sink) {}
@@ -281,7 +281,7 @@ private:
     static std::string textFromReal(double real)
     {
         if (std::isnan(real)) {
-            return "nan"; // without the sign that the form has no place for
+            return "nan"; // to_chars may add a sign, which the form does not allow
         }
         std::array<char, 32> digits{};
         const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), real);

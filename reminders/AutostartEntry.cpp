@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A value of type string: what would end the line or be taken for an escape is escaped.
+/// A value of type string, escaped so that nothing ends the line or is read as an escape.
 std::string stringValue(const std::string& text)
 {
     std::string value;
@@ -44,7 +44,7 @@ std::string quotedArgument(const std::string& argument)
         if (std::string_view("\"`$\\").find(c) != std::string_view::npos) {
             quoted += '\\';
         } else if (c == '%') {
-            quoted += '%'; // a single one begins a field code
+            quoted += '%'; // a single % begins a field code
         }
         quoted += c;
     }
@@ -77,7 +77,7 @@ std::error_code AutostartEntry::enable() const
     const std::string text = autostartText(m_program);
     const std::optional<FileContent> present = readFile(m_file, 2 * text.size());
     if (present && present->text() == text) {
-        return syncFolder(m_file.parent_path()); // which failed, perhaps, when it was written
+        return syncFolder(m_file.parent_path()); // which may have failed when it was written
     }
     const std::error_code error = makePrivateFolder(m_file.parent_path());
     return error ? error : replaceFile(m_file, text);

@@ -5,14 +5,14 @@
 #include <string>
 #include <system_error>
 
-/// The desktop entry in the user's autostart folder that has the desktop start the agent at login. It stands there
-/// only while the agent has something to do.
+/// The desktop entry in the user's autostart folder that starts the agent at login. It exists only while the agent has
+/// something to do.
 class AutostartEntry {
 public:
     /// `folder` need not exist. `program` is an absolute path.
     AutostartEntry(const std::filesystem::path& folder, std::filesystem::path program);
 
-    /// Writes the entry, whole, unless it is there already. After an error there is the former one or none.
+    /// Writes the entry unless it is there already. After an error the former one, or none, is there.
     std::error_code enable() const;
 
     /// Removes the entry. No error when there is none.
@@ -23,6 +23,6 @@ private:
     std::filesystem::path m_program;
 };
 
-/// The text of an entry that starts `program`, by the Desktop Entry Specification 1.5: quoted and escaped so that any
-/// path is taken as it stands.
+/// The text of an entry that starts `program`, by the Desktop Entry Specification 1.5, quoted and escaped so that any
+/// path works.
 std::string autostartText(const std::filesystem::path& program);

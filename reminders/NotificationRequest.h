@@ -7,19 +7,20 @@
 
 #include <string>
 
-/// What a notification says. All texts are plain text.
+/// The content of a notification. All texts are plain text.
 struct NotificationContent {
     QString title;
     QString subtitle;
     QString body;
     bool defaultSound = false;
-    QString defaultActionTitle = {}; ///< of the button that stands for a click on it; empty for the usual one
-    Dictionary userInfo;             ///< handed back with the user's response
+    QString defaultActionTitle =
+        {};              ///< of the button that does what a click on the notification does; empty for the usual title
+    Dictionary userInfo; ///< returned with the user's response
 
     bool operator==(const NotificationContent&) const = default;
 };
 
-/// A moment by the Gregorian calendar, in a zone of its own.
+/// A moment in the Gregorian calendar, in a zone of its own.
 struct CalendarNotificationTrigger {
     int year = 0;
     int month = 0; ///< from 1
@@ -34,7 +35,7 @@ struct CalendarNotificationTrigger {
 };
 
 struct NotificationRequest {
-    QString identifier; ///< a request replaces the pending one of the same identifier
+    QString identifier; ///< a request replaces the pending one with the same identifier
     NotificationContent content;
     CalendarNotificationTrigger trigger;
 

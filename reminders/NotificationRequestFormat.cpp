@@ -24,7 +24,7 @@ constexpr std::string_view secondKey = "Second";
 constexpr std::string_view timeZoneKey = "TimeZone";
 constexpr std::string_view repeatsKey = "Repeats";
 
-constexpr int lastYear = 1'000'000; // well within what calendars count
+constexpr int lastYear = 1'000'000; // well within the range of calendars
 
 std::string key(std::string_view name)
 {
@@ -41,7 +41,7 @@ Value integerValue(int integer)
     return Value(Integer{static_cast<std::uint64_t>(std::abs(integer)), integer < 0});
 }
 
-/// Takes the parts of a dictionary one after another and remembers whether each was there and as it should be.
+/// Reads the parts of a dictionary, and remembers whether all were there, of the right type and in range.
 class Parts {
 public:
     explicit Parts(const Dictionary& dictionary) : m_dictionary(dictionary) {}

@@ -8,22 +8,22 @@
 
 #include <optional>
 
-/// Notification requests as property lists: in the reminder agent's file and on the bus.
+/// Notification requests as property lists, as the reminder agent's file and the bus carry them.
 namespace NotificationRequestFormat {
 
-/// Bytes of a request on the bus, both as it comes and as it is written again. The agent takes no larger one, so the
-/// program need not either. See ReminderAgent.h for what all of them may come to.
+/// The most bytes of a request on the bus, both as received and as written again. The agent accepts no larger one, so
+/// the program need not either. ReminderAgent.h has the limit for all requests together.
 constexpr qsizetype largestRequest = qsizetype{16} << 20;
 
-/// A dictionary that `requestFrom` reads back to an equal request, but for what XML cannot carry (see PropertyList.h).
+/// A dictionary from which `requestFrom` makes an equal request, except for what XML cannot represent (see
+/// PropertyList.h).
 Value valueOf(const NotificationRequest& request);
 
-/// The request that `value` holds; nullopt when a part is missing, of another type or out of range. Keys that it does
-/// not know are left out.
+/// The request in `value`; nullopt when a part is missing, of another type or out of range. Unknown keys are dropped.
 std::optional<NotificationRequest> requestFrom(const Value& value);
 
-/// The same in one text: an XML property list, an array of the one dictionary. nullopt when that would be larger than
-/// `largestRequest`, which is told before more than so much is made of it.
+/// The same as text: an XML property list, an array with the dictionary as its only element. nullopt when it would
+/// exceed `largestRequest`; that is noticed before more than that is written.
 std::optional<QByteArray> bytesOf(const NotificationRequest& request);
 std::optional<NotificationRequest> requestFromBytes(const QByteArray& bytes);
 

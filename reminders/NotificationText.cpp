@@ -28,7 +28,7 @@ NotificationText notificationText(const NotificationContent& content, const QStr
         text.body = text.body.toHtmlEscaped();
     }
     if (capabilities.contains(QStringLiteral("actions"))) {
-        // The key that stands for a click on the notification itself. Some daemons show the label on a button.
+        // The key that means a click on the notification itself. Some daemons show its label on a button.
         text.actions = {QStringLiteral("default"), content.defaultActionTitle.isEmpty()
                                                        ? QStringLiteral("Show Note")
                                                        : shortened(content.defaultActionTitle, maximumLength)};

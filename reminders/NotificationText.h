@@ -5,7 +5,7 @@
 
 #include <QVariantMap>
 
-/// What the arguments of a desktop notification are made of (Desktop Notifications Specification 1.2).
+/// The arguments of a desktop notification (Desktop Notifications Specification 1.2).
 struct NotificationText {
     QString summary;
     QString body;
@@ -17,8 +17,8 @@ struct NotificationText {
 
 enum class NotificationSound { Silent, Audible };
 
-/// The notification for `content` on a daemon with these capabilities. A note is shown to the letter: where bodies are
-/// markup it is escaped. A body beyond 2,000 characters is cut and ends in an ellipsis, since no daemon has room for
-/// more and some would try.
+/// The notification for `content` on a daemon with these capabilities. Notes are shown literally: where bodies are
+/// markup, the text is escaped. Texts beyond 2,000 UTF-16 units are cut and end in an ellipsis, since no daemon has
+/// room for more and some would try.
 NotificationText notificationText(const NotificationContent& content, const QStringList& capabilities,
                                   NotificationSound sound);

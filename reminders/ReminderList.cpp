@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view requestKey = "Request";
 constexpr std::string_view deliveredKey = "Delivered";
 constexpr std::string_view announcedKey = "Announced";
-constexpr std::string_view notificationKey = "Notification"; // absent where none stands
+constexpr std::string_view notificationKey = "Notification"; // absent when none is shown
 constexpr std::string_view daemonKey = "Daemon";
 
 Value valueOf(const Reminder& reminder)
@@ -69,7 +69,7 @@ std::optional<Reminder> reminderFrom(const Value& value)
                     isTrue(*dictionary, announcedKey), notificationFrom(*dictionary)};
 }
 
-/// Gives a file that is no list another name, so that no later one takes its place.
+/// Renames a file that is not a list, so that no later one overwrites it.
 std::error_code keepAside(const fs::path& file)
 {
     fs::path aside = file;
@@ -79,11 +79,11 @@ std::error_code keepAside(const fs::path& file)
     return error ? error : syncFolder(file.parent_path());
 }
 
-/// The file's records, none where there is no file; nullopt and no error for a file that is no list.
+/// The file's records, none when there is no file; nullopt without an error for a file that is not a list.
 std::optional<Table> recordsIn(const fs::path& file, std::error_code& error)
 {
     if (FileStatus::of(file).isAbsent() || FileStatus::ofTarget(file).isSomethingElse()) {
-        return Table(); // a folder in its place is no list, and nothing will take the place of a folder
+        return Table(); // a folder is not a list, and renaming a file onto it fails, so it is safe
     }
     if (std::optional<FileContent> content = readFile(file, ReminderList::largestRead, error)) {
         return content->size == 0 ? Table() : PropertyList::readTableInPlace(content->bytes(), error);
@@ -258,7 +258,7 @@ std::error_code ReminderList::write(Check check)
     }
     error = file.replaceTarget();
     if (file.hasReplacedTarget() && error) {
-        m_hasUnsavedChanges = true; // it stands there, for how long is not sure; a caller may want another one
+        m_hasUnsavedChanges = true; // it may not survive a power cut; a caller may undo the change
     }
     return error;
 }

@@ -12,8 +12,8 @@ namespace {
 
 constexpr int reach = 2 * 24 * 60 * 60; ///< seconds; no zone's clock is that far from UTC
 
-/// The changes of the zone's clock from `from` to `to`, in their order. Qt ends a list where the changes that tzdata
-/// writes out end; those by rule come when asked for from there on.
+/// The changes of the zone's clock from `from` to `to`, in order. Qt stops where the changes that tzdata lists one by
+/// one end; those that follow from its rule come when asked for again from there.
 QTimeZone::OffsetDataList changes(const QTimeZone& zone, const QDateTime& from, const QDateTime& to)
 {
     QTimeZone::OffsetDataList all;
@@ -25,7 +25,8 @@ QTimeZone::OffsetDataList changes(const QTimeZone& zone, const QDateTime& from, 
     return all;
 }
 
-/// The zone of that name, UTC when there is none. A name that leads elsewhere is not looked up: anything may lie there.
+/// The zone of that name, UTC when there is none. A name that leads out of the zone folder is not looked up, since
+/// anything may lie there.
 QTimeZone zoneOf(const std::string& name)
 {
     if (ZonePlace::isZoneName(name)) {
@@ -41,7 +42,7 @@ Date momentOf(const CalendarNotificationTrigger& trigger)
 {
     const QTimeZone zone = zoneOf(trigger.timeZone);
     const QDate day = QDate(trigger.year, trigger.month, 1).addDays(trigger.day - 1);
-    // What the clock shows, as if it stood in UTC.
+    // What the clock shows, taken as if in UTC.
     const QDateTime shown(day, QTime(trigger.hour, trigger.minute, trigger.second), Qt::UTC);
 
     // The first instant at which the zone's clock shows this or is past it.

@@ -38,7 +38,7 @@ void BytePairScan::scanBlock(std::size_t begin)
     }
     m_fits.fill(0);
     for (const BytePair pair : m_pairs) {
-        // No way out before the end, so that compilers turn the loop into vector instructions.
+        // No early exit, so that compilers vectorise the loop.
         for (std::size_t i = 0; i < blockSize; ++i) {
             const auto first = static_cast<std::uint8_t>(static_cast<std::uint8_t>(bytes[i]) | pair.firstMask);
             const auto second = static_cast<std::uint8_t>(static_cast<std::uint8_t>(bytes[i + 1]) | pair.secondMask);

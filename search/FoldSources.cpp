@@ -64,7 +64,7 @@ FoldSources::FoldSources()
     icu::UnicodeSet changing;
     changing.addAll(*icu::UnicodeSet::fromUSet(u_getBinaryPropertySet(UCHAR_CHANGES_WHEN_CASEFOLDED, &error)));
     icu::UnicodeString decomposition;
-    constexpr char32_t lastDecomposable = 0x2FFFF; // no plane above holds a letter with a decomposition
+    constexpr char32_t lastDecomposable = 0x2FFFF; // no letter above has a decomposition
     for (char32_t character = 0x80; character <= lastDecomposable; ++character) {
         if (nfd.getDecomposition(static_cast<UChar32>(character), decomposition)) {
             changing.add(static_cast<UChar32>(character));
@@ -108,7 +108,7 @@ bool FoldSources::fits(const Source& source, std::u32string_view foldedNeedle, s
     if (!foldedNeedle.substr(start).starts_with(source.prefix)) {
         return false;
     }
-    // The marks of the text can stand in another order and among more of them.
+    // The marks of the needle may be in another order, with others among them.
     const std::u32string_view rest = foldedNeedle.substr(start + source.prefix.size());
     const auto end = std::ranges::find_if_not(rest, [this](char32_t each) { return canFollowAsMark(each); });
     return std::ranges::all_of(source.marks, [&](char32_t mark) { return std::find(rest.begin(), end, mark) != end; });

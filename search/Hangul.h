@@ -3,7 +3,8 @@
 
 #include <cstdint>
 
-/// Hangul syllables are composed of jamo by arithmetic: a leading consonant, a vowel and perhaps a trailing consonant.
+/// Arithmetic of Hangul syllables, which consist of jamo: a leading consonant, a vowel and an optional trailing
+/// consonant.
 namespace Hangul {
 
 inline constexpr char32_t firstSyllable = 0xAC00;

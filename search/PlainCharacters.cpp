@@ -14,8 +14,8 @@ struct Range {
     char32_t last;
 };
 
-// Blocks that are looked through for plain characters: the European and Hebrew letters, their extensions, punctuation
-// and currency signs, kana. The unified ideographs fold to themselves and need no table.
+// The blocks that may hold plain characters: European and Hebrew letters, their extensions, punctuation and currency
+// signs, kana. The unified ideographs fold to themselves and need no table.
 constexpr Range tabled[] = {{0x0000, 0x05FF}, {0x1E00, 0x20CF}, {0x3000, 0x30FF}};
 
 bool joinsWithNoPlainNeighbour(char32_t character)
@@ -30,7 +30,7 @@ bool joinsWithNoPlainNeighbour(char32_t character)
     }
 }
 
-// In Turkish, a dot behind an I makes another letter of it.
+/// In Turkish, I followed by a dot above is a different letter.
 bool changesWithWhatFollows(char32_t character, Folding folding)
 {
     return folding == Folding::TurkicFolding && character == U'I';

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-/// What one character folds to.
+/// The folding of one character.
 struct FoldedCharacter {
     std::array<char32_t, 3> characters{};
     std::uint32_t length = 0; ///< 0 for a character that is not plain
@@ -19,15 +19,14 @@ struct FoldedCharacter {
     std::u32string_view view() const { return {characters.data(), length}; }
 };
 
-/// The characters of everyday writing that never join with a plain neighbour: between two of them a grapheme cluster
-/// ends, and each is folded by itself. Combining marks, joiners, single jamo and the carriage return are not among
-/// them.
+/// The characters of everyday writing that never join with each other: a grapheme cluster ends between any two of them,
+/// and each is folded by itself. Combining marks, joiners, single jamo and the carriage return are not among them.
 class PlainCharacters {
 public:
-    /// Made at the first call, then shared; safe on any thread.
+    /// Built at the first call, then shared; safe on any thread.
     static const PlainCharacters& forFolding(Folding folding);
 
-    /// False when `character` is not plain.
+    /// The folding of `character`; false when it is not plain.
     FoldedCharacter folded(char32_t character) const
     {
         if (character < m_table.size()) {
@@ -39,8 +38,8 @@ public:
         return Hangul::isSyllable(character) ? foldedSyllable(character) : FoldedCharacter();
     }
 
-    /// Whether a grapheme cluster surely ends in `utf8` at byte `position`: it is an end of the text, or stands between
-    /// two plain characters.
+    /// Whether a grapheme cluster is certain to end at byte `position` of `utf8`, because the text begins or ends there
+    /// or both neighbours are plain characters.
     bool isSureBoundary(std::string_view utf8, std::size_t position) const;
 
 private:

@@ -21,8 +21,8 @@ icu::UnicodeString decomposed(const icu::UnicodeString& text)
     return icu::Normalizer2::getNFDInstance(error)->normalize(text, error);
 }
 
-// In Turkish, I with a dot above is the capital of i, also when the dot is a character of its own; only another mark
-// above between them takes the dot away from the I.
+/// In Turkish, the capital of i is I with a dot above, even when the dot is a separate character. The dot belongs to
+/// the I unless another mark above comes between them.
 void mergeDottedCapitals(icu::UnicodeString& decomposedText)
 {
     for (int at = decomposedText.indexOf(u'I'); at >= 0; at = decomposedText.indexOf(u'I', at + 1)) {

@@ -10,10 +10,10 @@
 
 namespace {
 
-// Long needles have a rare place among their first characters.
+// A rare character is found among this many, however long the needle.
 constexpr std::size_t mostAnchors = 32;
 
-// Estimated nanoseconds for each kilobyte of text.
+/// Estimated nanoseconds for each kilobyte of text.
 double cost(double finds, std::size_t probes)
 {
     constexpr double ofFind = 20;
@@ -33,7 +33,7 @@ bool isLetter(char32_t folded)
     return folded >= U'a' && folded <= U'z';
 }
 
-// How often a folded character stands in a kilobyte of everyday European text, roughly.
+/// Roughly how often a folded character occurs in a kilobyte of everyday European text.
 double frequency(char32_t folded)
 {
     constexpr int ofLetters[] = {65, 16, 25, 40, 120, 18, 25, 45, 65, 2,  10, 38, 25,
@@ -83,7 +83,7 @@ bool TextSearch::isContainedIn(std::string_view utf8) const
         return isContainedIn(utf8, Window{0, utf8.size()});
     }
     BytePairScan scan(utf8, m_pairs);
-    std::size_t undecided = 0; // what is found before this position has been decided
+    std::size_t undecided = 0; // matches before this position are decided
     for (std::size_t at = scan.next(0); at != std::string_view::npos; at = scan.next(std::max(at + 1, undecided))) {
         const Verdict verdict = judge(utf8, at);
         if (verdict == Verdict::Match) {
@@ -141,8 +141,7 @@ TextSearch::Anchor TextSearch::anchorAt(std::size_t index) const
     return anchor;
 }
 
-// Two ASCII characters side by side make a rare pair of bytes; what else can spell either of them is scanned for as
-// well.
+// Two adjacent ASCII characters make a rare pair of bytes; other spellings of either one are scanned for as well.
 TextSearch::Anchor TextSearch::pairAnchorAt(std::size_t index) const
 {
     Anchor anchor;
@@ -159,7 +158,7 @@ void TextSearch::addForeignSpellings(Anchor& anchor, std::size_t index) const
 {
     for (const Spelling& spelling : FoldSources::instance().spellings(m_folded, index)) {
         if (isAscii(spelling.character)) {
-            continue; // the ASCII pair takes both cases
+            continue; // the ASCII pair covers both cases
         }
         std::string bytes;
         icu::UnicodeString(static_cast<UChar32>(spelling.character)).toUTF8String(bytes);
@@ -170,8 +169,8 @@ void TextSearch::addForeignSpellings(Anchor& anchor, std::size_t index) const
     }
 }
 
-// How many bytes a match can lie to each side of a place in it: a character of the needle comes from at most four
-// bytes, in Turkic folding a dotted i from three.
+// How many bytes a match can extend to either side of a position in it: each character of the needle comes from at most
+// four bytes (a dotted i in Turkic folding from three).
 std::size_t TextSearch::reach() const
 {
     return 4 * m_folded.size();
@@ -216,7 +215,7 @@ TextSearch::Verdict TextSearch::compareForward(std::string_view utf8, std::size_
             decoded = characterAt(utf8, decoded.end);
             next = m_plain.folded(decoded.character);
             if (!next) {
-                return Verdict::Undecided; // it can be a mark on this one
+                return Verdict::Undecided; // it may be a mark on this character
             }
         }
         if (!rest.starts_with(folded.view())) {
@@ -231,7 +230,7 @@ TextSearch::Verdict TextSearch::compareForward(std::string_view utf8, std::size_
     return Verdict::Match;
 }
 
-// The character at `position` is plain.
+// The character at `position` must be plain.
 TextSearch::Verdict TextSearch::compareBackward(std::string_view utf8, std::size_t position, std::size_t start) const
 {
     std::u32string_view rest = std::u32string_view(m_folded).substr(0, start);
@@ -253,7 +252,7 @@ TextSearch::Verdict TextSearch::compareBackward(std::string_view utf8, std::size
     return rest.empty() ? Verdict::Match : Verdict::NoMatch;
 }
 
-// Holds every match that `candidate` is in, and can be judged alone.
+// A window that holds every match that includes `candidate`, and that can be judged by itself.
 TextSearch::Window TextSearch::windowAround(std::string_view utf8, std::size_t candidate) const
 {
     Window window{candidate - std::min(candidate, reach()), std::min(utf8.size(), candidate + reach())};
@@ -269,7 +268,7 @@ TextSearch::Window TextSearch::windowAround(std::string_view utf8, std::size_t c
 bool TextSearch::isContainedIn(std::string_view utf8, Window window) const
 {
     const std::string_view inside = utf8.substr(window.begin, window.end - window.begin);
-    // What is spelled like the needle itself needs no folding.
+    // An exact occurrence needs no folding.
     if (const std::size_t found = m_needle.empty() ? std::string_view::npos : inside.find(m_needle);
         found != std::string_view::npos && m_plain.isSureBoundary(inside, found) &&
         m_plain.isSureBoundary(inside, found + m_needle.size())) {

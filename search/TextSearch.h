@@ -13,19 +13,19 @@
 
 class PlainCharacters;
 
-/// Looks for one text in many, as a person would: case does not count, by the rules of the locale; precomposed and
-/// decomposed characters are the same; marks count; and a character with its marks is found whole or not at all. The
+/// Looks for one text in many, as a person would: case is ignored, by the rules of the locale; precomposed and
+/// decomposed characters are the same; marks matter; a character and its marks match as a whole or not at all. The
 /// answers are those of `containsFolded`.
 ///
-/// Nearly every text is decided on its bytes: a scan for the rarest place of the needle in every way it can be spelled,
-/// then a comparison around each find. Where a find has neighbours that a comparison one by one cannot judge (combining
-/// marks, joiners), `containsFolded` decides on the surroundings.
+/// Nearly every text is decided on its bytes: a scan for the rarest character of the needle in all its spellings, then
+/// a comparison around each hit. Where a hit has neighbours that cannot be compared one by one (combining marks,
+/// joiners), `containsFolded` decides on its surroundings.
 class TextSearch {
 public:
-    /// `needle` is UTF-8, malformed bytes count as U+FFFD; `locale` an ICU identifier.
+    /// `needle` is UTF-8, in which each malformed byte counts as U+FFFD; `locale` is an ICU identifier.
     TextSearch(std::string_view needle, const std::string& locale);
 
-    /// False for an empty needle. Safe on several threads at a time.
+    /// Whether `utf8` contains the needle; false for an empty needle. Safe on several threads at once.
     bool isContainedIn(std::string_view utf8) const;
 
 private:
@@ -34,14 +34,14 @@ private:
     /// One spelling to scan for.
     struct Probe {
         BytePair pair;
-        char32_t character = 0;     // 0 for an ASCII character, whose pair says all
-        std::size_t pairOffset = 0; // bytes from the character's beginning to its pair
+        char32_t character = 0;     // 0 for ASCII, where the pair is enough
+        std::size_t pairOffset = 0; // bytes from the start of the character to its pair
         std::size_t start = 0;      // index in m_folded of the first character that it folds to
     };
 
     struct Anchor {
-        std::vector<Probe> probes; // every match has one of them in it
-        double cost = 0;           // estimated, of scanning one kilobyte
+        std::vector<Probe> probes; // every match contains one of them
+        double cost = 0;           // estimated nanoseconds for a kilobyte of text
     };
 
     struct Window {
@@ -66,6 +66,6 @@ private:
     std::string m_needle;           // as given; empty when malformed
     icu::UnicodeString m_reference; // folded
     std::u32string m_folded;        // the same
-    std::vector<Probe> m_probes;    // none when no place of the needle can be scanned for
+    std::vector<Probe> m_probes;    // empty when no character of the needle can be scanned for
     std::vector<BytePair> m_pairs;  // of m_probes
 };

@@ -17,16 +17,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int maximumLinks = 40; // as many as the system follows
+constexpr int maximumLinks = 40; // the system's own limit
 
 struct Resolved {
     fs::path path;
-    bool isCircle = false; ///< links that lead to each other, seen to do so: there is nothing
-    std::error_code error; ///< when nobody can tell
+    bool isCircle = false; ///< the links form a circle, so there is no file
+    std::error_code error; ///< set when the system cannot tell
 };
 
-/// What `file` stands for: where its symbolic links end, if that is a file or nothing; else `file` itself, so that
-/// a save never touches a folder or device elsewhere.
+/// The file that `file` stands for: the target of its symbolic links if that is a regular file or absent, else `file`
+/// itself, so that a save never touches a folder or device elsewhere.
 Resolved resolved(const fs::path& file)
 {
     fs::path path = file;
@@ -66,7 +66,7 @@ std::optional<fs::path> DataFolder::ensure() const
 {
     std::optional<fs::path> folder = url();
     if (folder) {
-        (void)makeFolder(*folder); // what goes wrong is told by who needs it
+        (void)makeFolder(*folder); // a failure shows when the folder is used
     }
     return folder;
 }
@@ -83,7 +83,7 @@ std::optional<Table> DataFolder::loadTable(const std::string& name)
     if (isCircle) {
         return Table();
     }
-    removeStaleTemporaries(file.parent_path(), file.filename().native()); // beside what a link points at
+    removeStaleTemporaries(file.parent_path(), file.filename().native()); // they lie beside the target of a link
 
     std::error_code error;
     std::optional<FileContent> content = readFile(file, PropertyList::maximumSize, error);
@@ -91,7 +91,7 @@ std::optional<Table> DataFolder::loadTable(const std::string& name)
         return meansAbsent(error) ? std::optional(Table()) : std::nullopt;
     }
     std::optional<Table> table = PropertyList::readTableInPlace(content->bytes());
-    // What could not be understood is not known: a save keeps it.
+    // An unreadable file counts as unknown, so that a save keeps a copy of it.
     setKnown(name, table ? std::optional(content->identity) : std::nullopt);
     return table;
 }
@@ -132,7 +132,7 @@ std::error_code DataFolder::write(const Table& table, const fs::path& file, cons
     if (const std::error_code error = temporary.sync()) {
         return error;
     }
-    // Only now that the new file is whole, lest saves that fail one after the other push older copies out.
+    // Only once the new file is complete; otherwise repeated failing saves would push out older copies.
     if (const std::error_code error = keepWhatWouldBeLost(file, name, replacing)) {
         return error;
     }

@@ -16,7 +16,7 @@ constexpr std::string_view versionKey = "DraftVersion";
 constexpr std::uint64_t version = 1;
 constexpr std::string_view deletedKey = "DraftDeleted";
 
-/// Where the two values of a change stand in its record.
+/// The keys of a change's values in its record.
 struct Keys {
     std::string_view date;
     std::string_view text;
@@ -39,7 +39,7 @@ std::optional<DatedText> datedTextUnder(const Value& record, std::string_view da
     return date && text ? std::optional(DatedText{*date, *text}) : std::nullopt;
 }
 
-/// Files carry whole seconds.
+/// The date as a file keeps it, in whole seconds.
 Date inFile(Date date)
 {
     return std::chrono::floor<std::chrono::seconds>(date);
@@ -50,11 +50,11 @@ bool isSame(const DatedText& a, const DatedText& b)
     return inFile(a.date) == inFile(b.date) && a.text == b.text;
 }
 
-/// The parts of two tables between what both begin with and what both end with.
+/// The parts of two tables that remain without their common beginning and end.
 std::pair<Table, Table> differingParts(const Table& a, const Table& b)
 {
     if (a.constData() == b.constData() && a.size() == b.size()) {
-        return {}; // the very same table: nothing to look through
+        return {}; // one table, shared: no need to compare
     }
     const auto [beginOfA, beginOfB] = std::ranges::mismatch(a, b);
     const auto endOfA = std::make_reverse_iterator(beginOfA);
@@ -65,7 +65,7 @@ std::pair<Table, Table> differingParts(const Table& a, const Table& b)
 
 using TextsByDate = std::map<Date, std::string>;
 
-/// Of several notes of a day the first counts.
+/// Of several notes on a day the first counts.
 TextsByDate textsByDate(const Table& notes)
 {
     TextsByDate texts;
@@ -83,7 +83,7 @@ std::optional<DatedText> noteIn(const TextsByDate& texts, Date date)
     return found != texts.end() ? std::optional(DatedText{date, found->second}) : std::nullopt;
 }
 
-/// The elements of `events` that `others` does not have, as often as they stand there more often.
+/// The elements of `events` that `others` lacks; one that is in both counts as often as `events` has more of it.
 std::vector<DatedText> missingIn(const Table& others, const Table& events)
 {
     std::map<std::pair<Date, std::string>, int> counts;
@@ -139,7 +139,7 @@ std::optional<DraftChange> changeFrom(const Value& record)
     return std::nullopt;
 }
 
-/// What becomes of a note that the draft has otherwise.
+/// The text of a note for which the draft has another one.
 std::string mergedText(const std::string& current, const DraftChange& change)
 {
     const std::string& typed = change.unsaved->text;
@@ -158,22 +158,22 @@ Table::iterator findEvent(Table& events, const DatedText& wanted)
     });
 }
 
-/// Notes found by their day, so that a draft of many does not search for each.
+/// Finds notes by their day, so that a draft of many changes does not search for each.
 class NotesByDay {
 public:
     explicit NotesByDay(Table& notes) : m_notes(notes)
     {
         for (qsizetype i = 0; i < notes.size(); ++i) {
             if (const std::optional<Date> date = dateOf(notes.at(i), NoteDateKey)) {
-                m_indexes.emplace(*date, i); // of several notes of a day the first counts
+                m_indexes.emplace(*date, i); // of several notes on a day the first counts
             }
         }
     }
 
-    /// Whether that changes a note.
+    /// Returns whether that changes a note.
     bool takeIn(const DraftChange& change) { return change.unsaved ? put(change) : remove(*change.saved); }
 
-    /// Only now do the notes change their places.
+    /// Deletes what was removed, after which the indexes are no longer valid.
     void finish()
     {
         for (const qsizetype index : m_removed) {
@@ -214,10 +214,10 @@ private:
 
     Table& m_notes;
     std::map<Date, qsizetype> m_indexes;
-    std::set<qsizetype, std::greater<>> m_removed; ///< the last one first
+    std::set<qsizetype, std::greater<>> m_removed; ///< highest first, so that the others stay valid
 };
 
-/// Whether that changes an important date.
+/// Returns whether that changes an important date.
 bool takeInEvent(const DraftChange& change, Table& events)
 {
     const auto saved = change.saved ? findEvent(events, *change.saved) : events.end();
@@ -229,7 +229,7 @@ bool takeInEvent(const DraftChange& change, Table& events)
         return true;
     }
     if (findEvent(events, *change.unsaved) != events.end()) {
-        return false; // saved meanwhile
+        return false; // it has been saved since
     }
     Value event = makeEventRecord(change.unsaved->date, change.unsaved->text);
     if (saved != events.end()) {

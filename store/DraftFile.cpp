@@ -31,7 +31,7 @@ constexpr int mostSetAside = 1000;
 
 const std::string asideName = "Draft unread ";
 
-/// The drafts in `folder` that were set aside, the first one first.
+/// The drafts in `folder` that were set aside, lowest number first.
 std::vector<fs::path> draftsAside(const fs::path& folder)
 {
     std::map<int, fs::path> found;
@@ -53,7 +53,7 @@ std::vector<fs::path> draftsAside(const fs::path& folder)
     return paths;
 }
 
-/// Gives the file a name that is not taken. Whether its own name is free then.
+/// Renames the file to a name that is free. Returns whether its own name is free afterwards.
 bool setAside(const fs::path& file)
 {
     for (int number = 1; number <= mostSetAside; ++number) {
@@ -69,7 +69,7 @@ bool setAside(const fs::path& file)
     return false;
 }
 
-/// The draft in the file; nullopt when there is none that can be read, and why the file cannot.
+/// The draft in the file; nullopt when there is none or it cannot be read, with the reason in `error`.
 std::optional<Draft> draftIn(const fs::path& file, std::error_code& error)
 {
     std::optional<FileContent> content = readFile(file, PropertyList::maximumSize, error);
@@ -78,7 +78,7 @@ std::optional<Draft> draftIn(const fs::path& file, std::error_code& error)
     return table ? Drafts::draftFromTable(*table) : std::nullopt;
 }
 
-/// The changes of all; one that several of them have is there once.
+/// The changes of all drafts; a change that several drafts have is included once.
 Draft joined(const std::vector<Draft>& drafts)
 {
     if (drafts.size() == 1) {
@@ -130,8 +130,7 @@ Draft DraftFile::read()
         removeStaleTemporaries(place.folder, draftName);
         std::error_code error;
         std::optional<Draft> draft = draftIn(file, error);
-        const bool isNone =
-            !draft && meansAbsent(error) && FileStatus::of(file).isAbsent(); // and no link that leads nowhere
+        const bool isNone = !draft && meansAbsent(error) && FileStatus::of(file).isAbsent(); // nor a dangling link
         if (draft) {
             drafts.push_back(*draft);
         }
@@ -146,7 +145,8 @@ Draft DraftFile::read()
     return joined(drafts);
 }
 
-// As with the saves of tables, what was read is let go of only after the thread that changes the tables took the lock.
+// As in SaveQueue::save: what the worker has read is released only after the thread that changes the tables has taken
+// the lock.
 void DraftFile::write(Maker make)
 {
     std::vector<Maker> done;
@@ -191,7 +191,7 @@ void DraftFile::store(const Draft& draft)
     const std::error_code error = replaceFiles(draft);
     if (!error) {
         for (const fs::path& aside : std::exchange(m_readAside, {})) {
-            ::unlink(aside.c_str()); // the file has what is left of it
+            ::unlink(aside.c_str()); // the file now has what is left of it
         }
     }
     m_stored = error ? std::nullopt : std::optional(draft);
@@ -200,7 +200,7 @@ void DraftFile::store(const Draft& draft)
     }
 }
 
-/// The first place that takes the draft has it, and those behind it none.
+/// Writes the draft to the first place that accepts it and removes it from those after it.
 std::error_code DraftFile::replaceFiles(const Draft& draft)
 {
     std::error_code error;

@@ -17,14 +17,14 @@ namespace fs = std::filesystem;
 constexpr const char* accessList = "system.posix_acl_access";
 constexpr std::string_view ofUsers = "user.";
 
-/// Whether the last call failed in a way that it always will: this file system or this user cannot do that.
+/// Whether the last call failed for good: this file system does not support it or this user may not do it.
 bool isImpossible()
 {
     return errno == EPERM || errno == EACCES || errno == EOPNOTSUPP || errno == ENOSYS || errno == EINVAL;
 }
 
-/// What `read`, called with a buffer and its size as the extended-attribute calls are, gives; empty when there is
-/// nothing. `isKnown` tells whether the system let this user look.
+/// Sets `value` to what `read`, which is called with a buffer and its size like the extended-attribute calls, gives;
+/// empty when there is nothing. `isKnown` tells whether the system let this user look.
 template <typename Read> std::error_code readWhole(std::string& value, bool& isKnown, Read read)
 {
     value.clear();
@@ -46,7 +46,7 @@ std::error_code readAttribute(const fs::path& file, const char* name, std::strin
                      [&](char* buffer, std::size_t size) { return getxattr(file.c_str(), name, buffer, size); });
 }
 
-/// `isGiven` tells whether the system let this user give it.
+/// `isGiven` tells whether the system let this user set the group.
 std::error_code giveOwner(const FileDescriptor& to, uid_t owner, gid_t group, bool& isGiven)
 {
     isGiven = true;
@@ -56,7 +56,7 @@ std::error_code giveOwner(const FileDescriptor& to, uid_t owner, gid_t group, bo
     if (!isImpossible()) {
         return lastError();
     }
-    if (fchown(to.get(), static_cast<uid_t>(-1), group) != 0) { // a file of somebody else becomes this user's
+    if (fchown(to.get(), static_cast<uid_t>(-1), group) != 0) { // another user's file becomes this user's
         isGiven = false;
         return isImpossible() ? std::error_code() : lastError();
     }
@@ -70,10 +70,10 @@ std::error_code giveAccessList(const fs::path& from, const FileDescriptor& to, b
     if (const std::error_code error = readAttribute(from, accessList, list, isGiven)) {
         return error;
     }
-    if (!isGiven) { // there may be one, which its group's rights would stand for wrongly
+    if (!isGiven) { // there may be one, whose mask the group bits would then wrongly replace
         return {};
     }
-    if (list.empty()) { // the folder may have given the new file one
+    if (list.empty()) { // the new file may have inherited one from its folder
         const bool isDone = fremovexattr(to.get(), accessList) == 0 || errno == ENODATA || isImpossible();
         return isDone ? std::error_code() : lastError();
     }
@@ -133,7 +133,7 @@ std::error_code copyAttributes(const fs::path& from, const FileDescriptor& to)
     if (const std::error_code error = giveAccessList(from, to, keepsAccessList)) {
         return error;
     }
-    // Last, as only this and the access list open the file to others. With a list the bits of the group are its mask.
+    // Last, because only this and the access list open the file to others. With a list, the group bits are its mask.
     const mode_t permissions = S_IRWXU | (keepsGroup && keepsAccessList ? S_IRWXG | S_IRWXO : 0U);
     return fchmod(to.get(), status.st_mode & permissions) == 0 || isImpossible() ? std::error_code() : lastError();
 }

@@ -26,7 +26,7 @@ bool isTemporaryOf(std::string_view entry, std::string_view fileName)
            entry.substr(entry.size() - tail).starts_with(temporaryMark);
 }
 
-/// As `call`, a system call, but not given up when a signal comes in between.
+/// Repeats the system call `call` while a signal interrupts it.
 template <typename Call> ssize_t uninterrupted(Call call)
 {
     for (int tries = 1;; ++tries) {
@@ -37,12 +37,12 @@ template <typename Call> ssize_t uninterrupted(Call call)
     }
 }
 
-/// What stands in the file, but of a file that grew no more than `maximumSize` + 1 bytes, so that the caller sees it.
-/// No memory after an error.
+/// The content of the file; of a file that is growing, no more than `maximumSize` + 1 bytes, which the caller takes as
+/// too many. No memory after an error.
 FileContent readAll(const FileDescriptor& file, const FileIdentity& identity, std::size_t maximumSize,
                     std::error_code& error)
 {
-    // One byte more than expected, to meet the end without growing.
+    // One byte more than expected, so that the end of the file is reached without growing.
     FileContent content{PageMemory(static_cast<std::size_t>(identity.size) + 1), 0, identity};
     while (content.memory.data()) {
         const ssize_t count = uninterrupted([&] {
@@ -206,7 +206,7 @@ TemporaryFile::TemporaryFile(std::filesystem::path target) : m_target(std::move(
             m_file = std::move(file);
             return;
         }
-        // Another process took it for a stale one between the two calls; it is gone, and a new one is made.
+        // Another process removed it as stale between the two calls; make a new one.
     }
     m_openError = std::make_error_code(std::errc::resource_unavailable_try_again);
 }
@@ -230,7 +230,7 @@ std::error_code TemporaryFile::write(std::string_view bytes)
             return lastError();
         }
         if (count == 0) {
-            return std::make_error_code(std::errc::io_error); // it would never end
+            return std::make_error_code(std::errc::io_error); // rather than loop forever
         }
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
@@ -272,7 +272,7 @@ void removeStaleTemporaries(const std::filesystem::path& folder, std::string_vie
     for (const std::filesystem::path& path : candidates) {
         const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
         if (file.isOpen() && flock(file.get(), LOCK_EX | LOCK_NB) == 0) {
-            ::unlink(path.c_str()); // the lock goes with its writer, however that ended
+            ::unlink(path.c_str()); // a lock ends with its writer, however that ended
         }
     }
 }
@@ -297,24 +297,24 @@ std::error_code syncFolder(const std::filesystem::path& folder)
 
 std::error_code removeFile(const std::filesystem::path& file)
 {
-    // A disk that can only be read refuses also where nothing is to be removed.
+    // A read-only disk refuses even when there is nothing to remove.
     if (!FileStatus::of(file).isAbsent() && ::unlink(file.c_str()) != 0 && !meansAbsent(lastError())) {
         return lastError();
     }
     const std::error_code error = syncFolder(file.parent_path());
-    return meansAbsent(error) ? std::error_code() : error; // there is no such folder
+    return meansAbsent(error) ? std::error_code() : error; // the folder does not exist, so neither does the file
 }
 
 std::error_code makeFolder(const std::filesystem::path& folder)
 {
     if (::mkdir(folder.c_str(), S_IRWXU) != 0) {
         const std::error_code error = lastError();
-        // A server may look at the rights in the parent before it sees that the folder is there.
+        // A server may check permissions in the parent before it notices that the folder exists.
         return error == std::errc::file_exists || FileStatus::ofTarget(folder).isFolder() ? std::error_code() : error;
     }
     const std::error_code error = syncFolder(folder.parent_path());
     if (error) {
-        ::rmdir(folder.c_str()); // its name may not outlast a power cut, so the next attempt is to make it again
+        ::rmdir(folder.c_str()); // its name may not survive a power cut, so the next attempt has to create it again
     }
     return error;
 }

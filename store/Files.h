@@ -12,7 +12,7 @@
 
 struct stat;
 
-/// An open file, closed when it goes. Holds -1 when the opening failed.
+/// An owned file descriptor, closed by the destructor; -1 when opening failed.
 class FileDescriptor {
 public:
     explicit FileDescriptor(int descriptor) : m_descriptor(descriptor) {}
@@ -29,22 +29,22 @@ private:
     int m_descriptor;
 };
 
-/// What the system says of a name. Only "no such name" (ENOENT) and "a part of the path is no folder" (ENOTDIR) mean
-/// that nothing is there; whoever takes another answer for that loses what stands there.
+/// What the system says about a path. Only "no such name" (ENOENT) and "a part of the path is not a folder" (ENOTDIR)
+/// mean that nothing is there; treating any other answer as absence loses data.
 class FileStatus {
 public:
-    /// Of the name itself: a symbolic link is a link.
+    /// The status of the path itself: a symbolic link is a link.
     static FileStatus of(const std::filesystem::path& file);
 
-    /// Of what the name's symbolic links lead to.
+    /// The status of what the path's symbolic links lead to.
     static FileStatus ofTarget(const std::filesystem::path& file);
 
-    /// Why the system cannot tell; none when it does, and then one of the following is true.
+    /// Why the system cannot tell. Without an error, at least one of the following is true.
     const std::error_code& error() const { return m_error; }
     bool isAbsent() const { return !m_error && m_mode == 0; }
     bool isRegular() const;
     bool isLink() const;
-    bool isFolder() const; ///< and something else than the others
+    bool isFolder() const; ///< which counts as something else, too
     bool isSomethingElse() const { return !m_error && !isAbsent() && !isRegular() && !isLink(); }
 
     std::int64_t size() const { return m_size; }
@@ -57,13 +57,13 @@ private:
     std::int64_t m_size = 0; ///< bytes
 };
 
-/// Why the last call of the system failed.
+/// The reason (errno) why the last system call failed.
 std::error_code lastError();
 
-/// Whether the error of a system call says that nothing is there.
+/// Whether a system call's error means that nothing is there.
 bool meansAbsent(const std::error_code& error);
 
-/// Tells one state of one file from every other: it changes when the file is replaced, written to or touched.
+/// Identifies one state of one file: it differs once the file is replaced, written to or touched.
 struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
@@ -76,30 +76,31 @@ struct FileIdentity {
     bool operator==(const FileIdentity&) const = default;
 };
 
-/// The identity of the open file; nullopt, and the reason in errno, when it cannot be told or is no regular file.
+/// The identity of the open file; nullopt, with the reason in errno, when the system cannot tell or it is not a regular
+/// file.
 std::optional<FileIdentity> identityOf(const FileDescriptor& file);
 
 struct FileContent {
     PageMemory memory;
-    std::size_t size = 0;  ///< bytes of the memory that are the file's
-    FileIdentity identity; ///< of before the reading, so a change meanwhile shows later
+    std::size_t size = 0;  ///< bytes of `memory` that hold the file's content
+    FileIdentity identity; ///< from before the reading, so that a change meanwhile shows later
 
     std::span<char> bytes() { return {memory.data(), size}; }
     std::string_view text() const { return {memory.data(), size}; }
 };
 
-/// The whole regular file at `file`, through symbolic links. nullopt and the reason in `error` when it cannot be read,
-/// holds more than `maximumSize` bytes or is something else: a folder, pipe, socket or device is neither waited for nor
-/// woken.
+/// The whole regular file at `file`, following symbolic links. nullopt, with the reason in `error`, when it cannot be
+/// read, is larger than `maximumSize` bytes or is not a regular file: folders, pipes, sockets and devices are not even
+/// opened.
 std::optional<FileContent> readFile(const std::filesystem::path& file, std::size_t maximumSize, std::error_code& error);
 
-/// The same for whoever does not ask for the reason.
+/// The same without the reason.
 std::optional<FileContent> readFile(const std::filesystem::path& file, std::size_t maximumSize);
 
-/// A new file beside `target` that takes the target's place once it is whole and on the disk. Until then, and whenever
-/// a step fails, the target stays as it was; a file that did not take its place is removed.
+/// A new file beside `target`, which it replaces once it is complete and on the disk. Until then, and when any step
+/// fails, the target stays as it was; a file that did not replace it is removed.
 ///
-/// While it exists it is locked, so one left by a program that was killed can be told from one being written.
+/// The file is locked while it exists, so that one left by a killed program differs from one being written.
 class TemporaryFile {
 public:
     explicit TemporaryFile(std::filesystem::path target);
@@ -109,18 +110,18 @@ public:
 
     const std::filesystem::path& path() const { return m_path; }
 
-    /// Writes `bytes` behind those written before. An error too when the file could not be made.
+    /// Appends `bytes`. Returns an error also when the file could not be created.
     std::error_code write(std::string_view bytes);
 
-    /// Waits until the disk has all that was written. For whoever has something to do before the replacing.
+    /// Waits until all that was written is on the disk; for callers that have something to do before `replaceTarget`.
     std::error_code sync();
 
-    /// Takes the target's place once the disk has all that was written, and waits until the disk knows that too. After
-    /// an error it may stand there all the same.
+    /// Replaces the target once all that was written is on the disk, and waits until the replacement is, too. After an
+    /// error the target may have been replaced all the same.
     std::error_code replaceTarget();
     bool hasReplacedTarget() const { return m_hasReplacedTarget; }
 
-    const FileDescriptor& descriptor() const { return m_file; } ///< not open when the file could not be made
+    const FileDescriptor& descriptor() const { return m_file; } ///< not open when the file could not be created
 
     std::optional<FileIdentity> identity() const { return identityOf(m_file); }
 
@@ -129,29 +130,30 @@ private:
     std::filesystem::path m_path; ///< empty when there is nothing to remove
     FileDescriptor m_file;
     std::error_code m_openError;
-    bool m_isSynced = false; ///< all that was written
+    bool m_isSynced = false; ///< everything written so far
     bool m_hasReplacedTarget = false;
 };
 
-/// Removes what killed programs left of writing `fileName`, or a file whose name begins so, in `folder`. Files that
-/// some process is writing are left alone.
+/// Removes from `folder` the temporary files that killed programs left of `fileName`, or of a file whose name begins
+/// so. Files that a process is still writing are left alone.
 void removeStaleTemporaries(const std::filesystem::path& folder, std::string_view fileName);
 
-/// Gives the file at `target`, whose folder is there, these bytes: whole and on the disk when it returns without an
-/// error. It is readable by the user alone. What killed programs left of writing it is removed.
+/// Replaces the content of `target`, whose folder must exist, with `bytes`; complete and on the disk when it returns
+/// without an error. The file is readable by the user alone. Leftovers of killed programs are removed.
 std::error_code replaceFile(const std::filesystem::path& target, std::string_view bytes);
 
-/// Waits until the disk knows the names in `folder`. No error where the file system or the folder's mode does not let
-/// one wait: nothing better can be done there.
+/// Waits until the names in `folder` are on the disk. No error where the file system or the folder's mode does not
+/// allow that: nothing better can be done there.
 std::error_code syncFolder(const std::filesystem::path& folder);
 
-/// Removes `file`, if it is there, and has the disk know it: also where it is gone already, since a call whose sync
-/// failed may have removed it. A link is removed, not what it points at.
+/// Removes `file`, if it exists, and waits until that is on the disk; also when it is gone already, since an earlier
+/// call may have removed it and then failed to sync. A link is removed, not its target.
 std::error_code removeFile(const std::filesystem::path& file);
 
-/// Makes `folder` for the user alone, if it is not there, and has its name on the disk. What it lies in must be there.
+/// Creates `folder`, if it does not exist, accessible to the user alone and with its name on the disk. Its parent must
+/// exist.
 std::error_code makeFolder(const std::filesystem::path& folder);
 
-/// Makes the folder and those above it that are missing, for the user alone, on the disk when it returns. No error when
-/// something stands there already.
+/// Creates the folder and its missing parents, accessible to the user alone and on the disk when it returns. No error
+/// when the folder exists already.
 std::error_code makePrivateFolder(const std::filesystem::path& folder);

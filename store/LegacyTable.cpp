@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Almost no text holds one of these bytes; U+FFFE and U+FFFF begin with the last.
+/// A quick test, since almost no text holds one of these bytes; U+FFFE and U+FFFF begin with the last.
 bool mayHoldForbidden(const std::string& utf8)
 {
     return std::ranges::any_of(utf8, [](char character) {

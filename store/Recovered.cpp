@@ -26,7 +26,7 @@ QString momentFormat()
     return QStringLiteral("yyyy-MM-dd HH.mm.ss.zzz");
 }
 
-/// The copies of the data file called `name`, oldest first. All of them, unless there is an error.
+/// The copies of the data file called `name`, oldest first; complete unless `error` is set.
 std::vector<Copy> copiesIn(const fs::path& folder, const std::string& name, std::error_code& error)
 {
     std::vector<Copy> copies;
@@ -45,7 +45,7 @@ std::vector<Copy> copiesIn(const fs::path& folder, const std::string& name, std:
     return copies;
 }
 
-/// `now`, or the moment after the newest copy where the clock was set back or stands still.
+/// `now`, or just after the newest copy when the clock was set back or stands still.
 QDateTime momentAfter(const std::vector<Copy>& copies, Date now)
 {
     const auto milliseconds = static_cast<qint64>(std::floor(unixSeconds(now) * 1000));
@@ -71,14 +71,14 @@ std::error_code Recovered::keep(const fs::path& folder, const fs::path& file, co
     std::error_code error;
     const std::vector<Copy> copies = copiesIn(folder, name, error);
     if (error) {
-        return error; // without knowing them all, a copy could take another's place
+        return error; // an unknown copy could be overwritten
     }
     const fs::path kept = folder / (name + ' ' + momentAfter(copies, now).toString(momentFormat()).toStdString());
     const FileStatus status = FileStatus::of(file);
     if (status.error()) {
         return status.error();
     }
-    bool isKept = false; // already, as the newest copy
+    bool isKept = false; // the newest copy already has this content
     if (!status.isRegular()) {
         fs::rename(file, kept, error);
     } else if (const std::optional<FileContent> content = readFile(file, PropertyList::maximumSize, error)) {
@@ -91,7 +91,8 @@ std::error_code Recovered::keep(const fs::path& folder, const fs::path& file, co
     if (error) {
         return error;
     }
-    if (const std::error_code doubt = syncFolder(folder)) { // also where the last attempt came to an end before that
+    if (const std::error_code doubt =
+            syncFolder(folder)) { // even if nothing was written: an earlier attempt may have ended before this
         return doubt;
     }
 

@@ -11,7 +11,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(logStore, "velumora.store")
 
-// Freeing a large table takes milliseconds, so it is left to the worker; but only so many, as each may be large.
+// Freeing a large table takes milliseconds, so it is left to the worker; the number is limited because each may be
+// large.
 constexpr std::size_t discardedLimit = 4;
 
 } // namespace
@@ -31,9 +32,9 @@ SaveQueue::~SaveQueue()
     m_worker.join();
 }
 
-// A list changes its elements in place once nobody shares them, but its look at the count of sharers does not order
-// the reads of the others before the change. So the worker never lets go of a snapshot that it has read until the
-// saving thread has taken the lock again, which does.
+// A QList changes its elements in place once nobody else shares them, but reading the count of sharers does not order
+// their earlier reads before the change. So the worker keeps every snapshot it has read until the saving thread has
+// taken the lock again, which does order them.
 void SaveQueue::save(std::optional<Table> table, const std::string& name, Replacing replacing)
 {
     {
@@ -54,7 +55,7 @@ void SaveQueue::retry()
     m_changed.notify_all();
 }
 
-/// In the place of an older save of the same file, which then is to be written no more.
+/// Replaces a waiting save of the same file, which need not be written any more.
 void SaveQueue::enqueue(Save save)
 {
     const auto older = std::ranges::find(m_waiting, save.name, &Save::name);
@@ -62,14 +63,15 @@ void SaveQueue::enqueue(Save save)
         m_waiting.push_back(std::move(save));
         return;
     }
-    older->replacing = std::max(older->replacing, save.replacing); // what the older one was to keep is still kept
+    older->replacing = std::max(older->replacing, save.replacing); // what the older one had to keep is still kept
     std::swap(older->table, save.table);
     discard(std::move(save.table));
 }
 
 void SaveQueue::enqueueFailed()
 {
-    std::ranges::move(std::exchange(m_failed, {}), std::back_inserter(m_waiting)); // none of these files waits already
+    std::ranges::move(std::exchange(m_failed, {}),
+                      std::back_inserter(m_waiting)); // none of these files is waiting already
 }
 
 void SaveQueue::discard(std::optional<Table> table)
@@ -120,13 +122,13 @@ void SaveQueue::run()
             m_written.push_back(std::move(save.table));
         }
         if (m_report) {
-            m_report(result); // now that `unsaved` says the same
+            m_report(result); // only now, when `unsaved` agrees with it
         }
         m_changed.notify_all();
     }
 }
 
-/// A newer save that came meanwhile takes its place.
+/// Keeps a failed save for the next attempt, unless a newer save of the file is waiting.
 void SaveQueue::keepFailed(Save save)
 {
     const auto newer = std::ranges::find(m_waiting, save.name, &Save::name);
@@ -135,7 +137,7 @@ void SaveQueue::keepFailed(Save save)
         return;
     }
     newer->replacing = std::max(newer->replacing, save.replacing);
-    m_written.push_back(std::move(save.table)); // read, so not let go of here either
+    m_written.push_back(std::move(save.table)); // it was read, so it is kept, see `save`
 }
 
 SaveResult SaveQueue::write(const Save& save)

@@ -13,42 +13,40 @@
 #include <thread>
 #include <vector>
 
-/// What became of one save.
+/// The outcome of one save.
 struct SaveResult {
     std::string name;           ///< of the file
-    std::optional<Table> table; ///< what was to be saved
-    std::error_code error;      ///< none when the disk has it
+    std::optional<Table> table; ///< the table that was to be saved
+    std::error_code error;      ///< none when it is on the disk
 };
 
-/// The program's single write path: saves tables one after the other on a thread of its own. Of several saves of one
-/// file that wait, only the newest is written. A save that fails is kept and tried again with the next one of any file
-/// and when it is asked for, unless a newer save of its file has come meanwhile. The thread that saves a table is the
-/// one that may change it.
+/// The program's single write path: saves tables one after the other on a thread of its own. Of several waiting saves
+/// of one file only the newest is written. A failed save is kept, and tried again with the next save of any file or on
+/// `retry`, unless a newer save of its file has arrived. Only the thread that saves a table may change it.
 class SaveQueue {
 public:
-    /// Called on the queue's own thread after every attempt. It must not call the queue.
+    /// Called on the queue's own thread after every attempt, with the queue locked, so it must not call the queue.
     using Report = std::function<void(const SaveResult& result)>;
 
-    /// `folder` must outlive the queue, and whatever `report` uses.
+    /// `folder`, and whatever `report` uses, must outlive the queue.
     explicit SaveQueue(DataFolder& folder, Report report = {});
     SaveQueue(const SaveQueue&) = delete;
     SaveQueue& operator=(const SaveQueue&) = delete;
 
-    /// Waits until everything handed over was tried.
+    /// Waits until every save has been tried.
     ~SaveQueue();
 
-    /// Hands over `table` as it is now, to be saved to the file called `name`, and returns at once. An empty table,
-    /// or none, removes the file.
+    /// Saves `table` as it is now to the file called `name`, asynchronously. An empty table, or none, removes the file.
     void save(std::optional<Table> table, const std::string& name, Replacing replacing = Replacing::OwnFile);
 
-    /// Tries again what failed, and returns at once.
+    /// Tries failed saves again, asynchronously.
     void retry();
 
-    /// The newest table of the file called `name` that the disk does not have yet: it waits, is being written or
-    /// failed. An empty one stands for a file that is to go; nullopt says that everything is saved.
+    /// The newest table of the file called `name` that is not on the disk yet, because its save waits, is being written
+    /// or failed; an empty table when the file is to be removed. nullopt when everything is saved.
     std::optional<Table> unsaved(const std::string& name) const;
 
-    /// Returns once everything handed over so far was tried.
+    /// Returns once every save so far has been tried.
     void waitUntilDone();
 
 private:
@@ -71,11 +69,11 @@ private:
     const Report m_report;
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::vector<Save> m_waiting;   ///< in the order they came, one a file
-    std::vector<Save> m_failed;    ///< one a file, and none whose file has a newer one waiting
+    std::vector<Save> m_waiting;   ///< in order of arrival, at most one for each file
+    std::vector<Save> m_failed;    ///< at most one for each file, and none for a file with a waiting save
     Snapshots m_written;           ///< kept until the next save, see the definition of `save`
     Snapshots m_discarded;         ///< for the worker to free
-    std::optional<Save> m_writing; ///< the worker alone sets it
+    std::optional<Save> m_writing; ///< set by the worker alone
     bool m_ending = false;
-    std::thread m_worker; ///< last, as it uses the others
+    std::thread m_worker; ///< last, because it uses the others
 };

@@ -11,8 +11,8 @@ std::uint8_t byteAt(const char* bytes, std::size_t at)
     return static_cast<std::uint8_t>(bytes[at]);
 }
 
-// The number of newlines that begin within [0, count) of `bytes`; two more bytes must be readable after them. Written
-// without branches so that compilers vectorise it; `count` is at most 255, so that the sum fits a byte.
+/// The number of newlines that begin within [0, count) of `bytes`; two more bytes must be readable after them. Written
+/// without branches so that compilers vectorise it; `count` is at most 255, so that the sum fits a byte.
 std::size_t newlinesIn(const char* bytes, std::size_t count)
 {
     std::uint8_t found = 0;
