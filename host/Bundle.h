@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <optional>
 
-/// What is installed with the program.
+/// The files that are installed with the program.
 class Bundle {
 public:
     Bundle() = default;
@@ -17,6 +17,6 @@ public:
     /// The running version, for example "1.0".
     virtual QString shortVersionString() const = 0;
 
-    /// The folder "<language>.lproj" of a lower-case language code, nullopt when there is none.
+    /// The folder "<language>.lproj", where `language` is a lower-case language code; nullopt when there is none.
     virtual std::optional<std::filesystem::path> localizationFolder(const QString& language) const = 0;
 };

@@ -3,8 +3,8 @@
 
 #include <QObject>
 
-/// Tells when the wall clock jumps: the machine woke up, the clock was set, or the time zone changed. The zone in force
-/// in the process is the new one by the time that anyone hears of it.
+/// Reports when the wall clock jumps: the machine woke up, the clock was set, or the time zone changed. By then the
+/// process already uses the new zone.
 class ClockMonitor : public QObject {
     Q_OBJECT
 

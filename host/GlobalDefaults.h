@@ -7,15 +7,15 @@
 
 #include <optional>
 
-/// What the desktop says of its texts, apart from the font that it gives every program.
+/// The desktop's settings for texts, apart from the font that it gives every program.
 struct DesktopText {
-    std::optional<double> points; ///< of the desktop's font
-    double scaling = 1;           ///< by which every size of the desktop is to be taken
+    std::optional<double> points; ///< size of the desktop's font
+    double scaling = 1;           ///< the factor for every text size
 
     bool operator==(const DesktopText&) const = default;
 };
 
-/// The user's settings that hold for every program alike, some under literal keys. The desktop sets them.
+/// The user's settings for all programs, some under literal keys. The desktop sets them.
 class GlobalDefaults : public QObject {
     Q_OBJECT
 
@@ -26,15 +26,15 @@ public:
     /// dark appearance, absent in the light one.
     virtual std::optional<QString> stringForKey(const QString& key) const = 0;
 
-    /// Texts and lines are to stand out as strongly as they can.
+    /// Whether texts and lines should stand out as strongly as possible.
     virtual bool prefersHighContrast() const { return false; }
 
-    /// The colours that the desktop gives its programs; the default palette where it gives none.
+    /// The colours that the desktop gives its programs; the default palette when it gives none.
     virtual QPalette palette() const { return {}; }
 
     virtual DesktopText text() const { return {}; }
 
 Q_SIGNALS:
-    /// A value is another one now.
+    /// A value has changed.
     void didChange();
 };

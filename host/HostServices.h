@@ -16,7 +16,7 @@ class UserNotificationCenter;
 class VersionServer;
 class Workspace;
 
-/// All that the delegate asks of the desktop. Every service outlives the delegate.
+/// Everything that the application delegate asks of the desktop. Every service outlives the delegate.
 struct HostServices {
     Bundle& bundle;
     ClockMonitor& clockMonitor;
@@ -30,12 +30,12 @@ struct HostServices {
     VersionServer& versionServer;
     Workspace& workspace;
 
-    /// The user's application-support folder, in which the data folder lies; nullopt when there is none.
+    /// The user's application-support folder, which contains the data folder; nullopt when there is none.
     std::optional<std::filesystem::path> applicationSupport;
 
-    /// A folder for files that are soon gone, which nobody but the user can look into; nullopt when there is none.
+    /// A folder for short-lived files that only the user can access; nullopt when there is none.
     std::optional<std::filesystem::path> temporaryFolder;
 
-    /// The program's own folder for what is to outlast it but is no document; nullopt when there is none.
+    /// The program's own folder for what should outlast a run but is not a document; nullopt when there is none.
     std::optional<std::filesystem::path> stateFolder;
 };

@@ -18,7 +18,7 @@ struct Location {
     bool operator==(const Location&) const = default;
 };
 
-/// Whether the user lets the program know where it is.
+/// Whether the user allows the program to know the location.
 enum class LocationAuthorizationStatus {
     NotDetermined = 0,
     Restricted = 1,
@@ -32,7 +32,7 @@ inline constexpr double locationAccuracyThreeKilometers = 3000; ///< metres
 
 class LocationManager;
 
-/// Hears from a location manager, on the thread that made the manager and never during a call to it.
+/// Receives the results of a location manager, on the thread that made the manager and never during a call to it.
 class LocationManagerDelegate {
 public:
     LocationManagerDelegate() = default;
@@ -48,7 +48,7 @@ public:
                                      const Location& oldLocation) = 0;
 };
 
-/// Finds out where the user is and tells its delegate. Every call returns at once.
+/// Finds the user's location and reports it to its delegate. Every call returns at once.
 class LocationManager {
 public:
     LocationManager() = default;
@@ -56,13 +56,13 @@ public:
     LocationManager& operator=(const LocationManager&) = delete;
     virtual ~LocationManager() = default;
 
-    /// How far the user must have moved for another update, in metres.
+    /// How far the user must move for another update, in metres.
     virtual void setDistanceFilter(double metres) = 0;
 
-    /// How exact a position need be, in metres.
+    /// How accurate a position needs to be, in metres.
     virtual void setDesiredAccuracy(double metres) = 0;
 
-    /// `delegate` outlives the manager.
+    /// `delegate` must outlive the manager.
     virtual void setDelegate(LocationManagerDelegate& delegate) = 0;
 
     virtual void requestAlwaysAuthorization() = 0;
@@ -71,13 +71,13 @@ public:
     virtual void startUpdatingLocation() = 0;
     virtual void stopUpdatingLocation() = 0;
 
-    /// Tells the best position known at present, and once a better one that becomes known later, whether or not updates
-    /// were stopped meanwhile. Asked for again, what is best now: the user's own entries and the zone may have changed.
-    /// Where no position is known at all, nothing is told.
+    /// Reports the best position known at present, and once more when a better one becomes known, whether or not
+    /// updates were stopped meanwhile. Each further call reports the best position again, since the user's own entries
+    /// and the zone may have changed. Reports nothing while no position is known.
     virtual void requestLocation() = 0;
 };
 
-/// What the desktop knows of places.
+/// The desktop's location services.
 class LocationServices {
 public:
     LocationServices() = default;
@@ -88,9 +88,9 @@ public:
     /// False when they are turned off for the whole machine.
     virtual bool locationServicesEnabled() const = 0;
 
-    /// Where this program stands, as far as is known without asking.
+    /// The program's permission, as far as known without asking.
     virtual LocationAuthorizationStatus authorizationStatus() const = 0;
 
-    /// A manager that outlives neither these services nor its delegate.
+    /// The manager must not outlive these services or its delegate.
     virtual std::unique_ptr<LocationManager> makeLocationManager() = 0;
 };

@@ -16,9 +16,9 @@ public:
         QString title;
         QString message; ///< plain text, shown above the folders
         QString acceptButton;
-        std::filesystem::path folder; ///< where the panel opens; a leading "~/" is the user's home
+        std::filesystem::path folder; ///< where the panel opens; a leading "~/" means the user's home
     };
-    /// Called once on the main thread: the folder chosen, nullopt when the user cancelled.
+    /// Called once on the main thread with the chosen folder, or nullopt when the user cancelled.
     using Completion = std::function<void(std::optional<std::filesystem::path>)>;
 
     OpenPanel() = default;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// What the process knows of the system that it runs on.
+/// Information about the system on which the process runs.
 class ProcessInfo {
 public:
     struct SystemVersion {
@@ -14,6 +14,6 @@ public:
     ProcessInfo& operator=(const ProcessInfo&) = delete;
     virtual ~ProcessInfo() = default;
 
-    /// The release whose services the host offers; both numbers 0 when it is not known.
+    /// The release whose services the host offers; 0 and 0 when unknown.
     virtual SystemVersion operatingSystemVersion() const = 0;
 };

@@ -3,8 +3,8 @@
 
 #include <QObject>
 
-/// Tells that the machine is about to be switched off or restarted. It goes on only after everybody who heard of it has
-/// returned, or after the few seconds that the system allows.
+/// Reports that the machine is about to be switched off or restarted. The machine waits until every slot has returned,
+/// but no longer than the few seconds that the system allows.
 class ShutdownMonitor : public QObject {
     Q_OBJECT
 

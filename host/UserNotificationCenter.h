@@ -10,7 +10,7 @@
 #include <functional>
 #include <optional>
 
-/// How a notification reaches the user.
+/// The ways in which a notification reaches the user.
 enum class NotificationOption : unsigned {
     Badge = 1U << 0,
     Sound = 1U << 1,
@@ -29,7 +29,7 @@ struct NotificationResponse {
     NotificationRequest request;
 };
 
-/// What the notification centre calls on the main thread.
+/// Called by the notification centre, on the main thread.
 class UserNotificationCenterDelegate {
 public:
     UserNotificationCenterDelegate() = default;
@@ -37,11 +37,10 @@ public:
     UserNotificationCenterDelegate& operator=(const UserNotificationCenterDelegate&) = delete;
     virtual ~UserNotificationCenterDelegate() = default;
 
-    /// A notification is due while the program is in front; the answer says how it is shown.
+    /// Called when a notification is due while the program is in front; returns how to show it.
     virtual NotificationOptions willPresentNotification(const NotificationRequest& request) = 0;
 
-    /// False while so many responses wait for the user that no other is to come. Those that do come then are refused,
-    /// unread.
+    /// False while too many responses wait for the user. Further ones are then refused unread.
     virtual bool acceptsResponses() const = 0;
 
     /// `completionHandler` is called once the response has been dealt with.
@@ -49,7 +48,7 @@ public:
                                                 const std::function<void()>& completionHandler) = 0;
 };
 
-/// The desktop's notification service. Completions come on the main thread, never before the call has returned.
+/// The desktop's notification service. Completions are called on the main thread, never before the call has returned.
 class UserNotificationCenter {
 public:
     UserNotificationCenter() = default;
@@ -57,13 +56,13 @@ public:
     UserNotificationCenter& operator=(const UserNotificationCenter&) = delete;
     virtual ~UserNotificationCenter() = default;
 
-    /// `delegate` must outlive the centre or be replaced before it goes.
+    /// `delegate` must outlive the centre or be replaced before it is destroyed.
     virtual void setDelegate(UserNotificationCenterDelegate& delegate) = 0;
 
     virtual void requestAuthorization(NotificationOptions options, std::function<void(bool granted)> completion) = 0;
     virtual void getNotificationSettings(std::function<void(AuthorizationStatus)> completion) = 0;
 
-    /// The completion's `error` says why the request was refused; nullopt when it is pending now.
+    /// The completion's `error` is the reason why the request was refused; nullopt when it is pending.
     virtual void addNotificationRequest(const NotificationRequest& request,
                                         std::function<void(const std::optional<QString>& error)> completion) = 0;
 

@@ -7,10 +7,10 @@
 #include <memory>
 #include <optional>
 
-/// Knows the newest version of the program.
+/// The server that knows the newest version of the program.
 class VersionServer {
 public:
-    /// A question that is on its way. It is given up when this goes, and its completion not called any more.
+    /// A request under way. Destroying it abandons the request, and its completion is no longer called.
     class Fetch {
     public:
         Fetch() = default;
@@ -19,7 +19,7 @@ public:
         virtual ~Fetch() = default;
     };
 
-    /// The newest version exactly as the server tells it, nullopt when it could not be had.
+    /// The newest version exactly as the server states it; nullopt when it could not be fetched.
     using Completion = std::function<void(const std::optional<QString>& version)>;
 
     VersionServer() = default;
@@ -27,7 +27,7 @@ public:
     VersionServer& operator=(const VersionServer&) = delete;
     virtual ~VersionServer() = default;
 
-    /// Asks for the newest version; nothing waits. `completion` is called once, within a bounded time, on the main
-    /// thread and never before this has returned; the fetch may go in it. The server outlives its fetches.
+    /// Asks for the newest version without waiting. `completion` is called once, within a bounded time, on the main
+    /// thread and never before this has returned; it may destroy the fetch. The server must outlive its fetches.
     [[nodiscard]] virtual std::unique_ptr<Fetch> fetchNewestVersion(Completion completion) = 0;
 };

@@ -6,11 +6,11 @@
 #include <filesystem>
 #include <functional>
 
-/// Opens things with the desktop's other programs. Nothing here waits for them.
+/// Opens things with the desktop's other programs, without waiting for them.
 class Workspace {
 public:
-    /// Hears, on the caller's thread, at once or at any later time, whether something opened it; it may be empty. It is
-    /// not called any more once the workspace is gone.
+    /// Called on the caller's thread, at once or later, with whether something opened it; not called once the workspace
+    /// is destroyed. May be empty.
     using Completion = std::function<void(bool opened)>;
 
     Workspace() = default;

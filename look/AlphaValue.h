@@ -3,6 +3,7 @@
 
 class QWidget;
 
-/// How much of a control is seen: 0 is transparent, 1 opaque. It keeps its place and answers to input all the same.
+/// The opacity of a control: 0 is transparent, 1 opaque. A transparent control keeps its place and still responds to
+/// input.
 void setAlphaValue(QWidget& control, double alpha);
 double alphaValue(const QWidget& control);

@@ -47,7 +47,7 @@ void Announcer::say()
         texts.append(text);
     }
     m_said = texts.join(QStringLiteral(". "));
-    QAccessibleEvent renamed(this, QAccessible::NameChanged); // a reader keeps the names that it was told
+    QAccessibleEvent renamed(this, QAccessible::NameChanged); // a reader caches names
     QAccessible::updateAccessibility(&renamed);
     QAccessibleEvent shown(this, QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&shown);

@@ -5,24 +5,24 @@
 
 #include <map>
 
-/// Has a screen reader say what changed elsewhere than at the control with the keyboard: a month that was stepped to,
-/// how many notes a search found. It is never seen.
+/// Makes a screen reader announce changes away from the control with the focus: the month that was stepped to, the
+/// number of notes that a search found. It is never visible.
 ///
-/// For a screen reader it is a notification whose name is the newest announcement and which shows itself anew each
-/// time: that is read out by every reader, also by those that know of no announcements.
+/// To assistive technologies it is a notification whose name is the newest announcement and which is shown again each
+/// time. Every reader reads that out, even one that does not support announcements.
 class Announcer : public QWidget {
     Q_OBJECT
 
 public:
     explicit Announcer(QWidget& window);
 
-    /// Has `text` said once the event in hand is dealt with, so that a focus that this event moves does not cut it
-    /// short. What one event announces is said as one; of several texts of one kind only the last, the others being
-    /// untrue by then.
+    /// Announces `text` once the present event has been handled, so that a focus change in it does not interrupt the
+    /// announcement. Texts of different kinds from one event are announced together; of several of one kind only the
+    /// last, since the others are outdated by then.
     enum class Kind { Page, Rows };
     void announce(Kind kind, const QString& text);
 
-    /// What was said last.
+    /// The last announcement.
     QString announcement() const { return m_said; }
 
 private:

@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr int usualPixelSize = 13; ///< of text where nobody says another
+constexpr int usualPixelSize = 13; ///< of text when the desktop states none
 const QString followerName = QStringLiteral("textSizeFollower");
 constexpr double pixelsPerPoint = 96.0 / 72;
 
@@ -32,9 +32,8 @@ struct RoleColors {
     QRgb dark;
 };
 
-/// Texts stand on Window, Base and Button at a contrast of 4.5:1 or better, Dark (secondary texts) and Link (the accent
-/// colour as a text) and BrightText (what went wrong) included. What cannot be used now is in Shadow: it is told apart
-/// by its paleness.
+/// All texts have a contrast of 4.5:1 or better on Window, Base and Button, including Dark (secondary texts), Link (the
+/// accent colour as a text) and BrightText (errors). Disabled texts use Shadow, and are recognised by their paleness.
 constexpr std::array roles{
     RoleColors{QPalette::Window, 0xfff5f5f7, 0xff1e1e20},
     RoleColors{QPalette::WindowText, 0xff1d1d1f, 0xfff2f2f4},
@@ -73,11 +72,11 @@ QColor mixed(const QColor& a, const QColor& b, double shareOfB)
     return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
 }
 
-/// `given`, a palette of high contrast, with a colour of its own for everything that the program shows.
+/// `given`, a high-contrast palette, completed with a colour for everything that the program shows.
 QPalette completed(const QPalette& given)
 {
     constexpr double hoverShare = 0.2;
-    constexpr double disabledShare = 0.6; // still read
+    constexpr double disabledShare = 0.6; // still legible
     const QColor ground = given.color(QPalette::Active, QPalette::Base);
     const QColor text = given.color(QPalette::Active, QPalette::Text);
     QPalette palette;
@@ -95,8 +94,7 @@ QPalette completed(const QPalette& given)
     const bool isSelectionRead = contrastOf(selection, selectedText) >= readWithEase;
     palette.setColor(QPalette::Highlight, isSelectionRead ? selection : text);
     palette.setColor(QPalette::HighlightedText, isSelectionRead ? selectedText : ground);
-    const QColor link =
-        given.color(QPalette::Active, QPalette::Link); // often the toolkit's, which knows no dark ground
+    const QColor link = given.color(QPalette::Active, QPalette::Link); // often Qt's default, which suits no dark ground
     palette.setColor(QPalette::Link, contrastOf(link, ground) >= readWithEase ? link : text);
     palette.setColor(QPalette::LinkVisited, palette.color(QPalette::Link));
     palette.setColor(QPalette::Midlight, mixed(ground, text, hoverShare));
@@ -105,14 +103,14 @@ QPalette completed(const QPalette& given)
     return palette;
 }
 
-/// The toolkit's own font, for programs that no desktop gives one.
+/// Whether it is Qt's fallback font, for programs to which no desktop gives one.
 bool isMadeUp(const QFont& font)
 {
     constexpr int madeUpPointSize = 9;
     return font.family() == QStringLiteral("Sans Serif") && font.pointSize() == madeUpPointSize;
 }
 
-/// The rules with their lengths in rem told in pixels.
+/// The rules with lengths in rem converted to pixels.
 QString inPixels(const QString& rules)
 {
     static const QRegularExpression rem(QStringLiteral("([0-9.]+)rem"));
@@ -134,7 +132,7 @@ QString rulesOf(const QString& name)
     return file.open(QIODevice::ReadOnly) ? inPixels(QString::fromUtf8(file.readAll())) : QString();
 }
 
-/// Stands in a window with rules.
+/// Reapplies the style rules to its window when the text size changes.
 class TextSizeFollower : public QObject {
 public:
     explicit TextSizeFollower(QWidget& window) : QObject(&window), m_window(window)
@@ -228,16 +226,16 @@ void applyTextSize(const DesktopText& text)
 void applyPalette(const QPalette& palette, QWidget& window)
 {
     QApplication::setPalette(palette);
-    applyStyleRules(window); // anew: widgets under a style sheet keep the palette that it made for them
+    applyStyleRules(window); // again, because widgets under a style sheet keep the palette that it made for them
 }
 
 void applyStyleRules(QWidget& window)
 {
-    Q_INIT_RESOURCE(velumora); // it stands in a library
+    Q_INIT_RESOURCE(velumora); // needed for resources in a static library
     const QString strong =
         isHighContrast(QApplication::palette()) ? rulesOf(QStringLiteral(":/high-contrast.qss")) : QString();
     window.setStyleSheet(rulesOf(QStringLiteral(":/velumora.qss")) + strong);
     if (!window.findChild<QObject*>(followerName, Qt::FindDirectChildrenOnly)) {
-        new TextSizeFollower(window); // the window's
+        new TextSizeFollower(window); // owned by the window
     }
 }

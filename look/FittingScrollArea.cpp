@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr QSize enoughToWork(560, 280); ///< in which a page can be worked with, though it scrolls
+constexpr QSize enoughToWork(560, 280); ///< enough to work with a page, though it scrolls
 
 } // namespace
 
@@ -31,7 +31,7 @@ QSize FittingScrollArea::minimumSizeHint() const
     return widget() ? (widget()->minimumSizeHint() + besides()).boundedTo(enoughToWork) : QSize();
 }
 
-/// Where content is too high, the bar beside it does not make it too wide as well.
+/// The width of the vertical bar is reserved, so that content that is too high does not become too wide as well.
 QSize FittingScrollArea::besides() const
 {
     return {verticalScrollBar()->sizeHint().width(), 0};
@@ -40,7 +40,7 @@ QSize FittingScrollArea::besides() const
 bool FittingScrollArea::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == widget() && event->type() == QEvent::LayoutRequest) {
-        updateGeometry(); // its sizes are this area's too
+        updateGeometry(); // the area's sizes depend on it
     }
     return QScrollArea::eventFilter(watched, event);
 }
@@ -48,10 +48,10 @@ bool FittingScrollArea::eventFilter(QObject* watched, QEvent* event)
 void makeScrollable(QWidget& page)
 {
     auto* content = new QWidget;
-    content->setLayout(page.layout()); // with all that stands in it
+    content->setLayout(page.layout()); // and all widgets in it
     auto* area = new FittingScrollArea(&page);
     area->setWidget(content);
-    content->setAutoFillBackground(false); // which an area turns on
+    content->setAutoFillBackground(false); // setWidget turned it on
     auto* whole = new QVBoxLayout(&page);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(area);

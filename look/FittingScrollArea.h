@@ -3,8 +3,8 @@
 
 #include <QScrollArea>
 
-/// Shows what it holds as large as that likes to be, and scrolls only where there is no room for the least size of it,
-/// so that large texts fit a small screen. It cannot be seen itself.
+/// Shows its content at its preferred size, and scrolls only when there is no room for its least size, so that large
+/// texts fit a small screen. The area itself is invisible.
 class FittingScrollArea : public QScrollArea {
     Q_OBJECT
 
@@ -21,5 +21,5 @@ private:
     QSize besides() const;
 };
 
-/// Has the content of a laid-out widget scroll where there is no room for it.
+/// Makes the content of a laid-out widget scroll when there is no room for it.
 void makeScrollable(QWidget& page);

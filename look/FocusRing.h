@@ -3,13 +3,13 @@
 
 #include <QWidget>
 
-/// The frame around what takes the keys: a whole table, or the cell that is being edited. It lies above what it frames
-/// and lets every click through.
+/// The frame around what has the keyboard focus: a whole table, or the cell that is being edited. It lies above what it
+/// frames and lets every click through.
 class FocusRing : public QWidget {
     Q_OBJECT
 
 public:
-    /// Hidden at first.
+    /// Initially hidden.
     explicit FocusRing(QWidget* parent);
 
 protected:

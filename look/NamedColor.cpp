@@ -15,7 +15,7 @@ struct Entry {
     QRgb dark;
 };
 
-constexpr double strongContrast = 15; ///< of 21
+constexpr double strongContrast = 15; ///< the most is 21
 
 constexpr std::array<Entry, 7> entries = {{
     {u"FocusRingColor", 0xff2f6fc4, 0xff6aa5f0},
@@ -27,7 +27,7 @@ constexpr std::array<Entry, 7> entries = {{
     {u"TableRowSelectionColor", 0xff2f6db5, 0xff2c5c94},
 }};
 
-/// The same in a palette of high contrast, which has few colours of its own.
+/// The same in a high-contrast palette, which has few colours of its own.
 struct StrongEntry {
     QStringView name;
     QPalette::ColorRole role;
@@ -50,8 +50,8 @@ double luminance(const QColor& color)
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
-/// Whether it is a palette of high contrast as the program makes one. The grounds of a control do not tell: a style
-/// rule that gives it a background makes them all that one.
+/// Whether it is a high-contrast palette made by this program. A control's grounds are no indication: a style rule that
+/// gives it a background sets all of them.
 bool hasStrongLines(const QPalette& palette)
 {
     return palette.color(QPalette::Mid) == palette.color(QPalette::Text);

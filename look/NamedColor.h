@@ -6,13 +6,13 @@
 
 class QPalette;
 
-/// Whether text on `palette` is light on dark.
+/// Whether `palette` has light text on a dark ground.
 bool isDarkAppearance(const QPalette& palette);
 
 /// The contrast of two opaque colours, 1 to 21, as the Web Content Accessibility Guidelines 2.1 define it.
 double contrastOf(const QColor& a, const QColor& b);
 
-/// Whether everything on `palette` stands on one ground, at a contrast that only black and white and the like have.
+/// Whether `palette` has one ground for everything, with a contrast as between black and white.
 bool isHighContrast(const QPalette& palette);
 
 /// The colour of that name in the appearance (light or dark, of high contrast or not) of `palette`; an invalid colour

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Lays the lines of `paragraph` out anew, as wide and as high as they are.
+/// Lays out `paragraph` again with `option`, keeping the width and left edge of its lines.
 void layOutAnew(QTextLayout& paragraph, const QTextOption& option)
 {
     const qreal width = paragraph.lineAt(0).width();
@@ -36,7 +36,7 @@ ParagraphLayout::ParagraphLayout(QTextDocument& document, const QWidget& reader)
 
 QRectF ParagraphLayout::blockBoundingRect(const QTextBlock& block) const
 {
-    const QRectF bounds = QPlainTextDocumentLayout::blockBoundingRect(block); // lays it out where that is due
+    const QRectF bounds = QPlainTextDocumentLayout::blockBoundingRect(block); // lays it out if necessary
     QTextLayout* const paragraph = block.isValid() ? block.layout() : nullptr;
     if (!paragraph || paragraph->lineCount() == 0) {
         return bounds;

@@ -5,8 +5,8 @@
 
 class QWidget;
 
-/// Lays out wrapped plain text so that each paragraph is written in its own direction, from the edge at which that
-/// begins. One without a letter follows the widget that shows it.
+/// Lays out wrapped plain text with each paragraph in its own direction, aligned to the edge where that direction
+/// begins. A paragraph without a letter follows the direction of the widget that shows it.
 class ParagraphLayout : public QPlainTextDocumentLayout {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
 
     QRectF blockBoundingRect(const QTextBlock& block) const override;
 
-    /// Without a width: wrapped text has no more than it is given, so there is nothing to scroll to.
+    /// Without a width: wrapped text fits the width it is given, so there is nothing to scroll to.
     QSizeF documentSize() const override;
 
 private:

@@ -4,6 +4,6 @@
 #include <QStringView>
 #include <QTextOption>
 
-/// How `paragraph` is set: wrapped, in the direction of its first letter (`fallback` when it has none), and from the
-/// edge at which that direction begins.
+/// The layout of `paragraph`: wrapped, in the direction of its first letter (`fallback` when it has none), and aligned
+/// to the edge where that direction begins.
 QTextOption optionOf(QStringView paragraph, Qt::LayoutDirection fallback);

@@ -14,10 +14,10 @@
 
 namespace {
 
-constexpr int preferredLetters = 28; ///< of a line
+constexpr int preferredLetters = 28; ///< in a line
 constexpr QTextOption::WrapMode wrapping = QTextOption::WrapAtWordBoundaryOrAnywhere;
 
-/// A label: assistive technologies read those of a dialog aloud when it comes up.
+/// Appears as a label, because assistive technologies read out a dialog's labels when it opens.
 class ReadingTextAccessible : public QAccessibleWidget {
 public:
     explicit ReadingTextAccessible(ReadingText& text) : QAccessibleWidget(&text, QAccessible::StaticText) {}
@@ -66,7 +66,7 @@ ReadingText::ReadingText(int longest, QWidget* parent) : QPlainTextEdit(parent),
     Q_UNUSED(isSpoken)
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
-    setFocusPolicy(Qt::ClickFocus); // where it was clicked, the keys copy
+    setFocusPolicy(Qt::ClickFocus); // a click is enough for the copy key to work
     setFrameShape(NoFrame);
     setWordWrapMode(wrapping);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -93,12 +93,12 @@ bool ReadingText::isCut() const
 
 int ReadingText::heightForWidth(int width) const
 {
-    ensurePolished(); // the style rules give the font
+    ensurePolished(); // the font comes from the style rules
     double height = 0;
     for (QTextBlock block = document()->begin(); block.isValid() && height < m_longest; block = block.next()) {
         height += heightOf(block.text(), font(), width, m_longest - height);
     }
-    constexpr int around = 1; // what the control needs besides its lines to show them all
+    constexpr int around = 1; // needed in addition to show all lines
     return std::min(static_cast<int>(std::ceil(height)) + around, m_longest);
 }
 

@@ -3,9 +3,9 @@
 
 #include <QPlainTextEdit>
 
-/// A text to be read, selected and copied, plain and never changed: as high as its lines, up to `longest` points; it
-/// scrolls when it is longer. Words that are too long for a line go on in the next one. Only the lines that are seen
-/// are laid out. It is spoken as a label is.
+/// A plain, read-only text that can be selected and copied. It is as high as its lines, up to `longest` points, beyond
+/// which it scrolls. Words too long for a line are broken. Only visible lines are laid out. Screen readers treat it as
+/// a label.
 class ReadingText : public QPlainTextEdit {
     Q_OBJECT
 
@@ -17,8 +17,7 @@ public:
     /// Whether some of the text is out of sight.
     bool isCut() const;
 
-    /// The height of the text in lines of `width` points, and no more than the longest: what is beyond that is not even
-    /// measured.
+    /// The height of the text in lines of `width` points, at most `longest`; nothing beyond that is measured.
     int heightForWidth(int width) const override;
     bool hasHeightForWidth() const override { return true; }
     QSize sizeHint() const override;

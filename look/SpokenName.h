@@ -4,8 +4,8 @@
 class QString;
 class QWidget;
 
-/// Gives the widget the name that a screen reader says. A name that it has already is no change and is not told: what
-/// is drawn anew each minute stays silent.
+/// Sets the name that a screen reader says. An unchanged name is not reported, so that what is redrawn each minute
+/// stays silent.
 void setSpokenName(QWidget& widget, const QString& name);
 
 /// The same for the description that follows the name.

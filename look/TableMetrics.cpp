@@ -24,7 +24,7 @@ int baselineInLine(const QFont& font, double lineHeight)
     const QFontMetricsF metrics(font);
     const double middle = std::round((lineHeight - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent());
     const double lowest =
-        std::floor(lineHeight - metrics.descent()); // in a font higher than the line no descender is cut
+        std::floor(lineHeight - metrics.descent()); // keeps descenders whole when the font is higher than the line
     return static_cast<int>(std::min(middle, lowest));
 }
 
@@ -33,7 +33,7 @@ QString plainToolTip(const QString& text)
     constexpr int maximumLines = 30;
     constexpr qsizetype maximumLength = 300;
     QString shown;
-    const auto add = [&shown](const QString& line) { // a paragraph, for each line has its own direction
+    const auto add = [&shown](const QString& line) { // as a paragraph, since each line has its own direction
         const bool isRightToLeft = writingDirection(line, QGuiApplication::layoutDirection()) == Qt::RightToLeft;
         shown += QStringLiteral("<p dir=\"%1\" style=\"margin:0\">%2</p>")
                      .arg(isRightToLeft ? QStringLiteral("rtl") : QStringLiteral("ltr"),

@@ -4,7 +4,7 @@
 #include <QFont>
 #include <QString>
 
-/// What the painted cells, the header and the editor of a table agree on, in points.
+/// Measures shared by the painted cells, the header and the editor of a table, in points.
 inline constexpr int cellPadding = 8;        ///< between a cell's edge and its text, left and right
 inline constexpr int sortIndicatorRoom = 16; ///< beside the title of a sortable column
 inline constexpr double noteLineHeight = 17;
@@ -13,8 +13,8 @@ inline constexpr double eventLineHeight = 20; ///< of an important date
 /// The system font at 13 points.
 QFont cellFont();
 
-/// How far below the top of a line of `lineHeight` its baseline stands, a whole number, for text in `font`.
+/// The distance of the baseline from the top of a line of `lineHeight` for text in `font`, a whole number.
 int baselineInLine(const QFont& font, double lineHeight);
 
-/// `text` as a tool tip that shows it as it stands, markup and all; a very long one ends in an ellipsis.
+/// A tool tip that shows `text` literally, including markup; a very long text ends in an ellipsis.
 QString plainToolTip(const QString& text);

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// `title` in lines of at most `room` points; a longer word stands in a line of its own.
+/// `title` broken into lines of at most `room` points; a longer word has a line of its own.
 QStringList linesOf(const QString& title, const QFontMetrics& metrics, int room)
 {
     QStringList lines;

@@ -3,14 +3,14 @@
 
 #include <QPushButton>
 
-/// A button whose title goes on in further lines where it is too long for the button's width.
+/// A button whose title wraps when it is too long for the button's width.
 class WrappingButton : public QPushButton {
     Q_OBJECT
 
 public:
     WrappingButton(const QString& title, QWidget* parent);
 
-    /// As wide as the longest word needs.
+    /// As wide as the longest word requires.
     QSize minimumSizeHint() const override;
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
@@ -19,5 +19,5 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QSize edges() const; ///< what stands around the title, both sides together
+    QSize edges() const; ///< what surrounds the title, both sides together
 };

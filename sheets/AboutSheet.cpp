@@ -64,7 +64,7 @@ AboutSheet::AboutSheet(const QString& version, const QUrl& webPage, QWidget* par
     buttons->addStretch();
     rows->addSpacing(wideGap);
     rows->addLayout(buttons);
-    okButton->setFocus(); // now that both stand in the sheet
+    okButton->setFocus(); // now that both buttons are in the sheet
     connect(okButton, &QPushButton::clicked, this, &QDialog::accept);
     connect(openButton, &QPushButton::clicked, this, [this] {
         accept();

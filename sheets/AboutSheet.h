@@ -3,7 +3,7 @@
 
 #include <QDialog>
 
-/// What the program is: its icon, name, version, licence and web page. The Escape key closes it.
+/// Information about the program: its icon, name, version, licence and web page. The Escape key closes it.
 class AboutSheet : public QDialog {
     Q_OBJECT
 
@@ -11,6 +11,6 @@ public:
     AboutSheet(const QString& version, const QUrl& webPage, QWidget* parent = nullptr);
 
 Q_SIGNALS:
-    /// The web page is to open. The sheet is closed by then.
+    /// The web page should open. The sheet is closed by then.
     void webPageWanted();
 };

@@ -49,7 +49,7 @@ Alert::Alert(QWidget* parent)
     content->addWidget(m_icon, 0, Qt::AlignTop);
     content->addLayout(texts, 1);
 
-    m_buttonRow->setDirection(QBoxLayout::RightToLeft); // the first button stands outermost
+    m_buttonRow->setDirection(QBoxLayout::RightToLeft); // the first button is outermost
     m_buttonRow->setSpacing(gap);
     m_buttonRow->addStretch(1);
 
@@ -118,7 +118,7 @@ void Alert::hideButton(QPushButton& button)
 
 void Alert::beginSheet(std::unique_ptr<Alert> alert, QWidget& window, Completion completion, Preparation preparation)
 {
-    Alert* sheet = alert.release(); // the window's from here on
+    Alert* sheet = alert.release(); // owned by the window from here on
     sheet->setParent(&window, sheet->windowFlags());
     SheetQueue::of(window).begin(
         *sheet,
@@ -136,13 +136,13 @@ int Alert::runModal()
     return exec();
 }
 
-/// The close button of a window manager counts as the Escape key: it needs a second button.
+/// A window manager's close button acts like the Escape key, and so needs a second button.
 void Alert::reject()
 {
     press(1);
 }
 
-/// As wide as all the buttons in one row, those out of sight included, where the maximum allows that.
+/// Wide enough for all buttons in one row, including hidden ones, within the maximum.
 QSize Alert::sizeHint() const
 {
     int row = m_buttonRow->sizeHint().width();
@@ -174,14 +174,14 @@ void Alert::keyPressEvent(QKeyEvent* event)
     }
 }
 
-/// Turns a page of the text that is not seen whole, the body when neither is.
+/// Scrolls by a page the body or, if that is shown completely, the headline.
 void Alert::scroll(int action)
 {
     const ReadingText& text = m_information->isCut() ? *m_information : *m_message;
     text.verticalScrollBar()->triggerAction(static_cast<QScrollBar::SliderAction>(action));
 }
 
-/// Clicks the button, if the alert has it. One without any button, which no click can close, is closed unanswered.
+/// Clicks the button, if it is there. An alert without buttons, which no click can close, is closed with the answer 0.
 void Alert::press(qsizetype button)
 {
     if (m_buttons.isEmpty()) {

@@ -12,16 +12,16 @@ class QLabel;
 class QPushButton;
 class ReadingText;
 
-/// A question or an error put to the user: a headline, a body and buttons. Headline and body are plain text. Texts
-/// that are too long for the panel scroll, with the page keys too; of a headline beyond all measure only both ends are
-/// shown. The panel is never wider than its maximum: words and the titles of buttons go on in further lines.
+/// A question or an error for the user: a headline, a body and buttons. Headline and body are plain text. Texts too
+/// long for the panel scroll, also with the page keys; an excessively long headline is shown without its middle. The
+/// panel never exceeds its maximum width: words and button titles wrap.
 class Alert : public QDialog {
     Q_OBJECT
 
 public:
     enum class Style { Warning, Informational, Critical };
 
-    /// What the buttons answer, in the order in which they were added.
+    /// The answers of the buttons, in the order in which they were added.
     static constexpr int firstButtonReturn = 1000;
     static constexpr int secondButtonReturn = 1001;
     static constexpr int thirdButtonReturn = 1002;
@@ -31,7 +31,7 @@ public:
 
     explicit Alert(QWidget* parent = nullptr);
 
-    /// Both texts are kept as they are given. Carriage returns show as ends of lines.
+    /// Both texts are kept as given. Carriage returns are shown as line ends.
     void setMessageText(const QString& headline);
     QString messageText() const;
     void setInformativeText(const QString& body);
@@ -39,15 +39,15 @@ public:
     void setAlertStyle(Style style);
     Style alertStyle() const { return m_style; }
 
-    /// Adds a button at the end. The first answers the Return key, the second the Escape key, whatever has the focus.
+    /// Adds a button at the end. The Return key presses the first, the Escape key the second, whatever has the focus.
     QPushButton& addButton(const QString& title);
     const QList<QPushButton*>& buttons() const { return m_buttons; }
 
-    /// Takes a button out of sight; the panel stays as wide as its title needs.
+    /// Hides a button; the panel stays wide enough for its title.
     static void hideButton(QPushButton& button);
 
-    /// Shows the alert as a sheet on `window`, after the sheets that already wait there, and goes with it when it ends.
-    /// `preparation` is called when its turn has come.
+    /// Shows the alert as a sheet on `window`, after the sheets that wait there already, and deletes it when it ends.
+    /// `preparation` is called when its turn comes.
     static void beginSheet(std::unique_ptr<Alert> alert, QWidget& window, Completion completion = {},
                            Preparation preparation = {});
 

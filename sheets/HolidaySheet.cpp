@@ -8,7 +8,7 @@
 
 namespace {
 
-// The tag of a box is an even one, that of its field the next.
+// A box has an even tag, its field the next one.
 constexpr int firstTag = 200;
 constexpr int tagsPerHoliday = 2;
 

@@ -14,7 +14,7 @@ namespace Ui {
 class HolidaySheet;
 }
 
-/// Offers the holidays, numbered as in Holidays.h: a box for each, and next to it a field for its date.
+/// Offers the holidays, numbered as in Holidays.h: a box for each, and beside it a field for its date.
 class HolidaySheet : public QDialog {
     Q_OBJECT
 
@@ -25,13 +25,13 @@ public:
     QCheckBox& box(int holiday) const;
     QLabel& dateField(int holiday) const;
 
-    /// The holiday of a box; nullopt for any other.
+    /// The holiday of a box; nullopt when it is not a holiday's.
     std::optional<int> holidayOf(const QCheckBox& box) const;
 
-    /// The field that stands next to a box; null when there is none.
+    /// The field beside a box; null when there is none.
     QLabel* fieldBeside(const QCheckBox& box) const;
 
-    bool isAnyTicked() const; ///< a holiday, that is
+    bool isAnyTicked() const; ///< whether any holiday's box is ticked
 
     QPushButton& addDatesButton() const;
     QPushButton& addDatesAndNotesButton() const;

@@ -13,7 +13,7 @@ namespace {
 
 const QString queueName = QStringLiteral("sheetQueue");
 
-/// Where the content of a window begins, below its menu bar.
+/// Where the window's content begins, below its menu bar.
 int contentTop(QWidget& window)
 {
     const auto* mainWindow = qobject_cast<QMainWindow*>(&window);
@@ -82,7 +82,7 @@ void SheetQueue::attach()
     if (!sheet) {
         return;
     }
-    // As large as it likes to be, but no larger than the window.
+    // At its preferred size, but no larger than the window.
     sheet->setMaximumSize(m_window.size() - QSize(0, contentTop(m_window)));
     sheet->resize(sheet->sizeHint());
     const int x = (m_window.width() - sheet->width()) / 2;
@@ -97,7 +97,7 @@ void SheetQueue::ended(int result)
     if (entry.completion) {
         entry.completion(result);
     }
-    // From the event loop, so that a completion that puts up a sheet of its own does not nest.
+    // Deferred to the event loop, so that a completion that shows a sheet of its own does not nest.
     QMetaObject::invokeMethod(this, &SheetQueue::showNext, Qt::QueuedConnection);
 }
 

@@ -7,27 +7,26 @@
 #include <deque>
 #include <functional>
 
-/// The sheets of one window: one is shown, attached to the top of the window and modal to it; the others wait their
-/// turn.
+/// The sheets of a window: one is shown, attached to the top of the window and modal to it; the others wait their turn.
 class SheetQueue : public QObject {
     Q_OBJECT
 
 public:
-    /// Called on the main thread with the sheet's result once it is out of sight.
+    /// Called on the main thread with the sheet's result, once it is hidden.
     using Completion = std::function<void(int result)>;
 
-    /// Called on the main thread when a sheet's turn has come, right before it shows.
+    /// Called on the main thread when a sheet's turn comes, just before it is shown.
     using Preparation = std::function<void()>;
 
-    /// The queue of `window`, made at first use and owned by the window.
+    /// The queue of `window`, created on first use and owned by the window.
     static SheetQueue& of(QWidget& window);
 
-    /// Shows `sheet` when its turn comes; nothing happens when it is shown or waits already. The caller keeps the
-    /// ownership; a sheet that is deleted leaves the queue. What goes with a sheet and would change what the sheets
-    /// before it ask about belongs in `preparation`.
+    /// Shows `sheet` when its turn comes; does nothing when it is shown or waits already. The caller keeps ownership; a
+    /// deleted sheet leaves the queue. Anything that would change what earlier sheets ask about belongs in
+    /// `preparation`.
     void begin(QDialog& sheet, Completion completion = {}, Preparation preparation = {});
 
-    /// The sheet that is shown or the next to be; null when none is shown and none waits.
+    /// The sheet that is shown or comes next; null when there is none.
     QDialog* current() const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -46,5 +45,5 @@ private:
     void forget(const QObject* sheet);
 
     QWidget& m_window;
-    std::deque<Entry> m_entries; ///< the front one is shown
+    std::deque<Entry> m_entries; ///< the first one is shown
 };

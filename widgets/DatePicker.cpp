@@ -62,7 +62,7 @@ void DatePicker::setDateValue(Date date)
     showText();
 }
 
-/// Whether that day is one that can be chosen; it is, and is told when it is another.
+/// Chooses `day`, reporting a change; false when it cannot be chosen.
 bool DatePicker::take(QDate day)
 {
     if (!day.isValid() || day < std::min(firstOfferedDay, m_firstDay) || day > lastDay) {
@@ -114,7 +114,7 @@ void DatePicker::setColors(const QColor& text, const QColor& behind)
     colors.setColor(QPalette::Highlight, text);
     colors.setColor(QPalette::HighlightedText, behind);
     setPalette(colors);
-    lineEdit()->setPalette(colors); // under a style sheet it keeps what it once took over
+    lineEdit()->setPalette(colors); // under a style sheet it keeps the palette that it first inherited
     m_arrow->setPalette(colors);
 }
 
@@ -183,7 +183,7 @@ QCalendarWidget* DatePicker::makeCalendar()
     return calendar;
 }
 
-/// Below the control, above it where the screen ends.
+/// Opens below the control, or above it when there is no room on the screen.
 void DatePicker::openCalendar()
 {
     QCalendarWidget* calendar = makeCalendar();

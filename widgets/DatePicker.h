@@ -10,34 +10,34 @@
 class QCalendarWidget;
 class QToolButton;
 
-/// Shows one date as its day and lets the user choose another: typed, by the arrow keys (the number at the caret), or
-/// in a calendar (F4 or Alt+Down). The time of day stays as it is.
+/// Shows the day of a date and lets the user choose another: by typing, with the arrow keys (which change the number at
+/// the caret), or in a calendar (F4 or Alt+Down). The time of day is kept.
 ///
-/// Days are those of the process's time zone, written in the first preferred language and by the current calendar with
-/// the whole year. A day takes effect as soon as its text is complete; what is not complete, or no day, is dropped at
-/// the end.
+/// Days are those of the process's time zone, written in the first preferred language and by the current calendar, with
+/// the full year. A day takes effect as soon as its text is complete; text that is incomplete or not a day is dropped
+/// when the focus leaves.
 class DatePicker : public QAbstractSpinBox {
     Q_OBJECT
 
 public:
     explicit DatePicker(QWidget* parent = nullptr);
 
-    /// Years 1 to 9999; any other date cannot be shown.
+    /// Whether `date` lies in the years 1 to 9999; others cannot be shown.
     static bool canShow(Date date);
 
-    /// What is shown, the time of day included: the date that was set, moved by the days that the user chose.
+    /// The date that was set, moved by the days that the user chose, with its time of day.
     Date dateValue() const;
 
-    /// `date` must be one that can be shown.
+    /// `canShow(date)` must hold.
     void setDateValue(Date date);
 
     QDate day() const { return m_day; }
 
-    /// The user's choice of a day from 1800 on, or from the day on that was set where that is earlier; others are
-    /// ignored.
+    /// Acts as the user's choice of a day: from 1800 on, or from the day that was set if that is earlier, to 9999;
+    /// others are ignored.
     void chooseDay(QDate day);
 
-    /// The chosen part of the text is drawn the other way round.
+    /// Selected text is drawn with the colours swapped.
     void setColors(const QColor& text, const QColor& behind);
     QColor textColor() const;
 
@@ -65,8 +65,8 @@ private:
     QCalendarWidget* makeCalendar();
 
     DayText m_dayText;
-    Date m_first{};   ///< as it was set
-    QDate m_firstDay; ///< of m_first
+    Date m_first{};   ///< the date that was set
+    QDate m_firstDay; ///< the day of m_first
     QDate m_day;
     QToolButton* m_arrow;
     Qt::DayOfWeek m_firstDayOfWeek = Qt::Sunday;

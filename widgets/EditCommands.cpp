@@ -24,7 +24,7 @@ EditAbilities abilitiesOf(const QLineEdit& field)
             .selectAll = !field.text().isEmpty()};
 }
 
-/// Of the toolkit's two text controls, which answer alike and share no class that does.
+/// For Qt's two text controls, which have these functions but no common class with them.
 template <typename TextEdit> EditAbilities abilitiesOfText(const TextEdit& field)
 {
     const bool writable = !field.isReadOnly();
@@ -37,7 +37,7 @@ template <typename TextEdit> EditAbilities abilitiesOfText(const TextEdit& field
             .selectAll = !field.document()->isEmpty()};
 }
 
-/// The toolkit's text controls have these commands under the same names.
+/// Qt's text controls have these commands under the same names.
 template <typename TextControl> void carryOutOn(EditCommand command, TextControl& field)
 {
     switch (command) {

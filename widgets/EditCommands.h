@@ -6,7 +6,7 @@ class QWidget;
 /// The commands of the edit menu.
 enum class EditCommand { Undo, Redo, Cut, Copy, Paste, SelectAll };
 
-/// What the commands of the edit menu can do with a control at this moment.
+/// Which commands of the edit menu apply to a control at this moment.
 struct EditAbilities {
     bool undo = false;
     bool redo = false;
@@ -18,8 +18,8 @@ struct EditAbilities {
     bool operator==(const EditAbilities&) const = default;
 };
 
-/// All false for a control that holds no text, and for none.
+/// All false for null, and for a control that has no text.
 EditAbilities editAbilitiesOf(const QWidget* control);
 
-/// Nothing happens to a control that does not know the command, or to none.
+/// Does nothing for null, and for a control that does not support the command.
 void carryOut(EditCommand command, QWidget* control);

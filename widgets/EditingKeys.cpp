@@ -9,7 +9,7 @@
 
 namespace {
 
-/// What an input method may write into can be edited.
+/// A widget that accepts input methods is a text field.
 bool isTextField(const QObject& watched)
 {
     const auto* widget = qobject_cast<const QWidget*>(&watched);
@@ -19,7 +19,7 @@ bool isTextField(const QObject& watched)
 bool isEditingKey(const QKeyEvent& event)
 {
     if (event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete) {
-        return true; // with whatever modifiers: who means to erase a word must not be asked about the note
+        return true; // with any modifiers: erasing a word must never lead to the question about deleting the note
     }
     const auto matches = [&event](QKeySequence::StandardKey key) { return event.matches(key); };
     constexpr QKeySequence::StandardKey editing[] = {

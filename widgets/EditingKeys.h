@@ -3,9 +3,9 @@
 
 #include <QObject>
 
-/// Gives every key that edits text, or moves in it, to the text field that has the focus, before a shortcut of a menu
-/// can take it: also those that the field itself has no use for, or leaves to the window. Works on all fields of the
-/// program while it lives.
+/// Gives every key that edits text or moves in it to the focused text field before a menu's shortcut can take it, even
+/// a key that the field does not use or leaves to the window. Applies to all fields of the program while the object
+/// exists.
 class EditingKeys : public QObject {
     Q_OBJECT
 

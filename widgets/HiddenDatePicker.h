@@ -5,8 +5,8 @@
 
 #include <QWidget>
 
-/// A date picker that nobody sees: it holds the date that a page shows. It takes no room and no keys. Any instant fits,
-/// as no toolkit's picker would hold every month that the calendar can reach.
+/// An invisible date picker that stores the date that a page shows. It takes no room and no keys. Unlike Qt's pickers
+/// it stores any instant, as the calendar can reach any month.
 class HiddenDatePicker : public QWidget {
     Q_OBJECT
 

@@ -21,7 +21,7 @@ namespace {
 
 constexpr QSize smallestSize(272, 216);
 
-/// Nothing for a calendar that Qt does not count by.
+/// Qt's calendar for a locale; nullopt when only the headings and cells can follow the locale's calendar.
 std::optional<QCalendar::System> systemOf(const std::string& locale)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -50,7 +50,7 @@ PopupCalendar::PopupCalendar(QWidget* parent)
     setVerticalHeaderFormat(NoVerticalHeader);
     setMinimumSize(smallestSize);
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
-        setWeekdayTextFormat(day, QTextCharFormat()); // no day of a week is an alarm
+        setWeekdayTextFormat(day, QTextCharFormat()); // weekends are not highlighted
     }
     const std::pair<QString, QString> steps[] = {{QStringLiteral("qt_calendar_prevmonth"), QStringLiteral("‹")},
                                                  {QStringLiteral("qt_calendar_nextmonth"), QStringLiteral("›")}};
@@ -67,7 +67,7 @@ PopupCalendar::PopupCalendar(QWidget* parent)
     }
 }
 
-/// In place of the buttons that name a Gregorian month and year.
+/// Replaces the buttons that name a Gregorian month and year by a heading.
 void PopupCalendar::putHeadingInPlace()
 {
     auto* month = findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"));
@@ -77,7 +77,7 @@ void PopupCalendar::putHeadingInPlace()
         return;
     }
     m_heading = new QLabel(month->parentWidget());
-    m_heading->setForegroundRole(QPalette::Text); // as the style sheet has the buttons
+    m_heading->setForegroundRole(QPalette::Text); // as the style sheet colours the buttons
     m_heading->setFont(month->font());
     bar->insertWidget(bar->indexOf(month), m_heading);
     month->hide();
@@ -94,12 +94,12 @@ void PopupCalendar::showHeading()
     m_formatter.setDateFormat(QStringLiteral("LLLL y"));
     QString heading = m_formatter.stringFromDate(begin);
     if (heading != m_formatter.stringFromDate(end)) {
-        m_formatter.setDateFormat(QStringLiteral("LLL y")); // two of them have to find room
+        m_formatter.setDateFormat(QStringLiteral("LLL y")); // two months have to fit
         heading = m_formatter.stringFromDate(begin) + QStringLiteral(" – ") + m_formatter.stringFromDate(end);
     }
     m_heading->setText(heading);
     setMinimumWidth(std::max(smallestSize.width(), m_heading->parentWidget()->sizeHint().width()));
-    m_formatter.setDateFormat(QStringLiteral("d")); // of the cells
+    m_formatter.setDateFormat(QStringLiteral("d")); // the format of the cells
 }
 
 void PopupCalendar::paintCell(QPainter* painter, const QRect& rect, QDate day) const

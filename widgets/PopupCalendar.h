@@ -8,10 +8,10 @@
 
 class QLabel;
 
-/// The calendar that a date picker opens, in the first preferred language and by the calendar of the current locale.
+/// The calendar that a date picker opens, in the first preferred language and the current locale's calendar.
 ///
-/// Qt counts by the Gregorian and the Persian calendar. By any other, a page is a Gregorian month still, but its days
-/// have the numbers, and its heading the months and years, of the locale's calendar.
+/// Pages are months of the Gregorian or the Persian calendar. In a locale with another calendar, a page is a Gregorian
+/// month, but the numbers of its days, and the months and years in its heading, are those of the locale's calendar.
 class PopupCalendar : public QCalendarWidget {
     Q_OBJECT
 
@@ -25,6 +25,6 @@ private:
     void putHeadingInPlace();
     void showHeading();
 
-    DateFormatter m_formatter;   ///< of the calendar that Qt does not know
-    QLabel* m_heading = nullptr; ///< null where Qt's own will do
+    DateFormatter m_formatter;   ///< in the locale's calendar
+    QLabel* m_heading = nullptr; ///< null where Qt's own heading is right
 };

@@ -22,7 +22,7 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
     {
         const double side = std::min(rect.width(), rect.height());
-        const double unit = side / 16; // drawn on a square of 16 units
+        const double unit = side / 16; // the sign is designed on a square of 16 units
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->translate(QRectF(rect).center());
@@ -57,7 +57,7 @@ SearchField::SearchField(QWidget* parent)
     : QLineEdit(parent), m_sign(new QAction(QIcon(new NothingFoundSign(*this)), QString(), this))
 {
     addAction(m_sign, TrailingPosition);
-    m_sign->setVisible(false); // after it was added: the field shows what is added
+    m_sign->setVisible(false); // after adding it, which shows it
     connect(this, &QLineEdit::textChanged, this, [this] { setFoundNothing({}); });
 }
 
@@ -72,7 +72,7 @@ void SearchField::setFoundNothing(const QString& message)
     m_sign->setText(message);
     m_sign->setVisible(foundNothing);
     if (std::exchange(m_foundNothing, foundNothing) != foundNothing) {
-        style()->unpolish(this); // the style rules look at the property
+        style()->unpolish(this); // the style rules depend on the property
         style()->polish(this);
     }
 }
@@ -80,7 +80,7 @@ void SearchField::setFoundNothing(const QString& message)
 void SearchField::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier && !text().isEmpty()) {
-        clear(); // undo brings it back
+        clear(); // undo restores it
         return;
     }
     QLineEdit::keyPressEvent(event);

@@ -3,8 +3,8 @@
 
 #include <QLineEdit>
 
-/// The field of a search. Escape empties it. One that found nothing is marked by a sign in the field, a red edge and a
-/// description that screen readers tell, until its text changes.
+/// A search field. Escape clears it. When a search found nothing, the field is marked by a sign, a red edge and a
+/// description for screen readers until its text changes.
 class SearchField : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(bool foundNothing READ foundNothing)
@@ -14,8 +14,8 @@ public:
 
     bool foundNothing() const { return m_foundNothing; }
 
-    /// Marks the field or takes the mark away. `message` says in words that nothing was found; empty takes it away. A
-    /// mark that is set once more is told once more.
+    /// Marks the field, or removes the mark when `message` is empty. `message` says in words that nothing was found.
+    /// Setting a mark again announces it again.
     void setFoundNothing(const QString& message);
 
 protected:

@@ -56,7 +56,7 @@ QStringList SegmentedControl::labels() const
 
 void SegmentedControl::setLabelForSegment(const QString& label, int segment)
 {
-    if (labelForSegment(segment) != label) { // an unchanged one is not announced anew
+    if (labelForSegment(segment) != label) { // an unchanged label is not announced again
         m_segments.at(segment)->setText(label);
     }
 }

@@ -6,7 +6,7 @@
 
 class QToolButton;
 
-/// A row of joined buttons. Each press tells which one it was; none stays pressed.
+/// A row of joined buttons. A press reports which one it was; none stays pressed.
 class SegmentedControl : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QStringList labels READ labels WRITE setLabels)
@@ -14,7 +14,7 @@ class SegmentedControl : public QWidget {
 public:
     explicit SegmentedControl(QWidget* parent = nullptr);
 
-    /// As many segments as there are labels.
+    /// Makes one segment for each label.
     void setLabels(const QStringList& labels);
     QStringList labels() const;
 
@@ -24,11 +24,11 @@ public:
     /// The segment that was pressed last, -1 before the first press.
     int selectedSegment() const { return m_selected; }
 
-    /// Without it the segments come last, since they are made after the page is laid out. `before` is of the same
-    /// window.
+    /// Puts the segments after `before`, a widget of the same window, in the tab order. Otherwise they come last,
+    /// because they are made after the page is laid out.
     void setTabOrderAfter(QWidget& before);
 
-    /// What a click on `segment` does.
+    /// Does what a click on `segment` does.
     void press(int segment);
 
 Q_SIGNALS:

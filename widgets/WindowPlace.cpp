@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Room for what a window manager puts around a window that it has not seen yet.
+/// Room for the window manager's frame around a window that it has not seen yet.
 constexpr QMargins usualFrame(4, 36, 4, 4);
 constexpr std::size_t longestFile = 200;
 constexpr int greatestNumber = 100'000;
@@ -31,7 +31,7 @@ qint64 area(const QRect& rect)
     return rect.isValid() ? static_cast<qint64>(rect.width()) * rect.height() : 0;
 }
 
-/// "left top width height state"; nullopt for anything else.
+/// Parses "left top width height state"; nullopt for anything else.
 std::optional<Place> placeFrom(const QString& text)
 {
     const QStringList words = text.simplified().split(u' ');
@@ -98,7 +98,7 @@ WindowPlace::WindowPlace(std::filesystem::path file, QMainWindow& window) : m_fi
 void WindowPlace::restore()
 {
     const std::optional<Place> last = placeIn(m_file);
-    if (!last) { // the window manager finds a place
+    if (!last) { // the window manager chooses the position
         const QRect screen = m_window.screen()->availableGeometry();
         m_window.resize(
             placedOnScreen({screen.topLeft(), m_window.size()}, usualFrame, m_window.minimumSizeHint(), {screen})
@@ -116,12 +116,12 @@ void WindowPlace::save()
     if (!m_window.isVisible()) {
         return;
     }
-    // What a maximised window goes back to when it is made smaller again.
+    // A maximised window is saved with the rectangle that it returns to.
     const QRect rect = m_window.isMaximized() ? m_window.normalGeometry() : m_window.geometry();
     const QString state = m_window.isMaximized() ? maximised : usual;
     const QString text =
         QStringLiteral("%1 %2 %3 %4 %5\n").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height()).arg(state);
-    // Where it cannot be written, the window opens as it did before.
+    // If it cannot be written, the window opens as it did before.
     if (!makePrivateFolder(m_file.parent_path())) {
         (void)replaceFile(m_file, text.toStdString());
     }

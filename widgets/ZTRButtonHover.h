@@ -16,7 +16,7 @@ public:
     enum TrackingOption { MouseEnteredAndExited = 0x01, CursorUpdate = 0x04, ActiveInKeyWindow = 0x20 };
     Q_DECLARE_FLAGS(TrackingOptions, TrackingOption)
 
-    /// The part of the button in which the pointer is followed.
+    /// The part of the button in which the pointer is tracked.
     struct TrackingArea {
         QRect rect;
         TrackingOptions options;
@@ -24,15 +24,15 @@ public:
 
     explicit ZTRButtonHover(QWidget* parent = nullptr);
 
-    /// The one area in force; none before the button got its size.
+    /// The present tracking area.
     const std::optional<TrackingArea>& trackingArea() const { return m_trackingArea; }
 
-    /// Replaces the tracking area by one over the present bounds.
+    /// Replaces the tracking area by one of the button's present size.
     void updateTrackingAreas();
 
     void mouseEntered();
     void mouseExited();
-    void cursorUpdate(); ///< a disabled button leaves the pointer alone
+    void cursorUpdate(); ///< a disabled button does not change the pointer
 
     void highlight(bool flag);
     bool isHighlighted() const { return m_highlighted; }

@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-/// An engraved rule along the lower edge: a white band 2 points high with a light grey line of 1 point above it.
+/// An engraved line along the lower edge: a white band 2 points high with a light grey line of 1 point above it.
 class ZTRSeparator : public QWidget {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-    /// Draws as much of the rule as `rect` is wide, always from the left edge on.
+    /// Draws the line as wide as `rect`, always from the left edge.
     void drawRect(QPainter& painter, const QRect& rect) const;
 
 protected:

@@ -6,8 +6,8 @@
 #include <QString>
 #include <QStringList>
 
-/// What the reminder agent can be told over the session bus: the slots of ReminderAgent. A request goes over the bus as
-/// NotificationRequestFormat.h has it.
+/// The calls that the reminder agent accepts over the session bus: the slots of ReminderAgent. A request has the form
+/// of NotificationRequestFormat.h.
 namespace AgentMessages {
 
 QString service();
@@ -16,7 +16,7 @@ QString program(); ///< the file name of the agent's executable
 
 QDBusMessage addRequest(const QByteArray& request);
 
-/// Takes delivered reminders from the screen. An agent that does not run, and shows nothing, is not started for it.
+/// Removes delivered reminders from the screen. Does not start the agent, which shows nothing when it does not run.
 QDBusMessage removeDelivered(const QStringList& identifiers);
 
 QDBusMessage pendingRequests();

@@ -5,7 +5,7 @@
 #include <QDBusMessage>
 #include <QString>
 
-/// What the running program can be told over the session bus: the desktop's standard interface for that,
+/// The calls that the running program accepts over the session bus: the desktop's standard interface
 /// org.freedesktop.Application (Desktop Entry Specification 1.5).
 namespace ApplicationMessages {
 
@@ -13,13 +13,13 @@ QString service();
 QString path();
 QString interface();
 
-/// The name of the action that takes a clicked reminder; its one parameter is the request as a property list.
+/// The action for a clicked reminder; its one parameter is the request as a property list.
 QString showReminderAction();
 
-/// Has the program bring its window forward. The token that a desktop gave for that may be empty.
+/// Makes the program bring its window forward. `activationToken` is the desktop's token for that, or empty.
 QDBusMessage activate(const QString& activationToken);
 
-/// Hands a clicked reminder to the program, which answers once it has dealt with it.
+/// Passes a clicked reminder to the program, which replies once it has dealt with it.
 QDBusMessage showReminder(const QByteArray& request, const QString& activationToken);
 
 } // namespace ApplicationMessages

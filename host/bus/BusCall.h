@@ -9,23 +9,22 @@
 
 class QObject;
 
-/// Calls on a message bus for which nobody waits.
+/// Asynchronous calls on a message bus.
 namespace BusCall {
 
 /// The reply, or the error.
 using Answer = std::function<void(const QDBusMessage& reply)>;
 
-/// For a call that waits as long as the service lives: the bus tells when it is gone.
+/// For a call that waits as long as the service runs; the bus reports when it is gone.
 inline constexpr int noTimeout = std::numeric_limits<int>::max();
-inline constexpr int usualTimeout = -1; ///< of the library, 25 seconds
+inline constexpr int usualTimeout = -1; ///< the library's default, 25 seconds
 
-/// Sends `message`; `answer` is called from the event loop of `context`, which is the caller's thread, and not any more
-/// once `context` is gone. On a bus that is not connected it is never called. Calls reach a service in the order in
-/// which they are made.
+/// Sends `message`. `answer` is called from the event loop of `context`, on the caller's thread, and not once `context`
+/// is destroyed; never on a bus that is not connected. Calls reach a service in the order in which they are made.
 void send(const QDBusConnection& bus, const QDBusMessage& message, QObject& context, Answer answer,
           int timeoutMs = usualTimeout);
 
-/// A method of the bus itself, which answers at once whatever its peers do.
+/// A call to a method of the bus itself, which answers at once whatever its peers do.
 QDBusMessage methodOfTheBus(const QString& name);
 
 } // namespace BusCall

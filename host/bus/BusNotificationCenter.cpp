@@ -18,8 +18,8 @@ namespace {
 
 const QString daemonService = QStringLiteral("org.freedesktop.Notifications");
 
-/// Asks the bus itself. `completion` gets the answer, or a default one after an error, and is not called any more once
-/// `context` is gone.
+/// Calls the method `question` of the bus itself. `completion` receives the answer, or a default one after an error,
+/// and is not called once `context` is destroyed.
 template <typename Answer, typename Completion>
 void askBus(QObject& context, const QString& question, const QVariantList& arguments, Completion completion)
 {
@@ -57,7 +57,7 @@ void BusNotificationCenter::requestAuthorization(NotificationOptions, std::funct
 
 void BusNotificationCenter::getNotificationSettings(std::function<void(AuthorizationStatus)> completion)
 {
-    if (!QDBusConnection::sessionBus().isConnected()) { // which would never answer
+    if (!QDBusConnection::sessionBus().isConnected()) { // it would never answer
         QMetaObject::invokeMethod(
             this, [completion = std::move(completion)] { completion(AuthorizationStatus::Denied); },
             Qt::QueuedConnection);
@@ -81,7 +81,7 @@ void BusNotificationCenter::addNotificationRequest(const NotificationRequest& re
                                                    std::function<void(const std::optional<QString>&)> completion)
 {
     const std::optional<QByteArray> bytes = NotificationRequestFormat::bytesOf(request);
-    if (!bytes) { // the agent takes none so large, and the bus breaks with some
+    if (!bytes) { // the agent refuses such a size, and the bus may break on it
         QMetaObject::invokeMethod(
             this, [completion = std::move(completion)] { completion(QStringLiteral("The note is too long.")); },
             Qt::QueuedConnection);
@@ -111,7 +111,7 @@ void BusNotificationCenter::startAgentForReminders(const std::filesystem::path& 
 
 void BusNotificationCenter::reminderClicked(const QByteArray& request, const std::function<void(bool)>& done)
 {
-    if (!m_delegate || m_ending) { // at the end the delegate may be gone
+    if (!m_delegate || m_ending) { // the delegate may be gone by then
         done(false);
         return;
     }

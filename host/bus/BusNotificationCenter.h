@@ -10,9 +10,9 @@
 
 class StartedService;
 
-/// The desktop's notification service: reminders are handed to the reminder agent, which keeps and delivers them
-/// whether the program runs or not. Nothing is asked of the bus before it is needed, and nothing waits for an answer
-/// but the end of the program, for the agent to have what was handed to it.
+/// Passes reminders to the reminder agent, which keeps and delivers them whether the program runs or not. The bus is
+/// not asked anything before that is needed, and nothing blocks except the destructor, which waits for the agent to
+/// receive what was sent to it.
 class BusNotificationCenter : public QObject, public UserNotificationCenter {
     Q_OBJECT
 
@@ -22,22 +22,23 @@ public:
 
     void setDelegate(UserNotificationCenterDelegate& delegate) override { m_delegate = &delegate; }
 
-    /// The desktop asks nobody: it is granted where a notification can be shown.
+    /// Granted, without asking the user, wherever a notification can be shown.
     void requestAuthorization(NotificationOptions options, std::function<void(bool)> completion) override;
 
-    /// Authorized where a notification daemon runs or can be started by the bus; else Denied, as where there is no bus.
+    /// Authorized when a notification daemon runs or the bus can start one; else Denied, also without a bus.
     void getNotificationSettings(std::function<void(AuthorizationStatus)> completion) override;
 
     void addNotificationRequest(const NotificationRequest& request,
                                 std::function<void(const std::optional<QString>&)> completion) override;
     void removeDeliveredNotifications(const QStringList& identifiers) override;
 
-    /// Has the agent run where `reminders`, its file, tells that some wait for it: it may have been killed since login.
+    /// Starts the agent if `reminders`, its file, shows that it has something to do: it may have been killed since
+    /// login.
     void startAgentForReminders(const std::filesystem::path& reminders);
 
-    /// Passes a reminder that was clicked, as it goes over the bus, to the delegate. `done` tells whether it was one
-    /// that the delegate took: anybody on the bus may say that one was clicked, again and again, and of any size. Of
-    /// those that come while the delegate takes none, the first is written to the log.
+    /// Passes a clicked reminder, in the form that it has on the bus, to the delegate. `done` is told whether the
+    /// delegate accepted it: any program on the bus may send such calls, in any number and size. The first of those
+    /// that the delegate refuses to accept is logged.
     void reminderClicked(const QByteArray& request, const std::function<void(bool)>& done);
 
 private:
@@ -47,5 +48,5 @@ private:
     std::unique_ptr<StartedService> m_agent;
     int m_unanswered = 0; ///< requests on their way to the agent
     bool m_ending = false;
-    bool m_isRefusing = false; ///< the last reminder was one too many
+    bool m_isRefusing = false; ///< the last reminder was refused
 };

@@ -11,7 +11,7 @@ DesktopLocationManager::DesktopLocationManager(Sources sources) : m_sources(std:
 
 DesktopLocationManager::~DesktopLocationManager() = default;
 
-// From the event loop, when the window has been drawn.
+// Deferred to the event loop, so that the window is drawn first.
 void DesktopLocationManager::requestLocation()
 {
     QMetaObject::invokeMethod(

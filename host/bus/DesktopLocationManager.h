@@ -12,9 +12,9 @@
 
 class GeoClueClient;
 
-/// Where a position comes from on this desktop, the best first: the location service, what the user entered, the
-/// principal city of the process's time zone. The two latter are told at once; the service is asked once a run, and
-/// what it tells replaces them whenever it comes.
+/// Takes the position from, in order of preference: the location service, the user's entry, the principal city of the
+/// process's time zone. The latter two are reported at once. The service is asked once a run, and its answer replaces
+/// them whenever it comes.
 class DesktopLocationManager : public QObject, public LocationManager {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ public:
     struct Sources {
         std::function<QDBusConnection()> systemBus;                   ///< called when the service is first asked
         QString desktopId;                                            ///< the name of the program's desktop file
-        std::function<std::optional<Coordinate>()> enteredCoordinate; ///< what the preferences say now
+        std::function<std::optional<Coordinate>()> enteredCoordinate; ///< the place in the preferences at present
         std::filesystem::path zoneDatabase;                           ///< the folder of tzdata
     };
 
@@ -33,11 +33,11 @@ public:
     void setDesiredAccuracy(double metres) override { m_desiredAccuracy = metres; }
     void setDelegate(LocationManagerDelegate& delegate) override { m_delegate = &delegate; }
 
-    // The desktop itself asks the user, when the service is asked for a position.
+    // The desktop itself asks the user once the service is asked for a position.
     void requestAlwaysAuthorization() override {}
     void requestWhenInUseAuthorization() override {}
 
-    // The service's one answer is all that is wanted: it comes by `requestLocation`, and ends what was started.
+    // A single answer of the service is enough: `requestLocation` brings it and ends the updates.
     void startUpdatingLocation() override {}
     void stopUpdatingLocation() override {}
 
@@ -52,6 +52,6 @@ private:
     LocationManagerDelegate* m_delegate = nullptr;
     double m_distanceFilter = distanceFilterNone;
     double m_desiredAccuracy = 0;
-    GeoClueClient* m_service = nullptr; ///< ours, made when it is first asked
+    GeoClueClient* m_service = nullptr; ///< a child, made when the service is first asked
     std::optional<Coordinate> m_serviceCoordinate;
 };

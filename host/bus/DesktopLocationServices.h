@@ -5,8 +5,8 @@
 
 #include <utility>
 
-/// Location services that are always there, since the zone's city is: whether the desktop has one, and whether it lets
-/// the program know, shows when that is asked.
+/// Location services that are always enabled, since the zone's city is always available. Whether the desktop has a
+/// service, and whether it lets the program use it, shows only on asking.
 class DesktopLocationServices : public LocationServices {
 public:
     explicit DesktopLocationServices(DesktopLocationManager::Sources sources) : m_sources(std::move(sources)) {}

@@ -21,7 +21,7 @@ const QString locationInterface = QStringLiteral("org.freedesktop.GeoClue2.Locat
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 const QString locationUpdatedSignal = QStringLiteral("LocationUpdated");
 
-/// The service's level for an accuracy in metres.
+/// The service's accuracy level for an accuracy in metres.
 uint accuracyLevel(double metres)
 {
     enum Level : uint { City = 4, Neighborhood = 5, Street = 6, Exact = 8 };
@@ -49,7 +49,7 @@ GeoClueClient::GeoClueClient(QDBusConnection bus, QObject* parent) : QObject(par
 
 void GeoClueClient::ask(const Request& request)
 {
-    if (!m_bus.isConnected()) { // a call would have no end
+    if (!m_bus.isConnected()) { // a call would never be answered
         Q_EMIT failed(m_bus.lastError().message());
         return;
     }
@@ -69,8 +69,8 @@ void GeoClueClient::ask(const Request& request)
 
 void GeoClueClient::start()
 {
-    // Before the start, so that no answer is missed. From the unique name: a well-known one would be looked up first,
-    // and waited for.
+    // Connected before the start, so that no answer is missed, and to the unique name: a well-known one would be looked
+    // up first, which blocks.
     m_bus.connect(m_service, m_client, clientInterface, locationUpdatedSignal, this,
                   SLOT(locationUpdated(QDBusObjectPath, QDBusObjectPath)));
     setProperty(QStringLiteral("DesktopId"), m_request.desktopId);

@@ -12,35 +12,35 @@
 
 #include <optional>
 
-/// One question to the desktop's location service, GeoClue (org.freedesktop.GeoClue2 on the system bus): where are we?
+/// A single query for the position to the desktop's location service, GeoClue (org.freedesktop.GeoClue2 on the system
+/// bus).
 ///
-/// Nothing here waits. The service may answer after minutes, since it may ask the user first; the first position that
-/// it tells is taken, then it is told that no more are needed. The program speaks to it directly, because Qt
-/// Positioning's plugin (6.4) waits at every property that it sets and reads: with a service that took two seconds for
-/// each, the event loop stood still for 16 seconds.
+/// Nothing here blocks. The service may take minutes, since it may ask the user first; its first position counts, then
+/// it is told to stop. Qt Positioning's plugin (6.4) is not used because it blocks on every property that it sets and
+/// reads: with a service that took two seconds for each, the event loop stood still for 16 seconds.
 class GeoClueClient : public QObject {
     Q_OBJECT
 
 public:
     struct Request {
-        QString desktopId;         ///< the name of the program's desktop file, by which the user grants or refuses
-        double accuracy = 0;       ///< metres
-        double distanceFilter = 0; ///< metres between two updates; every one counts at 0 and below
+        QString desktopId;   ///< the name of the program's desktop file, by which the user grants or refuses access
+        double accuracy = 0; ///< metres
+        double distanceFilter = 0; ///< metres between two updates; 0 and below for every update
     };
 
     explicit GeoClueClient(QDBusConnection bus, QObject* parent = nullptr);
 
-    /// To be called once.
+    /// Must be called once only.
     void ask(const Request& request);
 
 Q_SIGNALS:
     void granted();
     void refused();
 
-    /// There is no such service, or it answers with an error; a position may follow all the same.
+    /// The service is missing or answers with an error; a position may follow all the same.
     void failed(const QString& error);
 
-    /// At most once.
+    /// Emitted at most once.
     void located(Coordinate place);
 
 private:
@@ -56,11 +56,11 @@ private:
 
     QDBusConnection m_bus;
     Request m_request;
-    QString m_service; ///< the unique name of the service that made the client
-    QString m_client;  ///< the path of our object in the service
+    QString m_service; ///< the unique name of the service on the bus
+    QString m_client;  ///< the path of the client object in the service
     bool m_located = false;
 };
 
-/// The place that a location object's properties tell: `Latitude` and `Longitude` in degrees. Nothing when one of them
-/// is missing, no number or off the globe.
+/// The place in a location object's properties: `Latitude` and `Longitude` in degrees. nullopt when one of them is
+/// missing, not a number or out of range.
 std::optional<Coordinate> placeFromProperties(const QVariantMap& properties);

@@ -18,19 +18,19 @@ const QString manager = QStringLiteral("org.freedesktop.login1.Manager");
 
 void LogindShutdownMonitor::listen(const QDBusConnection& bus, const QString& reason)
 {
-    if (!bus.isConnected()) { // a call would have no end
+    if (!bus.isConnected()) { // a call would never be answered
         return;
     }
     m_bus = bus;
     m_reason = reason;
-    // From whoever has that path, as the owner of the name is not waited for; others than the owner are passed over.
+    // From any sender, because looking up the owner of the name would block; senders other than the owner are ignored.
     m_bus->connect(QString(), path, manager, QStringLiteral("PrepareForShutdown"), this,
                    SLOT(prepareForShutdown(bool)));
     auto* watcher = new QDBusServiceWatcher(managerService, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const auto&, const auto&, const auto& now) {
                 m_manager = now;
-                if (!now.isEmpty()) { // it began anew
+                if (!now.isEmpty()) { // it was restarted
                     takeLock();
                 }
             });
@@ -38,7 +38,7 @@ void LogindShutdownMonitor::listen(const QDBusConnection& bus, const QString& re
     takeLock();
 }
 
-/// The bus itself answers, at once, also for a login manager that hangs.
+/// Asks the bus itself, which answers at once even when the login manager hangs.
 void LogindShutdownMonitor::askForManager()
 {
     QDBusMessage call = BusCall::methodOfTheBus(QStringLiteral("GetNameOwner"));
@@ -68,8 +68,8 @@ void LogindShutdownMonitor::prepareForShutdown(bool active)
     }
     if (active) {
         Q_EMIT machineWillShutDown();
-        m_lock = QDBusUnixFileDescriptor(); // closed: the machine may go on
+        m_lock = QDBusUnixFileDescriptor(); // closing it lets the machine go on
     } else {
-        takeLock(); // it goes on running
+        takeLock(); // the shutdown was cancelled
     }
 }

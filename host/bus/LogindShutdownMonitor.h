@@ -10,15 +10,15 @@
 
 #include <optional>
 
-/// Hears of it from the login manager, and holds it up with a delay lock until all have heard. Without a login manager
-/// nothing is ever heard.
+/// Listens to the login manager, and delays the shutdown with a lock until every slot has returned. Without a login
+/// manager nothing is ever reported.
 class LogindShutdownMonitor : public ShutdownMonitor, protected QDBusContext {
     Q_OBJECT
 
 public:
     using ShutdownMonitor::ShutdownMonitor;
 
-    /// Begins to listen on the system's `bus`. `reason` is shown to whoever asks the system what holds it up.
+    /// Starts to listen on the system's `bus`. `reason` is shown to users who ask the system what delays it.
     void listen(const QDBusConnection& bus, const QString& reason);
 
 private:
@@ -29,6 +29,6 @@ private:
 
     std::optional<QDBusConnection> m_bus;
     QString m_reason;
-    QString m_manager;              ///< the login manager's own name on the bus; empty while none is known
-    QDBusUnixFileDescriptor m_lock; ///< open while the machine is to wait for this program
+    QString m_manager;              ///< the login manager's unique name on the bus; empty while unknown
+    QDBusUnixFileDescriptor m_lock; ///< open while the machine has to wait for this program
 };

@@ -31,7 +31,7 @@ constexpr double mostPoints = 72;
 constexpr double leastScaling = 0.5;
 constexpr double mostScaling = 4;
 
-/// The size at the end of a font's name, "Cantarell Bold 11"; nullopt when there is none that can be meant.
+/// The size at the end of a font's name, as in "Cantarell Bold 11"; nullopt when there is no plausible one.
 std::optional<double> pointsOf(const QString& fontName)
 {
     bool isNumber = false;
@@ -39,15 +39,14 @@ std::optional<double> pointsOf(const QString& fontName)
     return isNumber && points >= leastPoints && points <= mostPoints ? std::optional(points) : std::nullopt;
 }
 
-/// The factor for sizes of text. An X server has it in its resolution already, from which the toolkit takes the scale
-/// of the whole window.
+/// The factor for text sizes. An X server includes it in its resolution, from which Qt scales the whole window.
 double scalingOf(double factor)
 {
     const bool isInResolution = QGuiApplication::platformName() == QStringLiteral("xcb");
     return isInResolution || !(factor > 0) ? 1 : std::clamp(factor, leastScaling, mostScaling);
 }
 
-/// The portal wraps its answer more than once.
+/// The value inside an answer of the portal, which may be wrapped several times.
 QVariant unwrapped(QVariant value)
 {
     while (value.metaType() == QMetaType::fromType<QDBusVariant>()) {
@@ -72,8 +71,8 @@ DesktopGlobalDefaults::DesktopGlobalDefaults(const QDBusConnection& bus, QObject
     if (!connection.isConnected()) {
         return;
     }
-    qRegisterMetaType<QDBusVariant>(); // a slot is connected only when the types of its arguments are known
-    // From any sender: to hear the portal alone, the bus would have to be asked, and waited for, who the portal is.
+    qRegisterMetaType<QDBusVariant>(); // Qt connects a slot only when its argument types are registered
+    // From any sender: restricting it to the portal would mean a blocking query for the portal's owner.
     connection.connect({}, portalPath, settings, QStringLiteral("SettingChanged"), this,
                        SLOT(settingChanged(QString, QString, QDBusVariant)));
     ask(connection, appearanceGroup, colorSchemeKey);
@@ -143,8 +142,8 @@ bool DesktopGlobalDefaults::setSetting(const QString& group, const QString& key,
     return state() != former;
 }
 
-/// At once, but anybody on the bus can send any number, and each costs the window a new style: what comes too soon is
-/// told of together.
+/// Reports a change at once, but further ones within the pause together: any program on the bus can send any number,
+/// and each costs the window a new style.
 void DesktopGlobalDefaults::tellOfChange()
 {
     m_isUntold = m_pause.isActive();

@@ -10,21 +10,21 @@
 
 class QDBusVariant;
 
-/// The desktop portal's settings of colours and texts; its colour scheme is the global "AppleInterfaceStyle". Where no
-/// portal answers, or the user prefers neither light nor dark, the colours decide that the desktop gave the program at
-/// its start; without a portal a change is seen at the next start. High contrast is what the portal asks for or what
-/// those colours have.
+/// The desktop portal's settings of colours and texts; its colour scheme provides the global "AppleInterfaceStyle".
+/// Without a portal, or when the user prefers neither light nor dark, the palette that the desktop gave the program at
+/// its start decides; a change of that palette takes effect at the next start. High contrast applies when the portal
+/// asks for it or that palette has it.
 ///
-/// The portal is asked without waiting for it: until it answers, those colours count.
+/// The portal is asked asynchronously; until it answers, that palette counts.
 class DesktopGlobalDefaults : public GlobalDefaults {
     Q_OBJECT
 
 public:
-    /// To be made after the application and before it is given colours of its own.
+    /// Must be constructed after the application object and before the program sets a palette of its own.
     explicit DesktopGlobalDefaults(const QDBusConnection& bus = QDBusConnection::sessionBus(),
                                    QObject* parent = nullptr);
 
-    /// Between two changes that are told.
+    /// The least time between two reported changes.
     static constexpr std::chrono::milliseconds pause{100};
 
     std::optional<QString> stringForKey(const QString& key) const override;
@@ -33,18 +33,18 @@ public:
     QPalette palette() const override { return m_palette; }
     DesktopText text() const override { return m_text; }
 
-    /// Does not wait for the event loop with the portal's answers that have come by now.
+    /// Handles the portal's answers that have arrived, without waiting for the event loop.
     void handleArrivedAnswers();
 
 private:
-    /// The portal's values.
+    /// The values that the portal uses.
     enum class ColorScheme : unsigned { NoPreference = 0, Dark = 1, Light = 2 };
 
     Q_SLOT void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
     void ask(const QDBusConnection& connection, const QString& group, const QString& key);
     bool isDark() const;
 
-    /// Takes in what a setting is; false when that changes nothing, as one that the program does not know.
+    /// Stores the value of a setting; false when that changes nothing, for example for an unknown setting.
     bool setSetting(const QString& group, const QString& key, const QVariant& value);
     void setColorScheme(unsigned value);
     void tellOfChange();
@@ -53,6 +53,6 @@ private:
     ColorScheme m_colorScheme = ColorScheme::NoPreference;
     bool m_wantsContrast = false;
     DesktopText m_text;
-    QTimer m_pause;          ///< runs behind each change that was told
-    bool m_isUntold = false; ///< another came meanwhile
+    QTimer m_pause;          ///< runs after each reported change
+    bool m_isUntold = false; ///< a change came while it ran
 };

@@ -7,8 +7,8 @@
 
 #include <QDBusConnection>
 
-/// Opens through the desktop's portal, and where there is none or it cannot, with the desktop's opener. Shows folders
-/// through the file manager on the session bus, and where there is none, opens them.
+/// Opens things through the desktop portal or, when there is none or it fails, with the desktop's opener. Shows folders
+/// through the file manager on the session bus, or opens them when there is none.
 class DesktopWorkspace : public Workspace {
 public:
     explicit DesktopWorkspace(const QDBusConnection& bus = QDBusConnection::sessionBus());

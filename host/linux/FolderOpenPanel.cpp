@@ -11,7 +11,7 @@
 
 namespace {
 
-/// `folder` with a leading tilde expanded, or the nearest folder above it that exists.
+/// `folder` with a leading tilde expanded, or the nearest existing folder above it.
 QString existingFolder(const std::filesystem::path& folder)
 {
     QString path = QString::fromStdString(folder.string());
@@ -38,7 +38,7 @@ void FolderOpenPanel::chooseFolder(QWidget& window, const Request& request, Comp
     message->setContentsMargins(16, 16, 16, 0);
 
     auto* files = new QFileDialog(nullptr, request.title, existingFolder(request.folder));
-    files->setWindowFlags(Qt::Widget); // it stands in the panel, below the message
+    files->setWindowFlags(Qt::Widget); // part of the panel, below the message
     files->setOption(QFileDialog::DontUseNativeDialog);
     files->setFileMode(QFileDialog::Directory);
     files->setOption(QFileDialog::ShowDirsOnly);

@@ -11,7 +11,7 @@ class QDialog;
 /// A folder chooser that looks like the program's other sheets.
 class FolderOpenPanel : public OpenPanel {
 public:
-    /// Shows the panel on the window, now or when its turn has come. The panel deletes itself when it is closed.
+    /// Shows the panel on the window, now or when its turn comes. The panel deletes itself when it is closed.
     using Presenter = std::function<void(QDialog& panel, QWidget& window)>;
 
     explicit FolderOpenPanel(Presenter present) : m_present(std::move(present)) {}

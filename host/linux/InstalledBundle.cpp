@@ -13,7 +13,7 @@ QString InstalledBundle::shortVersionString() const
 std::optional<std::filesystem::path> InstalledBundle::localizationFolder(const QString& language) const
 {
     const std::filesystem::path program = QCoreApplication::applicationDirPath().toStdString();
-    std::error_code ignored; // an empty path is no folder
+    std::error_code ignored; // an empty path is not a folder
     const std::array roots{program.parent_path() / "share" / "velumora",
                            std::filesystem::read_symlink(program / "velumora-resources", ignored)};
     for (const std::filesystem::path& root : roots) {

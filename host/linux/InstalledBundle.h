@@ -3,8 +3,8 @@
 
 #include "host/Bundle.h"
 
-/// Files beside the program: in the install prefix when it runs from there; else where the link "velumora-resources"
-/// beside it leads, which a build makes and an installation leaves out.
+/// Finds files relative to the program: in the install prefix when it runs from there, else through the link
+/// "velumora-resources" beside it, which a build creates and an installation omits.
 class InstalledBundle : public Bundle {
 public:
     QString shortVersionString() const override;

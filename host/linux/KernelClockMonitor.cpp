@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::time_t farFuture = 7'258'118'400; ///< 1 January 2200
 
-/// What the system's zone is set to: the target of the link, or the bytes of a plain file.
+/// Identifies the system's zone: the target of the link, or the bytes of a plain file.
 QByteArray systemZone(const QString& zoneLink)
 {
     const QFileInfo link(zoneLink);
@@ -40,7 +40,7 @@ KernelClockMonitor::KernelClockMonitor(QString zoneLink, QObject* parent)
         m_notifier = std::make_unique<QSocketNotifier>(m_timer, QSocketNotifier::Read);
         connect(m_notifier.get(), &QSocketNotifier::activated, this, &KernelClockMonitor::readTimer);
     }
-    // The link is replaced, not written, so it is its folder that tells.
+    // The link is replaced rather than written, so its folder is watched.
     m_zoneFiles.addPath(QFileInfo(m_zoneLink).absolutePath());
     connect(&m_zoneFiles, &QFileSystemWatcher::directoryChanged, this, &KernelClockMonitor::zoneFilesChanged);
 }
@@ -77,7 +77,7 @@ void KernelClockMonitor::zoneFilesChanged()
         return;
     }
     m_zone = zone;
-    if (qEnvironmentVariableIsEmpty("TZ")) { // a zone of the user's own choice stays
+    if (qEnvironmentVariableIsEmpty("TZ")) { // a zone that the user chose stays
         DateEnvironment::setTimeZone({});
         Q_EMIT clockJumped();
     }

@@ -3,7 +3,7 @@
 
 #include "host/ProcessInfo.h"
 
-/// The host layer offers the services of release 10.15.
+/// Reports 10.15, the release whose services the host offers.
 class LinuxProcessInfo : public ProcessInfo {
 public:
     SystemVersion operatingSystemVersion() const override { return {.major = 10, .minor = 15}; }

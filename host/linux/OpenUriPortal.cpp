@@ -21,15 +21,15 @@
 
 namespace {
 
-constexpr int requestPatienceMs = 10'000; // for taking the request; a portal that must be started first included
-constexpr uint lastGoodResponse = 1;      // 0: opened, 1: the user chose nothing, 2: it could not
+constexpr int requestPatienceMs = 10'000; // for accepting the request, including the time to start the portal
+constexpr uint lastGoodResponse = 1;      // 0: opened, 1: cancelled by the user, 2: failed
 
 QString portalService()
 {
     return QStringLiteral("org.freedesktop.portal.Desktop");
 }
 
-/// The window that a question of the portal belongs to, as the portal wants it; empty where that cannot be told.
+/// The parent window for the portal's questions, in the portal's form; empty when it is unknown.
 QString parentWindow()
 {
     const QWindow* window = QGuiApplication::focusWindow();
@@ -38,8 +38,8 @@ QString parentWindow()
                : QString();
 }
 
-/// The call that opens `url`, nullopt when the file cannot be read. Folders are files to the portal: what it calls
-/// opening a directory shows the folder above.
+/// The call that opens `url`; nullopt when the file cannot be read. Folders are opened as files, because the portal's
+/// OpenDirectory shows the folder above.
 std::optional<QDBusMessage> callFor(const QUrl& url, const QString& token)
 {
     const QString method = url.isLocalFile() ? QStringLiteral("OpenFile") : QStringLiteral("OpenURI");
@@ -64,7 +64,7 @@ std::optional<QDBusMessage> callFor(const QUrl& url, const QString& token)
 
 } // namespace
 
-/// One request to the portal. It goes with its answer.
+/// One request to the portal. It deletes itself once answered.
 class OpenUriRequest : public QObject {
     Q_OBJECT
 
@@ -84,7 +84,7 @@ public:
             finish(false);
             return;
         }
-        // Before the call, so that an answer that comes at once is heard.
+        // Before the call, so that an immediate answer is not missed.
         QString sender = m_bus.baseService().sliced(1);
         sender.replace(u'.', u'_');
         listenAt(QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token));
@@ -92,7 +92,7 @@ public:
             const QDBusReply<QDBusObjectPath> handle(reply);
             if (!handle.isValid()) {
                 finish(false);
-            } else if (handle.value().path() != m_path) { // an old portal chooses the path itself
+            } else if (handle.value().path() != m_path) { // old portals choose the path themselves
                 listenAt(handle.value().path());
             }
         };
@@ -120,7 +120,7 @@ private:
     QDBusConnection m_bus;
     OpenUriPortal::Completion m_completion; ///< empty once it has been called
     QDBusServiceWatcher m_watcher;
-    QString m_path; ///< where the portal tells the outcome
+    QString m_path; ///< of the object on which the portal reports the outcome
 };
 
 void OpenUriPortal::open(const QUrl& url, const Completion& completion)

@@ -8,8 +8,8 @@
 #include <functional>
 #include <utility>
 
-/// The desktop portal's service that opens things (org.freedesktop.portal.OpenURI). It works from within a sandbox and
-/// tells what became of it.
+/// The desktop portal's service for opening things (org.freedesktop.portal.OpenURI). It works from within a sandbox and
+/// reports the outcome.
 class OpenUriPortal : public QObject {
     Q_OBJECT
 
@@ -18,9 +18,10 @@ public:
 
     explicit OpenUriPortal(QDBusConnection bus, QObject* parent = nullptr) : QObject(parent), m_bus(std::move(bus)) {}
 
-    /// Opens a page, a file or a folder. `completion` hears false when there is no portal, when it goes away, or when
-    /// it has no program for it. A user whom the portal asks for a program and who chooses none has decided: that
-    /// counts as opened. Not answered any more once this object is gone, nor by a portal that never makes up its mind.
+    /// Opens a page, a file or a folder. `completion` receives false when there is no portal, when it disappears, or
+    /// when it has no program for it. When the portal asks the user for a program and the user chooses none, that is a
+    /// decision and counts as opened. `completion` is not called once this object is destroyed, nor while the portal
+    /// never answers.
     void open(const QUrl& url, const Completion& completion);
 
 private:

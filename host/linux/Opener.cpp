@@ -14,7 +14,7 @@ namespace {
 
 const QString program = QStringLiteral("xdg-open");
 
-/// Calls a completion once.
+/// Calls a completion only once.
 class Once {
 public:
     explicit Once(Opener::Completion completion)
@@ -38,7 +38,7 @@ private:
 void Opener::open(const QUrl& url, Completion completion)
 {
     const Once done(std::move(completion));
-    // Nobody's: the process would be killed with its owner.
+    // Without a parent, which would kill the process on destruction.
     auto* process = new QProcess;
     process->setProgram(program);
     process->setArguments({url.toString(QUrl::FullyEncoded)});
@@ -46,7 +46,7 @@ void Opener::open(const QUrl& url, Completion completion)
     process->setStandardInputFile(QProcess::nullDevice());
     process->setStandardOutputFile(QProcess::nullDevice());
     process->setStandardErrorFile(QProcess::nullDevice());
-    process->setChildProcessModifier([] { setsid(); }); // the terminal's Ctrl+C is not for the browser
+    process->setChildProcessModifier([] { setsid(); }); // so that Ctrl+C in the terminal does not reach the browser
 
     connect(process, &QProcess::finished, this,
             [done](int status, QProcess::ExitStatus exit) { done(exit == QProcess::NormalExit && status == 0); });

@@ -7,9 +7,9 @@
 #include <chrono>
 #include <functional>
 
-/// The desktop's opener, xdg-open, run as a process whose end is heard: it ends with an error when no program opened
-/// what it was given. On some desktops it becomes that program and runs on; one that does so for a while has opened it.
-/// It is never ended from here, not with this program either: it may be the user's browser by then.
+/// The desktop's opener, xdg-open, run as a process, which exits with an error when no program opened its argument. On
+/// some desktops it turns into that program and keeps running; if it still runs after a while, the opening counts as
+/// successful. It is never killed, not even when this program ends: it may be the user's browser by then.
 class Opener : public QObject {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ public:
     {
     }
 
-    /// Not answered any more once this object is gone. The completion may be empty.
+    /// `completion` may be empty, and is not called once this object is destroyed.
     void open(const QUrl& url, Completion completion);
 
 private:

@@ -9,7 +9,7 @@ namespace {
 
 constexpr mode_t othersPermissions = S_IRWXG | S_IRWXO;
 
-/// While it lives, what the process makes is the user's alone.
+/// While it exists, new files of the process are accessible to the user alone.
 class PrivateFileMode {
 public:
     PrivateFileMode() = default;
@@ -21,8 +21,8 @@ private:
     mode_t m_former = ::umask(othersPermissions);
 };
 
-/// Closes the file to others; nothing happens where there is none. A file whose permissions cannot be changed, on
-/// a disk that has none, is as private as it can be.
+/// Removes the permissions of others from the file, if it exists. On a disk without permissions nothing more can be
+/// done.
 void closeToOthers(const QString& file)
 {
     const std::string name = file.toStdString();

@@ -3,19 +3,18 @@
 
 #include <QSettings>
 
-/// The program's settings in the desktop's native format, in a file that nobody but the user can read: they may hold
-/// where the user lives. The settings write at once when told to, and by themselves from the event loop and at their
-/// end; each time they make the new file with the permissions of the one it replaces, or without one, with those that
-/// the process leaves it.
+/// The program's settings in the desktop's native format, in a file that only the user can read, since they may contain
+/// where the user lives. QSettings writes on request, from the event loop and when destroyed. Each time it creates a
+/// new file with the permissions of the old one or, without one, those that the process's umask leaves.
 class PrivateSettings : public QSettings {
     Q_OBJECT
 
 public:
-    /// A file that is there already is closed to others from now on.
+    /// Closes an existing file to others.
     PrivateSettings();
     ~PrivateSettings() override;
 
-    /// In place of QSettings::sync.
+    /// To be called instead of QSettings::sync.
     void save();
 
 protected:

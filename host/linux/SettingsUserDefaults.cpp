@@ -9,8 +9,8 @@
 
 namespace {
 
-/// What a person or a program may have written for an integer. Of a number with a fraction the whole number beyond it,
-/// so that nothing but 0 counts as 0; nothing for a text that says no value.
+/// The integer in a text that a person or a program may have written. A fraction is rounded away from zero, so that
+/// only 0 counts as 0; nullopt when the text has no value.
 std::optional<int> integerFromText(const QString& text)
 {
     static const QStringList trueWords{QStringLiteral("true"), QStringLiteral("yes"), QStringLiteral("on")};

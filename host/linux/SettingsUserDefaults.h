@@ -4,7 +4,7 @@
 #include "host/UserDefaults.h"
 #include "host/linux/PrivateSettings.h"
 
-/// User defaults in the settings file of the desktop's native format, which only the user can read.
+/// User defaults in a settings file that only the user can read.
 class SettingsUserDefaults : public UserDefaults {
 public:
     void registerDefaults(const QHash<QString, int>& defaults) override;

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr qsizetype longestToken = 4096;
-constexpr int maximumAttempts = 20; // a holder that says nothing but errors is not one that is just ending
+constexpr int maximumAttempts = 20; // a holder that only answers with errors is not just about to end
 
 } // namespace
 
@@ -22,7 +22,7 @@ SingleInstance::Start SingleInstance::claim(const QString& activationToken, cons
     if (!m_bus.isConnected()) {
         return Start::First;
     }
-    // Before the name, so that whoever finds the name finds the object.
+    // Before taking the name, so that whoever finds the name finds the object.
     m_bus.registerObject(ApplicationMessages::path(), this, QDBusConnection::ExportAllSlots);
     const QDeadlineTimer deadline(m_patience);
     for (int attempt = 0; !m_bus.registerService(ApplicationMessages::service()); ++attempt) {
@@ -38,7 +38,7 @@ SingleInstance::Start SingleInstance::claim(const QString& activationToken, cons
         if (reply->type() == QDBusMessage::ReplyMessage) {
             return Start::HandedOver;
         }
-        // The holder ended, and the name is free; or it is worth asking again.
+        // The holder has ended and the name is free, or it is worth asking again.
     }
     return Start::First;
 }
@@ -64,7 +64,7 @@ void SingleInstance::release()
     m_bus.unregisterService(ApplicationMessages::service());
 }
 
-/// A program that ends answers nothing: the caller is to turn to the next one.
+/// A program that is ending refuses calls, so that callers turn to the next one.
 bool SingleInstance::refusesCalls()
 {
     if (m_released && calledFromDBus()) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// True when the user owns the folder and, from now on, nobody else can look into it.
+/// Makes the folder inaccessible to others; true when the user owns it and that worked.
 bool isPrivate(const std::filesystem::path& folder)
 {
     constexpr mode_t allPermissions = 07777;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::array handledSignals{SIGTERM, SIGINT, SIGHUP};
 
-std::atomic<int> raisedEvent = -1; ///< what the handler raises: a handler is given nothing else
+std::atomic<int> raisedEvent = -1; ///< global, because a signal handler has no other access to it
 
 void raiseEvent(int)
 {
@@ -25,7 +25,7 @@ void raiseEvent(int)
 
 } // namespace
 
-// A handler, not a blocked signal: the mask would be inherited by every program that this one starts.
+// A handler rather than a blocked signal, because every program that this one starts would inherit the mask.
 TerminationSignals::TerminationSignals(QObject* parent)
     : QObject(parent), m_event(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
 {

@@ -6,26 +6,26 @@
 
 #include <memory>
 
-/// Turns SIGTERM, SIGINT and SIGHUP into an orderly quit: the session ends, the notes are saved. A signal that the
-/// program was told to ignore at its start stays ignored. Programs that this one starts get their signals as ever. One
+/// Turns SIGTERM, SIGINT and SIGHUP into an orderly quit, in which the notes are saved. A signal that the program was
+/// told to ignore at its start stays ignored. Programs that this one starts are not affected. Only one object may exist
 /// at a time.
 class TerminationSignals : public QObject {
     Q_OBJECT
 
 public:
-    /// From here on the signals no longer kill; one that comes before `listen` is told then.
+    /// From now on the signals no longer kill; one that comes before `listen` is reported by it.
     explicit TerminationSignals(QObject* parent = nullptr);
 
-    /// The signals kill again.
+    /// Makes the signals kill again.
     ~TerminationSignals() override;
 
-    /// From here on the signals are told. Needs the application object.
+    /// Reports the signals from now on. Needs the application object.
     void listen();
 
 Q_SIGNALS:
     void terminationRequested();
 
 private:
-    int m_event; ///< an eventfd that a signal raises; -1 where the kernel gives none
+    int m_event; ///< an eventfd that a signal raises; -1 when the kernel provides none
     std::unique_ptr<QSocketNotifier> m_notifier;
 };

@@ -18,7 +18,7 @@ std::function<void()>& handlerInForce()
     return handler;
 }
 
-std::thread::id handlerThread; ///< what the handler reads belongs to this thread
+std::thread::id handlerThread; ///< the handler reads data of this thread
 
 std::mutex mutex;
 std::condition_variable handlerHasRun;
@@ -39,10 +39,11 @@ void callHandler()
     handlerHasRun.notify_all();
 }
 
-/// Has the handler's thread call it, and holds this one up, which is about to end the process, until it has.
+/// Makes the handler's thread call it, and blocks the present thread, which is about to end the process, until that is
+/// done.
 void callHandlerFromElsewhere()
 {
-    constexpr std::chrono::seconds patience(10); // that thread may never come to it
+    constexpr std::chrono::seconds patience(10); // in case that thread never gets to it
     QMetaObject::invokeMethod(QCoreApplication::instance(), callHandler, Qt::QueuedConnection);
     std::unique_lock lock(mutex);
     handlerHasRun.wait_for(lock, patience, [] { return isHandled; });
@@ -50,8 +51,8 @@ void callHandlerFromElsewhere()
 
 QtMessageHandler formerMessageHandler = nullptr;
 
-/// With Wayland the toolkit ends by _exit(), on one of its own threads perhaps, and _exit() calls no function. What it
-/// says right before is the only sign of it.
+/// With Wayland, Qt ends the process by _exit(), perhaps on a thread of its own, and _exit() runs no exit functions.
+/// The message just before is the only sign of it.
 void hearMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     formerMessageHandler(type, context, text);
@@ -70,7 +71,7 @@ void hearMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
 UnexpectedExit::UnexpectedExit(std::function<void()> handler)
 {
     handlerThread = std::this_thread::get_id();
-    handlerInForce() = std::move(handler); // made first, so it is still there when `callHandler` runs
+    handlerInForce() = std::move(handler); // created before atexit, so that it still exists when `callHandler` runs
     [[maybe_unused]] static const int registered = std::atexit(callHandler);
     formerMessageHandler = qInstallMessageHandler(hearMessage);
 }

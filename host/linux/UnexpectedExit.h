@@ -3,9 +3,9 @@
 
 #include <functional>
 
-/// Calls a function when the main thread ends the process before this object is gone: by exit(), or because the
-/// toolkit says that the display's connection is broken, after which it ends the process at once. By then nothing can
-/// be shown any more; other threads still run. One at a time.
+/// Calls a function when the process ends while this object exists: by exit() on the main thread, or because Qt reports
+/// that the connection to the display is broken, after which it ends the process at once. Nothing can be shown by then,
+/// but other threads still run. Only one object may exist at a time.
 class UnexpectedExit {
 public:
     explicit UnexpectedExit(std::function<void()> handler);

@@ -12,14 +12,14 @@ QString startActivationToken()
 
 void bringForward(QWidget& window, const QString& activationToken)
 {
-    constexpr const char* tokenVariable = "XDG_ACTIVATION_TOKEN"; // where the window system's plug-in looks for it
+    constexpr const char* tokenVariable = "XDG_ACTIVATION_TOKEN"; // where Qt's platform plug-in looks for it
     qputenv(tokenVariable, activationToken.toUtf8());
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.show();
-    // A sheet on the window takes the keyboard; given to the window behind it, it would be nobody's.
+    // A sheet on the window has the keyboard focus; giving it to the window behind would lose it.
     QWidget* sheet = QApplication::activeModalWidget();
     QWidget& front = sheet ? *sheet : window;
     front.raise();
     front.activateWindow();
-    qunsetenv(tokenVariable); // good for once, and not for the programs that this one starts
+    qunsetenv(tokenVariable); // valid only once, and not for programs that this one starts
 }

@@ -5,10 +5,10 @@
 
 class QWidget;
 
-/// What the desktop gave this start so that its window may take the keyboard; may be empty. The application object
-/// takes it from the environment, so this comes before.
+/// The desktop's token that lets this start's window take the keyboard focus; may be empty. Must be called before the
+/// application object exists, which removes it from the environment.
 QString startActivationToken();
 
-/// Shows the window above the others and gives it, or the sheet that stands on it, the keyboard, as far as the desktop
-/// lets it. The token is what the desktop gave for that; it may be empty.
+/// Shows the window above the others and gives it, or the sheet on it, the keyboard focus, as far as the desktop
+/// allows. `activationToken` is the desktop's token for that, or empty.
 void bringForward(QWidget& window, const QString& activationToken);

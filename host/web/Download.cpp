@@ -21,7 +21,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int mostRedirects = 8;
 constexpr long statusOk = 200;
 constexpr std::array redirections{301L, 302L, 303L, 307L, 308L};
-constexpr int receiveBuffer = 64 << 10; // bytes; the system's own would take megabytes that nobody asked for
+constexpr int receiveBuffer = 64 << 10; // bytes; the system's default would accept megabytes that nobody asked for
 constexpr std::chrono::milliseconds mostSleep{1000};
 
 struct EasyCleanup {
@@ -39,7 +39,7 @@ bool isWebAddress(const QUrl& url)
     return (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https")) && !url.host().isEmpty();
 }
 
-/// Counts what comes in over the sockets of a download.
+/// Owns the sockets of a download and counts the bytes that they receive.
 class Sockets {
 public:
     ~Sockets()
@@ -118,7 +118,7 @@ private:
     const DownloadLimits& m_limits;
     DownloadBreak& m_break;
     const Clock::time_point m_end = Clock::now() + m_limits.time;
-    Sockets m_sockets; // the handles close theirs before this goes
+    Sockets m_sockets; // declared first, as the handles close their sockets in it
     std::unique_ptr<curl_slist, ListCleanup> m_headers;
     std::unique_ptr<CURLM, MultiCleanup> m_multi{curl_multi_init()};
     std::unique_ptr<CURL, EasyCleanup> m_easy{curl_easy_init()};
@@ -129,7 +129,7 @@ private:
 Transfer::Transfer(const DownloadLimits& limits, DownloadBreak& breakOff, const std::filesystem::path& authorities)
     : m_limits(limits), m_break(breakOff)
 {
-    // A packed body would be unpacked before anyone can see how long it is. The user's languages are not told.
+    // A compressed body would be unpacked before its length can be checked. The user's languages are not revealed.
     for (const char* header : {"Accept-Encoding: identity", "Accept-Language: en"}) {
         m_headers.reset(curl_slist_append(m_headers.release(), header));
     }
@@ -138,7 +138,7 @@ Transfer::Transfer(const DownloadLimits& limits, DownloadBreak& breakOff, const 
     set(CURLOPT_PROTOCOLS_STR, "http,https");
     set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
     set(CURLOPT_NOSIGNAL, 1L);
-    set(CURLOPT_QUICK_EXIT, 1L); // a name that is being looked up is not waited for
+    set(CURLOPT_QUICK_EXIT, 1L); // does not wait for a name lookup
     set(CURLOPT_WRITEFUNCTION, &Transfer::take);
     set(CURLOPT_WRITEDATA, this);
     set(CURLOPT_OPENSOCKETFUNCTION, &Sockets::open);
@@ -171,7 +171,7 @@ std::optional<QByteArray> Transfer::run(QUrl url)
 
 void Transfer::setProxy(const QUrl& url)
 {
-    QByteArray address; // empty for none, not even that of the environment
+    QByteArray address; // empty for none, not even the environment's
     QNetworkProxy proxy(QNetworkProxy::NoProxy);
     for (const QNetworkProxy& each : QNetworkProxyFactory::proxyForQuery(QNetworkProxyQuery(url))) {
         const bool isSocks = each.type() == QNetworkProxy::Socks5Proxy;
@@ -189,7 +189,7 @@ void Transfer::setProxy(const QUrl& url)
     set(CURLOPT_PROXYPASSWORD, proxy.user().isEmpty() ? nullptr : proxy.password().toUtf8().constData());
 }
 
-/// Fetches what is at `url`, a redirection too; false when it did not come whole.
+/// Fetches `url`, even if that is a redirection; false when the reply is incomplete.
 bool Transfer::get(const QUrl& url)
 {
     m_file.clear();
@@ -233,7 +233,7 @@ long Transfer::status() const
     return status;
 }
 
-/// An empty address where the reply is none.
+/// The target of a redirection; an empty address when the reply is not one.
 QUrl Transfer::redirection() const
 {
     const char* place = nullptr;
@@ -248,7 +248,7 @@ std::size_t Transfer::take(const char* bytes, std::size_t one, std::size_t count
     const std::size_t size = one * count;
     if (transfer->status() == statusOk) {
         if (static_cast<std::size_t>(transfer->m_file.size()) + size > transfer->m_limits.file) {
-            return 0; // which ends it
+            return 0; // ends the transfer
         }
         transfer->m_file.append(bytes, static_cast<qsizetype>(size));
     }

@@ -9,20 +9,21 @@
 #include <mutex>
 #include <optional>
 
-/// What a download may cost, whatever the servers do.
+/// The limits of a download, whatever the servers do.
 struct DownloadLimits {
     std::chrono::milliseconds time;
-    std::size_t file;     ///< bytes of the file
-    std::size_t received; ///< bytes from the network: handshakes, heads and bodies of all replies, redirections too
+    std::size_t file; ///< bytes of the file
+    std::size_t
+        received; ///< bytes from the network: handshakes, headers and bodies of all replies, including redirections
 };
 
-/// By this a download is broken off from another thread. It serves one download.
+/// Breaks off a download from another thread. Each object serves one download.
 class DownloadBreak {
 public:
     void request();
     bool isRequested() const;
 
-    /// For the download: what a request has to wake, null for nothing any more. A multi handle.
+    /// Called by the download: the curl multi handle that `request` has to wake, or null for none.
     void setSleeper(void* sleeper);
 
 private:
@@ -31,12 +32,12 @@ private:
     bool m_requested = false;
 };
 
-/// The whole file at `url`, a web address; nullopt when there is none, when it did not come whole within the limits and
-/// when it was broken off. Redirections are followed, except from an encrypted connection to one that is not. Encrypted
-/// servers are those that the system trusts, or with `authorities` the ones that this file of certificates vouches for.
-/// The connection goes by way of the desktop's proxies.
+/// The whole file at the web address `url`; nullopt when there is none, when it did not arrive completely within the
+/// limits, or when it was broken off. Redirections are followed, except from an encrypted connection to an unencrypted
+/// one. Trusts the certificate authorities of the system or, if given, those in the file `authorities`. Uses the
+/// desktop's proxies.
 ///
-/// Blocks, and may do so for longer than the limit while the desktop is asked for its proxies: for threads that nobody
-/// waits for.
+/// Blocks, even beyond the time limit while the desktop is asked for its proxies; only for threads that nobody waits
+/// for.
 std::optional<QByteArray> download(const QUrl& url, const DownloadLimits& limits, DownloadBreak& breakOff,
                                    const std::filesystem::path& authorities = {});

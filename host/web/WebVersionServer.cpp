@@ -12,7 +12,7 @@
 #include <thread>
 #include <utility>
 
-/// The downloads that still run. A thread of its own may outlive the server, so both have a share in this.
+/// Counts the running downloads. Shared, because a download's thread may outlive the server.
 class DownloadThreads {
 public:
     void enter()
@@ -40,9 +40,10 @@ private:
 
 namespace {
 
-constexpr std::chrono::milliseconds patienceAtEnd{1000}; // one that is given up ends at once, unless a proxy is sought
+constexpr std::chrono::milliseconds patienceAtEnd{
+    1000}; // an abandoned download ends at once, except while it looks for a proxy
 
-/// Signals are the main thread's.
+/// Blocks all signals on this thread.
 void leaveSignalsToTheMainThread()
 {
     sigset_t all;
@@ -50,7 +51,7 @@ void leaveSignalsToTheMainThread()
     pthread_sigmask(SIG_BLOCK, &all, nullptr);
 }
 
-/// A download on a thread of its own, and its end on this one. The thread is never waited for.
+/// A download on a thread of its own, whose result is delivered on the main thread. The thread is never waited for.
 class WebFetch : public QObject, public VersionServer::Fetch {
 public:
     WebFetch(const QUrl& file, const DownloadLimits& limits, const std::filesystem::path& authorities,
@@ -58,11 +59,11 @@ public:
     ~WebFetch() override;
 
 private:
-    /// What the thread shares with the fetch.
+    /// Shared by the thread and the fetch.
     struct Link {
         DownloadBreak breakOff;
         std::mutex mutex;
-        WebFetch* fetch = nullptr; ///< null once it is gone
+        WebFetch* fetch = nullptr; ///< null once it is destroyed
     };
 
     void start(const QUrl& file, const DownloadLimits& limits, const std::filesystem::path& authorities,
@@ -79,7 +80,7 @@ WebFetch::WebFetch(const QUrl& file, const DownloadLimits& limits, const std::fi
     : m_completion(std::move(completion))
 {
     m_link->fetch = this;
-    // The download keeps to the limit too, but for what it asks the desktop.
+    // The download itself keeps to the limit, except while it asks the desktop for proxies.
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, [this] { end(std::nullopt); });
     m_patience.start(limits.time);
@@ -122,7 +123,7 @@ void WebFetch::end(const std::optional<QByteArray>& file)
     m_patience.stop();
     m_link->breakOff.request();
     if (const VersionServer::Completion completion = std::exchange(m_completion, {})) {
-        completion(file ? VersionText::fromFile(*file) : std::nullopt); // after which this may be gone
+        completion(file ? VersionText::fromFile(*file) : std::nullopt); // may destroy this object
     }
 }
 
