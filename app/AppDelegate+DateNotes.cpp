@@ -35,7 +35,7 @@ void takeIntoEditor(const DatedText& edited, NoteBook& book, TableView& notes)
         return;
     }
     editor->addAtEnd(QString::fromStdString(whole->substr(edited.text.size())));
-    book.beginEditAnew();
+    book.restartEdit();
 }
 
 } // namespace
@@ -85,7 +85,7 @@ void AppDelegate::takeInDateNotes()
     if (const std::optional<DatedText> edited = noteInEditor()) {
         takeIntoEditor(*edited, m_book, *m_ui.notesTableView);
     }
-    for (const Date date : m_book.takeInLines()) {
+    for (const Date date : m_book.mergeWaitingLines()) {
         showSavedNote(date);
     }
     redrawMiniCal();

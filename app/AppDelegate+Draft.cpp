@@ -80,7 +80,7 @@ void AppDelegate::keepDraft()
     const Draft draft = m_store.takeLeftDraft();
     if (allNotesTVData && holds(draft, DraftChange::Kind::Note)) {
         const bool showsAll = m_host.userDefaults.integerForKey(PreferenceKeys::startList) != 0;
-        m_book.takeInDraftNotes(draft, showsAll, DateUtilities::today());
+        m_book.restoreDraftNotes(draft, showsAll, DateUtilities::today());
         m_ui.filterField->setFoundNothing({});
         showRows();
         showNotesCount(visibleRowsForTV(*m_ui.notesTableView));
@@ -88,7 +88,7 @@ void AppDelegate::keepDraft()
         redrawMiniCal();
     }
     if (eventsTVData && holds(draft, DraftChange::Kind::Event)) {
-        m_book.takeInDraftDates(draft);
+        m_book.restoreDraftDates(draft);
         m_ui.importantDatesTableView->reloadData();
         m_store.save(ListKind::ImportantDates);
     }

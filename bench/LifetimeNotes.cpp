@@ -7,7 +7,7 @@
 namespace {
 
 constexpr double secondsPerDay = 86'400;
-constexpr std::size_t leastBytesPerNote = 355; // the line that passes it makes about 400
+constexpr std::size_t leastBytesPerNote = 355; // the line that exceeds it makes about 400
 constexpr int notesPerRareWord = 1'000;
 
 constexpr std::array words{
@@ -18,7 +18,8 @@ constexpr std::array words{
     "weather", "meeting", "dinner", "films",   "bicycle", "of",       "in",      "it",     "was",   "then",
     "after",   "before",  "again",  "happily", "slowly",  "remember", "birthday"};
 
-/// The next word; the plain remainder, because the distributions of the standard library differ between libraries.
+/// The next word. Taken by the plain remainder, because the standard library's distributions differ between
+/// implementations.
 const char* anyWord(std::mt19937& random)
 {
     return words[random() % words.size()];
@@ -47,7 +48,7 @@ std::string noteText(std::mt19937& random, bool isRare)
 
 Table makeLifetimeNotes(int count)
 {
-    std::mt19937 random; // seeded with the standard's default, so always the same
+    std::mt19937 random; // with the standard's default seed, so always the same
     Table table;
     table.reserve(count);
     for (int day = 0; day < count; ++day) {

@@ -6,9 +6,9 @@
 constexpr int lifetimeNotes = 36'525; ///< a note a day for a hundred years; about 18 MB in XML
 constexpr int decadeNotes = 3'650;
 
-/// The one word that `makeLifetimeNotes` puts into every thousandth note and nowhere else (37 of `lifetimeNotes`).
+/// The word that `makeLifetimeNotes` puts into every thousandth note and nowhere else (37 of `lifetimeNotes`).
 constexpr const char* rareWord = "Zanzibar";
 
-/// `count` notes, one a day from 1 January 1970, 00:00 UTC, each of about 400 bytes of several lines with some
+/// `count` notes, one a day from 1 January 1970, 00:00 UTC, each with about 400 bytes in several lines and some
 /// umlauts. The same count gives the same notes everywhere.
 Table makeLifetimeNotes(int count = lifetimeNotes);

@@ -6,7 +6,7 @@
 #include <QMainWindow>
 #include <benchmark/benchmark.h>
 
-// What a person waits for until an alert is there, however long its text is: it has to be there at once.
+// How long a person waits for an alert. It must appear at once, however long its text is.
 
 namespace {
 

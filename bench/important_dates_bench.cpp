@@ -14,7 +14,7 @@
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
-// What a person waits for at the table of a hundred years of important dates. Each has to fit into one frame, 16 ms.
+// How long a person waits at a table of a hundred years of important dates. Each step has to fit into one frame, 16 ms.
 
 namespace {
 
@@ -22,7 +22,7 @@ constexpr int dateCount = 2'000;
 constexpr int dateColumn = 0;
 constexpr Date::duration daysBetween = std::chrono::hours(24) * 18;
 
-/// The program's window on a home of its own, with `dateCount` important dates up to today.
+/// The program's window with a home folder of its own and `dateCount` important dates up to today.
 struct Page {
     Page()
     {

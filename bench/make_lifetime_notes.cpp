@@ -1,5 +1,4 @@
-// SPDX-License-Identifier: MIT
-// make-lifetime-notes FILE [COUNT]: writes a notes file of a lifetime, or of COUNT days, to measure the program with.
+// make-lifetime-notes FILE [COUNT]: writes a notes file of a lifetime, or of COUNT days, for measuring the program.
 #include "bench/LifetimeNotes.h"
 #include "plist/PropertyList.h"
 

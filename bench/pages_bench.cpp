@@ -14,17 +14,17 @@
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
-// What a person waits for at the pages of the week and the month, with a lifetime of notes in the list. A step of a
-// page has to fit into one frame, 16 ms; a print may take a moment.
+// How long a person waits at the pages of the week and the month, with a lifetime of notes in the list. A step has to
+// fit into one frame, 16 ms; printing may take a moment.
 
 namespace {
 
-/// The program at 15 March 2024 with a note on every day, on the page of that place in the tab view.
+/// The program on 15 March 2024 with a note on every day, on page `page` of the tab view.
 class Pages {
 public:
     explicit Pages(int page)
     {
-        DateEnvironment::setTimeZone("UTC"); // where the notes begin their days
+        DateEnvironment::setTimeZone("UTC"); // the notes' days begin at midnight UTC
         DateEnvironment::setClock(m_clock);
         layout.setupUi(&window);
         applyPalette(calmPalette(Appearance::Light), window);
@@ -43,7 +43,7 @@ public:
         DateEnvironment::setClock(DateEnvironment::systemClock());
     }
 
-    /// Goes forward and back again, one step each time.
+    /// Alternates between a step forward and a step back.
     void step(QAbstractButton* back, QAbstractButton* forward)
     {
         m_isForward = !m_isForward;

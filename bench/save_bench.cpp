@@ -1,5 +1,4 @@
-// SPDX-License-Identifier: MIT
-// Saving the notes of a lifetime: what the saving thread pays, and what the disk takes beside a plain write.
+// Saving the notes of a lifetime: the cost to the saving thread, and that of the disk compared with a plain write.
 #include "bench/LifetimeNotes.h"
 #include "plist/PropertyList.h"
 #include "store/Record.h"
@@ -22,7 +21,7 @@ namespace fs = std::filesystem;
 
 const std::string notesName(NotesFileName);
 
-/// A data folder of its own in the working directory, on a real disk, unlike most folders for temporary files.
+/// A data folder in the working directory, which is on a real disk, unlike most folders for temporary files.
 class BenchFolder {
 public:
     BenchFolder() = default;
@@ -49,7 +48,7 @@ private:
     DataFolder m_data{m_path, m_clock};
 };
 
-/// What the person at the keyboard waits for: the call itself, nothing waiting before it.
+/// What the user waits for: the call itself, with no other save waiting.
 void handOverSave(benchmark::State& state)
 {
     BenchFolder folder;
@@ -63,7 +62,7 @@ void handOverSave(benchmark::State& state)
     }
 }
 
-/// The same with the change of a note before it, which parts the table from the snapshot of the save before.
+/// The same after changing a note, which detaches the table from the former save's snapshot.
 void changeNoteAndHandOverSave(benchmark::State& state)
 {
     BenchFolder folder;
@@ -90,7 +89,7 @@ void writeTable(benchmark::State& state)
     }
 }
 
-/// The same bytes, ready made, into a new file and onto the disk: what no save can do without.
+/// The least that any save costs: writing the finished bytes to a new file and syncing it.
 void plainWriteAndSync(benchmark::State& state)
 {
     const BenchFolder folder;
@@ -111,7 +110,7 @@ void loadTable(benchmark::State& state)
     (void)folder.data().saveTable(makeLifetimeNotes(), notesName, Replacing::OwnFile);
     for ([[maybe_unused]] auto _ : state) {
         std::optional<Table> table = folder.data().loadTable(notesName);
-        state.PauseTiming(); // letting go of the table is no part of it
+        state.PauseTiming(); // freeing the table is not measured
         if (!table || table->size() != lifetimeNotes) {
             state.SkipWithError("not loaded");
         }

@@ -1,5 +1,4 @@
-// SPDX-License-Identifier: MIT
-// Reading and writing the notes of a lifetime, beside a bare parse of the same bytes.
+// Reading and writing the notes of a lifetime, compared with a bare parse of the same bytes.
 #include "bench/LifetimeNotes.h"
 #include "plist/PageMemory.h"
 #include "plist/PropertyList.h"
@@ -22,7 +21,7 @@ const std::string& lifetimeXml()
     return xml;
 }
 
-/// The memory of this process that is in use, in MB.
+/// The resident memory of this process, in MB.
 double residentMegabytes()
 {
     std::ifstream statistics("/proc/self/statm");
@@ -52,7 +51,7 @@ void readTable(benchmark::State& state)
     double growth = 0;
     lifetimeXml();
     for ([[maybe_unused]] auto _ : state) {
-        state.PauseTiming(); // reading the file and letting go of the table are no part of it
+        state.PauseTiming(); // reading the file and freeing the table are not measured
         const double before = residentMegabytes();
         std::optional<PageMemory> bytes(lifetimeXml().size());
         std::ranges::copy(lifetimeXml(), bytes->data());

@@ -13,7 +13,7 @@
 #include <QScrollBar>
 #include <benchmark/benchmark.h>
 
-// What a person waits for at the table of a lifetime of notes. Each has to fit into one frame, 16 ms.
+// How long a person waits at a table of a lifetime of notes. Each step has to fit into one frame, 16 ms.
 
 namespace {
 

@@ -5,12 +5,12 @@
 
 class CellGrid;
 
-/// What a screen reader knows of a grid of cells: those that hold something, in their order. Blank ones are not there.
+/// A grid of cells for screen readers: the cells with content, in their order. Blank cells are left out.
 class CellGridAccessible final : public QAccessibleWidget {
 public:
     explicit CellGridAccessible(CellGrid& grid);
 
-    /// From now on grids of cells are given this interface. Cheap to call again.
+    /// Makes all grids of cells use this interface. Calling it again is cheap.
     static void install();
 
     int childCount() const override;

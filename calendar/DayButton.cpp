@@ -6,10 +6,10 @@
 
 namespace {
 
-constexpr double sideShare = 2.6; ///< of the size of the text
+constexpr double sideShare = 2.6; ///< relative to the text size
 constexpr qreal inset = 2;
-constexpr qreal noteDot = 4; ///< the diameter of the mark below the number of a day with a note
-// Light enough together that today's red is still read on them.
+constexpr qreal noteDot = 4; ///< diameter of the mark below the number of a day with a note
+// Pale enough, even together, to keep today's red legible.
 constexpr float noteFill = 0.18F;  ///< share of the accent colour behind a day with a note
 constexpr float hoverFill = 0.04F; ///< share of the text colour under the pointer
 constexpr float pressedFill = 0.07F;
@@ -90,7 +90,7 @@ void DayButton::paintEvent(QPaintEvent*)
     }
 
     if (m_state == On) {
-        // The circle is too pale to be told by everyone from none; this is not.
+        // The circle is too pale for everyone to notice; this mark is not.
         painter.setPen(Qt::NoPen);
         painter.setBrush(palette().link());
         painter.drawEllipse(QPointF(circle.center().x(), circle.bottom() - noteDot), noteDot / 2, noteDot / 2);

@@ -4,7 +4,7 @@
 #include <QAbstractButton>
 #include <QColor>
 
-/// A day of the mini calendar. Its title is the number of the day; a blank cell has an empty title and is transparent.
+/// A day of the mini calendar. Its title is the day's number; a blank cell has an empty title and is transparent.
 class DayButton : public QAbstractButton {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ public:
 
     explicit DayButton(QWidget* parent = nullptr);
 
-    /// Sets the title and drops the title's colour.
+    /// Sets the title and resets its colour.
     void setTitle(const QString& title);
     QString title() const { return text(); }
 
@@ -23,7 +23,7 @@ public:
     void setTransparent(bool transparent);
     bool isTransparent() const { return m_transparent; }
 
-    /// An invalid colour is the usual one of a button's title.
+    /// An invalid colour means the usual title colour.
     void setTitleColor(const QColor& color);
     QColor titleColor() const { return m_titleColor; }
 

@@ -28,7 +28,7 @@ void DayNumber::setToday(bool today)
 
 QColor DayNumber::textColor() const
 {
-    // A label's own palette has the ground that the style rules give labels, which is none.
+    // A label's own palette has no ground, because the style rules give labels none.
     return namedColor(m_today ? u"SystemRedColor" : u"ControlTextColor", parentWidget()->palette());
 }
 

@@ -3,18 +3,18 @@
 
 #include <QLabel>
 
-/// The number of a day on the weekly and the monthly page, whose style rules size it. Today's is red and bold.
+/// The number of a day on the weekly and the monthly page; the style rules set its size. Today's is red and bold.
 class DayNumber : public QLabel {
     Q_OBJECT
 
 public:
     explicit DayNumber(QWidget* parent);
 
-    /// To be called once the text is set: a screen reader says of it that it is today.
+    /// Must be called after the text is set, which a screen reader then says together with "today".
     void setToday(bool today);
     bool isToday() const { return m_today; }
 
-    /// The colour of the number in the appearance of this moment.
+    /// The number's colour in the present appearance.
     QColor textColor() const;
 
 protected:

@@ -15,8 +15,7 @@ namespace {
 constexpr double fontShare = 0.5;  ///< of the icon's width
 constexpr double boxDivisor = 2.7; ///< the digits' box is pushed down by the icon's height divided by this
 
-/// Ascent of Arial, in font sizes. That of the font that stands in for it may be quite another and would push the
-/// digits off the leaf.
+/// Ascent of Arial, in font sizes. A substitute font's may differ enough to push the digits off the leaf.
 constexpr double ascent = 0.905;
 
 QFont digitsFont(int side)
@@ -52,7 +51,7 @@ void DockIcon::paint(QPainter* painter, const QRect& rect, QIcon::Mode /*mode*/,
     const double baseline = side / boxDivisor + ascent * fontShare * side;
     painter->setFont(font);
     painter->setPen(Qt::black);
-    // On whole pixels: small digits stay sharp.
+    // At whole pixels, so that small digits stay sharp.
     painter->drawText(square.topLeft() + QPoint(qRound(left), qRound(baseline)), digits);
     painter->restore();
 }

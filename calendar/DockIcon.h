@@ -7,16 +7,16 @@
 
 class QSvgRenderer;
 
-/// Draws the application's icon, a leaf of a calendar with the number of a day on it, at whatever size it is asked for.
-/// It keeps no picture: a desktop asks for each size once.
+/// Draws the application's icon, a calendar leaf with the number of a day, at any size. It caches nothing, since
+/// desktops ask for each size once.
 class DockIcon : public QIconEngine {
 public:
-    /// `leaf` is the path of an SVG picture, which must be square. Where it cannot be read there are the digits alone.
+    /// `leaf` is the path of a square SVG picture. If that cannot be read, only the digits are drawn.
     DockIcon(const QString& leaf, int day);
 
-    /// Into the largest square in the middle of `rect`: the leaf, and the day in black bold digits half as high as the
-    /// square. They stand at the top of a box of the square's size that is pushed down by 1/2.7 of its height, and in
-    /// the middle of its width.
+    /// Paints the leaf into the largest square in the middle of `rect`, and on it the day in bold black digits half as
+    /// high as the square. The digits are centred at the top of a box of the square's size that is moved down by 1/2.7
+    /// of its height.
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override;
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override;

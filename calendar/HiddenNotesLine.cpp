@@ -35,9 +35,9 @@ void HiddenNotesLine::setCounts(const QString& format, std::size_t shown, std::s
 void HiddenNotesLine::setText(const QString& text)
 {
     if (text == m_text->text()) {
-        return; // drawn anew, it tells nobody that it changed
+        return; // a redraw without a change is not announced
     }
     m_text->setText(text);
-    m_showAll->setAccessibleDescription(text); // heard with the button, which the tab key reaches
+    m_showAll->setAccessibleDescription(text); // read with the button, which the tab key reaches
     setVisible(!text.isEmpty());
 }

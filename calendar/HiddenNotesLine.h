@@ -8,8 +8,8 @@
 class QLabel;
 class QPushButton;
 
-/// The line of a page that does not show all its notes: how many there are, and a button that brings them back. Out of
-/// sight while it has nothing to say.
+/// The line on a page that does not show all its notes: how many are hidden, and a button that shows them. Hidden while
+/// its text is empty.
 class HiddenNotesLine : public QWidget {
     Q_OBJECT
 

@@ -60,7 +60,7 @@ void MiniCalendarGrid::daysDidChange(MonthGrid::YearMonth month, int today)
         const bool wasBefore = m_days.indexOf(m_tabStop) < m_days.indexOf(shown.first());
         DayButton& nearest = wasBefore ? *shown.first() : *shown.last();
         choose(nearest);
-        nearest.setFocus(Qt::OtherFocusReason); // the focused cell is blank now: the keys go on from the nearest day
+        nearest.setFocus(Qt::OtherFocusReason); // the focused cell is blank now; the keys go on from the nearest day
     }
 }
 
@@ -99,7 +99,7 @@ QList<DayButton*> MiniCalendarGrid::shownDays() const
     return shown;
 }
 
-/// A day beyond the month's ends becomes its first or its last; null while no month is shown.
+/// The button of `day`, which is clamped to the month; null while no month is shown.
 DayButton* MiniCalendarGrid::shownDay(int day) const
 {
     const QList<DayButton*> shown = shownDays();
@@ -144,7 +144,7 @@ void MiniCalendarGrid::moveFocus(DayButton& from, int days)
     const int count = static_cast<int>(shown.size());
     const int index = static_cast<int>(shown.indexOf(&from));
     const int target = index + days;
-    if (index < 0) { // a blank cell took the focus by a click
+    if (index < 0) { // a click gave the focus to a blank cell
         return;
     }
     if (target < 0) {
@@ -177,7 +177,7 @@ void MiniCalendarGrid::choose(DayButton& day)
     setTabStop(&day);
 }
 
-/// The tab key stops at one day only; from there the arrow keys lead on.
+/// The tab key stops at one day only; the arrow keys move on from there.
 void MiniCalendarGrid::setTabStop(DayButton* day)
 {
     m_tabStop = day;

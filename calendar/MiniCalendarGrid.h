@@ -10,8 +10,8 @@
 
 class DayButton;
 
-/// The mini calendar's seven weekday headers and its day buttons, tagged as MonthGrid.h says. The arrow keys move the
-/// focus from day to day, past the month's ends into the months beside it; Page Up and Page Down step by a month.
+/// The mini calendar's seven weekday headers and its day buttons, with the tags of MonthGrid.h. The arrow keys move the
+/// focus from day to day, also into the neighbouring months; Page Up and Page Down step by a month.
 class MiniCalendarGrid : public CellGrid {
     Q_OBJECT
 
@@ -23,12 +23,12 @@ public:
     /// In the order of their tags.
     const QList<DayButton*>& dayButtons() const { return m_days; }
 
-    /// Tells the grid that its buttons were filled anew, with the days of `month`, so that one of them takes the tab
-    /// key's focus: the day with the focus, else the one chosen last, else `today` (0: in another month), else the
-    /// first.
+    /// Must be called after the buttons were filled with the days of `month`, to choose the one at which the tab key
+    /// stops: the focused day, else the one chosen last, else `today` (0 in another month), else the first.
     void daysDidChange(MonthGrid::YearMonth month, int today);
 
-    /// The tab key leads to today again, from the next daysDidChange on; the focus goes there too if it is on a day.
+    /// Makes the tab key stop at today again from the next daysDidChange on; the focus moves there too if it is on a
+    /// day.
     void forgetChosenDay();
 
     bool isSpoken(const QWidget& cell) const override;
@@ -38,11 +38,11 @@ public:
 Q_SIGNALS:
     void dayPressed(DayButton& day);
 
-    /// The month beside the one shown is wanted; when the signal returns, the buttons show it.
+    /// The previous or next month is wanted; the buttons must show it when the signal returns.
     void monthStepWanted(MiniCalendarGrid::Step step);
 
 private:
-    /// A day that the user went to. Passing by with the tab key is no such choice.
+    /// A day that the user moved to. Merely passing through with the tab key does not choose a day.
     struct Chosen {
         MonthGrid::YearMonth month;
         int day;

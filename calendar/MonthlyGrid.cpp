@@ -19,11 +19,11 @@ constexpr int cellPadding = 6;
 constexpr int leastCellWidth = 72;
 constexpr int headerPadding = 8; ///< above and below the name of a weekday
 constexpr int dayPadding = 5;
-constexpr int noteEdges = 6; ///< what a note needs besides one line to show it
+constexpr int noteEdges = 6; ///< needed in addition to a line to show a note
 constexpr qreal cornerRadius = 10;
 constexpr int mostRows = MonthGrid::rowOfCell(MonthGrid::LastCell) + 1;
 
-/// Of a line in the font that the style rules give the widget.
+/// The height of a line in the font that the style rules give the widget.
 int lineHeight(const QWidget& widget)
 {
     widget.ensurePolished();
@@ -174,7 +174,7 @@ void MonthlyGrid::paintEvent(QPaintEvent*)
         const QRect place = cellRect(MonthGrid::rowOfCell(cell), MonthGrid::columnOfCell(cell));
         painter.fillRect(place, palette().base());
         painter.setPen(line);
-        painter.drawRect(place.adjusted(-1, -1, -1, -1)); // shared with the neighbours
+        painter.drawRect(place.adjusted(-1, -1, -1, -1)); // edges are shared with the neighbours
     }
 
     painter.setClipping(false);

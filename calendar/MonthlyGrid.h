@@ -8,8 +8,8 @@ class DayNumber;
 class NoteField;
 class QLabel;
 
-/// The month of the monthly page: the weekday headers, and day number and note of each cell, tagged as MonthGrid.h
-/// says. The rows that the month needs share the height.
+/// The month on the monthly page: the weekday headers, and the day number and note of each cell, with the tags of
+/// MonthGrid.h. The rows that the month needs share the height.
 class MonthlyGrid : public CellGrid {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ public:
     /// What the grid shows, without a title.
     MonthPage page() const;
 
-    /// Tells the grid that its cells were filled anew.
+    /// Must be called after the cells were filled.
     void daysDidChange();
 
     QSize minimumSizeHint() const override;
@@ -40,5 +40,5 @@ private:
     QRect cellRect(int row, int column) const;
     void placeCells();
 
-    int m_rows = 1; ///< that hold a day
+    int m_rows = 1; ///< rows that have a day
 };

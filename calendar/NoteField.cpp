@@ -17,7 +17,7 @@ namespace {
 
 constexpr QSize least(56, 20);
 
-/// UTF-16 units of a note that a field lays out. Nobody reads more of it in a cell; Return shows all.
+/// UTF-16 units of a note that a field lays out. Nobody reads more in a cell, and Return shows everything.
 constexpr qsizetype longestShown = 8'000;
 
 } // namespace
@@ -36,7 +36,7 @@ void NoteField::setNote(const QString& note)
     }
     verticalScrollBar()->setValue(0);
     if (note.isEmpty() && hasFocus()) {
-        focusNextChild(); // there is nothing to read here any more
+        focusNextChild(); // there is nothing left to read here
     }
     setFocusPolicy(note.isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
 }
@@ -48,8 +48,8 @@ bool NoteField::isCut() const
 
 int NoteField::lineHeight() const
 {
-    ensurePolished();                                                   // the style rules give the font
-    return static_cast<int>(std::ceil(QFontMetricsF(font()).height())); // as a layout counts it
+    ensurePolished();                                                   // the font comes from the style rules
+    return static_cast<int>(std::ceil(QFontMetricsF(font()).height())); // rounded as a layout rounds it
 }
 
 QSize NoteField::minimumSizeHint() const
@@ -60,7 +60,7 @@ QSize NoteField::minimumSizeHint() const
 bool NoteField::event(QEvent* event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
-        event->ignore(); // the keys of an editor belong to the menu here
+        event->ignore(); // the field edits nothing, so editing keys go to the menu
         return false;
     }
     return QPlainTextEdit::event(event);
@@ -86,10 +86,10 @@ void NoteField::keyPressEvent(QKeyEvent* event)
     QPlainTextEdit::keyPressEvent(event);
 }
 
-/// Leaves free what is too low for a line, so that none shows by half.
+/// Leaves out a part too low for a line, so that no line is cut in half.
 void NoteField::resizeEvent(QResizeEvent* event)
 {
-    constexpr int around = 1; // what a field needs besides its lines to show them all
+    constexpr int around = 1; // needed in addition to show all lines
     const int room = viewport()->height() + viewportMargins().bottom();
     const int spare = std::max(room - around, 0) % lineHeight();
     if (viewportMargins().bottom() != spare) {
@@ -100,6 +100,6 @@ void NoteField::resizeEvent(QResizeEvent* event)
 
 void NoteField::showWholeNote()
 {
-    auto* whole = new WholeNote(accessibleName(), m_note, this); // goes when it is closed
+    auto* whole = new WholeNote(accessibleName(), m_note, this); // deletes itself when it is closed
     whole->showOver({mapToGlobal(QPoint()), size()});
 }

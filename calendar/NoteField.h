@@ -3,23 +3,22 @@
 
 #include <QPlainTextEdit>
 
-/// The note of a day on the weekly and the monthly page: to be read, selected and copied, never changed. It wraps, and
-/// scrolls when it is longer than the field. Return shows the whole note in a frame of its own, the pointer shows what
-/// does not fit.
+/// The note of a day on the weekly and the monthly page, read-only but selectable. It wraps, and scrolls when it is
+/// longer than the field. Return shows the whole note in a frame of its own; a tool tip shows a note that does not fit.
 class NoteField : public QPlainTextEdit {
     Q_OBJECT
 
 public:
     explicit NoteField(QWidget* parent = nullptr);
 
-    /// A field without a note is passed over by the tab key.
+    /// The tab key skips a field without a note.
     void setNote(const QString& note);
     QString note() const { return m_note; }
 
     /// Whether some of the note is out of sight.
     bool isCut() const;
 
-    /// The height of one of its lines.
+    /// The height of a line.
     int lineHeight() const;
 
     QSize minimumSizeHint() const override;

@@ -5,15 +5,15 @@
 
 #include <QString>
 
-/// Days as a screen reader says them: the whole date, and whether it is today. Made anew for each drawing: today is the
-/// day on which it was made.
+/// Days as a screen reader says them: the whole date, and whether it is today. Create a new one for each drawing,
+/// because today is the day on which it was constructed.
 class SpokenDays {
 public:
     SpokenDays();
 
     QString of(Date day) const;
 
-    /// `day` in words of the caller's.
+    /// The same with `words`, the caller's own words for `day`.
     QString of(Date day, const QString& words) const;
 
     bool isToday(Date day) const;

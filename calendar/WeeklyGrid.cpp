@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int edge = 8;
-constexpr int gap = 16; ///< between two columns; the line stands in its middle
+constexpr int gap = 16; ///< between two columns, with the line in its middle
 
 } // namespace
 

@@ -3,8 +3,8 @@
 
 #include "calendar/CellGrid.h"
 
-/// The seven days of the weekly page: header, day number and note of each, tagged as MonthGrid.h says. The header is a
-/// field whose placeholder is the name of the weekday.
+/// The seven days of the weekly page: the header, day number and note of each, with the tags of MonthGrid.h. A header
+/// is a field whose placeholder is the name of the weekday.
 class WeeklyGrid : public CellGrid {
     Q_OBJECT
 

@@ -17,12 +17,12 @@ namespace {
 constexpr int leastWidth = 400;
 constexpr int leastTextHeight = 48;
 constexpr int mostTextHeight = 320;
-constexpr qsizetype mostMeasured = 4000; ///< characters: more fill the frame anyway
+constexpr qsizetype mostMeasured = 4000; ///< UTF-16 units; more fill the frame in any case
 constexpr int scrollBarWidth = 12;
 constexpr int noteEdge = 16;
 constexpr int noteGap = 8;
 
-/// Where `size` long from `wanted` on lies within 0 to `room`; at 0 when it is too long.
+/// `wanted`, moved so that a length of `size` from there lies within 0 to `room`; 0 when it is too long.
 int inside(int wanted, int size, int room)
 {
     return std::clamp(wanted, 0, std::max(room - size, 0));

@@ -6,7 +6,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-/// The header is added, so that every input reaches the binary reader.
+/// Adds the header, so that every input reaches the binary reader.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     readWriteRead("bplist00" + std::string(data, data + size));

@@ -22,7 +22,7 @@ namespace {
 constexpr std::array languages{"en_US", "de_DE", "sv_SE", "fa_IR", "th_TH", "ar_EG", "ja_JP",
                                "ko_KR", "zh_TW", "he_IL", "bg_BG", "my_MM", "am_ET", "hu_HU"};
 
-/// What reads texts in the current locale. It takes long to make.
+/// The readers of texts in the current locale, kept because they are slow to construct.
 struct Readers {
     explicit Readers(const std::string& language) : dayText(language)
     {
@@ -42,7 +42,7 @@ const Readers& readersOf(const std::string& language)
     return readers.try_emplace(language, language).first->second;
 }
 
-/// UTF-8, or code units as they stand: what is pasted may hold halves of a pair.
+/// The text of UTF-8 or, if `units`, of UTF-16 code units: pasted text may contain unpaired surrogates.
 QString textFrom(const std::string& bytes, bool units)
 {
     if (!units) {
@@ -83,8 +83,8 @@ void tryNumbers(const QString& typed)
 
 } // namespace
 
-/// An input is the number of a language, as a letter from "a" on, in capitals when code units follow instead of UTF-8;
-/// a line feed; what a person typed.
+/// An input is a language as a letter from "a" on, in capitals when UTF-16 code units follow instead of UTF-8; a line
+/// feed; and what a person typed.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const bool isSet = [] {

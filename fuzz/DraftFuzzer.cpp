@@ -9,7 +9,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-/// A draft that can be read must be written and read again as a draft of as many changes, and can be taken in.
+/// A draft that can be read must, written and read again, have as many changes, and must be restorable.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::optional<Table> table = PropertyList::readTable(std::string(data, data + size));
@@ -25,8 +25,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     Table notes;
     Table events;
-    Drafts::takeInNotes(*draft, notes);
-    Drafts::takeInEvents(*draft, events);
+    Drafts::restoreNotes(*draft, notes);
+    Drafts::restoreEvents(*draft, events);
     if (Drafts::changedNotes(notes, notes) != Draft() || Drafts::changedEvents(events, events) != Draft()) {
         fail("equal tables have a draft");
     }

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <iostream>
 
-/// Ends the program, which has the fuzzer keep the input.
+/// Aborts the program, which makes the fuzzer keep the input.
 [[noreturn]] inline void fail(const char* why)
 {
     std::cerr << why << '\n';

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-/// An input of several texts: lines, the last of which goes on to the input's end.
+/// An input of several texts: lines, the last of which extends to the end of the input.
 class Lines {
 public:
     Lines(const std::uint8_t* data, std::size_t size) : m_input(data, data + size), m_rest(m_input) {}
@@ -15,7 +15,7 @@ public:
     Lines& operator=(const Lines&) = delete;
     ~Lines() = default;
 
-    /// The next line, empty when there is none.
+    /// The next line; empty when there is none.
     std::string next()
     {
         const std::size_t end = std::min(m_rest.find('\n'), m_rest.size());
@@ -28,5 +28,5 @@ public:
 
 private:
     std::string m_input;
-    std::string_view m_rest; // of m_input
+    std::string_view m_rest; // a part of m_input
 };

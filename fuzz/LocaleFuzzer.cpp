@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace {
 
-constexpr std::size_t triedLanguages = 2; // of the list; each costs some milliseconds
+constexpr std::size_t triedLanguages = 2; // each takes some milliseconds
 
 LocalePair pairFrom(Lines& lines)
 {
@@ -68,7 +68,7 @@ void writeAndReadDates(const LocalePair& pair)
 
 } // namespace
 
-/// The variables that name languages, one a line: every use of the pair that comes of them works.
+/// The environment variables for languages, one a line. Every use of the resulting locale pair must work.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const bool isSet = [] {
@@ -82,7 +82,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         !std::ranges::all_of(pair.preferredLanguages, isLocaleIdentifier)) {
         fail("a pair that is not settled");
     }
-    static std::set<std::pair<std::string, std::vector<std::string>>> tried; // most inputs come to a few of them
+    static std::set<std::pair<std::string, std::vector<std::string>>> tried; // most inputs result in a few of them
     if (tried.emplace(pair.currentLocale, pair.preferredLanguages).second) {
         DateEnvironment::setLocalePair(pair);
         writeAndReadDates(pair);

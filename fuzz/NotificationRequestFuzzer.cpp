@@ -10,7 +10,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-/// What comes over the bus: a request that is taken has a moment, and is written and read again as the same request.
+/// What arrives on the bus: a request that is accepted must have a moment and, written and read again, be the same.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     using namespace NotificationRequestFormat;

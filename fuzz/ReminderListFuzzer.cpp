@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace {
 
-/// A folder that is gone with the process; in memory where the machine has such a place.
+/// A folder that exists as long as the process, in memory if possible.
 class Folder {
 public:
     Folder()
@@ -49,7 +49,7 @@ bool isCarried(const Reminder& reminder)
 
 } // namespace
 
-/// The agent's file: what is read can be delivered, and the list that is left is read back as it is.
+/// The agent's file: what is read must be deliverable, and the remaining list must read back unchanged.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const Folder folder;
@@ -67,7 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const bool delivered = std::ranges::any_of(
         list.all(), [](const Reminder& reminder) { return reminder.state == Reminder::State::Delivered; });
-    if (changed && delivered && std::ranges::all_of(list.all(), isCarried)) { // and so it was saved
+    if (changed && delivered && std::ranges::all_of(list.all(), isCarried)) { // in which case it was saved
         ReminderList again(file);
         (void)again.load();
         if (again.all() != list.all()) {

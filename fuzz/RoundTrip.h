@@ -5,10 +5,9 @@
 
 #include <string>
 
-/// Whether an XML property list may keep all of `value`: no fraction of a second, no character that XML cannot carry.
+/// Whether an XML property list can represent all of `value`: no fractions of a second, no characters that XML lacks.
 bool isCarriedByXml(const Value& value);
 
-/// Reads `bytes` as a table. What is read must come back equal when it is written and read again, but for fractions
-/// of seconds and characters that XML cannot carry; whatever is written must be written the same the next time.
-/// Ends the program when it is not so.
+/// Reads `bytes` as a table and aborts the program unless the table, written and read again, is equal (except for
+/// fractions of a second and characters that XML cannot represent) and is written the same the next time.
 void readWriteRead(std::string bytes);

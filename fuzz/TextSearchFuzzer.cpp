@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::string_view separator = "\n-\n";
 
-/// The part of `rest` up to the next separator, which is taken off with it.
+/// Removes the part up to the next separator, and the separator, from `rest`; returns the part.
 std::string_view takePart(std::string_view& rest)
 {
     const std::size_t end = std::min(rest.find(separator), rest.size());
@@ -36,8 +36,8 @@ Value noteOf(std::string_view text, int second)
 
 } // namespace
 
-/// An input is "tr_TR" or another locale, what is searched for, and notes, with separators between. The notes that are
-/// found are those that the definition finds.
+/// An input is "tr_TR" or another locale, the text to search for, and notes, divided by separators. The search must
+/// find the same notes as the definition.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string input(data, data + size);

@@ -22,7 +22,7 @@ bool isUtf8(const QByteArray& bytes)
 
 } // namespace
 
-/// The server's file: what is taken as UTF-8 is all of it, and orders by its code units.
+/// The server's file: it must be accepted exactly when it is UTF-8, unchanged, and be ordered by its code units.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray file(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));

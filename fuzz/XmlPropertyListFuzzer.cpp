@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const std::string bytes(data, data + size);
     readWriteRead(bytes);
-    // A list in plain form is read part by part; with a comment behind its end it is read as a whole.
+    // A list in the plain form is read part by part; followed by a comment, it is read as a whole.
     if (PropertyList::outlineOf(bytes, 1, bytes.size()).parts) {
         std::string inParts = bytes;
         std::string whole = bytes + "<!-- -->";

@@ -45,7 +45,7 @@ void tryPlace(const std::string& text)
 
 } // namespace
 
-/// An input is the name of a zone or the text of a place, a line feed, and the lines of all three files of the
+/// An input is the name of a zone or the text of a place, a line feed, and lines that serve as all three files of the
 /// database.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

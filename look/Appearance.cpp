@@ -88,14 +88,14 @@ QPalette completed(const QPalette& given)
                                            QPalette::Dark, QPalette::PlaceholderText, QPalette::ToolTipText}) {
         palette.setColor(role, text);
     }
-    constexpr double readWithEase = 7;
+    constexpr double legibleContrast = 7;
     const QColor selection = given.color(QPalette::Active, QPalette::Highlight);
     const QColor selectedText = given.color(QPalette::Active, QPalette::HighlightedText);
-    const bool isSelectionRead = contrastOf(selection, selectedText) >= readWithEase;
+    const bool isSelectionRead = contrastOf(selection, selectedText) >= legibleContrast;
     palette.setColor(QPalette::Highlight, isSelectionRead ? selection : text);
     palette.setColor(QPalette::HighlightedText, isSelectionRead ? selectedText : ground);
     const QColor link = given.color(QPalette::Active, QPalette::Link); // often Qt's default, which suits no dark ground
-    palette.setColor(QPalette::Link, contrastOf(link, ground) >= readWithEase ? link : text);
+    palette.setColor(QPalette::Link, contrastOf(link, ground) >= legibleContrast ? link : text);
     palette.setColor(QPalette::LinkVisited, palette.color(QPalette::Link));
     palette.setColor(QPalette::Midlight, mixed(ground, text, hoverShare));
     palette.setColor(QPalette::Shadow, mixed(ground, text, disabledShare));

@@ -23,16 +23,16 @@ FittingScrollArea::FittingScrollArea(QWidget* parent) : QScrollArea(parent)
 
 QSize FittingScrollArea::sizeHint() const
 {
-    return widget() ? widget()->sizeHint() + besides() : QSize();
+    return widget() ? widget()->sizeHint() + scrollBarRoom() : QSize();
 }
 
 QSize FittingScrollArea::minimumSizeHint() const
 {
-    return widget() ? (widget()->minimumSizeHint() + besides()).boundedTo(enoughToWork) : QSize();
+    return widget() ? (widget()->minimumSizeHint() + scrollBarRoom()).boundedTo(enoughToWork) : QSize();
 }
 
 /// The width of the vertical bar is reserved, so that content that is too high does not become too wide as well.
-QSize FittingScrollArea::besides() const
+QSize FittingScrollArea::scrollBarRoom() const
 {
     return {verticalScrollBar()->sizeHint().width(), 0};
 }

@@ -18,7 +18,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QSize besides() const;
+    QSize scrollBarRoom() const;
 };
 
 /// Makes the content of a laid-out widget scroll when there is no room for it.

@@ -11,7 +11,7 @@
 namespace {
 
 /// Lays out `paragraph` again with `option`, keeping the width and left edge of its lines.
-void layOutAnew(QTextLayout& paragraph, const QTextOption& option)
+void layOutAgain(QTextLayout& paragraph, const QTextOption& option)
 {
     const qreal width = paragraph.lineAt(0).width();
     const qreal left = paragraph.lineAt(0).x();
@@ -43,7 +43,7 @@ QRectF ParagraphLayout::blockBoundingRect(const QTextBlock& block) const
     }
     const QTextOption option = optionOf(block.text(), m_reader.layoutDirection());
     if (option.textDirection() == Qt::RightToLeft && paragraph->textOption().textDirection() != Qt::RightToLeft) {
-        layOutAnew(*paragraph, option);
+        layOutAgain(*paragraph, option);
     }
     return bounds;
 }

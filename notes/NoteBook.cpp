@@ -253,12 +253,12 @@ int NoteBook::removeRows(ListKind list, const Value& element, int row)
     return static_cast<int>(above.size());
 }
 
-void NoteBook::takeInDraftNotes(const Draft& draft, bool showsAll, Date today)
+void NoteBook::restoreDraftNotes(const Draft& draft, bool showsAll, Date today)
 {
     if (!allNotes) {
         return;
     }
-    Drafts::takeInNotes(draft, *allNotes);
+    Drafts::restoreNotes(draft, *allNotes);
     Table shown = rows(ListKind::Notes);
     for (const DraftChange& change : draft) {
         const Date date = Drafts::dateOf(change);
@@ -280,10 +280,10 @@ void NoteBook::takeInDraftNotes(const Draft& draft, bool showsAll, Date today)
     replaceRows(std::move(shown));
 }
 
-void NoteBook::takeInDraftDates(const Draft& draft)
+void NoteBook::restoreDraftDates(const Draft& draft)
 {
     if (importantDates) {
-        Drafts::takeInEvents(draft, *importantDates);
+        Drafts::restoreEvents(draft, *importantDates);
     }
 }
 
@@ -347,7 +347,7 @@ Table NoteBook::linesBeside(const std::optional<DatedText>& edited) const
     return lines;
 }
 
-std::vector<Date> NoteBook::takeInLines()
+std::vector<Date> NoteBook::mergeWaitingLines()
 {
     std::vector<Date> days;
     if (!allNotes) {

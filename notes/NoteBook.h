@@ -84,7 +84,7 @@ public:
     bool isBeingEdited() const { return m_textBeforeEdit.has_value(); }
 
     /// Makes the current edit start over from the saved note.
-    void beginEditAnew() { m_textBeforeEdit.reset(); }
+    void restartEdit() { m_textBeforeEdit.reset(); }
 
     struct FinishedEdit {
         enum class Outcome { Nothing, Added, Replaced };
@@ -113,15 +113,15 @@ public:
 
     /// Restores the notes that an earlier run left unsaved. The list shows those of the days that it shows already and
     /// of the month of `today`, or all of them.
-    void takeInDraftNotes(const Draft& draft, bool showsAll, Date today);
-    void takeInDraftDates(const Draft& draft);
+    void restoreDraftNotes(const Draft& draft, bool showsAll, Date today);
+    void restoreDraftDates(const Draft& draft);
 
     // --- Lines added to notes ----------------------------------------------------------------------------------------
 
     /// Adds a line to the saved note of that day at once.
     void addSavedLine(Date date, const std::string& line);
 
-    /// Adds a line only to the shown note of that day, where it waits for `takeInLines`; false when it could never be
+    /// Adds a line only to the shown note of that day, where it waits for `mergeWaitingLines`; false when it could never be
     /// saved.
     bool addLine(Date date, const std::string& line);
 
@@ -135,7 +135,7 @@ public:
     Table linesBeside(const std::optional<DatedText>& edited) const;
 
     /// Adds the waiting lines to the saved notes. Returns the day of each.
-    std::vector<Date> takeInLines();
+    std::vector<Date> mergeWaitingLines();
 
 private:
     void replaceRows(Table rows);
@@ -146,7 +146,7 @@ private:
     NotesChoice m_choice = NotesChoice::all();
     int m_rowsGeneration = 0;
 
-    /// Lines added to shown notes only, each as a note of its day, until `takeInLines`.
+    /// Lines added to shown notes only, each as a note of its day, until `mergeWaitingLines`.
     Table m_waitingLines;
 
     /// The text of the edited row before the first change; nullopt before that.

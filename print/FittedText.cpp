@@ -14,10 +14,10 @@
 
 namespace {
 
-/// UTF-16 units, more than a cell of paper holds: what is longer need not be laid out to know that it does not fit.
+/// UTF-16 units, more than fit in a cell on paper: a longer text need not be laid out to know that.
 constexpr qsizetype mostUnits = 8000;
 
-/// Blank lines at a text's end show nothing: they need no room, and no sign that more follows.
+/// Blank lines at the end show nothing, so they need neither room nor an ellipsis.
 QStringView withoutBlankEnd(QStringView text)
 {
     while (!text.isEmpty() && text.back().isSpace()) {
@@ -26,7 +26,7 @@ QStringView withoutBlankEnd(QStringView text)
     return text;
 }
 
-/// The whole lines of a text that an area has room for, from the top down.
+/// The whole lines of a text for which an area has room, from the top.
 struct FittedLines {
     struct Line {
         const QTextLayout& paragraph;
@@ -35,10 +35,10 @@ struct FittedLines {
 
     std::vector<std::unique_ptr<QTextLayout>> paragraphs;
     std::vector<Line> lines;
-    bool complete = true; ///< no text is left over
+    bool complete = true; ///< all of the text fits
 };
 
-/// Adds the lines of `paragraph` that fit below the `top` of what is left of `area`; where the next one begins.
+/// Adds the lines of `paragraph` that fit into `area` from `top` on. Returns where the next line begins.
 qreal addLines(FittedLines& fitted, QTextLayout& paragraph, const QRectF& area, qreal top)
 {
     paragraph.beginLayout();
@@ -81,7 +81,7 @@ void write(PrintedText& paper, const FittedLines& fitted, std::size_t count, QPo
     }
 }
 
-/// The last line with a sign that more follows.
+/// Writes the last line with an ellipsis.
 void writeCut(PrintedText& paper, const FittedLines::Line& last, const QRectF& area)
 {
     const auto& [paragraph, line] = last;

@@ -29,13 +29,13 @@ constexpr qreal lineWidth = 0.5;
 constexpr qreal titleSize = 24;
 constexpr qreal weekdaySize = 10;
 constexpr qreal daySize = 12;
-constexpr std::array noteSizes{9.0, 8.0, 7.0}; ///< a long note is written smaller before it is cut
+constexpr std::array noteSizes{9.0, 8.0, 7.0}; ///< a long note gets a smaller size before it is cut
 
 const QString creator = QStringLiteral("Velumora");
 
 constexpr int dotsPerInch = 1200;
 
-/// What readers that look beyond a document's title are told: they call its maker the author.
+/// Metadata for readers that show more than a document's title; they show the creator as its author.
 QByteArray metadataOf(const MonthPage& page)
 {
     const QString packet = QStringLiteral(
@@ -62,7 +62,7 @@ public:
         m_grid = inside.adjusted(0, m_title.height(), 0, 0);
     }
 
-    /// Paints the page; what is to be read in it.
+    /// Paints the page and returns its text layer.
     PdfTextLayer paint()
     {
         m_painter.setPen(namedColor(u"ControlTextColor", m_colors));

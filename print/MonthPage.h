@@ -10,7 +10,7 @@
 
 #include <array>
 
-/// What the monthly page shows, to be put on paper.
+/// The content of the monthly page, for printing.
 struct MonthPage {
     struct Cell {
         QString day; ///< empty in a blank cell
@@ -19,17 +19,17 @@ struct MonthPage {
     };
 
     QString title;
-    QStringList weekdays; ///< above the columns, in their order
+    QStringList weekdays; ///< the headers of the columns, in order
     std::array<Cell, MonthGrid::LastCell> cells;
     Qt::LayoutDirection direction = Qt::LeftToRight;
 
     const Cell& cell(int number) const { return cells.at(static_cast<std::size_t>(number - MonthGrid::FirstCell)); }
     Cell& cell(int number) { return cells.at(static_cast<std::size_t>(number - MonthGrid::FirstCell)); }
 
-    /// The rows of the grid that hold a day; at least one.
+    /// The number of grid rows that have a day; at least one.
     int rowCount() const;
 };
 
-/// The page as a PDF document of one sheet of `paper`, lying: vectors, and texts that can be selected and searched, in
-/// the light appearance whatever the window shows. A note that its cell does not hold ends in "…".
+/// A PDF document of one landscape sheet of `paper`: vector graphics and selectable, searchable text, in the light
+/// appearance whatever the window shows. A note that does not fit its cell ends in "…".
 QByteArray pdfOf(const MonthPage& page, PaperSize paper);

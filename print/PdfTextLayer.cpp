@@ -7,10 +7,10 @@
 
 namespace {
 
-constexpr qsizetype signsPerFont = 255; ///< the codes of one byte without 0
+constexpr qsizetype signsPerFont = 255; ///< all one-byte codes but 0
 constexpr qsizetype entriesPerBlock = 100;
 
-// The fonts have one shape, which shows nothing. Each sign stretches it to its own width.
+// The fonts have a single, invisible shape. Each sign stretches it to its own width.
 constexpr double unitsPerSize = 1000;
 constexpr double shapeWidth = 500;
 
@@ -34,7 +34,7 @@ QByteArray fontName(qsizetype index)
     return "/Signs" + QByteArray::number(index / signsPerFont);
 }
 
-/// What the codes of a font stand for.
+/// The Unicode texts of a font's codes.
 QByteArray unicodeMap(const QStringList& texts)
 {
     QByteArray map = "/CIDInit /ProcSet findresource begin\n12 dict begin\nbegincmap\n/CMapName /Signs def\n"
@@ -54,7 +54,7 @@ QByteArray unicodeMap(const QStringList& texts)
     return map + "endcmap\nCMapName currentdict /CMap defineresource pop\nend\nend";
 }
 
-/// A font of the signs `texts`; its object.
+/// Writes a font for the signs `texts` and returns its object.
 int writeFont(PdfUpdate& file, const QStringList& texts, int shape)
 {
     const int map = file.newObject();

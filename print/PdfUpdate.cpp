@@ -7,11 +7,11 @@
 
 namespace {
 
-constexpr qsizetype entrySize = 20; ///< of the table of objects
+constexpr qsizetype entrySize = 20; ///< of the cross-reference table, in bytes
 constexpr qsizetype offsetDigits = 10;
 
-/// The part of `bytes` from the last `mark` on; nothing when there is none.
-QByteArray behindLast(const QByteArray& bytes, const char* mark)
+/// The part of `bytes` from the last `mark` on; empty when there is none.
+QByteArray fromLast(const QByteArray& bytes, const char* mark)
 {
     const qsizetype begin = bytes.lastIndexOf(mark);
     return begin < 0 ? QByteArray() : bytes.sliced(begin);
@@ -19,14 +19,14 @@ QByteArray behindLast(const QByteArray& bytes, const char* mark)
 
 qsizetype tableOf(const QByteArray& file)
 {
-    const QByteArray end = behindLast(file, "startxref").simplified();
+    const QByteArray end = fromLast(file, "startxref").simplified();
     return end.isEmpty() ? -1 : end.split(' ').value(1).toLongLong();
 }
 
 } // namespace
 
 PdfUpdate::PdfUpdate(const QByteArray& file)
-    : m_file(file), m_table(tableOf(file)), m_trailer(behindLast(file, "trailer")),
+    : m_file(file), m_table(tableOf(file)), m_trailer(fromLast(file, "trailer")),
       m_objectCount(numberOf(m_trailer, "Size").value_or(0))
 {
     m_trailer.truncate(std::max<qsizetype>(m_trailer.indexOf("startxref"), 0));
@@ -64,7 +64,7 @@ void PdfUpdate::write(int object, const QByteArray& body)
 
 void PdfUpdate::writeStream(int object, const QByteArray& content)
 {
-    constexpr qsizetype sizePrefix = 4; // Qt's own, before the packed bytes
+    constexpr qsizetype sizePrefix = 4; // qCompress puts the size before the data
     const QByteArray packed = qCompress(content).sliced(sizePrefix);
     write(object, "<< /Filter /FlateDecode /Length " + QByteArray::number(packed.size()) + " >>\nstream\n" + packed +
                       "\nendstream");

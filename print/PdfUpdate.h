@@ -6,30 +6,30 @@
 
 #include <optional>
 
-/// A PDF file that is changed by what is written behind it, as the format provides for (ISO 32000-1, 7.5.6). Made for
-/// the files of QPdfWriter: one plain table of objects, dictionaries that are not packed.
+/// Changes a PDF file by appending to it, as the format allows (ISO 32000-1, 7.5.6). Only for files of QPdfWriter: a
+/// single plain cross-reference table and uncompressed dictionaries.
 class PdfUpdate {
 public:
     explicit PdfUpdate(const QByteArray& file);
 
     static QByteArray reference(int object);
 
-    /// The number that follows `key` in `dictionary`: a value, an object's number, or the first of an array.
+    /// The number after `key` in `dictionary`: a value, an object's number, or the first element of an array.
     static std::optional<int> numberOf(const QByteArray& dictionary, const QByteArray& key);
 
-    /// What the file says at its end: where its parts begin.
+    /// The trailer at the file's end, which says where its parts begin.
     const QByteArray& trailer() const { return m_trailer; }
 
-    /// The dictionary that is the file's object of that number; empty when there is none.
+    /// The dictionary of the file's object with that number; empty when there is none.
     QByteArray dictionary(int object) const;
 
     int newObject() { return m_objectCount++; }
 
-    /// Writes an object: a new one, or one of the file anew.
+    /// Writes a new object, or replaces one of the file's.
     void write(int object, const QByteArray& body);
     void writeStream(int object, const QByteArray& content);
 
-    /// The whole file.
+    /// The whole file, with the changes.
     QByteArray finished() const;
 
 private:
@@ -39,7 +39,7 @@ private:
     };
 
     QByteArray m_file;
-    qsizetype m_table; ///< where the file's own table of objects begins
+    qsizetype m_table; ///< the position of the file's own cross-reference table
     QByteArray m_trailer;
     int m_objectCount;
     QList<Written> m_written;

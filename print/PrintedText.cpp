@@ -16,14 +16,14 @@
 
 namespace {
 
-constexpr double leastSignWidth = 0.1; ///< points: no sign is without a place
+constexpr double leastSignWidth = 0.1; ///< points; every sign takes some room
 
-/// The glyphs that show some characters of a line, and where they stand.
+/// The place of the glyphs that show some characters of a line.
 struct Shown {
     QString text;
     QPointF baseline; ///< at the left edge
     double right = 0;
-    std::pair<double, quint32> firstGlyph; ///< its place and its number
+    std::pair<double, quint32> firstGlyph; ///< its x position and its index
     bool isRightToLeft = false;
 };
 
@@ -34,7 +34,7 @@ QString reversed(const QString& text)
     return QString::fromUcs4(reinterpret_cast<const char32_t*>(characters.constData()), characters.size());
 }
 
-bool hasLetterFromTheRight(QStringView text)
+bool hasRightToLeftLetter(QStringView text)
 {
     const QList<uint> characters = text.toUcs4();
     return std::ranges::any_of(characters, [](char32_t character) {
@@ -43,7 +43,7 @@ bool hasLetterFromTheRight(QStringView text)
     });
 }
 
-/// Nothing where the characters show nothing.
+/// nullopt when the characters have no glyphs.
 std::optional<Shown> shownOf(const QTextLine& line, const QString& text, qsizetype from, qsizetype to)
 {
     const QList<QGlyphRun> runs = line.glyphRuns(static_cast<int>(from), static_cast<int>(to - from));
@@ -68,7 +68,7 @@ std::optional<Shown> shownOf(const QTextLine& line, const QString& text, qsizety
     return shown;
 }
 
-/// The signs of `line` in the order of the characters. Joined letters are one.
+/// The signs of `line`, in the order of its characters. Ligatures are one sign.
 std::vector<Shown> signsOf(const QTextLine& line, const QString& text)
 {
     std::vector<Shown> signs;
@@ -85,14 +85,14 @@ std::vector<Shown> signsOf(const QTextLine& line, const QString& text)
     return signs;
 }
 
-/// Whether the glyphs of `font` are pictures, as those of coloured emoji are. They are not to be asked for outlines: Qt
-/// 6.4 shows nothing more of such a font afterwards.
+/// Whether the glyphs of `font` are pictures, as for coloured emoji. They must not be asked for outlines, after which
+/// Qt 6.4 no longer shows anything in such a font.
 bool hasPictures(const QRawFont& font)
 {
     return !font.fontTable("CBLC").isEmpty();
 }
 
-/// Nothing of a blank.
+/// The picture of a glyph; null for a blank one.
 QImage pictureOf(const QRawFont& font, quint32 glyph)
 {
     const double width = font.advancesForGlyphIndexes({glyph}).first().x();
@@ -156,7 +156,7 @@ void PrintedText::describe(const QTextLayout& layout, const QTextLine& line, QPo
 {
     const double point = m_painter.device()->logicalDpiX() / pointsPerInch;
     const double bottom = m_painter.device()->height();
-    const bool hasLetters = hasLetterFromTheRight(QStringView(layout.text()).mid(line.textStart(), line.textLength()));
+    const bool hasLetters = hasRightToLeftLetter(QStringView(layout.text()).mid(line.textStart(), line.textLength()));
     std::vector<Shown> signs = signsOf(line, layout.text());
     std::ranges::stable_sort(signs, {}, [](const Shown& sign) { return sign.baseline.x(); });
     for (const Shown& sign : signs) {

@@ -15,17 +15,17 @@ class QTextLine;
 
 inline constexpr double pointsPerInch = 72;
 
-/// Writes on the page of a PDF document what a screen would show: letters as outlines, coloured signs as pictures. Its
-/// layer keeps what they say.
+/// Writes text on the page of a PDF document as a screen would show it: letters as outlines, coloured signs as
+/// pictures. Its layer keeps the text itself.
 class PrintedText {
 public:
-    /// `painter` paints the whole sheet.
+    /// `painter` must cover the whole sheet.
     explicit PrintedText(QPainter& painter);
 
     QPainter& painter() const { return m_painter; }
     const PdfTextLayer& layer() const { return m_layer; }
 
-    /// Writes `line` of `layout`, whose own origin stands at `origin`, in the colour of the painter's pen.
+    /// Writes `line` of `layout`, placing the layout's origin at `origin`, in the colour of the painter's pen.
     void write(const QTextLayout& layout, const QTextLine& line, QPointF origin);
 
 private:
@@ -35,5 +35,5 @@ private:
 
     QPainter& m_painter;
     PdfTextLayer m_layer;
-    QHash<std::pair<QRawFont, quint32>, QImage> m_pictures; ///< each is put into the document once
+    QHash<std::pair<QRawFont, quint32>, QImage> m_pictures; ///< so that each is embedded in the document only once
 };

@@ -171,7 +171,7 @@ public:
     }
 
     /// Returns whether that changes a note.
-    bool takeIn(const DraftChange& change) { return change.unsaved ? put(change) : remove(*change.saved); }
+    bool restore(const DraftChange& change) { return change.unsaved ? put(change) : remove(*change.saved); }
 
     /// Deletes what was removed, after which the indexes are no longer valid.
     void finish()
@@ -218,7 +218,7 @@ private:
 };
 
 /// Returns whether that changes an important date.
-bool takeInEvent(const DraftChange& change, Table& events)
+bool restoreEvent(const DraftChange& change, Table& events)
 {
     const auto saved = change.saved ? findEvent(events, *change.saved) : events.end();
     if (!change.unsaved) {
@@ -307,22 +307,22 @@ std::optional<Draft> draftFromTable(const Table& table)
     return draft;
 }
 
-void takeInNotes(const Draft& draft, Table& notes)
+void restoreNotes(const Draft& draft, Table& notes)
 {
     NotesByDay days(notes);
     for (const DraftChange& change : draft) {
         if (change.kind == DraftChange::Kind::Note) {
-            days.takeIn(change);
+            days.restore(change);
         }
     }
     days.finish();
 }
 
-void takeInEvents(const Draft& draft, Table& events)
+void restoreEvents(const Draft& draft, Table& events)
 {
     for (const DraftChange& change : draft) {
         if (change.kind == DraftChange::Kind::Event) {
-            takeInEvent(change, events);
+            restoreEvent(change, events);
         }
     }
 }
@@ -331,7 +331,7 @@ void forgetSaved(Draft& draft, Table notes, Table events)
 {
     NotesByDay days(notes);
     std::erase_if(draft, [&](const DraftChange& change) {
-        return change.kind == DraftChange::Kind::Note ? !days.takeIn(change) : !takeInEvent(change, events);
+        return change.kind == DraftChange::Kind::Note ? !days.restore(change) : !restoreEvent(change, events);
     });
 }
 

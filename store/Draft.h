@@ -43,11 +43,11 @@ std::optional<Draft> draftFromTable(const Table& table);
 /// Restores the notes of `draft` into `notes`. A note that is still as it was saved is replaced or deleted. One that
 /// has changed since loses nothing: the draft's text is added below it, after an empty line, unless one of the two
 /// texts begins with the other; then the longer one is kept.
-void takeInNotes(const Draft& draft, Table& notes);
+void restoreNotes(const Draft& draft, Table& notes);
 
 /// Restores the important dates of `draft` into `events`, each in the place of the saved one if that is still there,
 /// else at the end.
-void takeInEvents(const Draft& draft, Table& events);
+void restoreEvents(const Draft& draft, Table& events);
 
 /// Removes from `draft` what would change nothing in these tables, because it was saved before the program ended.
 void forgetSaved(Draft& draft, Table notes, Table events);

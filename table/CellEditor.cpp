@@ -18,11 +18,11 @@
 
 namespace {
 
-// A text document knows one kind of line end. Which newline character stands for it in the text is kept as a property
-// of the character format of the line end itself, so it goes with it through deletion, undo and redo.
+// A text document has only one kind of line end. The newline character that it stands for is kept as a property of the
+// line end's own character format, and so survives deletion, undo and redo.
 constexpr int newlineProperty = QTextFormat::UserProperty;
 
-/// Also the two characters that a text document takes for its own frame marks.
+/// Includes the two characters that a text document uses as its own frame marks.
 bool endsLine(char16_t c)
 {
     return isNewline(c) || c == u'\uFDD0' || c == u'\uFDD1';
@@ -42,7 +42,7 @@ char16_t newlineOf(const QTextCharFormat& format)
     return format.hasProperty(newlineProperty) ? static_cast<char16_t>(format.intProperty(newlineProperty)) : u'\n';
 }
 
-/// Runs of text with one kind of newline go in at once: a note of many lines is loaded in one step.
+/// Inserts runs of text with one kind of newline at once, so that a note of many lines is loaded in one step.
 void insertWithItsNewlines(QTextCursor& cursor, const QString& text)
 {
     QString run;
@@ -106,7 +106,7 @@ void CellEditor::noticeChange()
     }
 }
 
-/// Positions in the document and in the text are the same: each newline character is one position.
+/// Positions in the document and in the text agree: each newline character is one position.
 QString CellEditor::textBetween(int from, int to) const
 {
     QString text;
@@ -146,7 +146,7 @@ void CellEditor::addAtEnd(const QString& text)
     QTextCursor end(document());
     end.movePosition(QTextCursor::End);
     insertWithItsNewlines(end, withoutForbiddenXmlCharacters(text));
-    QTextCursor caret = textCursor(); // at the end it was moved along
+    QTextCursor caret = textCursor(); // inserting at the caret moved it
     caret.setPosition(anchor);
     caret.setPosition(position, QTextCursor::KeepAnchor);
     setTextCursor(caret);
@@ -156,7 +156,7 @@ void CellEditor::addAtEnd(const QString& text)
 
 QMimeData* CellEditor::createMimeDataFromSelection() const
 {
-    auto* mimeData = new QMimeData; // the clipboard or the drag takes it over
+    auto* mimeData = new QMimeData; // the clipboard or the drag owns it
     mimeData->setText(textBetween(textCursor().selectionStart(), textCursor().selectionEnd()));
     return mimeData;
 }
@@ -176,7 +176,7 @@ void CellEditor::insertFromMimeData(const QMimeData* source)
 bool CellEditor::event(QEvent* event)
 {
     if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        event->accept(); // Escape ends the edit; it does not close the window
+        event->accept(); // Escape ends the edit rather than closing the window
         return true;
     }
     return QTextEdit::event(event);
@@ -215,11 +215,11 @@ QString CellEditor::textAsSeen() const
 
 void CellEditor::inputMethodEvent(QInputMethodEvent* event)
 {
-    takeIn(*event);
+    acceptInput(*event);
     Q_EMIT composed();
 }
 
-void CellEditor::takeIn(QInputMethodEvent& event)
+void CellEditor::acceptInput(QInputMethodEvent& event)
 {
     const QString commit = event.commitString();
     const QString clean = withoutForbiddenXmlCharacters(commit);
@@ -247,7 +247,7 @@ QVariant CellEditor::inputMethodQuery(Qt::InputMethodQuery property, const QVari
     }
     const QTextCursor caret = textCursor();
     const int place = property == Qt::ImCursorRectangle ? caret.position() : caret.anchor();
-    const QRectF found = answer.toRectF(); // as high as its font
+    const QRectF found = answer.toRectF(); // only as high as its font
     const double top = m_layout->blockBoundingRect(document()->findBlock(place)).top();
     return QRectF(found.left(), top, found.width(), m_layout->lineHeight());
 }

@@ -5,32 +5,31 @@
 
 class FixedLineLayout;
 
-/// The text field that stands in a table's cell while its text is edited: plain text, never wrapped, one fixed height
-/// a line. Return adds a line; Escape asks for the end of the edit, Tab and Backtab for the next cell and the one
-/// before.
+/// The text field in a table's cell while its text is edited: plain text, never wrapped, with one fixed height for all
+/// lines. Return adds a line; Escape asks to end the edit, Tab and Backtab to move to the next or the previous cell.
 ///
-/// A text is read back as it was written but for what was edited: every newline character that was not touched (CR, LF,
-/// CR LF, U+2028, ...) is still the one it was, through undo and redo as well. New lines are LF; pasted ones stay what
-/// they are. Characters that XML 1.0 cannot carry are left out of what is typed or pasted.
+/// Except for what was edited, a text is read back unchanged: every newline character that was not touched (CR, LF, CR
+/// LF, U+2028, ...) keeps its kind, also through undo and redo. New lines are LF; pasted ones keep their kind.
+/// Characters that XML 1.0 cannot represent are removed from what is typed or pasted.
 class CellEditor : public QTextEdit {
     Q_OBJECT
 
 public:
-    /// `lineHeight` in points. A turn of the wheel goes to `parent`.
+    /// `lineHeight` is in points. Turns of the mouse wheel are passed to `parent`.
     CellEditor(const QString& text, double lineHeight, QWidget* parent);
 
     const QString& text() const { return m_text; }
 
-    /// The text with what an input method composes at the caret, as the user sees it.
+    /// The text including what an input method is composing at the caret, as the user sees it.
     QString textAsSeen() const;
 
-    /// Whether the user has changed the text, even if it is now the first one again.
+    /// Whether the user has changed the text, even if only back to the original.
     bool isEdited() const { return m_edited; }
 
-    /// Adds `text` at the end as if it had been typed there; the caret and what is selected stay.
+    /// Adds `text` at the end as if it had been typed there; caret and selection stay.
     void addAtEnd(const QString& text);
 
-    /// The line at the top of the editor. The editor stays at that line until told otherwise: the table that holds it
+    /// Sets the line at the top of the editor. The editor stays there until told otherwise: the table that holds it
     /// scrolls, not the editor.
     void setFirstLine(int line);
 
@@ -38,15 +37,15 @@ public:
 
     QVariant inputMethodQuery(Qt::InputMethodQuery property) const override;
 
-    /// The same; an input method asks for this one by its name. Places are those of whole lines, so that its window
-    /// stands clear of the line that is written.
+    /// The same; input methods call this one by name. Rectangles are as high as whole lines, so that an input method's
+    /// window does not cover the line being written.
     Q_INVOKABLE QVariant inputMethodQuery(Qt::InputMethodQuery property, const QVariant& argument) const;
 
 Q_SIGNALS:
-    void edited();   ///< text() is another
-    void composed(); ///< textAsSeen() may be another
+    void edited();   ///< text() has changed
+    void composed(); ///< textAsSeen() may have changed
     void endRequested();
-    void moveRequested(int step); ///< 1 to the next cell, -1 to the one before
+    void moveRequested(int step); ///< 1 to the next cell, -1 to the previous one
     void menuRequested(QPoint globalPosition);
 
 protected:
@@ -63,7 +62,7 @@ protected:
 private:
     QString textBetween(int from, int to) const;
     void insertTyped(const QString& text);
-    void takeIn(QInputMethodEvent& event);
+    void acceptInput(QInputMethodEvent& event);
     void noticeChange();
 
     FixedLineLayout* m_layout;

@@ -7,17 +7,17 @@
 
 #include <vector>
 
-/// Where one column stands, in whole points from the left edge of the table's contents.
+/// The position of a column, in whole points from the left edge of the table's contents.
 struct ColumnSpan {
     int left = 0;
     int width = 0;
 
-    int right() const { return left + width; } ///< the first point beside the column
+    int right() const { return left + width; } ///< the first point after the column
     bool operator==(const ColumnSpan&) const = default;
 };
 
-/// Stands the columns side by side, from the right edge in a right-to-left layout. What `available` points leave beside
-/// the fixed columns is shared by the stretching ones, which never get narrower than their minimum, so the columns may
-/// reach beyond `available`. Without a stretching column some of it may stay free.
+/// Places the columns side by side, from the right edge in a right-to-left layout. The stretching columns share what
+/// the fixed ones leave of `available` points, but never get narrower than their minimum, so the columns may extend
+/// beyond `available`. Without a stretching column some of it may remain unused.
 std::vector<ColumnSpan> layoutColumns(const std::vector<TableColumn>& columns, int available,
                                       Qt::LayoutDirection direction);

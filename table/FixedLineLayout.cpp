@@ -33,14 +33,14 @@ void FixedLineLayout::setViewSize(const QSizeF& size)
     m_viewSize = size;
 }
 
-/// The block whose line is at `y`, the first or the last one for a point above or below them all.
+/// The block whose line is at `y`; the first or the last one for a point above or below all lines.
 QTextBlock FixedLineLayout::blockAt(double y) const
 {
     const int line = m_firstLine + static_cast<int>(std::floor(y / m_lineHeight));
     return document()->findBlockByNumber(std::clamp(line, 0, document()->blockCount() - 1));
 }
 
-/// The one line of `block`, shaped where that is due, in its place within the block.
+/// The single line of `block`, laid out if necessary, at its place within the block.
 QTextLine FixedLineLayout::lineOf(const QTextBlock& block) const
 {
     QTextLayout& layout = *block.layout();
@@ -101,7 +101,7 @@ void FixedLineLayout::documentChanged(int from, int /*charsRemoved*/, int charsA
     Q_EMIT update();
 }
 
-/// Also the line above and the one below what is to be painted: a glyph may be higher than its line.
+/// Includes the lines above and below the exposed part, since a glyph may be higher than its line.
 void FixedLineLayout::draw(QPainter* painter, const PaintContext& context)
 {
     const QRectF clip = context.clip.isValid() ? context.clip : QRectF(QPointF(), m_viewSize);
@@ -126,7 +126,7 @@ void FixedLineLayout::drawBlock(QPainter& painter, const QTextBlock& block, cons
     painter.setPen(context.palette.color(QPalette::Text));
     layout.draw(&painter, origin, selections, context.clip);
 
-    // A place within a composed text counts from -2 downwards.
+    // Positions within a composed text count down from -2.
     const bool composing = context.cursorPosition < -1 && !layout.preeditAreaText().isEmpty();
     const int caret = composing ? layout.preeditAreaPosition() - (context.cursorPosition + 2)
                                 : context.cursorPosition - block.position();

@@ -6,15 +6,15 @@
 class QTextLayout;
 class QTextLine;
 
-/// Lays out a plain-text document without wrapping, every line of it equally high whatever fonts it needs, its baseline
-/// where the table's cells have theirs. A right-to-left line stands at the right edge of the view.
+/// Lays out a plain-text document without wrapping. Every line is equally high, whatever fonts it needs, with its
+/// baseline where the table's cells have theirs. Right-to-left lines are aligned to the right edge of the view.
 ///
-/// The view begins at a line that is set here: it is at 0 in the layout's coordinates, the lines above it are above 0.
-/// So nothing is left for the control to scroll up or down, and it cannot move the text away from where it belongs.
-/// Only lines in view are shaped: a text of any number of lines is as quick to show as a short one.
+/// The first visible line is set here: it is at 0 in the layout's coordinates, and earlier lines are above 0. This
+/// leaves the control nothing to scroll vertically, so that it cannot move the text out of place. Only visible lines
+/// are laid out, so a text of any number of lines is shown as quickly as a short one.
 class FixedLineLayout : public QAbstractTextDocumentLayout {
     Q_OBJECT
-    Q_PROPERTY(int cursorWidth MEMBER m_caretWidth) ///< where a text control keeps it, by this name
+    Q_PROPERTY(int cursorWidth MEMBER m_caretWidth) ///< a text control stores it under this name
 
 public:
     FixedLineLayout(QTextDocument& document, double lineHeight);
@@ -28,7 +28,7 @@ public:
     int hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) const override;
     int pageCount() const override { return 1; }
 
-    /// As wide as the widest line in view, and without height: see above.
+    /// As wide as the widest visible line, and without a height, see above.
     QSizeF documentSize() const override;
     QRectF frameBoundingRect(QTextFrame* frame) const override;
     QRectF blockBoundingRect(const QTextBlock& block) const override;

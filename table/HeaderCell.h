@@ -4,7 +4,7 @@
 #include <QFont>
 #include <QString>
 
-/// What stands above a table's column: its title, and the font that every column header has.
+/// The header of a table's column: its title, and the font that all headers share.
 class HeaderCell {
 public:
     HeaderCell() = default;
@@ -12,7 +12,7 @@ public:
 
     const QString& title() const { return m_title; }
 
-    /// The bold system font of 13 points, always.
+    /// The bold system font at 13 points.
     static QFont font();
 
 private:

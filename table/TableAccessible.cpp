@@ -15,7 +15,7 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
     return table ? new TableAccessible(*table) : nullptr; // the accessibility cache owns it
 }
 
-/// The index of the cell that stands for the selected row.
+/// The child index of the cell that represents the selected row.
 int spokenChild(const TableView& table)
 {
     return (table.selectedRow() + 1) * static_cast<int>(table.tableColumns().size()) + table.spokenColumn();
@@ -118,7 +118,8 @@ QAccessibleInterface* TableAccessible::child(int index) const
     } else {
         made = new TableCellAccessible(table(), column, row);
     }
-    m_children.insert(index, QAccessible::registerAccessibleInterface(made)); // which owns it from now on
+    m_children.insert(index,
+                      QAccessible::registerAccessibleInterface(made)); // owned by the accessibility cache from now on
     return made;
 }
 
@@ -185,7 +186,7 @@ QString TableAccessible::rowDescription(int row) const
 QString TableAccessible::columnDescription(int column) const
 {
     const bool exists = column >= 0 && column < columnCount();
-    return exists ? table().tableColumns()[static_cast<size_t>(column)].headerCell.title() : QString();
+    return exists ? table().tableColumns()[static_cast<std::size_t>(column)].headerCell.title() : QString();
 }
 
 // Selection

@@ -6,10 +6,10 @@
 
 class TableView;
 
-/// What a screen reader knows of a table view: a table whose cells can all be asked for. Cells exist for it only once
-/// they are asked for, so a table of a lifetime of rows costs no more than one of a page.
+/// A table view for screen readers: a table with all its cells. A cell's interface is created only when it is asked
+/// for, so a table with a lifetime of rows costs no more than one of a page.
 ///
-/// Children are the column headers, then the cells row by row.
+/// The children are the column headers, then the cells row by row.
 class TableAccessible final : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
     explicit TableAccessible(TableView& table);
@@ -17,11 +17,11 @@ public:
     TableAccessible& operator=(const TableAccessible&) = delete;
     ~TableAccessible() override;
 
-    /// From now on table views are given this interface. Cheap to call again.
+    /// Makes all table views use this interface. Calling it again is cheap.
     static void install();
 
-    /// To be called after the selection moved, after the focus came, and after the rows were replaced.
-    /// Nothing happens while no screen reader listens.
+    /// Must be called after the selection moved, after the table got the focus, and after the rows were replaced,
+    /// respectively. They do nothing while no screen reader is active.
     static void tellSelection(TableView& table);
     static void tellFocus(TableView& table);
     static void tellReload(TableView& table);

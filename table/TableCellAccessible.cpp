@@ -9,11 +9,11 @@
 
 namespace {
 
-constexpr qsizetype spokenLength = 200; ///< UTF-16 units of a cell's text that stand in its name
+constexpr qsizetype spokenLength = 200; ///< UTF-16 units of a cell's text that its name includes
 
 QString cellName(const TableView& table, int column, int row)
 {
-    const QString title = table.tableColumns()[static_cast<size_t>(column)].headerCell.title();
+    const QString title = table.tableColumns()[static_cast<std::size_t>(column)].headerCell.title();
     const CellView cell = table.cellView(column, row);
     const QString start = beginningOf(cell.spokenText.isEmpty() ? cell.text : cell.spokenText, spokenLength).toString();
     return title.isEmpty() ? start : QStringLiteral("%1: %2").arg(title, start);
@@ -50,7 +50,7 @@ bool TablePartAccessible::hasColumn() const
 
 QString TablePartAccessible::headerTitle() const
 {
-    return hasColumn() ? m_table->tableColumns()[static_cast<size_t>(m_column)].headerCell.title() : QString();
+    return hasColumn() ? m_table->tableColumns()[static_cast<std::size_t>(m_column)].headerCell.title() : QString();
 }
 
 // The header
@@ -68,7 +68,7 @@ QRect TableHeaderAccessible::rect() const
 QStringList TableHeaderAccessible::actionNames() const
 {
     const bool sorts =
-        hasColumn() && table()->tableColumns()[static_cast<size_t>(column())].sortDescriptorPrototype.has_value();
+        hasColumn() && table()->tableColumns()[static_cast<std::size_t>(column())].sortDescriptorPrototype.has_value();
     return sorts ? QStringList{pressAction()} : QStringList();
 }
 

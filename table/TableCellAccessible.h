@@ -6,8 +6,8 @@
 
 class TableView;
 
-/// A header or a cell of a table view, for a screen reader. It keeps its place, not its content: what it says is what
-/// stands there when it is asked. It is invalid once that place is beyond the table.
+/// A header or a cell of a table view, for screen readers. It stands for a place rather than its content: it reports
+/// what is there when it is asked. It is invalid once the table does not have that place.
 class TablePartAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
     TablePartAccessible(TableView& table, int column);
@@ -49,8 +49,9 @@ public:
     void doAction(const QString& actionName) override;
 };
 
-/// A cell. Its name is the column's title and the start of its text, its value the text; pressing it selects its row
-/// and edits it. It says nothing of the row's other cells: a screen reader that reads rows says each of them itself.
+/// A cell. Its name is the column's title and the beginning of its text, its value the whole text; pressing it selects
+/// its row and starts editing. It says nothing about the row's other cells, since screen readers that read rows read
+/// each cell anyway.
 class TableCellAccessible final : public TablePartAccessible, public QAccessibleTableCellInterface {
 public:
     TableCellAccessible(TableView& table, int column, int row);

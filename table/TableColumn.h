@@ -12,11 +12,11 @@
 
 class QWidget;
 
-/// What a column's cell shows in one row. The text is always plain text.
+/// What a cell shows. The text is always plain text.
 struct CellView {
     QString text;
-    QColor textColor = {};   ///< an invalid colour is the control text colour
-    QString spokenText = {}; ///< what a screen reader says in place of the text; empty: the text
+    QColor textColor = {};   ///< invalid for the control text colour
+    QString spokenText = {}; ///< what a screen reader says instead of the text; empty for the text
 };
 
 /// One column of a table.
@@ -28,14 +28,15 @@ struct TableColumn {
 
     double width = 120.0;       ///< points
     double minimumWidth = 40.0; ///< points; the user cannot make the column narrower
-    bool stretches = false;     ///< shares the width that the fixed columns leave; `width` is then not read
+    bool stretches = false;     ///< shares the width that the fixed columns leave; `width` is then ignored
 
-    /// What a click on the header sorts by first, the other order next; none: the header does nothing.
+    /// The order that a first click on the header sorts by; the next click reverses it. Without one, clicking does
+    /// nothing.
     std::optional<SortDescriptor> sortDescriptorPrototype;
 
     Editing editing = Editing::ReadOnly;
 
-    /// Makes the control that stands in a cell of this column while it is edited, a child of `parent` (which owns it),
-    /// its value already set; null refuses the edit. Without a factory an editable column edits its text (CellEditor).
+    /// Makes the control for editing a cell of this column, with its value already set, as a child of `parent`, which
+    /// owns it; null refuses the edit. Without a factory, the text of an editable column is edited (CellEditor).
     std::function<QWidget*(QWidget* parent, int row)> editorFactory;
 };

@@ -18,7 +18,7 @@
 namespace {
 
 constexpr int headerHeight = 24;
-constexpr int gripReach = 4; ///< how far from a column's edge the pointer takes hold of it
+constexpr int gripReach = 4; ///< how far from a column's edge the pointer can grip it
 
 } // namespace
 
@@ -36,7 +36,7 @@ QSize TableHeaderView::sizeHint() const
 
 QRect TableHeaderView::sectionRect(int column) const
 {
-    const ColumnSpan& span = m_table.m_columnSpans[static_cast<size_t>(column)];
+    const ColumnSpan& span = m_table.m_columnSpans[static_cast<std::size_t>(column)];
     return {span.left - m_table.contentsX(), 0, span.width, height()};
 }
 
@@ -51,7 +51,7 @@ int TableHeaderView::resizableColumnAt(QPoint position) const
     for (int column = 0; column < static_cast<int>(columns.size()); ++column) {
         const QRect section = sectionRect(column);
         const int edge = isRightToLeft() ? section.left() : section.right() + 1;
-        if (!columns[static_cast<size_t>(column)].stretches && std::abs(position.x() - edge) <= gripReach) {
+        if (!columns[static_cast<std::size_t>(column)].stretches && std::abs(position.x() - edge) <= gripReach) {
             return column;
         }
     }
@@ -60,7 +60,7 @@ int TableHeaderView::resizableColumnAt(QPoint position) const
 
 bool TableHeaderView::isSortable(int column) const
 {
-    return column >= 0 && m_table.tableColumns()[static_cast<size_t>(column)].sortDescriptorPrototype.has_value();
+    return column >= 0 && m_table.tableColumns()[static_cast<std::size_t>(column)].sortDescriptorPrototype.has_value();
 }
 
 bool TableHeaderView::event(QEvent* event)
@@ -69,7 +69,7 @@ bool TableHeaderView::event(QEvent* event)
         const QPoint position = static_cast<QHelpEvent*>(event)->pos();
         const int column = columnAt(position);
         const QString title =
-            column < 0 ? QString() : m_table.tableColumns()[static_cast<size_t>(column)].headerCell.title();
+            column < 0 ? QString() : m_table.tableColumns()[static_cast<std::size_t>(column)].headerCell.title();
         const bool shortened = column >= 0 && elidedTitle(column) != title;
         QToolTip::showText(mapToGlobal(position), shortened ? plainToolTip(title) : QString(), this);
         return true;
@@ -133,7 +133,7 @@ void TableHeaderView::paintEvent(QPaintEvent* /*event*/)
 
 QString TableHeaderView::elidedTitle(int column) const
 {
-    const QString& title = m_table.tableColumns()[static_cast<size_t>(column)].headerCell.title();
+    const QString& title = m_table.tableColumns()[static_cast<std::size_t>(column)].headerCell.title();
     const int room = sectionRect(column).width() - 2 * cellPadding - (isSortable(column) ? sortIndicatorRoom : 0);
     return QFontMetrics(HeaderCell::font()).elidedText(title, Qt::ElideRight, room);
 }
@@ -164,7 +164,7 @@ void TableHeaderView::paintSection(QPainter& painter, int column) const
 
 void TableHeaderView::paintSortIndicator(QPainter& painter, int column) const
 {
-    const auto& prototype = m_table.tableColumns()[static_cast<size_t>(column)].sortDescriptorPrototype;
+    const auto& prototype = m_table.tableColumns()[static_cast<std::size_t>(column)].sortDescriptorPrototype;
     const auto& descriptors = m_table.sortDescriptors();
     if (!prototype || descriptors.empty() || descriptors.front().key != prototype->key) {
         return;

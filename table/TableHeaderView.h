@@ -7,8 +7,8 @@
 
 class TableView;
 
-/// The row of column headers above a table: draws their titles and the sort indicator, sorts on a click, and lets the
-/// user drag the edge between two columns. It reads its columns from the table that owns it.
+/// The row of column headers above a table: draws titles and the sort indicator, sorts on a click, and lets the user
+/// drag the edge between two columns. It reads the columns from the table that owns it.
 class TableHeaderView : public QWidget {
     Q_OBJECT
 

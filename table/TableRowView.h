@@ -8,7 +8,7 @@ class QPainter;
 
 enum class SelectionHighlightStyle { None = -1, Regular = 0 };
 
-/// Paints what lies behind the cells of one row. The table asks its delegate for a new one whenever it paints a row.
+/// Paints the background of a row. The table asks its delegate for a new one whenever it paints a row.
 class TableRowView {
 public:
     TableRowView() = default;
@@ -16,7 +16,7 @@ public:
     TableRowView& operator=(const TableRowView&) = delete;
     virtual ~TableRowView() = default;
 
-    /// The whole row, in the coordinates of the painter that the drawing functions get.
+    /// The whole row, in the coordinates of the painter passed to the drawing functions.
     QRectF bounds() const { return m_bounds; }
     void setBounds(const QRectF& bounds) { m_bounds = bounds; }
 
@@ -26,8 +26,8 @@ public:
     const QPalette& palette() const { return m_palette; }
     void setPalette(const QPalette& palette) { m_palette = palette; }
 
-    /// Fills the row's whole bounds with the named colour "TableRowSelectionColor", whatever part of it `rect` names;
-    /// nothing when the style is None. Called for selected rows only.
+    /// Fills the row's whole bounds with the named colour "TableRowSelectionColor", whatever `rect` is; does nothing
+    /// when the style is None. Called for selected rows only.
     virtual void drawSelectionInRect(QPainter& painter, const QRectF& rect) const;
 
     /// Draws the hairline at the row's lower edge.

@@ -18,7 +18,8 @@
 
 namespace {
 
-/// Unlike QWidget::isAncestorOf this goes through windows: a control's popup belongs to the control.
+/// Whether `widget` is `owner` or inside it. Unlike QWidget::isAncestorOf this crosses windows, because a control's
+/// popup belongs to the control.
 bool belongsTo(const QWidget* widget, const QWidget* owner)
 {
     while (widget && widget != owner) {
@@ -27,8 +28,8 @@ bool belongsTo(const QWidget* widget, const QWidget* owner)
     return widget != nullptr;
 }
 
-/// Keeps from a screen reader what a control tells of its text while it is made. A reader would take the control for
-/// the focused one at the first word of it, and not say its name when it gets the focus indeed.
+/// Suppresses accessibility events while a control is set up. A screen reader would otherwise take the control for
+/// focused at its first text, and not say its name when it really gets the focus.
 class Unheard {
 public:
     Unheard() : m_former(QAccessible::installUpdateHandler([](QAccessibleEvent*) {})) {}
@@ -44,13 +45,13 @@ private:
 
 bool TableView::isEditable(int column) const
 {
-    return hasColumn(column) && m_columns[static_cast<size_t>(column)].editing == TableColumn::Editing::Editable;
+    return hasColumn(column) && m_columns[static_cast<std::size_t>(column)].editing == TableColumn::Editing::Editable;
 }
 
 bool TableView::canEdit(int column, int row) const
 {
     return isEditable(column) && hasRow(row) && !m_hiddenRows.contains(row) && m_delegate &&
-           m_delegate->shouldEditTableColumn(*this, m_columns[static_cast<size_t>(column)], row);
+           m_delegate->shouldEditTableColumn(*this, m_columns[static_cast<std::size_t>(column)], row);
 }
 
 void TableView::editColumn(int column, int row)
@@ -64,7 +65,7 @@ void TableView::beginEdit(Cell cell, std::optional<QPoint> clicked)
         return;
     }
     endEditing();
-    if (!canEdit(cell.column, cell.row)) { // the delegate may have reloaded at the edit's end
+    if (!canEdit(cell.column, cell.row)) { // the delegate may have reloaded the table when the former edit ended
         return;
     }
     select(cell.row, Origin::User);
@@ -88,7 +89,7 @@ void TableView::beginEdit(Cell cell, std::optional<QPoint> clicked)
 QWidget* TableView::makeEditor(Cell cell)
 {
     const Unheard whileMade;
-    const TableColumn& column = m_columns[static_cast<size_t>(cell.column)];
+    const TableColumn& column = m_columns[static_cast<std::size_t>(cell.column)];
     if (column.editorFactory) {
         QWidget* const control = column.editorFactory(viewport(), cell.row);
         if (control) {
@@ -112,7 +113,7 @@ CellEditor* TableView::textEditor() const
     return m_edit ? qobject_cast<CellEditor*>(m_edit->view) : nullptr;
 }
 
-/// At the clicked point of the viewport; without one at the end of the text.
+/// Puts the caret at the clicked point of the viewport, or at the end of the text.
 void TableView::placeCaret(std::optional<QPoint> clicked)
 {
     CellEditor* const editor = textEditor();
@@ -138,7 +139,7 @@ void TableView::commitEditing()
 void TableView::commitText()
 {
     if (belongsTo(QApplication::focusWidget(), m_edit->view)) {
-        QGuiApplication::inputMethod()->commit(); // what is half composed belongs to the text
+        QGuiApplication::inputMethod()->commit(); // includes half-composed text
     }
     if (CellEditor* const editor = textEditor(); editor && m_delegate) {
         m_delegate->controlTextDidEndEditing(*editor);
@@ -154,7 +155,7 @@ void TableView::endEditing()
     const QPointer<QWidget> view = m_edit->view;
     const bool hadFocus = belongsTo(QApplication::focusWidget(), view);
     commitText();
-    QGuiApplication::inputMethod()->reset(); // a dead key begun here is not finished in the next text
+    QGuiApplication::inputMethod()->reset(); // so that a dead key pressed here does not affect the next text
     m_edit.reset();
     if (hadFocus) {
         setFocus(Qt::OtherFocusReason);
@@ -168,7 +169,7 @@ void TableView::endEditing()
     m_endingEdit = false;
 }
 
-/// To the next cell of the row that can be edited, its text selected, or the one before; past the last the edit ends.
+/// Edits the next or the previous editable cell of the row, with its text selected; beyond the last one the edit ends.
 void TableView::moveEdit(int step)
 {
     if (!m_edit) {
@@ -207,8 +208,8 @@ int TableView::rowForView(const QWidget& view) const
     return m_edit && m_edit->view && belongsTo(&view, m_edit->view) ? m_edit->row : -1;
 }
 
-/// A text editor covers the visible lines of its cell only, so that a note of any number of lines is as quick to edit
-/// as a short one.
+/// A text editor covers only the visible lines of its cell, so that a note of any number of lines can be edited as
+/// quickly as a short one.
 void TableView::layoutEditor()
 {
     if (!m_edit || !m_edit->view) {
@@ -247,7 +248,7 @@ void TableView::showCaret()
     }
 }
 
-/// The text's own menu, and below it the table's for the edited row.
+/// Shows the text's own menu, followed by the table's for the edited row.
 void TableView::openEditorMenu(QPoint globalPosition)
 {
     CellEditor* const editor = textEditor();
@@ -265,8 +266,8 @@ void TableView::openEditorMenu(QPoint globalPosition)
     menu->popup(globalPosition);
 }
 
-/// Ends the edit when the keys go to another control of this window, not when a menu opens, the menu bar takes them,
-/// which gives them back, or another window comes to the front.
+/// Ends the edit when the focus moves to another control of this window, but not when a menu opens, when the menu bar
+/// takes the focus (which it returns), or when another window comes to the front.
 void TableView::focusMoved(QWidget* now)
 {
     const bool isElsewhere = now && now->window() == window() && !qobject_cast<QMenuBar*>(now);
@@ -275,7 +276,7 @@ void TableView::focusMoved(QWidget* now)
     }
 }
 
-/// Keys of a control that a column's factory made.
+/// Handles the keys of a control made by a column's factory.
 bool TableView::eventFilter(QObject* watched, QEvent* event)
 {
     if (m_edit && watched == m_edit->view && event->type() == QEvent::KeyPress) {

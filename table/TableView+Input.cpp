@@ -60,7 +60,8 @@ void TableView::focusInEvent(QFocusEvent* event)
     QAbstractScrollArea::focusInEvent(event);
     m_focusRing->show();
     m_focusRing->raise();
-    // Later: the window tells of the table itself once this event is dealt with, and the last to be told of is said.
+    // Deferred, because the window reports the table itself after this event, and screen readers say what was reported
+    // last.
     QMetaObject::invokeMethod(
         this, [this] { TableAccessible::tellFocus(*this); }, Qt::QueuedConnection);
 }
@@ -147,11 +148,11 @@ void TableView::keyPressEvent(QKeyEvent* event)
         return;
     }
     if (!moveSelection(*event)) {
-        event->ignore(); // a key that means something to the window, and letters that mean nothing
+        event->ignore(); // leaves it to the window
     }
 }
 
-/// The nearest row from `row` on, going by `step`, that is not hidden; -1 when there is none.
+/// The first row from `row` on, in steps of `step`, that is not hidden; -1 when there is none.
 int TableView::visibleRowFrom(int row, int step) const
 {
     while (hasRow(row) && m_hiddenRows.contains(row)) {
@@ -160,7 +161,7 @@ int TableView::visibleRowFrom(int row, int step) const
     return hasRow(row) ? row : -1;
 }
 
-/// The row above or below the selected one; with none selected, above or at the place where the keys go on.
+/// The row above or below the selected one or, without a selection, the place where the keys resume.
 int TableView::rowBeside(int direction) const
 {
     if (hasRow(m_selectedRow)) {
@@ -183,7 +184,7 @@ int TableView::rowPageAway(int direction) const
     if (row < 0) {
         return direction > 0 ? numberOfRows() - 1 : 0;
     }
-    return row == m_selectedRow ? row + direction : row; // a row taller than the page is passed all the same
+    return row == m_selectedRow ? row + direction : row; // moves on even from a row taller than the page
 }
 
 bool TableView::moveSelection(const QKeyEvent& event)
@@ -237,10 +238,10 @@ void TableView::copy() const
 
 void TableView::sortByColumn(int column)
 {
-    if (!hasColumn(column) || !m_columns[static_cast<size_t>(column)].sortDescriptorPrototype) {
+    if (!hasColumn(column) || !m_columns[static_cast<std::size_t>(column)].sortDescriptorPrototype) {
         return;
     }
-    SortDescriptor descriptor = *m_columns[static_cast<size_t>(column)].sortDescriptorPrototype;
+    SortDescriptor descriptor = *m_columns[static_cast<std::size_t>(column)].sortDescriptorPrototype;
     if (!m_sortDescriptors.empty() && m_sortDescriptors.front() == descriptor) {
         const bool ascending = descriptor.order == SortOrder::Ascending;
         descriptor.order = ascending ? SortOrder::Descending : SortOrder::Ascending;

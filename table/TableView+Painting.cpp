@@ -19,8 +19,8 @@
 
 namespace {
 
-/// What of `line` fits into `room` points, with an ellipsis where something is left out. A long line is cut before it
-/// is measured: no glyph that shows is narrower than a point.
+/// The part of `line` that fits into `room` points, with an ellipsis when it is shortened. A long line is cut before it
+/// is measured, since no visible glyph is narrower than a point.
 QString fitted(QStringView line, const QFontMetricsF& metrics, int room)
 {
     const QStringView start = beginningOf(line, std::max(room, 0));
@@ -65,7 +65,7 @@ void TableView::paintRow(QPainter& painter, int row, const QRect& exposed) const
         }
         view->drawSeparatorInRect(painter, rect & exposed);
     }
-    if (row == m_menuRow) { // the row that the open menu speaks of
+    if (row == m_menuRow) { // the row that the open menu refers to
         painter.setPen(namedColor(u"FocusRingColor", palette()));
         painter.drawRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5));
     }
@@ -85,7 +85,7 @@ void TableView::paintCell(QPainter& painter, int column, int row, const QRect& e
         if (editor == textEditor()) {
             painter.fillRect(shown, namedColor(u"ControlBackgroundColor", palette()));
         }
-        return; // a control of the column's own stands on the row as it is
+        return; // a custom control is drawn on the row's own background
     }
     const CellView view = cellView(column, row);
     const bool highlighted = row == m_selectedRow && m_highlightStyle != SelectionHighlightStyle::None;

@@ -32,7 +32,7 @@ TableView::TableView(QWidget* parent)
 
 TableView::~TableView()
 {
-    // A widget that goes gives up the focus at a moment at which it is no table any more.
+    // The focus changes while the base classes are destroyed, when this is no longer a table.
     disconnect(qApp, nullptr, this, nullptr);
 }
 
@@ -61,7 +61,7 @@ int TableView::columnWithIdentifier(QStringView identifier) const
 void TableView::setHeaderCell(int column, HeaderCell cell)
 {
     if (hasColumn(column)) {
-        m_columns[static_cast<size_t>(column)].headerCell = std::move(cell);
+        m_columns[static_cast<std::size_t>(column)].headerCell = std::move(cell);
         m_header->update();
     }
 }
@@ -69,7 +69,7 @@ void TableView::setHeaderCell(int column, HeaderCell cell)
 void TableView::setColumnWidth(int column, double width)
 {
     if (hasColumn(column)) {
-        TableColumn& changed = m_columns[static_cast<size_t>(column)];
+        TableColumn& changed = m_columns[static_cast<std::size_t>(column)];
         changed.width = std::max(width, changed.minimumWidth);
         changed.stretches = false;
         layoutContents();
@@ -82,14 +82,14 @@ void TableView::reloadData()
 {
     endEditing();
     const int count = m_delegate ? std::max(0, m_delegate->numberOfRowsInTableView(*this)) : 0;
-    std::vector<double> heights(static_cast<size_t>(count));
+    std::vector<double> heights(static_cast<std::size_t>(count));
     for (int row = 0; row < count; ++row) {
-        heights[static_cast<size_t>(row)] = m_delegate->heightOfRow(*this, row);
+        heights[static_cast<std::size_t>(row)] = m_delegate->heightOfRow(*this, row);
     }
     m_heights = RowHeights(std::move(heights));
     m_hiddenRows.clear();
     m_pressed = {};
-    m_clickedRow = -1; // the row that was clicked may be another now
+    m_clickedRow = -1; // the clicked row may be a different one now
     m_resumeRow = -1;
     layoutContents();
     TableAccessible::tellReload(*this);
@@ -175,7 +175,7 @@ CellView TableView::cellView(int column, int row) const
     if (!m_delegate || !hasRow(row) || !hasColumn(column)) {
         return {};
     }
-    return m_delegate->viewForTableColumn(*this, m_columns[static_cast<size_t>(column)], row);
+    return m_delegate->viewForTableColumn(*this, m_columns[static_cast<std::size_t>(column)], row);
 }
 
 // Places
@@ -223,7 +223,7 @@ QRect TableView::rectOfCell(int column, int row) const
         return {};
     }
     const QRect rowRect = rectOfRow(row);
-    const ColumnSpan& span = m_columnSpans[static_cast<size_t>(column)];
+    const ColumnSpan& span = m_columnSpans[static_cast<std::size_t>(column)];
     return {span.left - contentsX(), rowRect.top(), span.width, rowRect.height()};
 }
 

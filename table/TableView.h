@@ -20,13 +20,12 @@ class QMenu;
 class TableHeaderView;
 class TableViewDelegate;
 
-/// A table of text cells, of any number of rows, each with its own height. It keeps nothing of a row but the height and
-/// asks its delegate for the cells of visible rows while it paints, so reloading and scrolling cost the same for a
-/// lifetime of rows as for a page of them.
+/// A table of text cells with any number of rows, each with its own height. It stores nothing but the rows' heights and
+/// asks its delegate for the cells of visible rows while it paints, so scrolling costs the same for a lifetime of rows
+/// as for a page of them.
 ///
-/// Rows and columns count from 0; -1 is no row. A row or column that does not exist is ignored by what sets something
-/// and gives an empty result from what asks. Rectangles are in the coordinates of viewport(). One row is selected at
-/// most.
+/// Rows and columns count from 0; -1 means no row. For a row or column that does not exist, setters do nothing and
+/// getters return an empty result. Rectangles are in the coordinates of viewport(). At most one row is selected.
 class TableView : public QAbstractScrollArea {
     Q_OBJECT
     Q_PROPERTY(QString placeholderText READ placeholderText WRITE setPlaceholderText)
@@ -36,7 +35,8 @@ public:
     explicit TableView(QWidget* parent = nullptr);
     ~TableView() override;
 
-    /// Data source and delegate; not owned, must outlive the table or be replaced. Null shows no rows. Reloads.
+    /// Sets data source and delegate, and reloads; not owned, must outlive the table or be replaced. Null shows no
+    /// rows.
     void setDelegate(TableViewDelegate* delegate);
     TableViewDelegate* delegate() const { return m_delegate; }
 
@@ -47,43 +47,42 @@ public:
     int columnWithIdentifier(QStringView identifier) const;
     bool isEditable(int column) const;
 
-    /// Whether that cell can be edited now: its column is editable, its row is not hidden, and the delegate has nothing
-    /// against it.
+    /// Whether the cell can be edited now: its column is editable, its row is not hidden, and the delegate allows it.
     bool canEdit(int column, int row) const;
     void setHeaderCell(int column, HeaderCell cell);
-    void setColumnWidth(int column, double width); ///< held to the column's minimum; it then stretches no more
+    void setColumnWidth(int column, double width); ///< at least the column's minimum; the column no longer stretches
 
     const TableHeaderView& header() const { return *m_header; }
 
     // Rows
 
-    /// Asks the delegate for count and heights anew. An edit in progress is ended first. The selected row stays
-    /// selected by its number; when the new rows do not reach that far, none is selected. Rows are hidden no more.
+    /// Asks the delegate for the number of rows and all heights. Ends an edit first. The same row number stays selected
+    /// or, when there are fewer rows now, none. No row stays hidden.
     void reloadData();
     int numberOfRows() const { return m_heights.count(); }
 
-    /// The delegate's rows have one more, at `row`. Selection, hidden rows and an edit in progress move along.
+    /// Inserts a row that the delegate has added at `row`. Selection, hidden rows and an edit move along.
     void insertRow(int row);
 
-    /// Asks the delegate for the height of that row anew, O(log rows).
+    /// Asks the delegate for the height of that row, O(log rows).
     void noteHeightOfRowChanged(int row);
 
-    /// The row's cells are painted again; nothing else is asked anew.
+    /// Repaints the row's cells; nothing else is asked again.
     void redrawRow(int row);
 
     /// What the delegate shows in that cell now.
     CellView cellView(int column, int row) const;
 
-    /// Hidden rows keep their numbers but take no room and are never selected by a key.
+    /// Hidden rows keep their numbers, but take no room and are never selected by a key.
     const std::set<int>& hiddenRowIndexes() const { return m_hiddenRows; }
     void hideRow(int row);
     void unhideRow(int row);
 
-    /// The height of one line of text, 17 points unless set otherwise. The delegate's row heights are its multiples.
+    /// The height of a line of text, 17 points by default. Row heights are multiples of it.
     double lineHeight() const { return m_lineHeight; }
     void setLineHeight(double height);
 
-    /// Shown in the middle of a table without rows; empty shows nothing.
+    /// Shown in the middle of a table without visible rows; empty for nothing.
     QString placeholderText() const { return m_placeholderText; }
     void setPlaceholderText(const QString& text);
 
@@ -99,20 +98,20 @@ public:
 
     int selectedRow() const { return m_selectedRow; }
 
-    /// Makes `row` the only selected row; -1 selects none. A row that does not exist changes nothing.
+    /// Selects `row`, or nothing for -1. A row that does not exist changes nothing.
     void selectRow(int row);
 
-    /// The same as the user's choice: the delegate also hears tableViewSelectionIsChanging, and the row comes into
-    /// view.
+    /// The same as if the user chose it: the delegate also gets tableViewSelectionIsChanging, and the row is scrolled
+    /// into view.
     void chooseRow(int row);
 
-    /// While no row is selected, the arrow and page keys go on as if one stood right above `row`: Down chooses `row`,
-    /// Up the one before it. Until a row is selected or the table is reloaded; without it they begin at an end of the
-    /// table.
+    /// While no row is selected, makes the arrow and page keys go on as if a row just above `row` were selected: Down
+    /// chooses `row`, Up the one before it. Applies until a row is selected or the table is reloaded; otherwise the
+    /// keys begin at an end of the table.
     void resumeAtRow(int row);
 
-    /// The column whose cell stands for the selected row when it is spoken and which Return edits: the first whose text
-    /// can be edited, else the first.
+    /// The column whose cell represents the selected row for screen readers, and which Return edits: the first with
+    /// editable text, else the first.
     int spokenColumn() const;
     SelectionHighlightStyle selectionHighlightStyle() const { return m_highlightStyle; }
     void setSelectionHighlightStyle(SelectionHighlightStyle style);
@@ -121,45 +120,45 @@ public:
 
     const std::vector<SortDescriptor>& sortDescriptors() const { return m_sortDescriptors; }
 
-    /// Tells the delegate when they differ from the present ones.
+    /// Notifies the delegate when they differ from the present ones.
     void setSortDescriptors(std::vector<SortDescriptor> descriptors);
 
-    /// As a click on the column's header does: by the column's prototype, in the other order when it is by that
-    /// already.
+    /// Sorts as a click on the column's header does: by the column's prototype, reversed when that is the present
+    /// order.
     void sortByColumn(int column);
 
     // Context menu
 
-    /// Opens on a right click and with the menu key; not owned. Clicked row is set before it tells aboutToShow.
+    /// The menu for a right click and the menu key; not owned. clickedRow is set before it emits aboutToShow.
     void setMenu(QMenu* menu);
 
-    /// The row under the last context-menu click; -1 beside the rows. With the menu key, the selected row.
+    /// The row of the last context menu; -1 outside the rows. With the menu key, the selected row.
     int clickedRow() const { return m_clickedRow; }
 
     // Editing in place
 
-    /// Starts to edit that cell, after ending another edit. Nothing happens when the cell cannot be edited.
+    /// Starts to edit the cell, ending another edit first. Does nothing when the cell cannot be edited.
     void editColumn(int column, int row);
     int editedRow() const { return m_edit ? m_edit->row : -1; }
     int editedColumn() const { return m_edit ? m_edit->column : -1; }
 
-    /// Ends the edit in progress: tells the delegate, then the editor is gone. What was typed stays.
+    /// Ends the present edit: notifies the delegate, then removes the editor. What was typed is kept.
     void endEditing();
 
-    /// Tells the delegate of the text as at the end of an edit, and the edit goes on: caret and undo stay as they are.
+    /// Notifies the delegate as at the end of an edit, but the edit goes on with its caret and undo history.
     void commitEditing();
 
-    /// The control that stands in that cell now (its CellEditor or what the column's factory made), else null.
+    /// The control in that cell now (its CellEditor or what the column's factory made), else null.
     QWidget* viewAt(int column, int row) const;
 
-    /// The row in which `view`, or the editor that holds it, stands now; -1 when it is in none of this table's cells.
+    /// The row of `view`, or of the editor that contains it; -1 when it is in no cell of this table.
     int rowForView(const QWidget& view) const;
 
-    /// Puts the texts of the selected row's cells on the clipboard, with a tab character between them.
+    /// Copies the texts of the selected row's cells to the clipboard, separated by tab characters.
     void copy() const;
 
 Q_SIGNALS:
-    void textComposed(); ///< an input method changed what it composes in an editor; the text itself is as it was
+    void textComposed(); ///< an input method changed what it composes in an editor; the text itself has not changed
 
 protected:
     bool viewportEvent(QEvent* event) override;
@@ -228,7 +227,8 @@ private:
 
     TableViewDelegate* m_delegate = nullptr;
     std::vector<TableColumn> m_columns;
-    std::vector<ColumnSpan> m_columnSpans; ///< as wide as the viewport or wider, unscrolled
+    std::vector<ColumnSpan>
+        m_columnSpans; ///< unscrolled; together at least as wide as the viewport if a column stretches
     RowHeights m_heights;
     std::set<int> m_hiddenRows;
     std::vector<SortDescriptor> m_sortDescriptors;

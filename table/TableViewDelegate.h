@@ -11,9 +11,9 @@
 class TableView;
 class QWidget;
 
-/// What a table view shows and whom it tells: its data source and delegate in one. Rows count from 0.
+/// Data source and delegate of a table view. Rows count from 0.
 ///
-/// The table asks for the height of every row at each reload and for views of visible rows alone, while it paints; both
+/// The table asks for the height of every row at each reload, and for the cells of visible rows while it paints; both
 /// must be cheap and must not change the table.
 class TableViewDelegate {
 public:
@@ -29,24 +29,24 @@ public:
     virtual double heightOfRow(const TableView& tableView, int row) = 0;
     virtual std::unique_ptr<TableRowView> rowViewForRow(const TableView& tableView, int row);
 
-    /// Whether that cell of an editable column can be edited now; every one, unless it is said otherwise.
+    /// Whether a cell of an editable column can be edited now; by default it can.
     virtual bool shouldEditTableColumn(const TableView& tableView, const TableColumn& tableColumn, int row);
 
-    /// While the user changes the selection by pointer or key, before tableViewSelectionDidChange. The new row is
+    /// Called when the user changes the selection by pointer or key, before tableViewSelectionDidChange. The new row is
     /// selected already.
     virtual void tableViewSelectionIsChanging(TableView& tableView);
 
-    /// After every change of the selected row, the user's or the program's.
+    /// Called after every change of the selected row, by the user or the program.
     virtual void tableViewSelectionDidChange(TableView& tableView);
 
-    /// The table's sort descriptors are new; the delegate sorts its rows and reloads the table.
+    /// Called when the table's sort descriptors have changed; the delegate sorts its rows and reloads the table.
     virtual void sortDescriptorsDidChange(TableView& tableView);
 
-    /// `field` is a CellEditor, and rowForView still tells its row. The second comes once at the end of an edit, before
-    /// the editor goes, and at each commitEditing. The delegate may reload the table in either.
+    /// `field` is a CellEditor whose row rowForView still knows. controlTextDidEndEditing is called once at the end of
+    /// an edit, before the editor is removed, and at each commitEditing. The delegate may reload the table in either.
     virtual void controlTextDidChange(QWidget& field);
     virtual void controlTextDidEndEditing(QWidget& field);
 
-    /// What a screen reader calls the editor of a cell's text; the column's title unless told otherwise.
+    /// The name of a cell's text editor for screen readers; by default the column's title.
     virtual QString accessibleEditorName(const TableView& tableView, const TableColumn& tableColumn, int row);
 };

@@ -63,8 +63,8 @@ DesktopGlobalDefaults::DesktopGlobalDefaults(const QDBusConnection& bus, QObject
     m_pause.setSingleShot(true);
     m_pause.setInterval(pause);
     connect(&m_pause, &QTimer::timeout, this, [this] {
-        if (m_isUntold) {
-            tellOfChange();
+        if (m_isChangePending) {
+            reportChange();
         }
     });
     QDBusConnection connection(bus);
@@ -115,7 +115,7 @@ void DesktopGlobalDefaults::handleArrivedAnswers()
 void DesktopGlobalDefaults::settingChanged(const QString& group, const QString& key, const QDBusVariant& value)
 {
     if (setSetting(group, key, value.variant())) {
-        tellOfChange();
+        reportChange();
     }
 }
 
@@ -144,10 +144,10 @@ bool DesktopGlobalDefaults::setSetting(const QString& group, const QString& key,
 
 /// Reports a change at once, but further ones within the pause together: any program on the bus can send any number,
 /// and each costs the window a new style.
-void DesktopGlobalDefaults::tellOfChange()
+void DesktopGlobalDefaults::reportChange()
 {
-    m_isUntold = m_pause.isActive();
-    if (!m_isUntold) {
+    m_isChangePending = m_pause.isActive();
+    if (!m_isChangePending) {
         m_pause.start();
         Q_EMIT didChange();
     }

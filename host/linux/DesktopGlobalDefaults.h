@@ -47,12 +47,12 @@ private:
     /// Stores the value of a setting; false when that changes nothing, for example for an unknown setting.
     bool setSetting(const QString& group, const QString& key, const QVariant& value);
     void setColorScheme(unsigned value);
-    void tellOfChange();
+    void reportChange();
 
     const QPalette m_palette; ///< as the desktop gave it
     ColorScheme m_colorScheme = ColorScheme::NoPreference;
     bool m_wantsContrast = false;
     DesktopText m_text;
-    QTimer m_pause;          ///< runs after each reported change
-    bool m_isUntold = false; ///< a change came while it ran
+    QTimer m_pause;                 ///< runs after each reported change
+    bool m_isChangePending = false; ///< a change came while it ran
 };

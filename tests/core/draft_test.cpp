@@ -54,13 +54,13 @@ DraftChange changedNote(int number, const char* saved, const char* typed)
 
 Table takenIn(const Draft& draft, Table notes)
 {
-    Drafts::takeInNotes(draft, notes);
+    Drafts::restoreNotes(draft, notes);
     return notes;
 }
 
 Table eventsTakenIn(const Draft& draft, Table events)
 {
-    Drafts::takeInEvents(draft, events);
+    Drafts::restoreEvents(draft, events);
     return events;
 }
 

@@ -68,8 +68,8 @@ TEST_F(NoteBookTest, AnswersForUnreadableTablesAsForEmptyOnes)
     EXPECT_FALSE(book.addLine(march1, "x"));
     EXPECT_FALSE(book.showSaved(march1));
     book.addSavedLine(march1, "x");
-    book.takeInDraftNotes({{DraftChange::Kind::Note, std::nullopt, DatedText{march1, "x"}}}, true, march1);
-    book.takeInDraftDates({{DraftChange::Kind::Event, std::nullopt, DatedText{march1, "x"}}});
+    book.restoreDraftNotes({{DraftChange::Kind::Note, std::nullopt, DatedText{march1, "x"}}}, true, march1);
+    book.restoreDraftDates({{DraftChange::Kind::Event, std::nullopt, DatedText{march1, "x"}}});
     book.choose(NotesChoice::all());
     EXPECT_EQ(book.sort(datesList, {{.key = "EventDateKey"}}, 0), -1);
     EXPECT_FALSE(book.allNotes);
@@ -316,10 +316,10 @@ TEST_F(NoteBookTest, KeepsAnAddedLineWaitingUntilTheNotesAreSaved)
     EXPECT_EQ(shown(), Texts{"a\rbirthday"}); // the saved note is under it
     EXPECT_EQ(saved(), Texts{"a"});
     EXPECT_TRUE(book.hasWaitingLines());
-    EXPECT_EQ(book.takeInLines(), std::vector<Date>{march1});
+    EXPECT_EQ(book.mergeWaitingLines(), std::vector<Date>{march1});
     EXPECT_EQ(saved(), Texts{"a\rbirthday"});
     EXPECT_FALSE(book.hasWaitingLines());
-    EXPECT_TRUE(book.takeInLines().empty());
+    EXPECT_TRUE(book.mergeWaitingLines().empty());
 }
 
 TEST_F(NoteBookTest, TakesALineWithTheNoteThatWasEditedWithIt)
@@ -370,7 +370,7 @@ TEST_F(NoteBookTest, CountsALineOnceThatIsPartOfWhatIsTyped)
     EXPECT_EQ(texts(book.linesBeside(DatedText{march2, "a\none"})), Texts{"one"});
     book.changeText(notesList, 0, "all erased");
     EXPECT_TRUE(book.linesBeside(DatedText{march1, "all erased"}).isEmpty());
-    book.beginEditAnew();
+    book.restartEdit();
     EXPECT_EQ(texts(book.linesBeside(DatedText{march1, "all erased"})), Texts{"one"});
 }
 
@@ -390,20 +390,20 @@ TEST_F(NoteBookTest, ShowsKeptNotesOfThisMonthAndOfTheRowsThatThereAre)
                       {DraftChange::Kind::Note, DatedText{march2, "gone"}, std::nullopt},
                       {DraftChange::Kind::Note, std::nullopt, DatedText{march1, "this month"}},
                       {DraftChange::Kind::Note, std::nullopt, DatedText{utcDate(2020, 1, 1), "elsewhere"}}};
-    book.takeInDraftNotes(draft, false, march1);
+    book.restoreDraftNotes(draft, false, march1);
     EXPECT_EQ(shown(), (Texts{"new", "this month"}));
     EXPECT_EQ(saved(), (Texts{"new", "this month", "elsewhere"}));
 }
 
 TEST_F(NoteBookTest, ShowsAllKeptNotesWhereAllAreShownAtTheStart)
 {
-    book.takeInDraftNotes({{DraftChange::Kind::Note, std::nullopt, DatedText{april1, "elsewhere"}}}, true, march1);
+    book.restoreDraftNotes({{DraftChange::Kind::Note, std::nullopt, DatedText{april1, "elsewhere"}}}, true, march1);
     EXPECT_EQ(shown(), Texts{"elsewhere"});
 }
 
 TEST_F(NoteBookTest, TakesInKeptDates)
 {
-    book.takeInDraftDates({{DraftChange::Kind::Event, std::nullopt, DatedText{march1, "birthday"}}});
+    book.restoreDraftDates({{DraftChange::Kind::Event, std::nullopt, DatedText{march1, "birthday"}}});
     EXPECT_EQ(texts(book.rows(datesList), datesList), Texts{"birthday"});
 }
 
