@@ -91,7 +91,7 @@ void ReminderAgent::startAtLogin()
     const std::error_code error = m_autostart.enable();
     m_isStartedAtLogin = !error;
     if (error) {
-        report("The reminders cannot be started at login", error);
+        report("The autostart entry cannot be written", error);
     }
 }
 
@@ -192,7 +192,7 @@ void ReminderAgent::updateTimers()
         m_linger.stop();
     } else if (!m_linger.isActive()) {
         if (const std::error_code error = m_autostart.disable()) { // the next start tries again
-            report("The start at login cannot be taken back", error);
+            report("The autostart entry cannot be removed", error);
         }
         m_isStartedAtLogin = true;
         m_linger.start();

@@ -1,6 +1,6 @@
-# Headers that most sources include, parsed once a target instead of once a source: they are most of a compile. A source
-# still includes what it uses; the linter reads it without these.
-option(VELUMORA_PRECOMPILED_HEADERS "Parse the common headers once a target" ON)
+# Headers that most sources include, parsed once for each target rather than for each source, as they take most of the
+# compile time. A source still includes what it uses; the linter runs without these.
+option(VELUMORA_PRECOMPILED_HEADERS "Parse the common headers once for each target" ON)
 
 set(VELUMORA_CORE_HEADERS
     <QDate> <QList> <QString> <QStringList>
@@ -9,7 +9,7 @@ set(VELUMORA_APP_HEADERS ${VELUMORA_CORE_HEADERS}
     <QApplication> <QDialog> <QKeyEvent> <QLabel> <QLineEdit> <QMainWindow> <QMenu>
     <QPainter> <QPlainTextEdit> <QPointer> <QPushButton> <QScrollBar> <QTimer> <QUrl> <QWidget>)
 
-# So that ccache can tell with which of them a source was compiled.
+# Lets ccache tell which of them a source was compiled with.
 if(VELUMORA_PRECOMPILED_HEADERS AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
     target_compile_options(velumora-compile INTERFACE -fpch-preprocess)
 endif()
@@ -21,7 +21,7 @@ function(velumora_precompile target)
     endif()
 endfunction()
 
-# velumora_share_precompiled(TARGET other): the headers that `other` has parsed; both are compiled alike.
+# velumora_share_precompiled(TARGET other): reuses the headers parsed for `other`, which must have the same options.
 function(velumora_share_precompiled target other)
     if(VELUMORA_PRECOMPILED_HEADERS)
         target_precompile_headers(${target} REUSE_FROM ${other})

@@ -1,7 +1,7 @@
-# A room is a folder of sources and a library of its own. Its headers are found by who links it and by nobody else, so an
-# include that goes upward does not compile.
+# A room is a folder of sources and a library of its own. Its headers are found only by what links it, so an include
+# that goes upward does not compile.
 
-# Nothing but the headers that the rooms share.
+# Targets that only parse the headers shared by the rooms.
 file(CONFIGURE OUTPUT common_headers.cpp CONTENT "// Nothing but the headers.\n")
 add_library(velumora-core-headers STATIC ${CMAKE_CURRENT_BINARY_DIR}/common_headers.cpp)
 target_link_libraries(velumora-core-headers PRIVATE velumora-compile Qt6::Core)
@@ -12,11 +12,11 @@ if(VELUMORA_APP)
     velumora_precompile(velumora-app-headers ${VELUMORA_APP_HEADERS})
 endif()
 
-# What moc and uic make for the rooms, which the linter reads without anything being compiled.
+# What moc and uic generate for the rooms; the linter needs it, but nothing compiled.
 add_custom_target(velumora-generated)
 
-# velumora_layouts(TARGET): window layouts of resources/ are part of that room. Their texts come from the same catalogue, in the
-# same context, as those of the code.
+# velumora_layouts(TARGET): the room includes window layouts of resources/. Their texts are translated by the same
+# catalogue, in the same context, as those of the code.
 function(velumora_layouts target)
     set_target_properties(${target} PROPERTIES
         AUTOUIC ON
@@ -24,8 +24,8 @@ function(velumora_layouts target)
         AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/resources")
 endfunction()
 
-# velumora_room(SOURCES file... [LINKS library...] [PRIVATE library...]): the library velumora-FOLDER of the current folder.
-# LINKS are those whose headers its own headers include.
+# velumora_room(SOURCES file... [LINKS library...] [PRIVATE library...]): the library velumora-FOLDER of the current
+# folder. LINKS are the libraries whose headers its own headers include.
 function(velumora_room)
     cmake_parse_arguments(PARSE_ARGV 0 room "" "" "SOURCES;LINKS;PRIVATE")
     file(RELATIVE_PATH folder ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})

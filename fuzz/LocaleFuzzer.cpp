@@ -40,7 +40,7 @@ void writeAndReadDates(const LocalePair& pair)
     const Date date = dateFromUnixSeconds(1'709'596'800); // midnight, 5 March 2024
     const YearMonthDay day = DateUtilities::yearMonthDayFromDate(date);
     if (DateUtilities::dateFromYear(day.year, day.month, day.day) != date) {
-        fail("a day that is not the day it was");
+        fail("a day reads back as another day");
     }
     for (const QString& text :
          {DateUtilities::longStyleFromDate(date), DateUtilities::mediumStyleFromDate(date),
@@ -62,7 +62,7 @@ void writeAndReadDates(const LocalePair& pair)
         }
     }
     if (DegreesText::degreesFromText(DegreesText::wholeText(-12.25), 90) != -12.25) {
-        fail("a number that is not the number it was");
+        fail("a number reads back differently");
     }
 }
 
@@ -80,7 +80,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const LocalePair pair = pairFrom(lines);
     if (pair.preferredLanguages.empty() || !isLocaleIdentifier(pair.currentLocale) ||
         !std::ranges::all_of(pair.preferredLanguages, isLocaleIdentifier)) {
-        fail("a pair that is not settled");
+        fail("a locale that ICU cannot work with");
     }
     static std::set<std::pair<std::string, std::vector<std::string>>> tried; // most inputs result in a few of them
     if (tried.emplace(pair.currentLocale, pair.preferredLanguages).second) {

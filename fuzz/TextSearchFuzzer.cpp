@@ -57,7 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     }
     if (NoteQueries::filterNotes(notes, TextSearch(needle, locale)) != expected) {
-        fail("other notes are found than by the definition");
+        fail("the search and the definition find different notes");
     }
     return 0;
 }

@@ -28,13 +28,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QByteArray file(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const std::optional<QString> told = VersionText::fromFile(file);
     if (told.has_value() != isUtf8(file)) {
-        fail("taken for what it is not");
+        fail("wrongly accepted or refused as UTF-8");
     }
     if (!told) {
         return 0;
     }
     if (told->toUtf8() != file) {
-        fail("something of the text is lost");
+        fail("the text has changed");
     }
     for (const char16_t* own : {u"", u"1.0", u"2.3"}) {
         const QString version = QString::fromUtf16(own);

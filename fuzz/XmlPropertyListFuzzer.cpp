@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::string inParts = bytes;
         std::string whole = bytes + "<!-- -->";
         if (PropertyList::readXml(inParts, 1) != PropertyList::readXml(whole)) {
-            fail("in parts it is another list");
+            fail("read in parts, the list is different");
         }
     }
     return 0;

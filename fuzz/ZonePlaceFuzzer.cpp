@@ -39,7 +39,7 @@ void tryPlace(const std::string& text)
     const std::optional<Coordinate> again = ZonePlace::placeFromIso6709(iso6709(*place));
     if (!again || std::abs(again->latitude - place->latitude) > 1e-9 ||
         std::abs(again->longitude - place->longitude) > 1e-9) {
-        fail("a place that is not where it was");
+        fail("a place reads back differently");
     }
 }
 

@@ -59,7 +59,7 @@ bool setAside(const fs::path& file)
     for (int number = 1; number <= mostSetAside; ++number) {
         const fs::path name = file.parent_path() / (asideName + std::to_string(number));
         if (::renameat2(AT_FDCWD, file.c_str(), AT_FDCWD, name.c_str(), RENAME_NOREPLACE) == 0) {
-            qCWarning(logDraft, "a draft that cannot be read was set aside: %s", name.c_str());
+            qCWarning(logDraft, "an unreadable draft was renamed to %s", name.c_str());
             return true;
         }
         if (errno != EEXIST) {
@@ -196,7 +196,7 @@ void DraftFile::store(const Draft& draft)
     }
     m_stored = error ? std::nullopt : std::optional(draft);
     if (error) {
-        qCWarning(logDraft, "the draft was not written: %s", error.message().c_str());
+        qCWarning(logDraft, "the draft could not be written: %s", error.message().c_str());
     }
 }
 

@@ -144,7 +144,7 @@ SaveResult SaveQueue::write(const Save& save)
 {
     const std::error_code error = m_folder.saveTable(save.table, save.name, save.replacing);
     if (error) {
-        qCWarning(logStore, "%s was not saved: %s", save.name.c_str(), error.message().c_str());
+        qCWarning(logStore, "%s could not be saved: %s", save.name.c_str(), error.message().c_str());
     }
     return {save.name, save.table, error};
 }

@@ -117,7 +117,7 @@ void BusNotificationCenter::reminderClicked(const QByteArray& request, const std
     }
     const bool isTooMany = !m_delegate->acceptsResponses();
     if (isTooMany && !m_isRefusing) {
-        qWarning("velumora: too many clicked reminders wait; no more are taken");
+        qWarning("velumora: too many clicked reminders wait; further ones are refused");
     }
     m_isRefusing = isTooMany;
     std::optional<NotificationRequest> clicked;

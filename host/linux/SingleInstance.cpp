@@ -114,8 +114,9 @@ void SingleInstance::ActivateAction(const QString& action, const QVariantList& p
     Activate(platformData);
     message().setDelayedReply(true);
     const auto done = [call = message(), bus = connection()](bool well) {
-        bus.send(well ? call.createReply()
-                      : call.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("The reminder was not taken")));
+        bus.send(well
+                     ? call.createReply()
+                     : call.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("The reminder was not accepted")));
     };
     m_reminderHandler(parameters.first().toByteArray(), done);
 }
