@@ -121,8 +121,8 @@ public:
     /// Adds a line to the saved note of that day at once.
     void addSavedLine(Date date, const std::string& line);
 
-    /// Adds a line only to the shown note of that day, where it waits for `mergeWaitingLines`; false when it could never be
-    /// saved.
+    /// Adds a line only to the shown note of that day, where it waits for `mergeWaitingLines`; false when it could
+    /// never be saved.
     bool addLine(Date date, const std::string& line);
 
     bool hasWaitingLines() const { return !m_waitingLines.isEmpty(); }
