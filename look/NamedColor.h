@@ -22,5 +22,5 @@ bool isHighContrast(const QPalette& palette);
 ///  - "TableRowSelectionColor" under text in "TableRowSelectedTextColor", at 4.5:1 or better;
 ///  - "SeparatorColor": hairlines, meant to be barely seen;
 ///  - "HeaderBackgroundColor": ground of a column header, under control text;
-///  - "FocusRingColor": the frame of what takes the keys, at 3:1 or better against the ground of a list.
+///  - "FocusRingColor": the frame of what has the keyboard focus, at 3:1 or better against the ground of a list.
 QColor namedColor(QStringView name, const QPalette& palette);
