@@ -227,8 +227,8 @@ private:
 
     TableViewDelegate* m_delegate = nullptr;
     std::vector<TableColumn> m_columns;
-    std::vector<ColumnSpan>
-        m_columnSpans; ///< unscrolled; together at least as wide as the viewport if a column stretches
+    /// Unscrolled. Together they are at least as wide as the viewport when a column stretches.
+    std::vector<ColumnSpan> m_columnSpans;
     RowHeights m_heights;
     std::set<int> m_hiddenRows;
     std::vector<SortDescriptor> m_sortDescriptors;
