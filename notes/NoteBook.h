@@ -92,8 +92,8 @@ public:
         Outcome outcome = Outcome::Nothing;
         bool wasChanged = false; ///< even if back to the saved text
         std::string replaced;    ///< the saved note's former text
-        std::string
-            seen; ///< the row's text when its edit began, which differs from `replaced` after an import, for example
+        /// The row's text when its edit began; differs from `replaced` after an import, for example.
+        std::string seen;
     };
 
     /// Ends the edit of a note's row: its text becomes that of the saved note. `isEdited` says that something was

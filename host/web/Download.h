@@ -13,8 +13,8 @@
 struct DownloadLimits {
     std::chrono::milliseconds time;
     std::size_t file; ///< bytes of the file
-    std::size_t
-        received; ///< bytes from the network: handshakes, headers and bodies of all replies, including redirections
+    /// Bytes from the network: handshakes, headers and bodies of all replies, including redirections.
+    std::size_t received;
 };
 
 /// Breaks off a download from another thread. Each object serves one download.
