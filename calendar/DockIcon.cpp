@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/DockIcon.h"
 
+#include "look/Colors.h"
+
 #include <QFile>
 #include <QFont>
 #include <QFontMetricsF>
@@ -50,7 +52,7 @@ void DockIcon::paint(QPainter* painter, const QRect& rect, QIcon::Mode /*mode*/,
     const double left = (side - QFontMetricsF(font).horizontalAdvance(digits)) / 2;
     const double baseline = side / boxDivisor + ascent * fontShare * side;
     painter->setFont(font);
-    painter->setPen(Qt::black);
+    painter->setPen(QColor::fromRgb(Colors::iconDigits));
     // At whole pixels, so that small digits stay sharp.
     painter->drawText(square.topLeft() + QPoint(qRound(left), qRound(baseline)), digits);
     painter->restore();

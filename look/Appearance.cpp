@@ -3,6 +3,7 @@
 
 #include "host/GlobalDefaults.h"
 #include "host/ProcessInfo.h"
+#include "look/Colors.h"
 #include "look/NamedColor.h"
 
 #include <QApplication>
@@ -28,33 +29,31 @@ constexpr double firstReleaseWithDarkAppearance = 10.14;
 
 struct RoleColors {
     QPalette::ColorRole role;
-    QRgb light;
-    QRgb dark;
+    ColorPair colors;
 };
 
-/// All texts have a contrast of 4.5:1 or better on Window, Base and Button, including Dark (secondary texts), Link (the
-/// accent colour as a text) and BrightText (errors). Disabled texts use Shadow, and are recognised by their paleness.
+/// Dark, Link and BrightText are colours of texts here.
 constexpr std::array roles{
-    RoleColors{QPalette::Window, 0xfff5f5f7, 0xff1e1e20},
-    RoleColors{QPalette::WindowText, 0xff1d1d1f, 0xfff2f2f4},
-    RoleColors{QPalette::Base, 0xffffffff, 0xff29292c},
-    RoleColors{QPalette::AlternateBase, 0xfffafafb, 0xff2e2e31},
-    RoleColors{QPalette::Text, 0xff1d1d1f, 0xfff2f2f4},
-    RoleColors{QPalette::BrightText, 0xffba0019, 0xffff958c},
-    RoleColors{QPalette::Button, 0xffffffff, 0xff36363a},
-    RoleColors{QPalette::ButtonText, 0xff1d1d1f, 0xfff2f2f4},
-    RoleColors{QPalette::Light, 0xffffffff, 0xff48484c},
-    RoleColors{QPalette::Midlight, 0xffececf0, 0xff3f3f44},
-    RoleColors{QPalette::Mid, 0xffd6d6dc, 0xff4c4c52},
-    RoleColors{QPalette::Dark, 0xff5c5c62, 0xffb0b0b7},
-    RoleColors{QPalette::Shadow, 0xffa6a6ac, 0xff77777d},
-    RoleColors{QPalette::Highlight, 0xff2f6db5, 0xff3a76bd},
-    RoleColors{QPalette::HighlightedText, 0xffffffff, 0xffffffff},
-    RoleColors{QPalette::Link, 0xff2a65aa, 0xff78aef2},
-    RoleColors{QPalette::LinkVisited, 0xff2a65aa, 0xff78aef2},
-    RoleColors{QPalette::PlaceholderText, 0xff6a6a70, 0xffa0a0a6},
-    RoleColors{QPalette::ToolTipBase, 0xffffffff, 0xff36363a},
-    RoleColors{QPalette::ToolTipText, 0xff1d1d1f, 0xfff2f2f4},
+    RoleColors{QPalette::Window, Colors::window},
+    RoleColors{QPalette::WindowText, Colors::text},
+    RoleColors{QPalette::Base, Colors::list},
+    RoleColors{QPalette::AlternateBase, Colors::alternateRow},
+    RoleColors{QPalette::Text, Colors::text},
+    RoleColors{QPalette::BrightText, Colors::red},
+    RoleColors{QPalette::Button, Colors::raised},
+    RoleColors{QPalette::ButtonText, Colors::text},
+    RoleColors{QPalette::Light, Colors::upperEdge},
+    RoleColors{QPalette::Midlight, Colors::hovered},
+    RoleColors{QPalette::Mid, Colors::line},
+    RoleColors{QPalette::Dark, Colors::secondaryText},
+    RoleColors{QPalette::Shadow, Colors::paleText},
+    RoleColors{QPalette::Highlight, Colors::selection},
+    RoleColors{QPalette::HighlightedText, Colors::selectedText},
+    RoleColors{QPalette::Link, Colors::accentText},
+    RoleColors{QPalette::LinkVisited, Colors::accentText},
+    RoleColors{QPalette::PlaceholderText, Colors::placeholder},
+    RoleColors{QPalette::ToolTipBase, Colors::raised},
+    RoleColors{QPalette::ToolTipText, Colors::text},
 };
 
 constexpr std::array textRoles{QPalette::WindowText, QPalette::Text, QPalette::ButtonText};
@@ -170,7 +169,7 @@ QPalette calmPalette(Appearance appearance)
     const bool dark = appearance == Appearance::Dark;
     QPalette palette;
     for (const RoleColors& role : roles) {
-        palette.setColor(role.role, QColor::fromRgb(dark ? role.dark : role.light));
+        palette.setColor(role.role, role.colors.of(dark));
     }
     makeDisabledTextPale(palette);
     return palette;
@@ -180,11 +179,11 @@ QPalette strongPalette(Appearance appearance)
 {
     const bool dark = appearance == Appearance::Dark;
     QPalette few;
-    few.setColor(QPalette::Base, dark ? Qt::black : Qt::white);
-    few.setColor(QPalette::Text, dark ? Qt::white : Qt::black);
-    few.setColor(QPalette::Highlight, QColor::fromRgb(dark ? 0xff9fd0ff : 0xff003a80));
-    few.setColor(QPalette::HighlightedText, dark ? Qt::black : Qt::white);
-    few.setColor(QPalette::Link, QColor::fromRgb(dark ? 0xff9fd0ff : 0xff003a80));
+    few.setColor(QPalette::Base, Colors::strongGround.of(dark));
+    few.setColor(QPalette::Text, Colors::strongText.of(dark));
+    few.setColor(QPalette::Highlight, Colors::strongAccent.of(dark));
+    few.setColor(QPalette::HighlightedText, Colors::strongGround.of(dark));
+    few.setColor(QPalette::Link, Colors::strongAccent.of(dark));
     return completed(few);
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "look/NamedColor.h"
 
+#include "look/Colors.h"
+
 #include <QPalette>
 
 #include <algorithm>
@@ -11,20 +13,19 @@ namespace {
 
 struct Entry {
     QStringView name;
-    QRgb light;
-    QRgb dark;
+    ColorPair colors;
 };
 
 constexpr double strongContrast = 15; ///< the most is 21
 
 constexpr std::array<Entry, 7> entries = {{
-    {u"FocusRingColor", 0xff2f6fc4, 0xff6aa5f0},
-    {u"HeaderBackgroundColor", 0xfff6f6f6, 0xff2a2a2c},
-    {u"SecondaryLabelColor", 0xff6a6a6e, 0xffa0a0a6},
-    {u"SeparatorColor", 0xffe4e4e6, 0xff3a3a3d},
-    {u"SystemRedColor", 0xffba0019, 0xffff958c},
-    {u"TableRowSelectedTextColor", 0xffffffff, 0xffffffff},
-    {u"TableRowSelectionColor", 0xff2f6db5, 0xff2c5c94},
+    {u"FocusRingColor", Colors::focusRing},
+    {u"HeaderBackgroundColor", Colors::columnHeader},
+    {u"SecondaryLabelColor", Colors::secondaryTextOfList},
+    {u"SeparatorColor", Colors::hairline},
+    {u"SystemRedColor", Colors::red},
+    {u"TableRowSelectedTextColor", Colors::selectedText},
+    {u"TableRowSelectionColor", Colors::selectedRow},
 }};
 
 /// The same in a high-contrast palette, which has few colours of its own.
@@ -97,5 +98,5 @@ QColor namedColor(QStringView name, const QPalette& palette)
     if (entry == entries.end()) {
         return {};
     }
-    return QColor::fromRgb(isDarkAppearance(palette) ? entry->dark : entry->light);
+    return entry->colors.of(isDarkAppearance(palette));
 }

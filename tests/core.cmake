@@ -33,3 +33,7 @@ set_tests_properties(Layers PROPERTIES LABELS core)
 # What the documents name is in the tree.
 add_test(NAME Documents COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/core/documents_test.py)
 set_tests_properties(Documents PROPERTIES LABELS core)
+
+# Colours are written in look/Colors.h alone.
+add_test(NAME Colours COMMAND Python3::Interpreter -B ${CMAKE_CURRENT_LIST_DIR}/core/colours_test.py)
+set_tests_properties(Colours PROPERTIES LABELS core)

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/ZTRSeparator.h"
 
+#include "look/Colors.h"
+
 #include <QPaintEvent>
 #include <QPainter>
 
 namespace {
 
-constexpr QRgb lightGray = 0xffaaaaaa;
 constexpr int bandHeight = 2;
 constexpr int lineHeight = 1;
 
@@ -25,8 +26,8 @@ QSize ZTRSeparator::sizeHint() const
 void ZTRSeparator::drawRect(QPainter& painter, const QRect& rect) const
 {
     const int width = rect.width();
-    painter.fillRect(0, height() - bandHeight - lineHeight, width, bandHeight, QColor::fromRgb(lightGray));
-    painter.fillRect(0, height() - bandHeight, width, bandHeight, Qt::white);
+    painter.fillRect(0, height() - bandHeight - lineHeight, width, bandHeight, QColor::fromRgb(Colors::engraving));
+    painter.fillRect(0, height() - bandHeight, width, bandHeight, QColor::fromRgb(Colors::white));
 }
 
 void ZTRSeparator::paintEvent(QPaintEvent* event)
