@@ -5,6 +5,8 @@
 #include "host/GlobalDefaults.h"
 #include "look/Appearance.h"
 #include "look/FirstPaint.h"
+#include "look/StyleRules.h"
+#include "look/TextSize.h"
 
 #include <QApplication>
 #include <QMainWindow>

@@ -20,6 +20,8 @@
 #include "host/linux/WindowActivation.h"
 #include "host/web/WebVersionServer.h"
 #include "look/Appearance.h"
+#include "look/StyleRules.h"
+#include "look/TextSize.h"
 #include "reminders/StateFolder.h"
 #include "sheets/SheetQueue.h"
 #include "store/Files.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "look/Appearance.h"
+#include "look/StyleRules.h"
 #include "sheets/Alert.h"
 
 #include <QApplication>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 #include "look/Appearance.h"
+#include "look/StyleRules.h"
 #include "store/Record.h"
 #include "support/FakeHost.h"
 #include "table/TableView.h"

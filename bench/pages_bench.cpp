@@ -3,6 +3,7 @@
 #include "bench/LifetimeNotes.h"
 #include "calendar/MonthlyGrid.h"
 #include "look/Appearance.h"
+#include "look/StyleRules.h"
 #include "print/MonthPage.h"
 #include "support/FakeHost.h"
 #include "support/FixedClock.h"

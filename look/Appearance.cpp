@@ -6,24 +6,9 @@
 #include "look/Colors.h"
 #include "look/NamedColor.h"
 
-#include <QApplication>
-#include <QEvent>
-#include <QFile>
-#include <QFont>
-#include <QFontDatabase>
-#include <QFontInfo>
-#include <QPalette>
-#include <QRegularExpression>
-#include <QStyleFactory>
-#include <QWidget>
-
 #include <array>
 
 namespace {
-
-constexpr int usualPixelSize = 13; ///< of text when the desktop states none
-const QString followerName = QStringLiteral("textSizeFollower");
-constexpr double pixelsPerPoint = 96.0 / 72;
 
 constexpr double firstReleaseWithDarkAppearance = 10.14;
 
@@ -32,7 +17,7 @@ struct RoleColors {
     ColorPair colors;
 };
 
-/// Dark, Link and BrightText are colours of texts here.
+/// Dark (secondary texts), Link (the accent colour as a text) and BrightText (errors) are text colours here.
 constexpr std::array roles{
     RoleColors{QPalette::Window, Colors::window},
     RoleColors{QPalette::WindowText, Colors::text},
@@ -102,55 +87,6 @@ QPalette completed(const QPalette& given)
     return palette;
 }
 
-/// Whether it is Qt's fallback font, for programs to which no desktop gives one.
-bool isMadeUp(const QFont& font)
-{
-    constexpr int madeUpPointSize = 9;
-    return font.family() == QStringLiteral("Sans Serif") && font.pointSize() == madeUpPointSize;
-}
-
-/// The rules with lengths in rem converted to pixels.
-QString inPixels(const QString& rules)
-{
-    static const QRegularExpression rem(QStringLiteral("([0-9.]+)rem"));
-    const int one = QFontInfo(QApplication::font()).pixelSize();
-    QString told;
-    qsizetype end = 0;
-    for (auto matches = rem.globalMatch(rules); matches.hasNext();) {
-        const QRegularExpressionMatch length = matches.next();
-        told += rules.sliced(end, length.capturedStart() - end);
-        told += QStringLiteral("%1px").arg(qRound(length.captured(1).toDouble() * one));
-        end = length.capturedEnd();
-    }
-    return told + rules.sliced(end);
-}
-
-QString rulesOf(const QString& name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? inPixels(QString::fromUtf8(file.readAll())) : QString();
-}
-
-/// Reapplies the style rules to its window when the text size changes.
-class TextSizeFollower : public QObject {
-public:
-    explicit TextSizeFollower(QWidget& window) : QObject(&window), m_window(window)
-    {
-        setObjectName(followerName);
-        window.installEventFilter(this);
-    }
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::ApplicationFontChange) {
-            applyStyleRules(m_window);
-        }
-        return QObject::eventFilter(watched, event);
-    }
-
-private:
-    QWidget& m_window;
-};
-
 } // namespace
 
 Appearance systemAppearance(const ProcessInfo& processInfo, const GlobalDefaults& globalDefaults)
@@ -196,45 +132,4 @@ QPalette systemPalette(const ProcessInfo& processInfo, const GlobalDefaults& glo
     const QPalette own = globalDefaults.palette();
     const bool serves = isHighContrast(own) && isDarkAppearance(own) == (appearance == Appearance::Dark);
     return serves ? completed(own) : strongPalette(appearance);
-}
-
-int textPixelSize(const QFont& given, const DesktopText& text)
-{
-    if (!isMadeUp(given)) {
-        return qRound(QFontInfo(given).pixelSize() * text.scaling);
-    }
-    return qRound((text.points ? *text.points * pixelsPerPoint : usualPixelSize) * text.scaling);
-}
-
-void applyStyle()
-{
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    applyTextSize({});
-}
-
-void applyTextSize(const DesktopText& text)
-{
-    const int size = textPixelSize(QFontDatabase::systemFont(QFontDatabase::GeneralFont), text);
-    QFont font = QApplication::font();
-    if (QFontInfo(font).pixelSize() != size) {
-        font.setPixelSize(size);
-        QApplication::setFont(font);
-    }
-}
-
-void applyPalette(const QPalette& palette, QWidget& window)
-{
-    QApplication::setPalette(palette);
-    applyStyleRules(window); // again, because widgets under a style sheet keep the palette that it made for them
-}
-
-void applyStyleRules(QWidget& window)
-{
-    Q_INIT_RESOURCE(velumora); // needed for resources in a static library
-    const QString strong =
-        isHighContrast(QApplication::palette()) ? rulesOf(QStringLiteral(":/high-contrast.qss")) : QString();
-    window.setStyleSheet(rulesOf(QStringLiteral(":/velumora.qss")) + strong);
-    if (!window.findChild<QObject*>(followerName, Qt::FindDirectChildrenOnly)) {
-        new TextSizeFollower(window); // owned by the window
-    }
 }

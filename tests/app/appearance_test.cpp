@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "look/Appearance.h"
 #include "look/NamedColor.h"
+#include "look/StyleRules.h"
 #include "support/AppFixture.h"
 #include "support/Contrast.h"
 #include "support/Screenshot.h"

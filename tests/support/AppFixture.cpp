@@ -3,7 +3,7 @@
 
 #include "calendar/MiniCalendarGrid.h"
 #include "dates/DateUtilities.h"
-#include "look/Appearance.h"
+#include "look/StyleRules.h"
 #include "plist/PropertyList.h"
 #include "store/Record.h"
 #include "table/CellEditor.h"
