@@ -31,11 +31,28 @@ struct HostServices {
     Workspace& workspace;
 
     /// The user's application-support folder, which contains the data folder; nullopt when there is none.
-    std::optional<std::filesystem::path> applicationSupport;
+    std::optional<std::filesystem::path> applicationSupport = std::nullopt;
 
     /// A folder for short-lived files that only the user can access; nullopt when there is none.
-    std::optional<std::filesystem::path> temporaryFolder;
+    std::optional<std::filesystem::path> temporaryFolder = std::nullopt;
 
     /// The program's own folder for what should outlast a run but is not a document; nullopt when there is none.
-    std::optional<std::filesystem::path> stateFolder;
+    std::optional<std::filesystem::path> stateFolder = std::nullopt;
 };
+
+/// The services of `host`, which has each as a member of the same name; no folders. So this file alone lists them, and
+/// a host that lacks one does not compile.
+template <typename Host> HostServices servicesOf(Host& host)
+{
+    return {.bundle = host.bundle,
+            .clockMonitor = host.clockMonitor,
+            .globalDefaults = host.globalDefaults,
+            .locationServices = host.locationServices,
+            .openPanel = host.openPanel,
+            .processInfo = host.processInfo,
+            .shutdownMonitor = host.shutdownMonitor,
+            .userDefaults = host.userDefaults,
+            .notificationCenter = host.notificationCenter,
+            .versionServer = host.versionServer,
+            .workspace = host.workspace};
+}

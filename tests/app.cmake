@@ -99,6 +99,7 @@ velumora_test(app-tests
     app/keyboard_test.cpp
     app/legacy_import_test.cpp
     app/lifecycle_test.cpp
+    app/linux_host_test.cpp
     app/menu_test.cpp
     app/mini_calendar_test.cpp
     app/monthly_print_test.cpp

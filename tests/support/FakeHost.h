@@ -363,19 +363,10 @@ struct FakeHost {
 
     HostServices services(std::optional<std::filesystem::path> applicationSupport)
     {
-        return {.bundle = bundle,
-                .clockMonitor = clockMonitor,
-                .globalDefaults = globalDefaults,
-                .locationServices = locationServices,
-                .openPanel = openPanel,
-                .processInfo = processInfo,
-                .shutdownMonitor = shutdownMonitor,
-                .userDefaults = userDefaults,
-                .notificationCenter = notificationCenter,
-                .versionServer = versionServer,
-                .workspace = workspace,
-                .applicationSupport = std::move(applicationSupport),
-                .temporaryFolder = temporaryFolder,
-                .stateFolder = stateFolder};
+        HostServices services = servicesOf(*this);
+        services.applicationSupport = std::move(applicationSupport);
+        services.temporaryFolder = temporaryFolder;
+        services.stateFolder = stateFolder;
+        return services;
     }
 };
