@@ -43,10 +43,11 @@ inline constexpr ColorPair selectedRow{selection.light, 0xff2c5c94};
 inline constexpr ColorPair selectedText{white, white}; ///< on either of the two
 
 // Lines.
-inline constexpr ColorPair line{0xffd6d6dc, 0xff4c4c52};      ///< around a control; a pressed button's ground
-inline constexpr ColorPair hairline{0xffe4e4e6, 0xff3a3a3d};  ///< barely seen
-inline constexpr ColorPair focusRing{0xff2f6fc4, 0xff6aa5f0}; ///< at 3:1 or better on a list
-inline constexpr QRgb engraving = 0xffaaaaaa;                 ///< two thirds of white, over a white lip
+inline constexpr ColorPair line{0xffd6d6dc, 0xff4c4c52};       ///< around a control; a pressed button's ground
+inline constexpr ColorPair hairline{0xffe4e4e6, 0xff3a3a3d};   ///< barely seen
+inline constexpr ColorPair focusRing{0xff2f6fc4, 0xff6aa5f0};  ///< at 3:1 or better on a list
+inline constexpr ColorPair engraving{0xffaaaaaa, 0xff0c0c0d};  ///< the shadow in an engraved rule; two thirds of white
+inline constexpr ColorPair engravingLip{white, hairline.dark}; ///< its lower edge, which the light falls on
 
 // In high contrast, where the desktop has no such colours of its own.
 inline constexpr ColorPair strongGround{white, black};

@@ -18,7 +18,9 @@ struct Entry {
 
 constexpr double strongContrast = 15; ///< the most is 21
 
-constexpr std::array<Entry, 7> entries = {{
+constexpr std::array<Entry, 9> entries = {{
+    {u"EngravingColor", Colors::engraving},
+    {u"EngravingLipColor", Colors::engravingLip},
     {u"FocusRingColor", Colors::focusRing},
     {u"HeaderBackgroundColor", Colors::columnHeader},
     {u"SecondaryLabelColor", Colors::secondaryTextOfList},
@@ -34,7 +36,9 @@ struct StrongEntry {
     QPalette::ColorRole role;
 };
 
-constexpr std::array<StrongEntry, 6> strongEntries = {{
+constexpr std::array<StrongEntry, 8> strongEntries = {{
+    {u"EngravingColor", QPalette::Text},
+    {u"EngravingLipColor", QPalette::Base},
     {u"FocusRingColor", QPalette::Link},
     {u"HeaderBackgroundColor", QPalette::Base},
     {u"SecondaryLabelColor", QPalette::Text},

@@ -21,6 +21,7 @@ bool isHighContrast(const QPalette& palette);
 ///  - "SystemRedColor", "SecondaryLabelColor": text on the ground of a list, at a contrast of 4.5:1 or better;
 ///  - "TableRowSelectionColor" under text in "TableRowSelectedTextColor", at 4.5:1 or better;
 ///  - "SeparatorColor": hairlines, meant to be barely seen;
+///  - "EngravingColor" over "EngravingLipColor": shadow and lit edge of a rule that is cut into the window;
 ///  - "HeaderBackgroundColor": ground of a column header, under control text;
 ///  - "FocusRingColor": the frame of what has the keyboard focus, at 3:1 or better against the ground of a list.
 QColor namedColor(QStringView name, const QPalette& palette);

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/ZTRSeparator.h"
 
-#include "look/Colors.h"
+#include "look/NamedColor.h"
 
-#include <QPaintEvent>
 #include <QPainter>
 
 namespace {
@@ -26,12 +25,14 @@ QSize ZTRSeparator::sizeHint() const
 void ZTRSeparator::drawRect(QPainter& painter, const QRect& rect) const
 {
     const int width = rect.width();
-    painter.fillRect(0, height() - bandHeight - lineHeight, width, bandHeight, QColor::fromRgb(Colors::engraving));
-    painter.fillRect(0, height() - bandHeight, width, bandHeight, QColor::fromRgb(Colors::white));
+    painter.fillRect(0, height() - bandHeight - lineHeight, width, bandHeight,
+                     namedColor(u"EngravingColor", palette()));
+    painter.fillRect(0, height() - bandHeight, width, bandHeight, namedColor(u"EngravingLipColor", palette()));
 }
 
-void ZTRSeparator::paintEvent(QPaintEvent* event)
+// Whole, whatever part has to be painted: what is drawn of a part would begin at the left edge.
+void ZTRSeparator::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    drawRect(painter, event->rect());
+    drawRect(painter, rect());
 }

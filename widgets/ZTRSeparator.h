@@ -3,7 +3,8 @@
 
 #include <QWidget>
 
-/// An engraved line along the lower edge: a white band 2 points high with a light grey line of 1 point above it.
+/// An engraved line along the lower edge: a band 2 points high with a line of 1 point above it; white under light grey
+/// in the light appearance.
 class ZTRSeparator : public QWidget {
     Q_OBJECT
 

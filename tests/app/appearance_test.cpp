@@ -70,6 +70,26 @@ TEST_P(AppearanceOfAPage, ChangedWhileItShowsLooksAsIfStartedSo)
 
 INSTANTIATE_TEST_SUITE_P(Pages, AppearanceOfAPage, ::testing::Values(0, 1, 2));
 
+TEST_F(AppearanceTest, AnEngravedRuleStandsBetweenTheTwoLists)
+{
+    for (const Appearance appearance : {Appearance::Light, Appearance::Dark}) {
+        startIn(appearance);
+        const QImage shown = picture(*window);
+        const auto placeOf = [this](const QWidget& widget) {
+            return QRect(widget.mapTo(window.get(), QPoint(0, 0)), widget.size());
+        };
+        const QRect rule = placeOf(*ui->importantDatesRule);
+        EXPECT_GT(rule.top(), placeOf(*ui->noteEntryListSaveBtn).bottom());
+        EXPECT_LT(rule.bottom(), placeOf(*ui->importantDatesHeadline).top());
+        EXPECT_EQ(rule.height(), 3);
+        const QRect list = placeOf(*ui->importantDatesTableView);
+        for (const int x : {list.left(), list.right()}) {
+            EXPECT_EQ(shown.pixelColor(x, rule.top()), namedColor(u"EngravingColor", window->palette()));
+            EXPECT_EQ(shown.pixelColor(x, rule.bottom()), namedColor(u"EngravingLipColor", window->palette()));
+        }
+    }
+}
+
 /// The greatest contrast of two neighbours on a line across the top edge of a control.
 double edgeContrast(const QImage& picture, const QWidget& control, const QWidget& window)
 {

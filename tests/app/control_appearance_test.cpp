@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "look/Appearance.h"
 #include "look/NamedColor.h"
 #include "support/Contrast.h"
 #include "table/HeaderCell.h"
@@ -104,36 +105,77 @@ TEST(TableRowView, WithoutHighlightNoSelectionIsDrawn)
     EXPECT_EQ(image, before);
 }
 
-TEST(ZTRSeparator, IsAWhiteBandOfTwoPointsUnderALineOfLightGrey)
+/// A separator of 20 by 10 points on red, `part` of it drawn.
+QImage drawnSeparator(const QPalette& colors, const QRect& part)
 {
     ZTRSeparator separator;
+    separator.setPalette(colors);
     separator.resize(20, 10);
     QImage image(20, 10, QImage::Format_RGB32);
     image.fill(Qt::red);
     QPainter painter(&image);
-    separator.drawRect(painter, QRect(0, 0, 20, 10));
-    painter.end();
-    const QColor gray(0xaa, 0xaa, 0xaa); // two thirds of white
+    separator.drawRect(painter, part);
+    return image;
+}
+
+void expectRule(const QImage& image, const QColor& line, const QColor& band)
+{
     for (const int x : {0, 19}) {
         EXPECT_EQ(at(image, x, 6), QColor(Qt::red));
-        EXPECT_EQ(at(image, x, 7), gray);
-        EXPECT_EQ(at(image, x, 8), QColor(Qt::white));
-        EXPECT_EQ(at(image, x, 9), QColor(Qt::white));
+        EXPECT_EQ(at(image, x, 7), line);
+        EXPECT_EQ(at(image, x, 8), band);
+        EXPECT_EQ(at(image, x, 9), band);
+    }
+}
+
+TEST(ZTRSeparator, IsAWhiteBandOfTwoPointsUnderALineOfLightGrey)
+{
+    expectRule(drawnSeparator(light, QRect(0, 0, 20, 10)), QColor(0xaa, 0xaa, 0xaa), Qt::white); // two thirds of white
+}
+
+TEST(ZTRSeparator, InTheDarkIsABandLittleLighterThanTheWindowUnderALineThatIsDarker)
+{
+    const QImage image = drawnSeparator(calmPalette(Appearance::Dark), QRect(0, 0, 20, 10));
+    const QColor window = calmPalette(Appearance::Dark).color(QPalette::Window);
+    const QColor line = at(image, 0, 7);
+    const QColor band = at(image, 0, 8);
+    expectRule(image, line, band);
+    EXPECT_LT(line.lightness(), window.lightness());
+    EXPECT_GT(band.lightness(), window.lightness());
+    EXPECT_LT(contrast(band, window), 1.6);
+    EXPECT_GT(contrast(band, line), 1.6);
+}
+
+TEST(ZTRSeparator, InHighContrastIsALineAsStrongAsAText)
+{
+    for (const Appearance appearance : {Appearance::Light, Appearance::Dark}) {
+        const QPalette colors = strongPalette(appearance);
+        expectRule(drawnSeparator(colors, QRect(0, 0, 20, 10)), colors.color(QPalette::Text),
+                   colors.color(QPalette::Window));
     }
 }
 
 TEST(ZTRSeparator, StartsAtTheLeftEdgeThoughTheDrawnPartStartsFurtherRight)
 {
-    ZTRSeparator separator;
-    separator.resize(20, 10);
-    QImage image(20, 10, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QPainter painter(&image);
-    separator.drawRect(painter, QRect(12, 0, 8, 10));
-    painter.end();
+    const QImage image = drawnSeparator(light, QRect(12, 0, 8, 10));
     EXPECT_EQ(at(image, 0, 9), QColor(Qt::white));
     EXPECT_EQ(at(image, 7, 9), QColor(Qt::white));
     EXPECT_EQ(at(image, 8, 9), QColor(Qt::red));
+}
+
+TEST(ZTRSeparator, HasNoGapWhereAPartOfItIsPaintedAnew)
+{
+    ZTRSeparator separator;
+    separator.setPalette(light);
+    separator.resize(20, 10);
+    QImage image(20, 10, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    const QRect part(12, 0, 8, 10);
+    separator.render(&image, part.topLeft(), part, {});
+    for (const int x : {12, 19}) {
+        EXPECT_EQ(at(image, x, 7), QColor(0xaa, 0xaa, 0xaa)) << x;
+        EXPECT_EQ(at(image, x, 9), QColor(Qt::white)) << x;
+    }
 }
 
 class HoverButton : public ::testing::Test {
