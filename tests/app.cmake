@@ -3,8 +3,6 @@ add_library(app-test-support STATIC
     support/AppFixture.cpp
     support/AppFixture.h
     support/Contrast.h
-    support/DateGuards.cpp
-    support/DateGuards.h
     support/FakeHost.h
     support/FontGuard.h
     support/HeardEvents.h
@@ -25,7 +23,7 @@ add_library(app-test-support STATIC
     support/TranslationGuard.h
     support/app_main.cpp
 )
-target_link_libraries(app-test-support PUBLIC velumora-app velumora-host-bus velumora-host-linux velumora-host-web velumora-print
+target_link_libraries(app-test-support PUBLIC date-test-support velumora-app velumora-host-bus velumora-host-linux velumora-host-web velumora-print
     Qt6::Network Qt6::GuiPrivate Qt6::Test GTest::gmock)
 target_include_directories(app-test-support PUBLIC ${CMAKE_SOURCE_DIR}/tests)
 velumora_precompile(app-test-support ${VELUMORA_APP_HEADERS} <QSignalSpy> <QTest> <gmock/gmock.h> <gtest/gtest.h>)
@@ -48,15 +46,6 @@ velumora_test(saving-tests
     app/saving_test.cpp
     app/bus_peers_test.cpp
     app/shutdown_monitor_test.cpp
-    LIBRARIES app-test-support
-    LABELS app
-    SHARDS 2)
-
-# The whole program while calls of the system fail.
-velumora_test(program-fault-tests
-    faults/FaultShim.cpp
-    faults/FaultShim.h
-    faults/program_faults_test.cpp
     LIBRARIES app-test-support
     LABELS app
     SHARDS 2)

@@ -14,7 +14,7 @@ velumora_test(table-tests
     app/table_painting_test.cpp
     app/table_view_test.cpp
     app/table_writing_test.cpp
-    LIBRARIES velumora-table velumora-widgets velumora-look Qt6::GuiPrivate Qt6::Test
+    LIBRARIES velumora-core velumora-table velumora-widgets velumora-look Qt6::GuiPrivate Qt6::Test
     LABELS app
     SHARDS 4
 )

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/store_fixture.h"
+#include "store/store_fixture.h"
 #include "faults/FaultShim.h"
 #include "plist/PropertyList.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "core/store_fixture.h"
+#include "store/store_fixture.h"
 #include "notes/NoteBook.h"
 #include "saving/NoteStore.h"
 #include "support/DateGuards.h"
