@@ -65,7 +65,7 @@ std::vector<std::string> textsOf(const Table& table)
 
 using Texts = std::vector<std::string>;
 
-TEST_F(NoteQueriesTest, seesThroughAListToTheNoteInside)
+TEST_F(NoteQueriesTest, SeesThroughAListToTheNoteInside)
 {
     const Value inside = note(march1, "inside");
     EXPECT_EQ(*NoteQueries::recordOf(inside), inside);
@@ -78,7 +78,7 @@ TEST_F(NoteQueriesTest, seesThroughAListToTheNoteInside)
     EXPECT_EQ(NoteQueries::valueOf(emptyList, "NoteDataKey"), nullptr);
 }
 
-TEST_F(NoteQueriesTest, findsTheFirstNoteOfADate)
+TEST_F(NoteQueriesTest, FindsTheFirstNoteOfADate)
 {
     const Table table = {withoutDate,
                          dateAsText,
@@ -96,14 +96,14 @@ TEST_F(NoteQueriesTest, findsTheFirstNoteOfADate)
     EXPECT_EQ(NoteQueries::doesTVDataHaveDate({}, march1), std::numeric_limits<std::int64_t>::max());
 }
 
-TEST_F(NoteQueriesTest, takesTheNotesOfADate)
+TEST_F(NoteQueriesTest, TakesTheNotesOfADate)
 {
     const Table table = {note(march1, "a"), note(january31, "b"), note(march1, "c"), withoutDate};
     EXPECT_EQ(textsOf(NoteQueries::copySpecificNoteFromArray(table, march1)), (Texts{"a", "c"}));
     EXPECT_TRUE(NoteQueries::copySpecificNoteFromArray(table, july15).isEmpty());
 }
 
-TEST_F(NoteQueriesTest, takesAMonthFromItsFirstToItsLastDayInTableOrder)
+TEST_F(NoteQueriesTest, TakesAMonthFromItsFirstToItsLastDayInTableOrder)
 {
     const Table table = {note(march1, "after"),
                          note(february29, "last"),
@@ -119,19 +119,19 @@ TEST_F(NoteQueriesTest, takesAMonthFromItsFirstToItsLastDayInTableOrder)
     EXPECT_TRUE(NoteQueries::copyArrayOfDatesHavingNotes(table, july15).isEmpty());
 }
 
-TEST_F(NoteQueriesTest, leavesOutWhatLiesBehindTheLastMidnightOfAMonth)
+TEST_F(NoteQueriesTest, LeavesOutWhatLiesBehindTheLastMidnightOfAMonth)
 {
     const Table table = {note(february29 + std::chrono::seconds(1), "later that day")};
     EXPECT_TRUE(NoteQueries::copyArrayOfDatesHavingNotes(table, february1).isEmpty());
 }
 
-TEST_F(NoteQueriesTest, sharesTheRecordsThatAFilterTakes)
+TEST_F(NoteQueriesTest, SharesTheRecordsThatAFilterTakes)
 {
     const Table table = {note(february1, "first")};
     EXPECT_TRUE(NoteQueries::copyArrayOfDatesHavingNotes(table, february1).at(0).isSameObject(table.at(0)));
 }
 
-TEST_F(NoteQueriesTest, takesAYearFromNewYearToNewYearsEve)
+TEST_F(NoteQueriesTest, TakesAYearFromNewYearToNewYearsEve)
 {
     const Table table = {note(newYearsEve2024, "eve"), note(newYearsEve2023, "before"), note(newYear2025, "after"),
                          note(july15, "summer"), note(newYear2024, "new year")};
@@ -140,7 +140,7 @@ TEST_F(NoteQueriesTest, takesAYearFromNewYearToNewYearsEve)
     EXPECT_TRUE(NoteQueries::copyCurrentYearNotes(table, 2022).isEmpty());
 }
 
-TEST_F(NoteQueriesTest, collectsTheIndexesOfNotes)
+TEST_F(NoteQueriesTest, CollectsTheIndexesOfNotes)
 {
     const Table table = {note(march1, "a"), note(july15, "b"), note(march1, "a"), withoutText};
     const Table records = {withoutText, note(march1, "a"), note(march1, "other text"), note(march1, "a")};
@@ -148,7 +148,7 @@ TEST_F(NoteQueriesTest, collectsTheIndexesOfNotes)
     EXPECT_TRUE(NoteQueries::copyIdxSetOfNotes({}, table).empty());
 }
 
-TEST_F(NoteQueriesTest, complementsASetOfIndexes)
+TEST_F(NoteQueriesTest, ComplementsASetOfIndexes)
 {
     EXPECT_EQ(NoteQueries::copyComplementOfSet({1, 3}, 5), (IndexSet{0, 2, 4}));
     EXPECT_EQ(NoteQueries::copyComplementOfSet({}, 2), (IndexSet{0, 1}));
@@ -158,7 +158,7 @@ TEST_F(NoteQueriesTest, complementsASetOfIndexes)
     EXPECT_TRUE(NoteQueries::copyComplementOfSet({}, -1).empty());
 }
 
-TEST_F(NoteQueriesTest, filtersByTextInTableOrder)
+TEST_F(NoteQueriesTest, FiltersByTextInTableOrder)
 {
     const Table table = {note(march1, "later abc"),
                          withoutText,
@@ -173,7 +173,7 @@ TEST_F(NoteQueriesTest, filtersByTextInTableOrder)
     EXPECT_TRUE(NoteQueries::filterNotes(table, TextSearch("2024-02-29", "en_US")).isEmpty()); // dates are not searched
 }
 
-TEST_F(NoteQueriesTest, makesFreshRecordsOfDateAndTextAloneWhenFiltering)
+TEST_F(NoteQueriesTest, MakesFreshRecordsOfDateAndTextAloneWhenFiltering)
 {
     const Value foreign{
         Dictionary{{"NoteDateKey", Value(march1)}, {"Colour", Value("red")}, {"NoteDataKey", Value("a text")}}};
@@ -186,7 +186,7 @@ TEST_F(NoteQueriesTest, makesFreshRecordsOfDateAndTextAloneWhenFiltering)
     EXPECT_FALSE(found.at(1).isSameObject(withoutDate));
 }
 
-TEST_F(NoteQueriesTest, removesEveryEqualRecord)
+TEST_F(NoteQueriesTest, RemovesEveryEqualRecord)
 {
     Table table = {note(march1, "a"), note(march1, "b"), note(march1, "a"), Value(Array{note(march1, "a")}), emptyList};
     NoteQueries::removeEqual(table, table.at(0));
@@ -197,14 +197,14 @@ TEST_F(NoteQueriesTest, removesEveryEqualRecord)
     EXPECT_EQ(textsOf(table), Texts{"b"});
 }
 
-TEST_F(NoteQueriesTest, removesTheListAroundANote)
+TEST_F(NoteQueriesTest, RemovesTheListAroundANote)
 {
     Table table = {Value(Array{note(march1, "a"), note(march1, "b")})};
     NoteQueries::removeEqual(table, Value(Array{note(march1, "a")}));
     EXPECT_TRUE(table.isEmpty());
 }
 
-TEST_F(NoteQueriesTest, sortsByDate)
+TEST_F(NoteQueriesTest, SortsByDate)
 {
     const Date before1970 = dateFromUnixSeconds(-1e9);
     Table table = {note(march1, "3"), withoutDate, note(january31, "1"), Value(Array{note(february1, "2")}),
@@ -213,7 +213,7 @@ TEST_F(NoteQueriesTest, sortsByDate)
     EXPECT_EQ(textsOf(table), (Texts{"no date", "0", "1", "2", "3"}));
 }
 
-TEST_F(NoteQueriesTest, sortsTextsByTheirUtf16Units)
+TEST_F(NoteQueriesTest, SortsTextsByTheirUtf16Units)
 {
     // In code units: 0041 < 0061 < 0061 0300 < 00E4 < D83C DF89 < E000 < FFFD, worked by hand.
     const Texts sorted = {"", "A", "a", "a\u0300", "\u00E4", "\U0001F389", "\uE000", "\uFFFD"};
@@ -225,7 +225,7 @@ TEST_F(NoteQueriesTest, sortsTextsByTheirUtf16Units)
     EXPECT_EQ(textsOf(table), sorted);
 }
 
-TEST_F(NoteQueriesTest, givesTheTextOfTheFirstNoteOfEachDate)
+TEST_F(NoteQueriesTest, GivesTheTextOfTheFirstNoteOfEachDate)
 {
     const Value textlessNote{Dictionary{{"NoteDateKey", Value(march1)}}};
     const Value list{Table{note(newYear2024, "in a list")}};
@@ -245,7 +245,7 @@ TEST_F(NoteQueriesTest, givesTheTextOfTheFirstNoteOfEachDate)
     EXPECT_EQ(NoteQueries::textsOfDates(table, {}), Texts{});
 }
 
-TEST_F(NoteQueriesTest, keepsTheOrderOfEqualElementsInBothDirections)
+TEST_F(NoteQueriesTest, KeepsTheOrderOfEqualElementsInBothDirections)
 {
     const Table table = {note(march1, "b"), note(january31, "x"), note(march1, "a"), note(march1, "c")};
     Table ascending = table;
@@ -256,21 +256,21 @@ TEST_F(NoteQueriesTest, keepsTheOrderOfEqualElementsInBothDirections)
     EXPECT_EQ(textsOf(descending), (Texts{"b", "a", "c", "x"}));
 }
 
-TEST_F(NoteQueriesTest, sortsWhatIsEqualByTheNextDescriptor)
+TEST_F(NoteQueriesTest, SortsWhatIsEqualByTheNextDescriptor)
 {
     Table table = {note(march1, "b"), note(january31, "x"), note(march1, "a"), withoutDate, note(march1, "c")};
     NoteQueries::sortArray(table, {{"NoteDateKey", SortOrder::Descending}, {"NoteDataKey", SortOrder::Ascending}});
     EXPECT_EQ(textsOf(table), (Texts{"a", "b", "c", "x", "no date"}));
 }
 
-TEST_F(NoteQueriesTest, leavesATableAsItIsWithoutDescriptors)
+TEST_F(NoteQueriesTest, LeavesATableAsItIsWithoutDescriptors)
 {
     Table table = {note(march1, "b"), note(january31, "a")};
     NoteQueries::sortArray(table, {});
     EXPECT_EQ(textsOf(table), (Texts{"b", "a"}));
 }
 
-TEST_F(NoteQueriesTest, findsTheRecordOfThatNameAtThatVeryInstant)
+TEST_F(NoteQueriesTest, FindsTheRecordOfThatNameAtThatVeryInstant)
 {
     const auto event = [](Date date, const char* name) {
         return Value(Dictionary{{"EventDateKey", Value(date)}, {"EventNameKey", Value(name)}, {"x", Value(true)}});
@@ -287,7 +287,7 @@ TEST_F(NoteQueriesTest, findsTheRecordOfThatNameAtThatVeryInstant)
     EXPECT_EQ(find("both", january31), event(january31, "both"));
 }
 
-TEST_F(NoteQueriesTest, addsALineBelowANoteUnlessItIsInItAlready)
+TEST_F(NoteQueriesTest, AddsALineBelowANoteUnlessItIsInItAlready)
 {
     Table table = {note(january31, "a"), note(march1, "Party at Ann's"), note(march1, "second")};
     NoteQueries::addLineToNote(table, march1, "Ann");
@@ -299,7 +299,7 @@ TEST_F(NoteQueriesTest, addsALineBelowANoteUnlessItIsInItAlready)
     EXPECT_EQ(table.last(), note(february29, "new"));
 }
 
-TEST_F(NoteQueriesTest, aLineIsAddedToAnEmptyNoteAndToOneWithoutAText)
+TEST_F(NoteQueriesTest, ALineIsAddedToAnEmptyNoteAndToOneWithoutAText)
 {
     Table table = {note(march1, ""), Value(Dictionary{{"NoteDateKey", Value(february29)}, {"x", Value(true)}})};
     NoteQueries::addLineToNote(table, march1, "Ann");
@@ -307,7 +307,7 @@ TEST_F(NoteQueriesTest, aLineIsAddedToAnEmptyNoteAndToOneWithoutAText)
     EXPECT_EQ(table, (Table{note(march1, "\rAnn"), note(february29, "\rBen")}));
 }
 
-TEST_F(NoteQueriesTest, leavesACopyOfASortedTableAlone)
+TEST_F(NoteQueriesTest, LeavesACopyOfASortedTableAlone)
 {
     Table table = {note(march1, "b"), note(january31, "a")};
     const Table snapshot = table;

@@ -146,7 +146,7 @@ const Row rows[] = {
     {"zero character found", std::u32string(1, U'\0'), std::u32string(U"a\0b", 3), true},
 };
 
-TEST(TextSearch, findsTextsAsTheStandardSays)
+TEST(TextSearch, FindsTextsAsTheStandardSays)
 {
     for (const Row& row : rows) {
         EXPECT_EQ(TextSearch(utf8(row.needle), row.locale).isContainedIn(utf8(row.text)), row.contained) << row.what;
@@ -155,7 +155,7 @@ TEST(TextSearch, findsTextsAsTheStandardSays)
     }
 }
 
-TEST(TextSearch, findsThemAtEveryPlaceOfALongText)
+TEST(TextSearch, FindsThemAtEveryPlaceOfALongText)
 {
     for (const Row& row : rows) {
         for (std::size_t before = 0; before < 140; before += 9) {
@@ -166,7 +166,7 @@ TEST(TextSearch, findsThemAtEveryPlaceOfALongText)
     }
 }
 
-TEST(TextSearch, takesMalformedBytesForReplacementCharacters)
+TEST(TextSearch, TakesMalformedBytesForReplacementCharacters)
 {
     struct {
         std::string needle;
@@ -192,7 +192,7 @@ TEST(TextSearch, takesMalformedBytesForReplacementCharacters)
     }
 }
 
-TEST(TextSearch, readsNothingBehindTheText)
+TEST(TextSearch, ReadsNothingBehindTheText)
 {
     const std::string whole(200, 'a');
     const TextSearch search("ab", "en_US");
@@ -244,7 +244,7 @@ private:
     std::mt19937 m_random;
 };
 
-TEST(TextSearch, answersAsTheDefinitionForRandomTexts)
+TEST(TextSearch, AnswersAsTheDefinitionForRandomTexts)
 {
     RandomText random(20240229);
     int found = 0;
@@ -262,7 +262,7 @@ TEST(TextSearch, answersAsTheDefinitionForRandomTexts)
     EXPECT_LT(found, 27'000);
 }
 
-TEST(TextSearch, answersAsTheDefinitionForRandomBytes)
+TEST(TextSearch, AnswersAsTheDefinitionForRandomBytes)
 {
     RandomText random(19700101);
     for (int round = 0; round < 5'000; ++round) {
@@ -276,7 +276,7 @@ TEST(TextSearch, answersAsTheDefinitionForRandomBytes)
     }
 }
 
-TEST(TextSearch, findsEveryCharacterByWhatItFoldsTo)
+TEST(TextSearch, FindsEveryCharacterByWhatItFoldsTo)
 {
     for (char32_t character = 1; character < 0x30000; ++character) {
         if ((character >= 0xD800 && character <= 0xDFFF) || character == 0xFFFD) {

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(TextCutting, keepsWholeSignsAtTheBeginning)
+TEST(TextCutting, KeepsWholeSignsAtTheBeginning)
 {
     EXPECT_EQ(beginningOf(u"abc", 5), u"abc");
     EXPECT_EQ(beginningOf(u"abc", 2), u"ab");
@@ -20,14 +20,14 @@ TEST(TextCutting, keepsWholeSignsAtTheBeginning)
     EXPECT_EQ(beginningOf(u"e\u0301\u0301\u0301", 2), u"e\u0301") << "one sign alone is longer";
 }
 
-TEST(TextCutting, showsThatSomethingWasLeftOut)
+TEST(TextCutting, ShowsThatSomethingWasLeftOut)
 {
     EXPECT_EQ(shortened(u"abc", 3), u"abc"_qs);
     EXPECT_EQ(shortened(u"abcd", 3), u"abc…"_qs);
     EXPECT_EQ(shortened(u"ab\U0001F382d", 3), u"ab…"_qs);
 }
 
-TEST(TextCutting, keepsWholeSignsAtBothEnds)
+TEST(TextCutting, KeepsWholeSignsAtBothEnds)
 {
     EXPECT_EQ(withoutMiddle(u"abcdef", 6), u"abcdef"_qs);
     EXPECT_EQ(withoutMiddle(u"abcdefg", 6), u"abc…efg"_qs);
@@ -36,7 +36,7 @@ TEST(TextCutting, keepsWholeSignsAtBothEnds)
     EXPECT_EQ(withoutMiddle(u"\U0001F382abcde", 2), u"…e"_qs) << "no half of the cake";
 }
 
-TEST(TextCutting, takesTheFirstSignWhole)
+TEST(TextCutting, TakesTheFirstSignWhole)
 {
     EXPECT_EQ(firstSignOf(u"abc"), u"a");
     EXPECT_EQ(firstSignOf(u"e\u0301t\u00E9"), u"e\u0301");
@@ -44,7 +44,7 @@ TEST(TextCutting, takesTheFirstSignWhole)
     EXPECT_TRUE(firstSignOf(u"").isEmpty());
 }
 
-TEST(WritingDirection, isThatOfTheFirstLetter)
+TEST(WritingDirection, IsThatOfTheFirstLetter)
 {
     EXPECT_EQ(writingDirection(u"12 abc \u05D0", Qt::RightToLeft), Qt::LeftToRight);
     EXPECT_EQ(writingDirection(u"12 \u05D0 abc", Qt::LeftToRight), Qt::RightToLeft);
@@ -53,7 +53,7 @@ TEST(WritingDirection, isThatOfTheFirstLetter)
     EXPECT_EQ(writingDirection(u"12 + 3", Qt::RightToLeft), Qt::RightToLeft);
 }
 
-TEST(XmlCharacters, leaveOutWhatXmlCannotCarry)
+TEST(XmlCharacters, LeaveOutWhatXmlCannotCarry)
 {
     // The Char production of XML 1.0: #x9 | #xA | #xD | [#x20-#xD7FF] | [#xE000-#xFFFD] | [#x10000-#x10FFFF].
     const QString allowed = u"\t\n\r ~\u0085\uD7FF\uE000\uFFFD\U00010000\U0010FFFF"_qs;

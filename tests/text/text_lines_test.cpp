@@ -21,7 +21,7 @@ struct Row {
     std::size_t lines;
 };
 
-TEST(TextLines, splitsAtEveryNewlineCharacterAndAtNothingElse)
+TEST(TextLines, SplitsAtEveryNewlineCharacterAndAtNothingElse)
 {
     // Counted by hand. U+0085 is C2 85, U+2028 and U+2029 are E2 80 A8 and E2 80 A9.
     const Row rows[] = {
@@ -51,7 +51,7 @@ TEST(TextLines, splitsAtEveryNewlineCharacterAndAtNothingElse)
     }
 }
 
-TEST(TextLines, countsNewlinesAtEveryPlaceOfALongText)
+TEST(TextLines, CountsNewlinesAtEveryPlaceOfALongText)
 {
     const std::string newlines[] = {"\n", "\xC2\x85", "\xE2\x80\xA8"};
     for (const std::string& newline : newlines) {
@@ -64,19 +64,19 @@ TEST(TextLines, countsNewlinesAtEveryPlaceOfALongText)
     }
 }
 
-TEST(TextLines, countsManyNewlines)
+TEST(TextLines, CountsManyNewlines)
 {
     EXPECT_EQ(countOfLines(std::string(100'000, '\n')), 100'001U);
 }
 
-TEST(TextLines, readsNothingBehindTheText)
+TEST(TextLines, ReadsNothingBehindTheText)
 {
     const std::string whole = "a\xE2\x80\xA8\n";
     EXPECT_EQ(countOfLines(std::string_view(whole).substr(0, 3)), 1U);
     EXPECT_EQ(countOfLines(std::string_view(whole).substr(0, 4)), 2U);
 }
 
-TEST(TextLines, fallApartAtEveryNewlineCharacter)
+TEST(TextLines, FallApartAtEveryNewlineCharacter)
 {
     struct {
         QString text;
@@ -98,7 +98,7 @@ TEST(TextLines, fallApartAtEveryNewlineCharacter)
     }
 }
 
-TEST(TextLines, canBeTakenFromAnywhere)
+TEST(TextLines, CanBeTakenFromAnywhere)
 {
     const QString text = u"0\n1\n2\n3"_qs;
     EXPECT_EQ(texts(text, 1, 2), (QStringList{u"1"_qs, u"2"_qs}));
@@ -107,7 +107,7 @@ TEST(TextLines, canBeTakenFromAnywhere)
     EXPECT_TRUE(texts(text, 0, 0).isEmpty());
 }
 
-TEST(TextLines, areReadWithOneLineFeedForEachBreak)
+TEST(TextLines, AreReadWithOneLineFeedForEachBreak)
 {
     EXPECT_EQ(withLineFeeds(u"a\r\nb\rc\n\rd"_qs), u"a\nb\nc\n\nd"_qs);
     EXPECT_EQ(withLineFeeds(u"a\u000Bb\u000Cc\u0085d\u2028e\u2029f"_qs), u"a\nb\nc\nd\ne\nf"_qs);
