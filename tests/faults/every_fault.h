@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "store/store_fixture.h"
 #include "faults/FaultShim.h"
 #include "plist/PropertyList.h"
+#include "store/store_fixture.h"
 
 #include <functional>
 #include <memory>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "dates/Clock.h"
 #include "dates/DateUtilities.h"
 #include "notes/NoteQueries.h"
 #include "notes/NotesChoice.h"
 #include "search/TextSearch.h"
+#include "support/DateGuards.h"
 
 #include <gtest/gtest.h>
 
@@ -16,20 +16,8 @@ namespace {
 
 // The zone and locale of every case: Berlin, German.
 class NoteQueriesTest : public testing::Test {
-protected:
-    NoteQueriesTest() : m_before(DateEnvironment::localePair())
-    {
-        DateEnvironment::setTimeZone("Europe/Berlin");
-        DateEnvironment::setLocalePair({"de_DE", {"de-DE"}});
-    }
-    ~NoteQueriesTest() override
-    {
-        DateEnvironment::setTimeZone("");
-        DateEnvironment::setLocalePair(m_before);
-    }
-
-private:
-    LocalePair m_before;
+    const TimeZoneGuard m_zone{"Europe/Berlin"};
+    const LocaleGuard m_locale{"de_DE", {"de-DE"}};
 };
 
 // Midnights in Berlin, by Python's zoneinfo.

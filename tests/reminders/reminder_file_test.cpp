@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "store/store_fixture.h"
 #include "plist/PropertyList.h"
 #include "reminders/AutostartEntry.h"
 #include "reminders/NotificationRequestFormat.h"
 #include "reminders/ReminderList.h"
 #include "reminders/StateFolder.h"
+#include "store/store_fixture.h"
 #include "support/FileSizeLimit.h"
 #include "support/NoMoreFiles.h"
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "store/store_fixture.h"
 #include "plist/PropertyList.h"
 #include "reminders/AutostartEntry.h"
 #include "reminders/NotificationRequestFormat.h"
 #include "reminders/NotificationText.h"
 #include "reminders/ReminderList.h"
 #include "reminders/TriggerMoment.h"
+#include "store/store_fixture.h"
 
 #include <random>
 

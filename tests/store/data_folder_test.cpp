@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "store/store_fixture.h"
 #include "store/DataFolder.h"
 #include "store/FileStamp.h"
+#include "store/store_fixture.h"
 
 #include <array>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "store/store_fixture.h"
 #include "plist/PropertyList.h"
 #include "store/DraftFile.h"
 #include "store/Files.h"
+#include "store/store_fixture.h"
 #include "support/FileSizeLimit.h"
 #include "support/OrdinaryUser.h"
 

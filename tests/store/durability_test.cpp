@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // What a save asks of the system, in order: this program's own calls of that name stand before the system's.
-#include "store/store_fixture.h"
 #include "reminders/ReminderList.h"
 #include "store/DataFolder.h"
 #include "store/DraftFile.h"
 #include "store/Files.h"
 #include "store/Recovered.h"
+#include "store/store_fixture.h"
 
 #include <array>
 #include <functional>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "store/store_fixture.h"
 #include "store/DataFolder.h"
 #include "store/FileAttributes.h"
+#include "store/store_fixture.h"
 #include "support/AccessList.h"
 #include "support/OrdinaryUser.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "store/store_fixture.h"
 #include "store/DataFolder.h"
 #include "store/Files.h"
+#include "store/store_fixture.h"
 #include "support/OrdinaryUser.h"
 
 #include <sys/stat.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "store/store_fixture.h"
 #include "store/DataFolder.h"
+#include "store/store_fixture.h"
 #include "support/FileSizeLimit.h"
 #include "support/OrdinaryUser.h"
 

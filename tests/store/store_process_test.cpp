@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "store/store_fixture.h"
 #include "store/SaveQueue.h"
+#include "store/store_fixture.h"
 
 #include <QProcess>
 

@@ -5,6 +5,7 @@
 #include "host/linux/TerminationSignals.h"
 #include "reminders/NotificationRequestFormat.h"
 #include "support/AppFixture.h"
+#include "support/LogGuard.h"
 #include "support/PrivateBus.h"
 
 #include <QDBusPendingCall>
@@ -15,22 +16,10 @@ namespace {
 
 constexpr int flood = 1000;
 
-/// The lines that are written to the log while it lives.
-class LogGuard {
-public:
-    LogGuard() : m_former(qInstallMessageHandler(&LogGuard::take)) { s_lines.clear(); }
-    LogGuard(const LogGuard&) = delete;
-    LogGuard& operator=(const LogGuard&) = delete;
-    ~LogGuard() { qInstallMessageHandler(m_former); }
-
-    qsizetype warningsOfTheProgram() const { return s_lines.filter(QStringLiteral("velumora: ")).size(); }
-
-private:
-    static void take(QtMsgType, const QMessageLogContext&, const QString& line) { s_lines.append(line); }
-
-    static inline QStringList s_lines;
-    QtMessageHandler m_former;
-};
+qsizetype warningsOfTheProgram(const LogGuard& log)
+{
+    return log.lines().filter(QStringLiteral("velumora: ")).size();
+}
 
 /// The program on a bus on which anybody may call it.
 class ForgedMessagesTest : public AppFixture {
@@ -98,12 +87,12 @@ TEST_F(ForgedMessagesTest, OfAThousandRemindersThreeWaitAndOneLineIsLogged)
     const QByteArray request = reminderOf(note(2024, 3, 16, "forged"));
     EXPECT_EQ(successes(sent(QList<QDBusMessage>(flood, click(request)))), 3);
     EXPECT_EQ(sheets(), 3);
-    EXPECT_EQ(log.warningsOfTheProgram(), 1);
+    EXPECT_EQ(warningsOfTheProgram(log), 1);
 
     answer(Alert::firstButtonReturn);
     EXPECT_EQ(successes(sent({click(request), click(request)})), 1) << "one has been read, so one may come";
     EXPECT_EQ(sheets(), 3);
-    EXPECT_EQ(log.warningsOfTheProgram(), 2) << "another burst";
+    EXPECT_EQ(warningsOfTheProgram(log), 2) << "another burst";
     for (int sheet = 0; sheet < 3; ++sheet) {
         answer(Alert::firstButtonReturn);
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/PreferenceKeys.h"
 #include "support/AppFixture.h"
+#include "support/LogGuard.h"
 #include "table/CellEditor.h"
 
 #include <QAccessible>
@@ -18,21 +19,6 @@ QString text(const char* utf8)
 {
     return QString::fromUtf8(utf8);
 }
-
-/// What qInfo() and its kin told, from the making of the log on.
-class Log {
-public:
-    Log() : m_former(qInstallMessageHandler(&Log::add)) { lines.clear(); }
-    Log(const Log&) = delete;
-    Log& operator=(const Log&) = delete;
-    ~Log() { qInstallMessageHandler(m_former); }
-
-    inline static QStringList lines;
-
-private:
-    static void add(QtMsgType, const QMessageLogContext&, const QString& line) { lines.append(line); }
-    QtMessageHandler m_former;
-};
 
 const QString replacedLine = QStringLiteral("CTDEE replaced in 'all' array");
 
@@ -104,12 +90,12 @@ TEST_F(NoteEditingTest, TheEndOfAnEditReplacesTheNoteOfThatDateAndSaves)
     putNotes({note(2024, 3, 6, "b"), note(2024, 3, 5, "a")});
     start();
     ui->hideShowSegBtn->press(0); // sorted: row 0 is the file's second note
-    const Log log;
+    const LogGuard log;
     typeNote(0, text("new"));
     const Table expected = {note(2024, 3, 6, "b"), note(2024, 3, 5, "new")};
     EXPECT_EQ(app->allNotesTVData, expected);
     EXPECT_EQ(notesOnDisk(), expected);
-    EXPECT_EQ(Log::lines.count(replacedLine), 1);
+    EXPECT_EQ(log.lines().count(replacedLine), 1);
     EXPECT_TRUE(ui->noteEntryListSaveBtn->isEnabled()) << "only its own press disables it";
 }
 
@@ -120,10 +106,10 @@ TEST_F(NoteEditingTest, TheNoteOfANewDayIsAppendedAndItsDayMarked)
     ui->filterField->setText(text("b"));
     ui->filterBtn->click();
     app->dayBtnAction(dayButton(3));
-    const Log log;
+    const LogGuard log;
     typeNote(1, text("new"));
     EXPECT_EQ(notesOnDisk(), Table({note(2024, 3, 6, "b"), note(2024, 3, 3, "new")}));
-    EXPECT_EQ(Log::lines.count(replacedLine), 0);
+    EXPECT_EQ(log.lines().count(replacedLine), 0);
     EXPECT_EQ(dayButton(3).state(), DayButton::On);
 }
 

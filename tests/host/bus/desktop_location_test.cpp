@@ -38,7 +38,7 @@ QVariantMap properties(const QVariant& latitude, const QVariant& longitude)
 }
 
 /// Remembers what it is told.
-class Listener : public LocationManagerDelegate {
+class FakeLocationManagerDelegate : public LocationManagerDelegate {
 public:
     QList<Location> locations;
     QList<LocationAuthorizationStatus> statuses;
@@ -106,7 +106,7 @@ protected:
     const TimeZoneGuard zone{"Europe/Berlin"};
     PrivateBus bus;
     std::optional<Coordinate> entered;
-    Listener listener;
+    FakeLocationManagerDelegate listener;
     std::unique_ptr<LocationManager> manager;
 
 private:

@@ -16,13 +16,13 @@ namespace {
 using namespace std::chrono_literals;
 
 /// Another program that holds the name, and does with each call what a test says.
-class Holder : public QDBusVirtualObject {
+class StandInHolder : public QDBusVirtualObject {
     Q_OBJECT
 
 public:
     using Behaviour = std::function<void(QDBusConnection& bus, const QDBusMessage& call)>;
 
-    Holder(const QDBusConnection& bus, Behaviour behaviour) : m_bus(bus), m_behave(std::move(behaviour))
+    StandInHolder(const QDBusConnection& bus, Behaviour behaviour) : m_bus(bus), m_behave(std::move(behaviour))
     {
         m_bus.registerVirtualObject(ApplicationMessages::path(), this);
         m_bus.registerService(ApplicationMessages::service());
@@ -64,7 +64,7 @@ TEST_F(SingleInstanceTest, RunsWhereNoOtherDoes)
 TEST_F(SingleInstanceTest, HandsOverToOneThatAnswers)
 {
     QVariantMap data;
-    const Holder holder(first(), [&data](QDBusConnection& onBus, const QDBusMessage& call) {
+    const StandInHolder holder(first(), [&data](QDBusConnection& onBus, const QDBusMessage& call) {
         data = qdbus_cast<QVariantMap>(call.arguments().first());
         onBus.send(call.createReply());
     });
@@ -75,7 +75,7 @@ TEST_F(SingleInstanceTest, HandsOverToOneThatAnswers)
 TEST_F(SingleInstanceTest, GivesUpOnOneThatIsSilentForFiveSeconds)
 {
     int calls = 0;
-    const Holder holder(first(), [&calls](QDBusConnection&, const QDBusMessage&) { ++calls; });
+    const StandInHolder holder(first(), [&calls](QDBusConnection&, const QDBusMessage&) { ++calls; });
     EXPECT_EQ(claim(500ms), SingleInstance::Start::NoAnswer);
     EXPECT_GE(calls, 1);
     EXPECT_EQ(SingleInstance::usualPatience, 5s);
@@ -83,7 +83,7 @@ TEST_F(SingleInstanceTest, GivesUpOnOneThatIsSilentForFiveSeconds)
 
 TEST_F(SingleInstanceTest, GivesUpOnOneThatAnswersNothingButErrors)
 {
-    const Holder holder(first(), [](QDBusConnection& onBus, const QDBusMessage& call) {
+    const StandInHolder holder(first(), [](QDBusConnection& onBus, const QDBusMessage& call) {
         onBus.send(call.createErrorReply(QDBusError::UnknownMethod, QStringLiteral("no")));
     });
     EXPECT_EQ(claim(), SingleInstance::Start::NoAnswer);
@@ -91,7 +91,7 @@ TEST_F(SingleInstanceTest, GivesUpOnOneThatAnswersNothingButErrors)
 
 TEST_F(SingleInstanceTest, TakesThePlaceOfOneThatEndsWithoutAnAnswer)
 {
-    const Holder holder(first(), [](QDBusConnection& onBus, const QDBusMessage& call) {
+    const StandInHolder holder(first(), [](QDBusConnection& onBus, const QDBusMessage& call) {
         onBus.unregisterService(ApplicationMessages::service());
         onBus.send(call.createErrorReply(QDBusError::ServiceUnknown, QStringLiteral("ending")));
     });
@@ -100,7 +100,7 @@ TEST_F(SingleInstanceTest, TakesThePlaceOfOneThatEndsWithoutAnAnswer)
 
 TEST_F(SingleInstanceTest, HearsThatItIsToEndWhileItWaits)
 {
-    const Holder holder(first(), [](QDBusConnection&, const QDBusMessage&) { std::raise(SIGTERM); });
+    const StandInHolder holder(first(), [](QDBusConnection&, const QDBusMessage&) { std::raise(SIGTERM); });
     EXPECT_EQ(claim(), SingleInstance::Start::Ended);
 }
 
