@@ -15,6 +15,7 @@ DayNumber::DayNumber(QWidget* parent) : QLabel(parent)
 
 void DayNumber::setToday(bool today)
 {
+    setSpokenName(*this, today ? filled(localized("%@, today"), {text()}) : QString());
     if (today == m_today) {
         return;
     }
@@ -22,7 +23,6 @@ void DayNumber::setToday(bool today)
     QFont digits = font();
     digits.setBold(today);
     setFont(digits);
-    setSpokenName(*this, today ? filled(localized("%@, today"), {text()}) : QString());
     update();
 }
 

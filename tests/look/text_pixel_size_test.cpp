@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/GlobalDefaults.h"
-#include "look/Appearance.h"
+#include "look/TextSize.h"
 
 #include <QFont>
 #include <gtest/gtest.h>

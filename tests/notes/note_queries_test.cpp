@@ -312,6 +312,20 @@ TEST_F(NoteQueriesTest, TheDatesWithNotesAreToldByTheirIndexes)
     EXPECT_EQ(NoteQueries::datesWithNotes({}, dates), IndexSet());
 }
 
+TEST_F(NoteQueriesTest, OfTheDaysWithANoteThoseInTheListAreCountedToo)
+{
+    using Count = NoteQueries::DaysWithNotes;
+    const Table notes{note(january31, "a"), note(february1, "b"), note(march1, "c")};
+    const Table list{note(march1, "c"), note(february29, "only listed"), note(july15, "elsewhere")};
+    const std::vector<Date> days{january31, february1, february29, march1};
+    EXPECT_EQ(NoteQueries::daysWithNotes(notes, list, days), (Count{.all = 3, .listed = 1}));
+    EXPECT_EQ(NoteQueries::daysWithNotes(notes, {}, days), (Count{.all = 3, .listed = 0}));
+    EXPECT_EQ(NoteQueries::daysWithNotes({}, list, days), Count());
+    // A day that the zone left out begins with the next.
+    EXPECT_EQ(NoteQueries::daysWithNotes(notes, notes, std::vector<Date>{january31, march1, march1}),
+              (Count{.all = 2, .listed = 2}));
+}
+
 TEST_F(NoteQueriesTest, TheNearestNoteMayBeEarlierOrLater)
 {
     const Table notes{withoutDate, note(newYear2024, "a"), note(march1, "b"), note(january31, "c"), note(march1, "d")};

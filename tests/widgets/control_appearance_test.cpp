@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "look/Appearance.h"
 #include "look/NamedColor.h"
+#include "support/Contrast.h"
 #include "widgets/ZTRButtonHover.h"
 #include "widgets/ZTRSeparator.h"
 
@@ -18,7 +19,7 @@ QColor at(const QImage& image, int x, int y)
     return image.pixelColor(x, y);
 }
 
-} // namespace
+const QPalette light = calmPalette(Appearance::Light);
 
 /// A separator of 20 by 10 points on red, `part` of it drawn.
 QImage drawnSeparator(const QPalette& colors, const QRect& part)
@@ -42,6 +43,8 @@ void expectRule(const QImage& image, const QColor& line, const QColor& band)
         EXPECT_EQ(at(image, x, 9), band);
     }
 }
+
+} // namespace
 
 TEST(ZTRSeparator, IsAWhiteBandOfTwoPointsUnderALineOfLightGrey)
 {
