@@ -12,6 +12,8 @@ set(VELUMORA_APP_HEADERS ${VELUMORA_CORE_HEADERS}
 # Lets ccache tell which of them a source was compiled with.
 if(VELUMORA_PRECOMPILED_HEADERS AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
     target_compile_options(velumora-compile INTERFACE -fpch-preprocess)
+elseif(VELUMORA_PRECOMPILED_HEADERS AND CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    target_compile_options(velumora-compile INTERFACE "SHELL:-Xclang -fno-pch-timestamp")
 endif()
 
 # velumora_precompile(TARGET header...)

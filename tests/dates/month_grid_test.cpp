@@ -2,6 +2,7 @@
 #include "dates/DateUtilities.h"
 #include "dates/MonthGrid.h"
 #include "support/DateGuards.h"
+#include "support/FixedClock.h"
 
 #include <gtest/gtest.h>
 
@@ -145,6 +146,15 @@ TEST_F(MonthGridDates, EmptyTextsShowNoMonth)
     EXPECT_EQ(yearMonthFromTexts(QString(), QStringLiteral("March")), YearMonth());
     EXPECT_EQ(yearMonthFromTexts(QStringLiteral("2024"), QString()), YearMonth());
     EXPECT_EQ(yearMonthFromTexts(QStringLiteral("2024"), QStringLiteral("Smarch")), (YearMonth{2024, 0}));
+}
+
+TEST_F(MonthGridDates, AMonthThatIsNotWholeIsTheCurrentOne)
+{
+    const FixedClock clock(utcDate(2026, 11, 22, 12));
+    const ClockGuard guard(clock);
+    EXPECT_EQ(orCurrent({2024, 3}), (YearMonth{2024, 3}));
+    EXPECT_EQ(orCurrent({2024, 0}), (YearMonth{2026, 11}));
+    EXPECT_EQ(orCurrent({0, 3}), (YearMonth{2026, 11}));
 }
 
 TEST_F(MonthGridDates, HeadersFollowTheColumns)
