@@ -16,11 +16,6 @@
 
 namespace {
 
-bool holds(const Draft& draft, DraftChange::Kind kind)
-{
-    return std::ranges::find(draft, kind, &DraftChange::kind) != draft.end();
-}
-
 QString shownChange(const DraftChange& change)
 {
     const QString day = DateUtilities::mediumStyleFromDate(Drafts::dateOf(change));
@@ -78,7 +73,7 @@ void AppDelegate::keepDraft()
     m_ui.notesTableView->endEditing();
     m_ui.importantDatesTableView->endEditing();
     const Draft draft = m_store.takeLeftDraft();
-    if (allNotesTVData && holds(draft, DraftChange::Kind::Note)) {
+    if (allNotesTVData && Drafts::holds(draft, DraftChange::Kind::Note)) {
         const bool showsAll = m_host.userDefaults.integerForKey(PreferenceKeys::startList) != 0;
         m_book.restoreDraftNotes(draft, showsAll, DateUtilities::today());
         m_ui.filterField->setFoundNothing({});
@@ -87,7 +82,7 @@ void AppDelegate::keepDraft()
         m_store.save(ListKind::Notes);
         redrawMiniCal();
     }
-    if (eventsTVData && holds(draft, DraftChange::Kind::Event)) {
+    if (eventsTVData && Drafts::holds(draft, DraftChange::Kind::Event)) {
         m_book.restoreDraftDates(draft);
         m_ui.importantDatesTableView->reloadData();
         m_store.save(ListKind::ImportantDates);

@@ -63,7 +63,6 @@ void AppDelegate::addDatesFromHolidaySheet(QAbstractButton& sender)
 {
     const bool withNotes = &sender == &m_holidaySheet->addDatesAndNotesButton();
     m_ui.notesTableView->endEditing(); // before its notes change
-    m_formatters->style.setDateStyle(DateFormatter::Style::Long);
     for (int holiday = 0; holiday < Holidays::count; ++holiday) {
         const std::string name = m_holidaySheet->box(holiday).text().toStdString();
         const QString shownDate = m_holidaySheet->dateField(holiday).text();
@@ -71,7 +70,7 @@ void AppDelegate::addDatesFromHolidaySheet(QAbstractButton& sender)
             continue;
         }
         // A day without a midnight does not parse back; its records carry the day's first instant.
-        const Date date = m_formatters->style.dateFromString(shownDate).value_or(Holidays::dateOfHoliday(holiday));
+        const Date date = m_formatters->dateFromLongStyle(shownDate).value_or(Holidays::dateOfHoliday(holiday));
         addHoliday(date, name);
         if (withNotes) {
             addHolidayNote(date, name);

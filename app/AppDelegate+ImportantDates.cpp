@@ -61,6 +61,13 @@ void AppDelegate::addRowToImportDates()
     dates.reloadData();
 }
 
+/// A new date is ready to be given its day, and with the tab key its description.
+void AppDelegate::editNewestDate()
+{
+    TableView& dates = *m_ui.importantDatesTableView;
+    dates.editColumn(dateColumn, dates.numberOfRows() - 1);
+}
+
 QWidget* AppDelegate::makeDatePicker(QWidget* parent, int row)
 {
     const ListRow event = m_book.row(ListKind::ImportantDates, row);

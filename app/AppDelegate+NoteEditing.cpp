@@ -24,7 +24,7 @@ QString mediumStyleDate(const ListRow& row)
     return date ? DateUtilities::mediumStyleFromDate(*date) : QString();
 }
 
-/// After a deletion no row is selected; the keys have not lost their place.
+/// After a deletion no row is selected, but the arrow keys continue from where they were.
 void goOnAtRow(TableView& tableView, int row)
 {
     tableView.resumeAtRow(row);

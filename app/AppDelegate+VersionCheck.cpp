@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What is told of the reply of the version server, nullopt when there was none.
+/// The alert about the reply of the version server; nullopt stands for no reply.
 std::unique_ptr<Alert> alertAbout(const std::optional<QString>& reply, const QString& ownVersion)
 {
     if (!reply) {

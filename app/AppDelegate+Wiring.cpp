@@ -31,8 +31,9 @@ namespace {
 /// An entry of a menu, and whether it can do something now.
 using Entry = std::pair<QAction*, std::function<bool()>>;
 
-/// Disables what can do nothing while the menu is open. Closed, all is enabled: a key tries, and does what it can.
-void keepHonest(const QMenu& menu, const std::vector<Entry>& entries)
+/// Disables entries that can do nothing, but only while the menu is open: shortcuts work on enabled entries alone, and
+/// do what they can.
+void disableWhileOpen(const QMenu& menu, const std::vector<Entry>& entries)
 {
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [entries] {
         for (const auto& [action, canAct] : entries) {
@@ -48,8 +49,8 @@ void keepHonest(const QMenu& menu, const std::vector<Entry>& entries)
 
 } // namespace
 
-/// Connects the controls, the menus and the services with the delegate's handlers, one line each, and remembers which
-/// control has the keyboard.
+/// Connects the controls, the menus and the services with the delegate's handlers, and remembers which control has the
+/// keyboard focus.
 class AppDelegate::Wiring : public QObject {
 public:
     explicit Wiring(AppDelegate& delegate);
@@ -86,7 +87,7 @@ AppDelegate::Wiring::Wiring(AppDelegate& delegate)
     wireServices();
 }
 
-/// The controls of the window, one line each.
+/// The controls of the window.
 void AppDelegate::Wiring::wireControls()
 {
     const auto wire = [this](QAbstractButton* button, auto handler) {
@@ -108,8 +109,7 @@ void AppDelegate::Wiring::wireControls()
     wire(m_ui.deleteRowFromImpDateListBtn, &AppDelegate::respondToDeleteRowFromList);
     connect(m_ui.addImportantDateBtn, &QAbstractButton::clicked, this, [this] {
         m_app.addRowToImportDates();
-        // It is there to be given its day, and with the tab key its description.
-        m_ui.importantDatesTableView->editColumn(0, m_ui.importantDatesTableView->numberOfRows() - 1);
+        m_app.editNewestDate();
     });
     connect(m_ui.importantDatesUSHolidays, &QAbstractButton::clicked, &m_app, &AppDelegate::openHolidaySheet);
     connect(m_ui.todayBtn, &QAbstractButton::clicked, &m_app, &AppDelegate::showTodayOnMiniCal);
@@ -188,7 +188,7 @@ void AppDelegate::Wiring::wireServices()
     connect(&m_host.shutdownMonitor, &ShutdownMonitor::machineWillShutDown, &m_app, &AppDelegate::machineWillShutDown);
 }
 
-/// The menu bar, one line an action. An action that a button has too presses that button.
+/// The menu bar. An action that a button has too presses that button.
 void AppDelegate::Wiring::wireMenu()
 {
     const auto wire = [this](QAction* action, auto handler) { connect(action, &QAction::triggered, &m_app, handler); };
@@ -276,22 +276,23 @@ void AppDelegate::Wiring::wireMenuStates()
     const auto ifText = [this](QAction* action, bool EditAbilities::*ability) {
         return Entry{action, [this, ability] { return editAbilitiesOf(focusedControl()).*ability; }};
     };
-    keepHonest(*m_ui.fileMenu,
-               {{m_ui.saveAction,
-                 [this] { return m_ui.noteEntryListSaveBtn->isEnabled() || m_ui.importantDateSaveBtn->isEnabled(); }}});
-    keepHonest(*m_ui.editMenu,
-               {ifText(m_ui.undoAction, &EditAbilities::undo), ifText(m_ui.redoAction, &EditAbilities::redo),
-                ifText(m_ui.cutAction, &EditAbilities::cut), ifText(m_ui.copyAction, &EditAbilities::copy),
-                ifText(m_ui.pasteAction, &EditAbilities::paste),
-                ifText(m_ui.selectAllAction, &EditAbilities::selectAll),
-                follows(m_ui.deleteNoteAction, m_ui.deleteRowFromListBtn),
-                follows(m_ui.addDateAction, m_ui.addImportantDateBtn),
-                follows(m_ui.deleteDateAction, m_ui.deleteRowFromImpDateListBtn)});
-    keepHonest(*m_ui.viewMenu,
-               {isNotOn(m_ui.miniCalendarPageAction, Page::MiniCalendar),
-                isNotOn(m_ui.weeklyViewPageAction, Page::Week), isNotOn(m_ui.monthlyViewPageAction, Page::Month),
-                follows(m_ui.previousNotesAction, m_ui.noteEntryPrevNotesBtn),
-                follows(m_ui.nextNotesAction, m_ui.noteEntryNextNotesBtn)});
+    disableWhileOpen(*m_ui.fileMenu, {{m_ui.saveAction, [this] {
+                                           return m_ui.noteEntryListSaveBtn->isEnabled() ||
+                                                  m_ui.importantDateSaveBtn->isEnabled();
+                                       }}});
+    disableWhileOpen(*m_ui.editMenu,
+                     {ifText(m_ui.undoAction, &EditAbilities::undo), ifText(m_ui.redoAction, &EditAbilities::redo),
+                      ifText(m_ui.cutAction, &EditAbilities::cut), ifText(m_ui.copyAction, &EditAbilities::copy),
+                      ifText(m_ui.pasteAction, &EditAbilities::paste),
+                      ifText(m_ui.selectAllAction, &EditAbilities::selectAll),
+                      follows(m_ui.deleteNoteAction, m_ui.deleteRowFromListBtn),
+                      follows(m_ui.addDateAction, m_ui.addImportantDateBtn),
+                      follows(m_ui.deleteDateAction, m_ui.deleteRowFromImpDateListBtn)});
+    disableWhileOpen(*m_ui.viewMenu,
+                     {isNotOn(m_ui.miniCalendarPageAction, Page::MiniCalendar),
+                      isNotOn(m_ui.weeklyViewPageAction, Page::Week), isNotOn(m_ui.monthlyViewPageAction, Page::Month),
+                      follows(m_ui.previousNotesAction, m_ui.noteEntryPrevNotesBtn),
+                      follows(m_ui.nextNotesAction, m_ui.noteEntryNextNotesBtn)});
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* former) {
         if (former && former->window() == &m_window && former != m_window.menuBar()) {
             m_lastFocusedControl = former;

@@ -379,6 +379,7 @@ private:
     // Important dates, the notes made from them, reminders, the place.
     void addHoliday(Date date, const std::string& name);
     void addHolidayNote(Date date, const std::string& name);
+    void editNewestDate();
     QWidget* makeDatePicker(QWidget* parent, int row);
     void colorDatePickers();
     void takeInDateNotes();

@@ -14,3 +14,9 @@ QString SharedFormatters::longStyleFromDate(Date date)
     style.setDateStyle(DateFormatter::Style::Long);
     return style.stringFromDate(date);
 }
+
+std::optional<Date> SharedFormatters::dateFromLongStyle(const QString& text)
+{
+    style.setDateStyle(DateFormatter::Style::Long);
+    return style.dateFromString(text);
+}

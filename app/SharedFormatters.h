@@ -3,15 +3,18 @@
 
 #include "dates/DateFormatter.h"
 
-/// Formatters that are made at start-up, and anew when the clock or the zone changes: making one takes far longer than
-/// using it.
+#include <optional>
+
+/// Formatters kept from the start of the program until the clock or the zone changes, because creating one takes far
+/// longer than using it.
 struct SharedFormatters {
     SharedFormatters();
 
-    /// In the long style, in which `style` then remains.
+    /// A date in the long style, and one read from it; nullopt when the text is none. `style` then keeps that style.
     QString longStyleFromDate(Date date);
+    std::optional<Date> dateFromLongStyle(const QString& text);
 
     DateFormatter time;     ///< of the clock: a short time, no date
-    DateFormatter style;    ///< whoever uses it sets its style or its format first
+    DateFormatter style;    ///< set its style or its format before each use
     DateFormatter listDate; ///< of the rows of both lists
 };

@@ -10,8 +10,8 @@ namespace Ui {
 class MainWindow;
 }
 
-/// Has a screen reader say what changed in the window though the focus is elsewhere. What it says is read from the
-/// window, so it is called once that shows the change.
+/// Has a screen reader announce what changed in the window outside the focused control. The texts are read from the
+/// window, so call it after the change is shown.
 class WindowAnnouncer {
 public:
     /// `layout` is set up on `window`; both outlive the announcer.

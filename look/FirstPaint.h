@@ -5,13 +5,13 @@
 
 class QWidget;
 
-/// Tells once that a window is about to paint its first picture, for what had better come after it. A window that
-/// starts minimised paints none.
+/// Reports the first painting of a window, for work that should not delay it. A window that starts minimised paints
+/// nothing.
 class FirstPaint : public QObject {
     Q_OBJECT
 
 public:
-    /// Belongs to the window, until it has told.
+    /// Owned by the window; deletes itself after the report.
     explicit FirstPaint(QWidget& window);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -9,8 +9,6 @@
 
 namespace {
 
-const Table noTable;
-
 /// `element` with `text` under `key`, in the element itself or, if it is a list, in the first record inside. There must
 /// be a record.
 Value withEditedText(const Value& element, std::string_view key, const std::string& text)
@@ -42,14 +40,14 @@ const std::string& wordsOf(const Value& line)
 
 } // namespace
 
-const Table& elementsOf(const std::optional<Table>& table)
-{
-    return table ? *table : noTable;
-}
-
 const Table& NoteBook::notes() const
 {
     return elementsOf(allNotes);
+}
+
+const std::optional<Table>& NoteBook::saved(ListKind list) const
+{
+    return list == ListKind::Notes ? allNotes : importantDates;
 }
 
 const Table& NoteBook::rows(ListKind list) const

@@ -3,16 +3,13 @@
 
 #include "notes/ListRow.h"
 #include "notes/NotesChoice.h"
-#include "notes/SortDescriptor.h"
 #include "plist/Value.h"
 #include "store/Draft.h"
+#include "store/SortDescriptor.h"
 
 #include <optional>
 #include <string>
 #include <vector>
-
-/// The elements of `table`; none for nullopt.
-const Table& elementsOf(const std::optional<Table>& table);
 
 /// The notes and the important dates in memory, and the operations on them. Nothing is shown or saved here: an
 /// operation changes the tables and returns what happened to them.
@@ -29,9 +26,9 @@ public:
 
     // --- What there is -----------------------------------------------------------------------------------------------
 
-    const Table& notes() const;             ///< every note; none when they could not be read
-    const Table& rows(ListKind list) const; ///< the rows of a list
-    std::optional<Table>& table(ListKind list);
+    const Table& notes() const;                             ///< every note; none when they could not be read
+    const std::optional<Table>& saved(ListKind list) const; ///< what is saved of a list: every note, or every date
+    const Table& rows(ListKind list) const;                 ///< the rows of a list
     ListRow row(ListKind list, int row) const;
 
     /// Whether text typed into that row would be kept. A row without a record, or a note without a date, would lose it.
@@ -138,6 +135,7 @@ public:
     std::vector<Date> mergeWaitingLines();
 
 private:
+    std::optional<Table>& table(ListKind list);
     void replaceRows(Table rows);
     void listSavedNote(Date date);
     void forgetLines(Date date);

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "dates/Date.h"
-#include "notes/SortDescriptor.h"
 #include "plist/Value.h"
+#include "store/SortDescriptor.h"
 
 #include <cstdint>
 #include <optional>

@@ -5,6 +5,7 @@
 #include "reminders/NotificationRequestFormat.h"
 #include "reminders/TriggerMoment.h"
 #include "store/Files.h"
+#include "store/Record.h"
 
 #include <QSet>
 
@@ -108,7 +109,7 @@ std::error_code ReminderList::load()
         return error;
     }
     m_isLoaded = true;
-    for (const Value& value : table.value_or(Table())) {
+    for (const Value& value : elementsOf(table)) {
         if (std::optional<Reminder> reminder = reminderFrom(value)) {
             put(*std::move(reminder));
         }

@@ -56,11 +56,6 @@ Draft draftFrom(const DraftSource& source)
     return draft;
 }
 
-bool holds(const Draft& draft, DraftChange::Kind kind)
-{
-    return std::ranges::find(draft, kind, &DraftChange::kind) != draft.end();
-}
-
 } // namespace
 
 std::string fileNameOf(ListKind list)
@@ -72,7 +67,7 @@ NoteStore::NoteStore(NoteBook& book, const Folders& folders, EditedNoteSource ed
     : m_book(book), m_editedNote(std::move(editedNote)), m_folder(folders.applicationSupport, DateEnvironment::clock()),
       m_draftFile(folders.state, folders.temporary), m_saves(m_folder, [this](const SaveResult& result) {
           QMetaObject::invokeMethod(
-              this, [this, result] { noteResult(result); }, Qt::QueuedConnection);
+              this, [this, result] { takeResult(result); }, Qt::QueuedConnection);
       })
 {
     m_draftTimer.setSingleShot(true);
@@ -82,9 +77,8 @@ NoteStore::NoteStore(NoteBook& book, const Folders& folders, EditedNoteSource ed
 
 void NoteStore::load(ListKind list)
 {
-    std::optional<Table>& table = list == ListKind::Notes ? m_book.allNotes : m_book.importantDates;
-    table = m_folder.loadTable(fileNameOf(list));
-    onDisk(list) = elementsOf(table);
+    (list == ListKind::Notes ? m_book.allNotes : m_book.importantDates) = m_folder.loadTable(fileNameOf(list));
+    onDisk(list) = elementsOf(m_book.saved(list));
 }
 
 bool NoteStore::cleanNotes()
@@ -99,12 +93,12 @@ bool NoteStore::cleanNotes()
 
 void NoteStore::save(ListKind list)
 {
-    m_saves.save(tableOf(list), fileNameOf(list));
+    m_saves.save(m_book.saved(list), fileNameOf(list));
 }
 
 void NoteStore::saveUnlessEmpty(ListKind list)
 {
-    if (!elementsOf(tableOf(list)).isEmpty()) {
+    if (!elementsOf(m_book.saved(list)).isEmpty()) {
         save(list);
     }
 }
@@ -132,12 +126,7 @@ void NoteStore::retryAndWait()
 
 bool NoteStore::hasChanges(ListKind list) const
 {
-    return tableOf(list) && *tableOf(list) != onDisk(list);
-}
-
-const std::optional<Table>& NoteStore::tableOf(ListKind list) const
-{
-    return list == ListKind::Notes ? m_book.allNotes : m_book.importantDates;
+    return m_book.saved(list) && *m_book.saved(list) != onDisk(list);
 }
 
 void NoteStore::waitUntilDone()
@@ -154,7 +143,7 @@ void NoteStore::finish()
     m_draftFile.waitUntilDone();
 }
 
-void NoteStore::noteResult(const SaveResult& result)
+void NoteStore::takeResult(const SaveResult& result)
 {
     const ListKind list = result.name == fileNameOf(ListKind::Notes) ? ListKind::Notes : ListKind::ImportantDates;
     if (!result.error) {
@@ -198,8 +187,8 @@ void NoteStore::readDraft()
 Draft NoteStore::leftDraft()
 {
     readDraft();
-    const bool hasPlace = (m_book.allNotes || !holds(m_leftDraft, DraftChange::Kind::Note)) &&
-                          (m_book.importantDates || !holds(m_leftDraft, DraftChange::Kind::Event));
+    const bool hasPlace = (m_book.allNotes || !Drafts::holds(m_leftDraft, DraftChange::Kind::Note)) &&
+                          (m_book.importantDates || !Drafts::holds(m_leftDraft, DraftChange::Kind::Event));
     if (m_leftDraft.empty() || !hasPlace) {
         return {};
     }

@@ -28,9 +28,9 @@ struct EditedNote {
     std::string text; ///< as it is seen: an input method may have composed more than the row has
 };
 
-/// Keeps on the disk what a notebook holds: loads its tables, saves them, and has a draft follow whatever the disk does
-/// not have yet, so that a crash takes no more than the last seconds. Saves and drafts are written on threads of their
-/// own; everything else belongs to the thread that made the store, whose event loop its reports need.
+/// Keeps a notebook on the disk: loads its tables, saves them, and keeps a draft of everything that the disk does not
+/// have yet, so that a crash loses no more than the last two seconds. Saves and drafts are written on threads of their
+/// own; everything else belongs to the thread that created the store, whose event loop delivers the reports.
 class NoteStore : public QObject {
     Q_OBJECT
 
@@ -56,7 +56,7 @@ public:
     /// Loads a table into the book: nullopt when its file cannot be read.
     void load(ListKind list);
 
-    /// Strips the notes of what an older product left in them and saves them; what that leaves out is kept aside. False
+    /// Strips the notes of what an older product left in them and saves them, keeping a copy of the former file. False
     /// when there are no notes to clean.
     bool cleanNotes();
 
@@ -65,14 +65,14 @@ public:
     /// Saves a table of the book as it is now, and returns at once.
     void save(ListKind list);
 
-    /// The same, but leaves the file of a table that is empty alone, which an empty save would remove.
+    /// The same, except that nothing happens for an empty table, whose saving would remove the file.
     void saveUnlessEmpty(ListKind list);
 
-    /// Saves the notes of which one that said `replaced` is changed or gone. A row can show another text than the saved
-    /// one, after an import for example: a text that was not `seen` is kept aside.
+    /// Saves the notes after one whose saved text was `replaced` was changed or removed. Its row may have shown another
+    /// text, after an import for example: what the user has not `seen` is kept in the folder of recovered files.
     void saveNotesInsteadOf(const std::string& replaced, const std::string& seen);
 
-    /// Has an imported table take the place of the file called `fileName`, which is kept aside.
+    /// Replaces the file called `fileName` by an imported table and keeps a copy of the file.
     void replace(std::optional<Table> imported, const std::string& fileName);
 
     /// Tries again what failed, and returns at once.
@@ -90,7 +90,7 @@ public:
     /// Returns once all that was saved, and the draft, was written or tried.
     void waitUntilDone();
 
-    /// For the end of the program: tries once more what failed, and leaves a draft of what fails again.
+    /// To be called when the program ends: tries again what failed, and leaves a draft of what fails once more.
     void finish();
 
     // --- The draft ---------------------------------------------------------------------------------------------------
@@ -116,8 +116,7 @@ Q_SIGNALS:
 
 private:
     void readDraft();
-    void noteResult(const SaveResult& result);
-    const std::optional<Table>& tableOf(ListKind list) const;
+    void takeResult(const SaveResult& result);
     Table& onDisk(ListKind list) { return list == ListKind::Notes ? m_notesOnDisk : m_datesOnDisk; }
     const Table& onDisk(ListKind list) const { return list == ListKind::Notes ? m_notesOnDisk : m_datesOnDisk; }
 

@@ -12,8 +12,7 @@ namespace Ui {
 class PreferencesSheet;
 }
 
-/// The preferences. Its choices are read and set through its outlets; of the place's two fields it knows itself whether
-/// they make sense.
+/// The preferences. Choices are read and set through the outlets; the sheet checks by itself what is typed as a place.
 class PreferencesSheet : public QDialog {
     Q_OBJECT
 
@@ -31,12 +30,12 @@ public:
         std::optional<Coordinate> place; ///< nullopt when they are empty, or not complete
     };
 
-    /// What the fields tell; says below them what is wrong with it. One half alone is not wrong while the other may
-    /// still be typed.
+    /// What is typed into the fields. Says below them what is wrong, if anything is; one half alone is not wrong while
+    /// the other may still be typed.
     TypedPlace readPlace();
 
-    /// Something is being typed into the fields. What was found wrong is said until it is mended, and nothing new is
-    /// found wrong.
+    /// To be called while the fields are typed into: a mistake that was reported disappears once it is corrected, and
+    /// no new one is reported.
     void followTyping();
 
 private:

@@ -249,6 +249,11 @@ Date dateOf(const DraftChange& change)
     return change.unsaved ? change.unsaved->date : change.saved->date;
 }
 
+bool holds(const Draft& draft, DraftChange::Kind kind)
+{
+    return std::ranges::find(draft, kind, &DraftChange::kind) != draft.end();
+}
+
 Draft changedNotes(const Table& saved, const Table& current)
 {
     const auto [savedPart, currentPart] = differingParts(saved, current);

@@ -27,6 +27,9 @@ namespace Drafts {
 /// The date of the note or important date as it should be or, when it was deleted, as it was.
 Date dateOf(const DraftChange& change);
 
+/// Whether one of the changes is of that kind.
+bool holds(const Draft& draft, DraftChange::Kind kind);
+
 /// The changes from `saved` to `current`, day by day. Records that are not notes are left out.
 Draft changedNotes(const Table& saved, const Table& current);
 

@@ -33,6 +33,12 @@ Value makeEventRecord(Date date, std::string name)
         Dictionary{{std::string(EventDateKey), Value(date)}, {std::string(EventNameKey), Value(std::move(name))}});
 }
 
+const Table& elementsOf(const std::optional<Table>& table)
+{
+    static const Table none;
+    return table ? *table : none;
+}
+
 std::optional<Date> dateOf(const Value& record, std::string_view key)
 {
     const Value* value = find(record, key);

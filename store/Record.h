@@ -29,6 +29,9 @@ Value makeNoteRecord(Date date, std::string text);
 /// The record of an important date; `name` is its description.
 Value makeEventRecord(Date date, std::string name);
 
+/// The elements of `table`; none for nullopt.
+const Table& elementsOf(const std::optional<Table>& table);
+
 /// The date under `key`; nullopt when `record` is not a dictionary, lacks the key or has a value of another type there.
 std::optional<Date> dateOf(const Value& record, std::string_view key);
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "store/SaveQueue.h"
 
+#include "store/Record.h"
+
 #include <QLoggingCategory>
 
 #include <algorithm>
@@ -85,13 +87,13 @@ std::optional<Table> SaveQueue::unsaved(const std::string& name) const
 {
     const std::lock_guard lock(m_mutex);
     if (const auto waiting = std::ranges::find(m_waiting, name, &Save::name); waiting != m_waiting.end()) {
-        return waiting->table.value_or(Table());
+        return elementsOf(waiting->table);
     }
     if (m_writing && m_writing->name == name) {
-        return m_writing->table.value_or(Table());
+        return elementsOf(m_writing->table);
     }
     const auto failed = std::ranges::find(m_failed, name, &Save::name);
-    return failed != m_failed.end() ? std::optional(failed->table.value_or(Table())) : std::nullopt;
+    return failed != m_failed.end() ? std::optional(elementsOf(failed->table)) : std::nullopt;
 }
 
 void SaveQueue::waitUntilDone()

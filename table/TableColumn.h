@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "notes/SortDescriptor.h"
+#include "store/SortDescriptor.h"
 #include "table/HeaderCell.h"
 
 #include <QColor>

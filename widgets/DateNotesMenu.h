@@ -18,7 +18,7 @@ public:
     /// No important date was clicked.
     void refuse();
 
-    /// The two days, as they are to be read.
+    /// The two days as texts.
     void offer(const QString& ownDay, const QString& thisYear);
 
     /// What an item of this menu is for; nullopt for the heading, and for an item of another menu.

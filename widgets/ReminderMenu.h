@@ -13,7 +13,7 @@ public:
 
     void refuse(const QString& reason);
 
-    /// `date` is the note's, as it is to be read.
+    /// `date` is the note's date as text.
     void offer(const QString& date);
 
 Q_SIGNALS:

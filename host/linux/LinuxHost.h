@@ -20,23 +20,23 @@
 #include <functional>
 #include <optional>
 
-/// What a service needs of the program that it serves.
+/// What the services need from the program that they serve.
 struct HostedProgram {
     FolderOpenPanel::Presenter presentPanel;
 
-    /// The place that the user entered, as these defaults have it; nullopt when none was.
+    /// The place that the user entered, read from these defaults; nullopt when there is none.
     std::function<std::optional<Coordinate>(const UserDefaults&)> enteredPlace;
 
     QUrl versionServer; ///< as a WebVersionServer takes it
 };
 
-/// All services of a freedesktop.org desktop. To be made when the application has its names and before it is given
-/// colours of its own; as early as that, since the desktop is asked for its settings at once and answers while the
-/// window is made. Nothing else is asked of anybody before it is needed.
+/// All services of a freedesktop.org desktop. Create it once the application has its names, before it is given colours:
+/// the desktop is asked for its settings at once and answers while the window is being made. Nothing else is requested
+/// before it is needed.
 struct LinuxHost {
     explicit LinuxHost(const HostedProgram& program);
 
-    /// The services with their folders, which are made where they are not there.
+    /// The services with their folders. Those for the data folder and for temporary files are made if they are missing.
     HostServices services();
 
     DesktopGlobalDefaults globalDefaults; // first: it asks the desktop

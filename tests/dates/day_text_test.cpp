@@ -108,7 +108,7 @@ TEST_F(DayTextTest, ThePartAtTheCaretFollowsTheOrderOfTheLanguage)
     const DayText english("en-US");
     // A caret between a separator and the next number is still behind the number before.
     const std::array expected{Month, Month, Month, Month, Day, Day, Day, Year, Year, Year, Year};
-    for (size_t caret = 0; caret < expected.size(); ++caret) {
+    for (std::size_t caret = 0; caret < expected.size(); ++caret) {
         EXPECT_EQ(english.partAt(u"12/24/1965", static_cast<qsizetype>(caret)), expected.at(caret)) << caret;
     }
     EXPECT_EQ(DayText("de").partAt(u"24.12.1965", 0), Day);

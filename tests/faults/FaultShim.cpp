@@ -206,13 +206,13 @@ dirent* readdir(DIR* folder)
     return fails(Call::ListFolder, dirfd(folder)) ? nullptr : real(folder);
 }
 
-ssize_t read(int descriptor, void* buffer, size_t size)
+ssize_t read(int descriptor, void* buffer, std::size_t size)
 {
     NEXT(read);
     return fails(Call::Read, descriptor) ? -1 : real(descriptor, buffer, size);
 }
 
-ssize_t write(int descriptor, const void* bytes, size_t size)
+ssize_t write(int descriptor, const void* bytes, std::size_t size)
 {
     NEXT(write);
     if (fails(Call::Write, descriptor)) {
@@ -278,7 +278,7 @@ int fstat(int descriptor, struct stat* status) noexcept
     return fails(Call::Status, descriptor) ? -1 : real(descriptor, status);
 }
 
-ssize_t readlink(const char* path, char* buffer, size_t size) noexcept
+ssize_t readlink(const char* path, char* buffer, std::size_t size) noexcept
 {
     NEXT(readlink);
     return fails(Call::ReadLink, path) ? -1 : real(path, buffer, size);
@@ -302,25 +302,25 @@ int fchown(int descriptor, uid_t owner, gid_t group) noexcept
     return fails(Call::ChangeOwner, descriptor) ? -1 : real(descriptor, owner, group);
 }
 
-ssize_t getxattr(const char* path, const char* name, void* value, size_t size) noexcept
+ssize_t getxattr(const char* path, const char* name, void* value, std::size_t size) noexcept
 {
     NEXT(getxattr);
     return fails(Call::Attribute, path) ? -1 : real(path, name, value, size);
 }
 
-ssize_t listxattr(const char* path, char* names, size_t size) noexcept
+ssize_t listxattr(const char* path, char* names, std::size_t size) noexcept
 {
     NEXT(listxattr);
     return fails(Call::Attribute, path) ? -1 : real(path, names, size);
 }
 
-int setxattr(const char* path, const char* name, const void* value, size_t size, int flags) noexcept
+int setxattr(const char* path, const char* name, const void* value, std::size_t size, int flags) noexcept
 {
     NEXT(setxattr);
     return fails(Call::Attribute, path) ? -1 : real(path, name, value, size, flags);
 }
 
-int fsetxattr(int descriptor, const char* name, const void* value, size_t size, int flags) noexcept
+int fsetxattr(int descriptor, const char* name, const void* value, std::size_t size, int flags) noexcept
 {
     NEXT(fsetxattr);
     return fails(Call::Attribute, descriptor) ? -1 : real(descriptor, name, value, size, flags);
@@ -338,7 +338,7 @@ int flock(int descriptor, int operation) noexcept
     return fails(Call::Lock, descriptor) ? -1 : real(descriptor, operation);
 }
 
-void* mmap(void* address, size_t size, int protection, int flags, int descriptor, off_t offset) noexcept
+void* mmap(void* address, std::size_t size, int protection, int flags, int descriptor, off_t offset) noexcept
 {
     if (Faults::mappingFails()) {
         return MAP_FAILED;

@@ -80,7 +80,7 @@ extern "C" int fsync(int descriptor)
     return static_cast<int>(::syscall(SYS_fsync, descriptor));
 }
 
-extern "C" int setxattr(const char* path, const char* name, const void* value, size_t size, int flags) noexcept
+extern "C" int setxattr(const char* path, const char* name, const void* value, std::size_t size, int flags) noexcept
 {
     trace().add("stamp " + nameOf(fs::path(path)));
     return static_cast<int>(::syscall(SYS_setxattr, path, name, value, size, flags));

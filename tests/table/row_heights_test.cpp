@@ -18,7 +18,7 @@ double slowTop(const std::vector<double>& heights, int row)
 int slowRowAt(const std::vector<double>& heights, double y)
 {
     double bottom = 0.0;
-    for (size_t row = 0; row < heights.size(); ++row) {
+    for (std::size_t row = 0; row < heights.size(); ++row) {
         bottom += heights[row];
         if (y >= 0.0 && y < bottom) {
             return static_cast<int>(row);
@@ -81,7 +81,7 @@ TEST(RowHeights, AgreesWithSlowSumsThroughManyChanges)
             heights.insert(heights.begin() + row, height);
         } else {
             rows.setHeight(row, height);
-            heights[static_cast<size_t>(row)] = height;
+            heights[static_cast<std::size_t>(row)] = height;
         }
         const int asked = static_cast<int>(random() % (heights.size() + 1));
         ASSERT_EQ(rows.top(asked), slowTop(heights, asked));

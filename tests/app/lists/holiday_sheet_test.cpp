@@ -43,8 +43,8 @@ constexpr std::array<Holiday, 14> holidays{{
     {"xmasDay", "Christmas Day", 12, 25, "December 25, 2024"},
 }};
 
-constexpr size_t independence = 7;
-constexpr size_t christmas = 13;
+constexpr std::size_t independence = 7;
+constexpr std::size_t christmas = 13;
 
 class HolidaySheetTest : public AppFixture {
 protected:
@@ -59,16 +59,16 @@ protected:
         }
         qFatal("nothing of that kind has tag %d", tag);
     }
-    QCheckBox& box(size_t holiday) { return withTag<QCheckBox>(200 + 2 * static_cast<int>(holiday)); }
-    QLabel& field(size_t holiday) { return withTag<QLabel>(201 + 2 * static_cast<int>(holiday)); }
+    QCheckBox& box(std::size_t holiday) { return withTag<QCheckBox>(200 + 2 * static_cast<int>(holiday)); }
+    QLabel& field(std::size_t holiday) { return withTag<QLabel>(201 + 2 * static_cast<int>(holiday)); }
     QPushButton& button(const char* name) { return *sheet().findChild<QPushButton*>(QString::fromLatin1(name)); }
 
     /// Opens the sheet as a user does and ticks these holidays.
-    void tick(std::initializer_list<size_t> chosen)
+    void tick(std::initializer_list<std::size_t> chosen)
     {
         ui->importantDatesUSHolidays->click();
         runQueued();
-        for (const size_t holiday : chosen) {
+        for (const std::size_t holiday : chosen) {
             box(holiday).click();
         }
     }
@@ -79,7 +79,7 @@ protected:
         runQueued();
     }
 
-    static Value record(size_t holiday)
+    static Value record(std::size_t holiday)
     {
         return event(2024, holidays.at(holiday).month, holidays.at(holiday).day, holidays.at(holiday).title);
     }
@@ -91,7 +91,7 @@ TEST_F(HolidaySheetTest, ItOffersFourteenHolidaysNoneTicked)
     tick({});
     EXPECT_TRUE(sheet().isVisible());
     ASSERT_EQ(sheet().findChildren<QCheckBox*>().size(), 14);
-    for (size_t i = 0; i < holidays.size(); ++i) {
+    for (std::size_t i = 0; i < holidays.size(); ++i) {
         EXPECT_EQ(box(i).objectName().toStdString(), holidays.at(i).name);
         EXPECT_EQ(box(i).text().toStdString(), holidays.at(i).title);
         EXPECT_TRUE(box(i).isEnabled());
@@ -110,7 +110,7 @@ TEST_F(HolidaySheetTest, ATickShowsTheDateAndOffersTheButtons)
 {
     start();
     tick({});
-    for (size_t i = 0; i < holidays.size(); ++i) {
+    for (std::size_t i = 0; i < holidays.size(); ++i) {
         box(i).click();
         EXPECT_EQ(field(i).text().toStdString(), holidays.at(i).shown);
         EXPECT_EQ(box(i).accessibleDescription().toStdString(), holidays.at(i).shown);
@@ -139,7 +139,7 @@ TEST_F(HolidaySheetTest, AHolidayAlreadySavedIsGrey)
                Value("no record")});
     start();
     tick({});
-    for (size_t i = 0; i < holidays.size(); ++i) {
+    for (std::size_t i = 0; i < holidays.size(); ++i) {
         const bool saved = i == independence; // last year's and one of another name do not count
         EXPECT_EQ(box(i).isEnabled(), !saved) << holidays.at(i).title;
         EXPECT_EQ(alphaValue(box(i)), saved ? 0.5 : 1.0);
@@ -184,6 +184,17 @@ TEST_F(HolidaySheetTest, AddDatesAndNotesWritesBoth)
     EXPECT_EQ(notesOnDisk(), notes);
     EXPECT_EQ(eventsOnDisk(), (Table{record(3), record(independence), record(christmas)}));
     EXPECT_EQ(dayButton(31).state(), DayButton::On) << "the mini calendar marks the new note";
+}
+
+TEST_F(HolidaySheetTest, TheDaysThatWereShownAreAddedThoughTheYearTurnedMeanwhile)
+{
+    constexpr std::size_t thanksgiving = 11;
+    start();
+    tick({thanksgiving, christmas});
+    clock.set(utcDate(2025, 1, 1, 12));
+    add("addDatesAndNotesBtn");
+    EXPECT_EQ(eventsOnDisk(), (Table{record(thanksgiving), record(christmas)}));
+    EXPECT_EQ(notesOnDisk(), (Table{note(2024, 11, 28, "Thanksgiving Day"), note(2024, 12, 25, "Christmas Day")}));
 }
 
 TEST_F(HolidaySheetTest, AShownNoteIsTheOneThatWasSaved)
@@ -325,13 +336,13 @@ TEST_F(HolidaySheetTest, ATickedHolidayLandsOnItsDayInEveryLanguage)
         std::filesystem::remove(eventsFile());
         start();
         ui->importantDatesUSHolidays->click();
-        for (size_t i = 0; i < holidays.size(); ++i) {
+        for (std::size_t i = 0; i < holidays.size(); ++i) {
             box(i).click();
             EXPECT_EQ(box(i).text().toStdString(), holidays.at(i).title) << "a record's name is never translated";
         }
         add("addDatesBtn");
         Table expected;
-        for (size_t i = 0; i < holidays.size(); ++i) {
+        for (std::size_t i = 0; i < holidays.size(); ++i) {
             expected.append(record(i));
         }
         EXPECT_EQ(eventsOnDisk(), expected) << locale;

@@ -158,7 +158,7 @@ TEST_F(NotesListTest, ImportantDatesShowDateDescriptionAndElapsedTime)
     start();
     const TableView& table = *ui->importantDatesTableView;
     for (int row = 0; row < table.numberOfRows(); ++row) {
-        EXPECT_EQ(table.cellView(elapsedColumn, row).text, text(rows.at(static_cast<size_t>(row)).elapsed)) << row;
+        EXPECT_EQ(table.cellView(elapsedColumn, row).text, text(rows.at(static_cast<std::size_t>(row)).elapsed)) << row;
     }
     EXPECT_EQ(table.cellView(noteColumn, 1).text, text("b"));
 }
