@@ -12,9 +12,6 @@ if(VELUMORA_APP)
     velumora_precompile(velumora-app-headers ${VELUMORA_APP_HEADERS})
 endif()
 
-# What moc and uic generate for the rooms; the linter needs it, but nothing compiled.
-add_custom_target(velumora-generated)
-
 # velumora_layouts(TARGET): the room includes window layouts of resources/. Their texts are translated by the same
 # catalogue, in the same context, as those of the code.
 function(velumora_layouts target)
@@ -47,6 +44,4 @@ function(velumora_room)
         endif()
     endforeach()
     target_include_directories(${name} PUBLIC ${headers})
-
-    add_dependencies(velumora-generated ${name}_autogen)
 endfunction()
