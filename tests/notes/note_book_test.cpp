@@ -72,9 +72,30 @@ TEST_F(NoteBookTest, AnswersForUnreadableTablesAsForEmptyOnes)
     book.restoreDraftDates({{DraftChange::Kind::Event, std::nullopt, DatedText{march1, "x"}}});
     book.choose(NotesChoice::all());
     EXPECT_EQ(book.sort(datesList, {{.key = "EventDateKey"}}, 0), -1);
+    EXPECT_EQ(book.removeRows(datesList, makeEventRecord(march1, "x"), 1), 0);
+    EXPECT_TRUE(book.mergeWaitingLines().empty());
     EXPECT_FALSE(book.allNotes);
     EXPECT_FALSE(book.shownNotes);
     EXPECT_FALSE(book.importantDates);
+}
+
+TEST_F(NoteBookTest, ShowsNothingInAListThatCouldNotBeRead)
+{
+    book.allNotes = Table{makeNoteRecord(march1, "a")};
+    book.shownNotes.reset();
+    EXPECT_FALSE(book.showSaved(march1));
+    EXPECT_FALSE(book.addLine(march1, "x"));
+    EXPECT_FALSE(book.hasWaitingLines());
+}
+
+TEST_F(NoteBookTest, TakesNothingIntoNotesThatCouldNotBeRead)
+{
+    book.allNotes.reset();
+    book.showOnly({makeNoteRecord(march1, "imported")});
+    EXPECT_EQ(book.finishEdit(0, true).outcome, Outcome::Nothing);
+    EXPECT_FALSE(book.addLine(march2, "x"));
+    EXPECT_FALSE(book.hasWaitingLines());
+    EXPECT_FALSE(book.allNotes);
 }
 
 TEST_F(NoteBookTest, SeesThroughAListToTheNoteInARow)
@@ -135,6 +156,17 @@ TEST_F(NoteBookTest, OpensASavedDayThatIsNotShownWithItsMonth)
     EXPECT_EQ(opened->row, 1);
 }
 
+TEST_F(NoteBookTest, ShowsLaterNotesOfTheMonthThatItOpenedADayWith)
+{
+    book.allNotes = Table{makeNoteRecord(march2, "b")};
+    ASSERT_TRUE(book.openDay(march2));
+    book.allNotes->append(makeNoteRecord(march1, "a"));
+    book.allNotes->append(makeNoteRecord(april1, "c"));
+    EXPECT_TRUE(book.showSaved(march1));
+    EXPECT_FALSE(book.showSaved(april1));
+    EXPECT_EQ(shown(), (Texts{"a", "b"}));
+}
+
 TEST_F(NoteBookTest, OpensADayWithoutANoteAsAnEmptyRowThatIsNotSaved)
 {
     hold({makeNoteRecord(march2, "b")});
@@ -151,8 +183,10 @@ TEST_F(NoteBookTest, ShowsASavedNoteWhereTheChoiceHoldsIt)
     book.choose(NotesChoice::ofMonth(march1));
     book.allNotes->append(makeNoteRecord(march1, "a"));
     book.allNotes->append(makeNoteRecord(april1, "c"));
+    const int generation = book.rowsGeneration();
     const auto added = book.showSaved(march1);
     ASSERT_TRUE(added);
+    EXPECT_NE(book.rowsGeneration(), generation);
     EXPECT_TRUE(added->isNew);
     EXPECT_EQ(added->row, 0);
     EXPECT_FALSE(book.showSaved(april1));
@@ -160,15 +194,29 @@ TEST_F(NoteBookTest, ShowsASavedNoteWhereTheChoiceHoldsIt)
     EXPECT_EQ(shown(), (Texts{"a", "b"}));
 }
 
+TEST_F(NoteBookTest, ShowsNoLaterNoteBesideWhatWasFoundOrImported)
+{
+    hold({makeNoteRecord(march1, "milk")});
+    ASSERT_TRUE(book.chooseIfAny(NotesChoice::matching("milk", "en_US")));
+    book.allNotes->append(makeNoteRecord(march2, "bread"));
+    EXPECT_FALSE(book.showSaved(march2));
+
+    book.choose(NotesChoice::all());
+    book.showOnly({makeNoteRecord(april1, "imported")});
+    EXPECT_FALSE(book.showSaved(march2));
+    EXPECT_EQ(shown(), Texts{"imported"});
+}
+
 TEST_F(NoteBookTest, ShowsTheSavedTextInTheRowOfItsDay)
 {
-    hold({makeNoteRecord(march1, "a")});
-    (*book.allNotes)[0] = makeNoteRecord(march1, "changed");
+    hold({makeNoteRecord(march2, "b"), makeNoteRecord(march1, "a")});
+    (*book.allNotes)[1] = makeNoteRecord(march1, "changed");
     const int generation = book.rowsGeneration();
     const auto changed = book.showSaved(march1);
     ASSERT_TRUE(changed);
     EXPECT_FALSE(changed->isNew);
-    EXPECT_EQ(shown(), Texts{"changed"});
+    EXPECT_EQ(changed->row, 1);
+    EXPECT_EQ(shown(), (Texts{"b", "changed"}));
     EXPECT_EQ(book.rowsGeneration(), generation); // the rows stand where they stood
 }
 
@@ -182,6 +230,23 @@ TEST_F(NoteBookTest, SortsAListAndTellsWhereTheSelectedRowWent)
     EXPECT_EQ(saved(), (Texts{"b", "a", "c"}));
     EXPECT_EQ(book.sort(notesList, {{.key = "NoteDateKey"}}, -1), -1);
     EXPECT_EQ(book.rowsGeneration(), generation + 3);
+}
+
+TEST_F(NoteBookTest, TellsOfEqualRowsWhereTheSelectedOneWent)
+{
+    const Table twins{makeNoteRecord(march1, "twin"), makeNoteRecord(march1, "twin")};
+    hold(twins);
+    EXPECT_EQ(book.sort(notesList, {{.key = "NoteDateKey"}}, 1), 1);
+    EXPECT_EQ(book.sort(notesList, {{.key = "NoteDateKey"}}, 0), 0);
+}
+
+TEST_F(NoteBookTest, KeepsTheRowsOfTheNotesWhenTheDatesAreSortedOrRemoved)
+{
+    book.addImportantDate(march2, "birthday");
+    const int generation = book.rowsGeneration();
+    book.sort(datesList, {{.key = "EventDateKey"}}, 0);
+    book.removeRows(datesList, makeEventRecord(march2, "birthday"), 0);
+    EXPECT_EQ(book.rowsGeneration(), generation);
 }
 
 // --- Editing ---------------------------------------------------------------------------------------------------------
@@ -216,6 +281,25 @@ TEST_F(NoteBookTest, EditsTheNoteInsideAListAndKeepsItsOtherKeys)
     EXPECT_TRUE(book.notes().front().dictionary()->find("More"));
 }
 
+TEST_F(NoteBookTest, EditsTheFirstRecordOfAListAndSavesItAlone)
+{
+    book.showOnly({Value(Array{Value("no record"), makeNoteRecord(march1, "a")})});
+    ASSERT_TRUE(book.changeText(notesList, 0, "b"));
+    EXPECT_EQ(book.rows(notesList), (Table{Value(Array{Value("no record"), makeNoteRecord(march1, "b")})}));
+    EXPECT_EQ(book.finishEdit(0, true).outcome, Outcome::Added);
+    EXPECT_EQ(book.allNotes, (Table{makeNoteRecord(march1, "b")}));
+}
+
+TEST_F(NoteBookTest, ChangesNoRowWithoutARecord)
+{
+    const Table rows{Value("no record"), Value(Array{})};
+    book.showOnly(rows);
+    EXPECT_FALSE(book.changeText(notesList, 0, "x"));
+    EXPECT_FALSE(book.changeText(notesList, 1, "x"));
+    EXPECT_EQ(book.shownNotes, rows);
+    EXPECT_FALSE(book.isBeingEdited());
+}
+
 TEST_F(NoteBookTest, AddsANoteAtTheEndOfTheFile)
 {
     hold({makeNoteRecord(march2, "b")});
@@ -243,7 +327,9 @@ TEST_F(NoteBookTest, DoesNotSaveALookAtARowThatShowsAnotherText)
 {
     hold({makeNoteRecord(march1, "saved")});
     book.showOnly({makeNoteRecord(march1, "imported")});
-    EXPECT_EQ(book.finishEdit(0, true).outcome, Outcome::Nothing);
+    const NoteBook::FinishedEdit look = book.finishEdit(0, true);
+    EXPECT_EQ(look.outcome, Outcome::Nothing);
+    EXPECT_FALSE(look.wasChanged);
     EXPECT_EQ(saved(), Texts{"saved"});
 
     book.changeText(notesList, 0, "imported and changed");
@@ -271,6 +357,14 @@ TEST_F(NoteBookTest, ForgetsAnEditWhoseRowIsGone)
     EXPECT_FALSE(book.isBeingEdited());
 }
 
+TEST_F(NoteBookTest, GoesOnWithAnEditWhenNoRowIsLeft)
+{
+    hold({makeNoteRecord(march1, "a")});
+    book.changeText(notesList, 0, "b");
+    EXPECT_EQ(book.finishEdit(-1, true).outcome, Outcome::Nothing);
+    EXPECT_TRUE(book.isBeingEdited());
+}
+
 TEST_F(NoteBookTest, ChangesImportantDatesAtOnce)
 {
     EXPECT_EQ(book.addImportantDate(march1, "birth"), 0);
@@ -280,6 +374,8 @@ TEST_F(NoteBookTest, ChangesImportantDatesAtOnce)
     EXPECT_FALSE(book.changeText(datesList, 1, "x"));
     EXPECT_EQ(book.importantDates, (Table{makeEventRecord(march2, "birthday")}));
     EXPECT_FALSE(book.isBeingEdited()); // which is about notes
+    EXPECT_EQ(book.addImportantDate(march1, "wedding"), 1);
+    EXPECT_EQ(texts(book.rows(datesList), datesList), (Texts{"birthday", "wedding"}));
 }
 
 // --- Removing --------------------------------------------------------------------------------------------------------
@@ -306,6 +402,17 @@ TEST_F(NoteBookTest, RemovesEqualRowsAndTellsWhereTheKeysGoOn)
     EXPECT_TRUE(book.rows(datesList).isEmpty());
 }
 
+TEST_F(NoteBookTest, RemovesRowsOfAListWhereverTheKeysAre)
+{
+    const Value gone = makeNoteRecord(march1, "gone");
+    const Table rows{gone, makeNoteRecord(march2, "b"), makeNoteRecord(april1, "c")};
+    for (const auto& [row, next] : {std::pair(-1, 0), std::pair(0, 0), std::pair(3, 2), std::pair(4, 2)}) {
+        book.showOnly(rows);
+        EXPECT_EQ(book.removeRows(notesList, gone, row), next) << row;
+        EXPECT_EQ(shown(), (Texts{"b", "c"}));
+    }
+}
+
 // --- Lines added to notes --------------------------------------------------------------------------------------------
 
 TEST_F(NoteBookTest, KeepsAnAddedLineWaitingUntilTheNotesAreSaved)
@@ -320,6 +427,23 @@ TEST_F(NoteBookTest, KeepsAnAddedLineWaitingUntilTheNotesAreSaved)
     EXPECT_EQ(saved(), Texts{"a\rbirthday"});
     EXPECT_FALSE(book.hasWaitingLines());
     EXPECT_TRUE(book.mergeWaitingLines().empty());
+}
+
+TEST_F(NoteBookTest, AddsALineToTheRowThatThereIs)
+{
+    hold({makeNoteRecord(march1, "a")});
+    book.addLine(march1, "birthday");
+    EXPECT_EQ(shown(), Texts{"a\rbirthday"});
+}
+
+TEST_F(NoteBookTest, KeepsTheSameLineOfAnotherDay)
+{
+    book.addLine(march1, "birthday");
+    book.addLine(march2, "birthday");
+    book.changeText(notesList, 0, "party");
+    book.finishEdit(0, true);
+    EXPECT_EQ(book.mergeWaitingLines(), std::vector<Date>{march2});
+    EXPECT_EQ(saved(), (Texts{"party", "birthday"}));
 }
 
 TEST_F(NoteBookTest, TakesALineWithTheNoteThatWasEditedWithIt)

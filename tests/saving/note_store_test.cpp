@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "store/store_fixture.h"
 #include "notes/NoteBook.h"
 #include "saving/NoteStore.h"
+#include "store/store_fixture.h"
 #include "support/DateGuards.h"
 
 #include <QCoreApplication>
@@ -45,9 +45,11 @@ protected:
     {
         store.reset();
         book = NoteBook();
-        store = std::make_unique<NoteStore>(
-            book, NoteStore::Folders{.applicationSupport = home(), .state = home() / "state", .temporary = {}},
-            [this] { return edited; });
+        store = std::make_unique<NoteStore>(book,
+                                            NoteStore::Folders{.applicationSupport = home(),
+                                                               .state = home() / "state",
+                                                               .temporary = home() / "temporary"},
+                                            [this] { return edited; });
         QObject::connect(store.get(), &NoteStore::saveEnded, store.get(), [this](ListKind list, std::error_code error) {
             reports.emplace_back(list, static_cast<bool>(error));
         });
@@ -87,10 +89,32 @@ protected:
         std::filesystem::rename(home() / "away", dataFolder());
     }
 
-    std::size_t keptCopies() const
+    std::size_t keptCopies() const { return namesIn(dataFolder() / "Recovered").size(); }
+
+    /// Whether `text` was kept aside.
+    bool isKept(const std::string& text) const
     {
-        return std::filesystem::exists(dataFolder() / "Recovered") ? namesIn(dataFolder() / "Recovered").size() : 0;
+        const std::filesystem::path kept = dataFolder() / "Recovered";
+        return std::ranges::any_of(namesIn(kept), [&](const std::string& name) {
+            return bytesOf(kept / name).find(text) != std::string::npos;
+        });
     }
+
+    /// The program is killed while a new note is being typed, or after a new important date.
+    void leaveNote(int day, const std::string& text)
+    {
+        edited = EditedNote{.row = {march(day), ""}, .text = text};
+        store->writeDraft();
+        store->waitUntilDone();
+        edited.reset();
+    }
+    void leaveEvent(int day, const std::string& text)
+    {
+        book.importantDates = Table{eventOf(day, text)};
+        store->writeDraft();
+        store->waitUntilDone();
+    }
+    void makeUnreadable(ListKind list) { put(dataFolder() / fileNameOf(list), "no list"); }
 
     QTimer& draftTimer() const { return *store->findChild<QTimer*>(); }
 
@@ -111,11 +135,17 @@ private:
     ClockGuard m_clockGuard{clock};
 };
 
+TEST_F(NoteStoreTest, KnowsTheFileOfEachList)
+{
+    EXPECT_EQ(fileNameOf(ListKind::Notes), NotesFileName);
+    EXPECT_EQ(fileNameOf(ListKind::ImportantDates), EventsFileName);
+}
+
 TEST_F(NoteStoreTest, LoadsEachTableIntoTheBook)
 {
     EXPECT_EQ(book.allNotes, Table());
     putOnDisk(ListKind::Notes, {noteOf(1, "dentist")});
-    put(dataFolder() / fileNameOf(ListKind::ImportantDates), "no list");
+    makeUnreadable(ListKind::ImportantDates);
     start();
     EXPECT_EQ(book.allNotes, (Table{noteOf(1, "dentist")}));
     EXPECT_EQ(book.importantDates, std::nullopt);
@@ -133,6 +163,7 @@ TEST_F(NoteStoreTest, SavesAListAsItIsAndReportsIt)
     EXPECT_EQ(onDisk(ListKind::ImportantDates), Table());
     EXPECT_EQ(reports, (std::vector<Report>{{ListKind::Notes, false}}));
     EXPECT_TRUE(store->isSaved(ListKind::Notes));
+    EXPECT_TRUE(store->hasChanges(ListKind::Notes)); // it has changed since
     EXPECT_TRUE(store->hasChanges(ListKind::ImportantDates));
 
     store->save(ListKind::ImportantDates);
@@ -195,14 +226,29 @@ TEST_F(NoteStoreTest, KeepsATextAsideThatWasNotSeenWhenItWasReplaced)
     putOnDisk(ListKind::Notes, {noteOf(1, "dentist")});
     start();
     book.allNotes = Table{noteOf(1, "dentist at nine")};
-    store->saveNotesInsteadOf("dentist", "dentist");
+    store->saveNotesInsteadOf("dentist", "dentist\rbirthday"); // as an added line made it
     waitForReports();
     EXPECT_EQ(keptCopies(), 0U);
+    EXPECT_EQ(onDisk(ListKind::Notes), (Table{noteOf(1, "dentist at nine")}));
 
     book.allNotes = Table{noteOf(1, "imported")};
-    store->saveNotesInsteadOf("dentist at nine", "another text");
+    store->saveNotesInsteadOf("dentist at nine", "dentist");
     waitForReports();
     EXPECT_EQ(keptCopies(), 1U);
+    EXPECT_EQ(onDisk(ListKind::Notes), (Table{noteOf(1, "imported")}));
+}
+
+TEST_F(NoteStoreTest, KeepsATextAsideWhoseSaveHadFailed)
+{
+    book.allNotes = Table{noteOf(1, "dentist")};
+    takeFolderAway();
+    store->save(ListKind::Notes);
+    waitForReports();
+    putFolderBack();
+    book.allNotes = Table{noteOf(1, "imported")};
+    store->saveNotesInsteadOf("dentist", "another text");
+    waitForReports();
+    EXPECT_TRUE(isKept("dentist"));
     EXPECT_EQ(onDisk(ListKind::Notes), (Table{noteOf(1, "imported")}));
 }
 
@@ -215,6 +261,11 @@ TEST_F(NoteStoreTest, KeepsAsideWhatAnImportReplaces)
     EXPECT_EQ(onDisk(ListKind::Notes), (Table{noteOf(2, "imported")}));
     EXPECT_EQ(keptCopies(), 1U);
     EXPECT_EQ(book.allNotes, (Table{noteOf(1, "dentist")}));
+
+    store->replace(Table{eventOf(2, "birthday")}, fileNameOf(ListKind::ImportantDates));
+    waitForReports();
+    EXPECT_EQ(onDisk(ListKind::ImportantDates), (Table{eventOf(2, "birthday")}));
+    EXPECT_EQ(onDisk(ListKind::Notes), (Table{noteOf(2, "imported")}));
 }
 
 TEST_F(NoteStoreTest, CleansTheNotesOfWhatAnOlderProductLeft)
@@ -236,6 +287,7 @@ TEST_F(NoteStoreTest, HasTheDraftFollowSoonThoughChangesGoOn)
     store->draftHasChanged();
     ASSERT_TRUE(draftTimer().isActive());
     EXPECT_LT(draftTimer().intervalAsDuration(), std::chrono::seconds(2));
+    EXPECT_GE(draftTimer().intervalAsDuration(), std::chrono::seconds(1)); // not at each key
     const int timer = draftTimer().timerId();
     store->draftHasChanged();
     EXPECT_EQ(draftTimer().timerId(), timer); // not begun anew
@@ -247,6 +299,13 @@ TEST_F(NoteStoreTest, HasTheDraftFollowSoonThoughChangesGoOn)
     const Draft draft = draftAfterCrash();
     ASSERT_EQ(draft.size(), 1U);
     EXPECT_EQ(draft.front().unsaved, (DatedText{march(2), "birthday"}));
+}
+
+TEST_F(NoteStoreTest, HasTheDraftFollowOnceWhenItFollowsNow)
+{
+    store->draftHasChanged();
+    store->writeDraft();
+    EXPECT_FALSE(draftTimer().isActive());
 }
 
 TEST_F(NoteStoreTest, HasTheNoteThatIsBeingTypedInTheDraft)
@@ -268,11 +327,48 @@ TEST_F(NoteStoreTest, HasAnErasedNewDayInNoDraft)
     EXPECT_TRUE(draftAfterCrash().empty());
 }
 
+TEST_F(NoteStoreTest, HasANewDayThatIsBeingTypedInTheDraft)
+{
+    edited = EditedNote{.row = {march(1), ""}, .text = "dentist"};
+    store->writeDraft();
+    const Draft draft = draftAfterCrash();
+    ASSERT_EQ(draft.size(), 1U);
+    EXPECT_EQ(draft.front().saved, std::nullopt);
+    EXPECT_EQ(draft.front().unsaved, (DatedText{march(1), "dentist"}));
+}
+
+TEST_F(NoteStoreTest, HasLinesThatWaitInTheDraft)
+{
+    putOnDisk(ListKind::Notes, {noteOf(1, "dentist")});
+    start();
+    book.choose(NotesChoice::all());
+    book.addLine(march(1), "birthday");
+    store->writeDraft();
+    Draft draft = draftAfterCrash();
+    ASSERT_EQ(draft.size(), 1U);
+    EXPECT_EQ(draft.front().unsaved, (DatedText{march(1), "dentist\rbirthday"}));
+
+    edited = EditedNote{.row = {march(1), "dentist\rbirthday"}, .text = "dentist"}; // the line was erased
+    store->writeDraft();
+    EXPECT_TRUE(draftAfterCrash().empty());
+
+    edited = EditedNote{.row = {march(1), "imported"}, .text = "imported, changed"}; // the line was not in sight
+    store->writeDraft();
+    draft = draftAfterCrash();
+    ASSERT_EQ(draft.size(), 1U);
+    EXPECT_EQ(draft.front().unsaved, (DatedText{march(1), "imported, changed\rbirthday"}));
+}
+
+TEST_F(NoteStoreTest, WritesTheDraftElsewhereWhereItsFolderTakesNone)
+{
+    put(home() / "state", "a file where the folder should be");
+    leaveEvent(2, "birthday");
+    EXPECT_EQ(DraftFile(home() / "state", home() / "temporary").read().size(), 1U);
+}
+
 TEST_F(NoteStoreTest, GivesWhatAnEarlierRunLeftUntilItIsTaken)
 {
-    book.importantDates = Table{eventOf(2, "birthday")};
-    store->writeDraft();
-    store->waitUntilDone();
+    leaveEvent(2, "birthday");
     start();
     const Draft left = store->leftDraft();
     ASSERT_EQ(left.size(), 1U);
@@ -286,11 +382,17 @@ TEST_F(NoteStoreTest, GivesWhatAnEarlierRunLeftUntilItIsTaken)
     EXPECT_TRUE(draftAfterCrash().empty());
 }
 
+TEST_F(NoteStoreTest, WritesOverNothingThatWasNotAskedForYet)
+{
+    leaveEvent(2, "birthday");
+    start();
+    store->writeDraft();
+    EXPECT_EQ(draftAfterCrash().size(), 1U);
+}
+
 TEST_F(NoteStoreTest, DiscardsWhatAnEarlierRunLeft)
 {
-    book.importantDates = Table{eventOf(2, "birthday")};
-    store->writeDraft();
-    store->waitUntilDone();
+    leaveEvent(2, "birthday");
     start();
     ASSERT_FALSE(store->leftDraft().empty());
     store->discardLeftDraft();
@@ -299,10 +401,14 @@ TEST_F(NoteStoreTest, DiscardsWhatAnEarlierRunLeft)
 
 TEST_F(NoteStoreTest, ForgetsOfAnEarlierRunWhatWasSavedAfterAll)
 {
-    book.importantDates = Table{eventOf(2, "birthday")};
-    store->writeDraft();
-    store->waitUntilDone();
+    leaveEvent(2, "birthday");
     putOnDisk(ListKind::ImportantDates, {eventOf(2, "birthday")});
+    start();
+    EXPECT_TRUE(store->leftDraft().empty());
+    EXPECT_TRUE(draftAfterCrash().empty());
+
+    leaveNote(1, "dentist");
+    putOnDisk(ListKind::Notes, {noteOf(1, "dentist")});
     start();
     EXPECT_TRUE(store->leftDraft().empty());
     EXPECT_TRUE(draftAfterCrash().empty());
@@ -310,15 +416,34 @@ TEST_F(NoteStoreTest, ForgetsOfAnEarlierRunWhatWasSavedAfterAll)
 
 TEST_F(NoteStoreTest, HoldsBackADraftWhoseTableCannotBeRead)
 {
-    book.importantDates = Table{eventOf(2, "birthday")};
-    store->writeDraft();
-    store->waitUntilDone();
-    put(dataFolder() / fileNameOf(ListKind::ImportantDates), "no list");
+    leaveEvent(2, "birthday");
+    makeUnreadable(ListKind::ImportantDates);
     start();
     EXPECT_TRUE(store->leftDraft().empty());
     EXPECT_EQ(draftAfterCrash().size(), 1U);
 
     std::filesystem::remove(dataFolder() / fileNameOf(ListKind::ImportantDates));
+    start();
+    EXPECT_EQ(store->leftDraft().size(), 1U);
+}
+
+TEST_F(NoteStoreTest, HoldsBackNotesThatCannotBeReadAlone)
+{
+    leaveNote(1, "dentist");
+    makeUnreadable(ListKind::ImportantDates);
+    start();
+    EXPECT_EQ(store->leftDraft().size(), 1U); // it is about notes
+
+    makeUnreadable(ListKind::Notes);
+    start();
+    EXPECT_TRUE(store->leftDraft().empty());
+    EXPECT_EQ(draftAfterCrash().size(), 1U);
+}
+
+TEST_F(NoteStoreTest, GivesDatesThatWereLeftThoughTheNotesCannotBeRead)
+{
+    leaveEvent(2, "birthday");
+    makeUnreadable(ListKind::Notes);
     start();
     EXPECT_EQ(store->leftDraft().size(), 1U);
 }
@@ -337,4 +462,11 @@ TEST_F(NoteStoreTest, LeavesADraftOfWhatFailsAtTheEnd)
     store->finish();
     EXPECT_EQ(onDisk(ListKind::Notes), (Table{noteOf(1, "dentist")}));
     EXPECT_TRUE(draftAfterCrash().empty());
+}
+
+TEST_F(NoteStoreTest, LeavesADraftAtTheEndOfWhatWasNeverSaved)
+{
+    book.importantDates = Table{eventOf(2, "birthday")};
+    store->finish();
+    EXPECT_EQ(DraftFile(home() / "state").read().size(), 1U); // written before the program goes on to its end
 }
