@@ -123,6 +123,7 @@ TEST_F(NoteBookTest, TakesTextOnlyWhereItHasAPlaceToGo)
     EXPECT_TRUE(book.takesText(datesList, 0));
     book.allNotes.reset();
     EXPECT_FALSE(book.takesText(notesList, 0));
+    EXPECT_TRUE(book.takesText(datesList, 0)); // which is a file of its own
 }
 
 // --- Which notes are shown -------------------------------------------------------------------------------------------
@@ -316,6 +317,16 @@ TEST_F(NoteBookTest, LeavesNoNoteOfADayThatWasOnlyLookedAt)
     EXPECT_TRUE(saved().empty());
 }
 
+TEST_F(NoteBookTest, AddsANoteThatWasOnlyLookedAtWhenItHasAText)
+{
+    book.addLine(march1, "birthday");
+    const NoteBook::FinishedEdit look = book.finishEdit(0, false);
+    EXPECT_EQ(look.outcome, Outcome::Added);
+    EXPECT_FALSE(look.wasChanged);
+    EXPECT_EQ(saved(), Texts{"birthday"});
+    EXPECT_TRUE(book.hasWaitingLines()); // no edit took it
+}
+
 TEST_F(NoteBookTest, KeepsAnEmptyNoteThatWasTypedAndErased)
 {
     const int row = book.openDay(march1)->row;
@@ -427,6 +438,14 @@ TEST_F(NoteBookTest, KeepsAnAddedLineWaitingUntilTheNotesAreSaved)
     EXPECT_EQ(saved(), Texts{"a\rbirthday"});
     EXPECT_FALSE(book.hasWaitingLines());
     EXPECT_TRUE(book.mergeWaitingLines().empty());
+}
+
+TEST_F(NoteBookTest, KeepsLinesWaitingForNotesThatCannotBeRead)
+{
+    book.addLine(march1, "birthday");
+    book.allNotes.reset();
+    EXPECT_TRUE(book.mergeWaitingLines().empty());
+    EXPECT_TRUE(book.hasWaitingLines());
 }
 
 TEST_F(NoteBookTest, AddsALineToTheRowThatThereIs)

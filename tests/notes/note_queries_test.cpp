@@ -324,6 +324,8 @@ TEST_F(NoteQueriesTest, OfTheDaysWithANoteThoseInTheListAreCountedToo)
     // A day that the zone left out begins with the next.
     EXPECT_EQ(NoteQueries::daysWithNotes(notes, notes, std::vector<Date>{january31, march1, march1}),
               (Count{.all = 2, .listed = 2}));
+    EXPECT_EQ(NoteQueries::daysWithNotes(notes, list, std::vector<Date>{january31, january31, march1}),
+              (Count{.all = 2, .listed = 1}));
 }
 
 TEST_F(NoteQueriesTest, TheNearestNoteMayBeEarlierOrLater)
