@@ -34,12 +34,16 @@ TEST(DayNumber, IsBoldWhileItIsToday)
 
 TEST(DayNumber, IsRedWhileItIsTodayAndOfTheColourOfTextElse)
 {
-    const AppearanceGuard dark(Appearance::Dark);
-    QWidget page;
-    DayNumber number(&page);
-    EXPECT_EQ(number.textColor(), namedColor(u"ControlTextColor", page.palette()));
-    number.setToday(true);
-    EXPECT_EQ(number.textColor(), namedColor(u"SystemRedColor", page.palette()));
+    for (const Appearance appearance : {Appearance::Light, Appearance::Dark}) {
+        const AppearanceGuard guard(appearance);
+        QWidget page;
+        page.setStyleSheet(QStringLiteral("QLabel { background: transparent; color: gray; }"));
+        DayNumber number(&page);
+        number.ensurePolished();
+        EXPECT_EQ(number.textColor(), namedColor(u"ControlTextColor", page.palette()));
+        number.setToday(true);
+        EXPECT_EQ(number.textColor(), namedColor(u"SystemRedColor", page.palette()));
+    }
 }
 
 TEST(DayNumber, IsPaintedInItsColourWhereItIsAlignedInItsMargins)
