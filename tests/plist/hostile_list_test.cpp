@@ -94,6 +94,8 @@ std::string inUtf16(const std::string& ascii)
 struct Hostile {
     const char* name;
     std::function<std::string(std::size_t bytes)> make;
+
+    friend std::ostream& operator<<(std::ostream& out, const Hostile& kind) { return out << kind.name; }
 };
 
 const Hostile hostile[] = {
