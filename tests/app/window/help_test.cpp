@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "support/AppFixture.h"
 #include "sheets/AboutSheet.h"
 #include "sheets/SheetQueue.h"
+#include "support/AppFixture.h"
 
 #include <QAction>
 #include <QApplication>
