@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/SharedFormatters.h"
 #include "app/WindowAnnouncer.h"
 #include "app/WindowParts.h"
 #include "calendar/DayButton.h"
 #include "dates/Clock.h"
 #include "dates/MonthGrid.h"
+#include "dates/SharedFormatters.h"
 #include "host/HostServices.h"
 #include "host/LocationManager.h"
 #include "host/UserNotificationCenter.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/Workspace.h"
-#include "host/linux/OpenUriPortal.h"
+#include "host/bus/OpenUriPortal.h"
 #include "host/linux/Opener.h"
 
 #include <QDBusConnection>

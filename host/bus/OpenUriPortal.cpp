@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/linux/OpenUriPortal.h"
+#include "host/bus/OpenUriPortal.h"
 
 #include "host/bus/BusCall.h"
 

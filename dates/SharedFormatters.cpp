@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/SharedFormatters.h"
+#include "dates/SharedFormatters.h"
 
 #include "dates/DateUtilities.h"
 
