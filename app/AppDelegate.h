@@ -86,7 +86,7 @@ public:
     /// The machine is about to be switched off: the same, but the program goes on.
     void machineWillShutDown();
 
-    /// The same for a process that ends from within, without its display: touches nothing that is shown.
+    /// The same for a process that ends from within, without its display: asks nothing of the display any more.
     void processWillExit();
 
     /// Redraws the page that is being entered.

@@ -8,8 +8,8 @@
 class QLabel;
 class QPushButton;
 
-/// The line on a page that does not show all its notes: how many are hidden, and a button that shows them. Hidden while
-/// its text is empty.
+/// The line on a page that does not show all its notes: how many of them it shows, and a button that shows the rest.
+/// Hidden while its text is empty.
 class HiddenNotesLine : public QWidget {
     Q_OBJECT
 

@@ -21,5 +21,5 @@ if(VELUMORA_SANITIZERS)
     target_compile_options(velumora-compile INTERFACE -fsanitize=${VELUMORA_SANITIZERS} -fno-omit-frame-pointer
         -fno-sanitize-recover=all)
     target_link_options(velumora-compile INTERFACE -fsanitize=${VELUMORA_SANITIZERS})
-    target_compile_definitions(velumora-compile INTERFACE VELUMORA_SANITIZED)
+    target_compile_definitions(velumora-compile INTERFACE VELUMORA_SANITIZED _GLIBCXX_ASSERTIONS)
 endif()

@@ -11,9 +11,9 @@ struct ColorPair {
     constexpr QRgb of(bool isDark) const { return isDark ? dark : light; }
 };
 
-/// Every colour that the program has, the pictures of resources/ left out. A control does not take its colours from
-/// here but asks for a role of the palette (look/Appearance.h) or a named colour (look/NamedColor.h), which change with
-/// the appearance.
+/// Every colour that the program has, except those in the pictures and help pages of resources/. A control does not
+/// take its colours from here but asks for a role of the palette (look/Appearance.h) or a named colour
+/// (look/NamedColor.h), which change with the appearance.
 namespace Colors {
 
 inline constexpr QRgb black = 0xff000000;
