@@ -56,8 +56,6 @@ std::vector<QRect> linesOf(QWidget& widget)
     return lines;
 }
 
-} // namespace
-
 TEST_F(NoteFieldTest, WrapsAndIsCutOnlyWhenItIsLonger)
 {
     field.setNote(QStringLiteral("Tea"));
@@ -212,3 +210,5 @@ TEST_F(NoteFieldTest, TheTabKeyPassesOverAFieldWithoutANote)
     field.setNote({});
     EXPECT_EQ(field.focusPolicy(), Qt::NoFocus);
 }
+
+} // namespace

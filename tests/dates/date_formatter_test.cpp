@@ -12,7 +12,7 @@ class DateFormatterTest : public testing::Test {
     LocaleGuard m_locale{"en_US", {"en-US"}};
 };
 
-const Date FifthOfMarch = utcDate(2024, 3, 5, 14, 7, 9);
+const Date FifthOfMarchAtTwo = utcDate(2024, 3, 5, 14, 7, 9);
 
 DateFormatter withFormat(QStringView pattern, const char* locale = "en_US")
 {
@@ -24,13 +24,13 @@ DateFormatter withFormat(QStringView pattern, const char* locale = "en_US")
 TEST_F(DateFormatterTest, APlainOneHasNoTextUntilAStyleIsSet)
 {
     DateFormatter formatter;
-    EXPECT_EQ(formatter.stringFromDate(FifthOfMarch), QString());
+    EXPECT_EQ(formatter.stringFromDate(FifthOfMarchAtTwo), QString());
     formatter.setDateStyle(DateFormatter::Style::Medium);
-    EXPECT_EQ(formatter.stringFromDate(FifthOfMarch), QStringLiteral("Mar 5, 2024"));
+    EXPECT_EQ(formatter.stringFromDate(FifthOfMarchAtTwo), QStringLiteral("Mar 5, 2024"));
     formatter.setTimeStyle(DateFormatter::Style::Short);
-    EXPECT_EQ(formatter.stringFromDate(FifthOfMarch), QStringLiteral("Mar 5, 2024, 2:07\u202fPM"));
+    EXPECT_EQ(formatter.stringFromDate(FifthOfMarchAtTwo), QStringLiteral("Mar 5, 2024, 2:07\u202fPM"));
     formatter.setDateStyle(DateFormatter::Style::None);
-    EXPECT_EQ(formatter.stringFromDate(FifthOfMarch), QStringLiteral("2:07\u202fPM"));
+    EXPECT_EQ(formatter.stringFromDate(FifthOfMarchAtTwo), QStringLiteral("2:07\u202fPM"));
 }
 
 TEST_F(DateFormatterTest, StylesFollowTheLocale)
@@ -55,7 +55,7 @@ TEST_F(DateFormatterTest, StylesFollowTheLocale)
     for (const Row& row : Rows) {
         DateFormatter formatter(row.locale);
         formatter.setDateStyle(row.style);
-        EXPECT_EQ(formatter.stringFromDate(FifthOfMarch), row.text.toString()) << row.locale;
+        EXPECT_EQ(formatter.stringFromDate(FifthOfMarchAtTwo), row.text.toString()) << row.locale;
     }
 }
 
@@ -82,30 +82,31 @@ TEST_F(DateFormatterTest, AStyleAndAFormatReplaceEachOther)
     DateFormatter formatter;
     formatter.setDateStyle(DateFormatter::Style::Long);
     formatter.setDateFormat(QStringLiteral("MM"));
-    EXPECT_EQ(formatter.stringFromDate(FifthOfMarch), QStringLiteral("03"));
+    EXPECT_EQ(formatter.stringFromDate(FifthOfMarchAtTwo), QStringLiteral("03"));
     formatter.setDateStyle(DateFormatter::Style::Short);
-    EXPECT_EQ(formatter.stringFromDate(FifthOfMarch), QStringLiteral("3/5/24"));
+    EXPECT_EQ(formatter.stringFromDate(FifthOfMarchAtTwo), QStringLiteral("3/5/24"));
 }
 
 TEST_F(DateFormatterTest, IdentifiersOfEitherFormNameTheLocale)
 {
     for (const char* identifier : {"de", "de-DE", "de_DE", "de_DE.UTF-8", "de-Latn-DE"}) {
-        EXPECT_EQ(withFormat(u"MMMM", identifier).stringFromDate(FifthOfMarch), QStringLiteral("März")) << identifier;
+        EXPECT_EQ(withFormat(u"MMMM", identifier).stringFromDate(FifthOfMarchAtTwo), QStringLiteral("März"))
+            << identifier;
     }
-    EXPECT_EQ(withFormat(u"y", "en-US-u-ca-buddhist").stringFromDate(FifthOfMarch), QStringLiteral("2567"));
-    EXPECT_EQ(withFormat(u"y", "en_US@calendar=buddhist").stringFromDate(FifthOfMarch), QStringLiteral("2567"));
+    EXPECT_EQ(withFormat(u"y", "en-US-u-ca-buddhist").stringFromDate(FifthOfMarchAtTwo), QStringLiteral("2567"));
+    EXPECT_EQ(withFormat(u"y", "en_US@calendar=buddhist").stringFromDate(FifthOfMarchAtTwo), QStringLiteral("2567"));
 }
 
 TEST_F(DateFormatterTest, SettingTheLocaleKeepsTheFormatAndTakesItsCalendar)
 {
     DateFormatter formatter = withFormat(u"d MMMM y");
     formatter.setLocale("th-TH");
-    EXPECT_EQ(formatter.stringFromDate(FifthOfMarch), QStringLiteral("5 มีนาคม 2567"));
+    EXPECT_EQ(formatter.stringFromDate(FifthOfMarchAtTwo), QStringLiteral("5 มีนาคม 2567"));
     EXPECT_EQ(formatter.dateFromString(QStringLiteral("5 มีนาคม 2567")), utcDate(2024, 3, 5));
     DateFormatter styled;
     styled.setDateStyle(DateFormatter::Style::Long);
     styled.setLocale("de");
-    EXPECT_EQ(styled.stringFromDate(FifthOfMarch), QStringLiteral("5. März 2024"));
+    EXPECT_EQ(styled.stringFromDate(FifthOfMarchAtTwo), QStringLiteral("5. März 2024"));
 }
 
 TEST_F(DateFormatterTest, ParsingIsStrict)
@@ -182,9 +183,9 @@ TEST_F(DateFormatterTest, ACopyIsIndependent)
     DateFormatter original = withFormat(u"MM");
     DateFormatter copy = original;
     original.setDateFormat(QStringLiteral("yyyy"));
-    EXPECT_EQ(copy.stringFromDate(FifthOfMarch), QStringLiteral("03"));
+    EXPECT_EQ(copy.stringFromDate(FifthOfMarchAtTwo), QStringLiteral("03"));
     copy = original;
-    EXPECT_EQ(copy.stringFromDate(FifthOfMarch), QStringLiteral("2024"));
+    EXPECT_EQ(copy.stringFromDate(FifthOfMarchAtTwo), QStringLiteral("2024"));
     EXPECT_FALSE(copy.dateFromString(QStringLiteral("x")).has_value());
 }
 

@@ -8,14 +8,14 @@
 namespace {
 
 // Expected texts are worked by hand.
-struct Row {
+struct ElapsedRow {
     const char* name;
     Date event;
     Date now;
     QStringView text;
 };
 
-class ElapsedDateText : public testing::TestWithParam<Row> {
+class ElapsedDateText : public testing::TestWithParam<ElapsedRow> {
     TimeZoneGuard m_zone{"UTC"};
     LocaleGuard m_locale{"en_US", {"en-US"}};
 };
@@ -27,23 +27,23 @@ TEST_P(ElapsedDateText, CountsYearsMonthsAndDays)
 
 INSTANTIATE_TEST_SUITE_P(
     Dates, ElapsedDateText,
-    testing::Values(Row{"AllThree", utcDate(2020, 1, 1), utcDate(2023, 3, 6, 12), u"3 Years 2 Months 5 Days"},
-                    Row{"OneOfEach", utcDate(2020, 1, 1), utcDate(2021, 2, 2), u"1 Year 1 Month 1 Day"},
-                    Row{"NoMonth", utcDate(2022, 3, 5, 10), utcDate(2023, 3, 6, 10), u"1 Year  1 Day"},
-                    Row{"EarlierToday", utcDate(2024, 3, 5), utcDate(2024, 3, 5, 10), u"0 Years, 0 Months, 0 Days "},
-                    Row{"LaterToday", utcDate(2024, 3, 5, 20), utcDate(2024, 3, 5, 10), u"0 Years, 0 Months, 0 Days "},
-                    Row{"SameInstant", utcDate(2024, 3, 5), utcDate(2024, 3, 5), u"0 Years, 0 Months, 0 Days "},
-                    Row{"MidnightTomorrow", utcDate(2024, 3, 6), utcDate(2024, 3, 5, 10),
-                        u"0 Years, 0 Months, 0 Days "},
-                    Row{"TwoMonthsAhead", utcDate(2024, 5, 5, 10), utcDate(2024, 3, 5, 10), u" 2 Months "},
-                    Row{"TwoYearsAhead", utcDate(2026, 3, 5), utcDate(2024, 3, 5), u"2 Years  "},
-                    Row{"TwoYearsPast", utcDate(2022, 3, 5), utcDate(2024, 3, 5), u"2 Years  "},
-                    Row{"OneDayPast", utcDate(2024, 3, 4), utcDate(2024, 3, 5), u"  1 Day"},
-                    Row{"YearAndDayAhead", utcDate(2025, 3, 6), utcDate(2024, 3, 5), u"1 Year  1 Day"},
-                    Row{"LeapDayInAPlainYear", utcDate(2020, 2, 29), utcDate(2021, 2, 28), u"1 Year  "},
-                    Row{"EndOfMonth", utcDate(2024, 1, 31), utcDate(2024, 3, 1), u" 1 Month 1 Day"},
-                    Row{"ACentury", utcDate(1920, 6, 15), utcDate(2024, 3, 5), u"103 Years 8 Months 19 Days"}),
-    [](const testing::TestParamInfo<Row>& row) { return std::string(row.param.name); });
+    testing::Values(
+        ElapsedRow{"AllThree", utcDate(2020, 1, 1), utcDate(2023, 3, 6, 12), u"3 Years 2 Months 5 Days"},
+        ElapsedRow{"OneOfEach", utcDate(2020, 1, 1), utcDate(2021, 2, 2), u"1 Year 1 Month 1 Day"},
+        ElapsedRow{"NoMonth", utcDate(2022, 3, 5, 10), utcDate(2023, 3, 6, 10), u"1 Year  1 Day"},
+        ElapsedRow{"EarlierToday", utcDate(2024, 3, 5), utcDate(2024, 3, 5, 10), u"0 Years, 0 Months, 0 Days "},
+        ElapsedRow{"LaterToday", utcDate(2024, 3, 5, 20), utcDate(2024, 3, 5, 10), u"0 Years, 0 Months, 0 Days "},
+        ElapsedRow{"SameInstant", utcDate(2024, 3, 5), utcDate(2024, 3, 5), u"0 Years, 0 Months, 0 Days "},
+        ElapsedRow{"MidnightTomorrow", utcDate(2024, 3, 6), utcDate(2024, 3, 5, 10), u"0 Years, 0 Months, 0 Days "},
+        ElapsedRow{"TwoMonthsAhead", utcDate(2024, 5, 5, 10), utcDate(2024, 3, 5, 10), u" 2 Months "},
+        ElapsedRow{"TwoYearsAhead", utcDate(2026, 3, 5), utcDate(2024, 3, 5), u"2 Years  "},
+        ElapsedRow{"TwoYearsPast", utcDate(2022, 3, 5), utcDate(2024, 3, 5), u"2 Years  "},
+        ElapsedRow{"OneDayPast", utcDate(2024, 3, 4), utcDate(2024, 3, 5), u"  1 Day"},
+        ElapsedRow{"YearAndDayAhead", utcDate(2025, 3, 6), utcDate(2024, 3, 5), u"1 Year  1 Day"},
+        ElapsedRow{"LeapDayInAPlainYear", utcDate(2020, 2, 29), utcDate(2021, 2, 28), u"1 Year  "},
+        ElapsedRow{"EndOfMonth", utcDate(2024, 1, 31), utcDate(2024, 3, 1), u" 1 Month 1 Day"},
+        ElapsedRow{"ACentury", utcDate(1920, 6, 15), utcDate(2024, 3, 5), u"103 Years 8 Months 19 Days"}),
+    [](const testing::TestParamInfo<ElapsedRow>& row) { return std::string(row.param.name); });
 
 TEST(ElapsedDate, UsesTheWordsItIsGiven)
 {

@@ -35,9 +35,8 @@ TEST(LocaleIdentifier, IsThatOfTheLibrarysNameWithoutItsEncoding)
 
 TEST(LocalePairFromEnvironment, TakesTheFirstVariableThatIsSet)
 {
-    using Variables = std::map<std::string, std::string>;
     struct {
-        Variables variables;
+        std::map<std::string, std::string> variables;
         LocalePair pair;
     } const rows[] = {
         {{}, {"en_US", {"en-US"}}},

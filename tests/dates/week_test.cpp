@@ -29,8 +29,6 @@ std::optional<Date> walked(Date date, int weeks)
     return first;
 }
 
-} // namespace
-
 TEST(WeekLabel, IsReadBackInEveryLanguage)
 {
     const TimeZoneGuard zone("Europe/Berlin");
@@ -116,3 +114,5 @@ TEST(WeekDays, CountADayThatTheZoneLeftOut)
         EXPECT_EQ(days.at(i).isLeftOut, i == 5) << i;
     }
 }
+
+} // namespace

@@ -81,11 +81,11 @@ class DraftIsNone : public FaultScenario {
     }
 };
 
-const FaultRow rows[] = {
+const FaultRow draftScenarios[] = {
     faultRow<DraftIsReplaced>("IsReplaced"),
     faultRow<DraftIsNone>("IsNone"),
 };
 
-INSTANTIATE_TEST_SUITE_P(Draft, EveryFault, testing::ValuesIn(rows), nameOfFaultRow);
+INSTANTIATE_TEST_SUITE_P(Draft, EveryFault, testing::ValuesIn(draftScenarios), nameOfFaultRow);
 
 } // namespace

@@ -25,8 +25,6 @@ int errorOf(Faults::Call call)
     return std::ranges::count(errors, EIO) > 0 ? EIO : errors.front();
 }
 
-} // namespace
-
 class ProgramFaults : public AppFixture, public testing::WithParamInterface<Faults::Call> {
 protected:
     ProgramFaults()
@@ -138,3 +136,5 @@ INSTANTIATE_TEST_SUITE_P(Calls, ProgramFaults, testing::ValuesIn([] {
                                            [](char c) { return std::isalnum(static_cast<unsigned char>(c)) == 0; });
                              return name;
                          });
+
+} // namespace

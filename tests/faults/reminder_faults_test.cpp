@@ -85,7 +85,7 @@ protected:
     std::error_code m_error;
 };
 
-class Load : public ReminderScenario {
+class ReminderLoad : public ReminderScenario {
 protected:
     void change() override {}
     void checkAfterSuccess() override
@@ -96,7 +96,7 @@ protected:
 };
 
 /// The parser asks the system for memory of its own.
-class LargeLoad : public Load {
+class LargeLoad : public ReminderLoad {
     void prepare() override
     {
         fs::create_directory(file().parent_path());
@@ -222,13 +222,9 @@ class StartAtLogin : public FaultScenario {
     std::error_code m_error;
 };
 
-const FaultRow rows[] = {
-    faultRow<Load>("Load"),
-    faultRow<LargeLoad>("LargeLoad"),
-    faultRow<Addition>("Addition"),
-    faultRow<Delivery>("Delivery"),
-    faultRow<LastGoes>("LastGoes"),
-    faultRow<OtherFile>("OtherFile"),
+const FaultRow reminderScenarios[] = {
+    faultRow<ReminderLoad>("Load"),         faultRow<LargeLoad>("LargeLoad"), faultRow<Addition>("Addition"),
+    faultRow<Delivery>("Delivery"),         faultRow<LastGoes>("LastGoes"),   faultRow<OtherFile>("OtherFile"),
     faultRow<StartAtLogin>("StartAtLogin"),
 };
 
@@ -249,6 +245,6 @@ TEST(StartAtLoginFaults, AnEntryWithoutItsSyncIsNoneHoweverOftenItIsTried)
     EXPECT_FALSE(entry.enable());
 }
 
-INSTANTIATE_TEST_SUITE_P(Reminders, EveryFault, testing::ValuesIn(rows), nameOfFaultRow);
+INSTANTIATE_TEST_SUITE_P(Reminders, EveryFault, testing::ValuesIn(reminderScenarios), nameOfFaultRow);
 
 } // namespace

@@ -16,8 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string notesName = "TALV VeluMora";
-
 const Table& oldNotes()
 {
     static const Table table = notes(3, "old");
@@ -79,7 +77,7 @@ protected:
     std::error_code m_error;
 };
 
-class Load : public Scenario {
+class TableLoad : public Scenario {
     void act() override { m_found = m_folder.loadTable(notesName); }
     void checkAfterFault() override
     {
@@ -250,8 +248,8 @@ class CopiesAreThere : public SaveOverForeign {
     }
 };
 
-const FaultRow rows[] = {
-    faultRow<Load>("Load"),
+const FaultRow storeScenarios[] = {
+    faultRow<TableLoad>("Load"),
     faultRow<FirstSave>("FirstSave"),
     faultRow<SaveOverOwn>("SaveOverOwn"),
     faultRow<SaveOverForeign>("SaveOverForeign"),
@@ -350,6 +348,6 @@ TEST(StoreFaults, WhereNothingIsToBeDoneAReadOnlyDiskIsNoFailure)
     EXPECT_EQ(listIn(*folder.fileUrl(notesName)), newNotes());
 }
 
-INSTANTIATE_TEST_SUITE_P(Store, EveryFault, testing::ValuesIn(rows), nameOfFaultRow);
+INSTANTIATE_TEST_SUITE_P(Store, EveryFault, testing::ValuesIn(storeScenarios), nameOfFaultRow);
 
 } // namespace

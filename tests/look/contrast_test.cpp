@@ -24,12 +24,12 @@ protected:
     }
 };
 
-std::string nameOf(const ::testing::TestParamInfo<Appearance>& info)
+std::string nameOfAppearance(const ::testing::TestParamInfo<Appearance>& info)
 {
     return info.param == Appearance::Dark ? "Dark" : "Light";
 }
 
-INSTANTIATE_TEST_SUITE_P(Both, ContrastTest, ::testing::Values(Appearance::Light, Appearance::Dark), nameOf);
+INSTANTIATE_TEST_SUITE_P(Both, ContrastTest, ::testing::Values(Appearance::Light, Appearance::Dark), nameOfAppearance);
 
 TEST_P(ContrastTest, EveryTextOfThePaletteIsRead)
 {
@@ -89,7 +89,8 @@ TEST_P(ContrastTest, ASelectedRowStandsOutFromTheOthers)
 /// In high contrast every text and every line stands out as the guidelines' strictest level asks, and more.
 class StrongContrastTest : public ::testing::TestWithParam<Appearance> {};
 
-INSTANTIATE_TEST_SUITE_P(Both, StrongContrastTest, ::testing::Values(Appearance::Light, Appearance::Dark), nameOf);
+INSTANTIATE_TEST_SUITE_P(Both, StrongContrastTest, ::testing::Values(Appearance::Light, Appearance::Dark),
+                         nameOfAppearance);
 
 TEST_P(StrongContrastTest, EveryTextAndEveryLineStandsOut)
 {

@@ -42,13 +42,13 @@ std::string binaryList(const std::vector<std::string>& objects)
            number(offsetTable, 8);
 }
 
-struct Row {
+struct BadInput {
     const char* name;
     std::string bytes;
 };
 
 // Each of these is no table at all.
-const Row unreadable[] = {
+const BadInput unreadable[] = {
     {"empty file", ""},
     {"blanks only", " \n"},
     {"not XML", "Dear diary"},
@@ -119,7 +119,7 @@ const Row unreadable[] = {
 
 TEST(PropertyListBadInput, GivesNoTable)
 {
-    for (const Row& row : unreadable) {
+    for (const BadInput& row : unreadable) {
         EXPECT_FALSE(PropertyList::readTable(row.bytes)) << row.name;
         EXPECT_FALSE(PropertyList::readTable(inPlainForm(row.bytes))) << row.name << ", plain";
     }

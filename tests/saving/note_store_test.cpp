@@ -30,8 +30,6 @@ Value eventOf(int day, const std::string& text)
 /// What a store said of a save.
 using Report = std::pair<ListKind, bool>; ///< whether it failed
 
-} // namespace
-
 class NoteStoreTest : public testing::Test {
 protected:
     NoteStoreTest()
@@ -471,3 +469,5 @@ TEST_F(NoteStoreTest, LeavesADraftAtTheEndOfWhatWasNeverSaved)
     store->finish();
     EXPECT_EQ(DraftFile(home() / "state").read().size(), 1U); // written before the program goes on to its end
 }
+
+} // namespace

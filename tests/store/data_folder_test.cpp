@@ -16,9 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string notesName = "TALV VeluMora";
-const std::string eventsName = "TALV Events";
-
 constexpr const char* oneNote = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
 <plist version="1.0">
@@ -60,13 +57,6 @@ protected:
     FixedClock m_clock{storeTime};
     DataFolder m_folder{m_home.path(), m_clock};
 };
-
-mode_t modeOf(const fs::path& path)
-{
-    struct stat status {};
-    EXPECT_EQ(::stat(path.c_str(), &status), 0);
-    return status.st_mode & 07777;
-}
 
 TEST_F(DataFolderTest, LiesInTheApplicationSupportFolder)
 {

@@ -54,13 +54,6 @@ protected:
     TestFolder m_home;
 };
 
-mode_t modeOf(const fs::path& path)
-{
-    struct stat status {};
-    EXPECT_EQ(::stat(path.c_str(), &status), 0);
-    return status.st_mode & 07777;
-}
-
 TEST_F(DraftFileTest, WhatOneRunWroteTheNextOneReads)
 {
     writeInAnotherRun(draftOf("typed"));

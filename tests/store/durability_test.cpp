@@ -111,8 +111,6 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-const std::string notesName = "TALV VeluMora";
-
 class DurabilityTest : public testing::Test {
 protected:
     fs::path notesFile() const { return m_home.path() / "TALV" / notesName; }

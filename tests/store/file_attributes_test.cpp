@@ -13,7 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string notesName = "TALV VeluMora";
 constexpr gid_t sharedGroup = 12345;
 
 struct stat statusOf(const fs::path& file)

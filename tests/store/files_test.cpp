@@ -10,8 +10,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string notesName = "TALV VeluMora";
-
 TEST(FileStatus, OnlyWhatTheSystemCallsAbsentIsAbsent)
 {
     const TestFolder home;

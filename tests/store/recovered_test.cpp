@@ -12,8 +12,6 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-const std::string notesName = "TALV VeluMora";
-
 class RecoveredTest : public testing::Test {
 protected:
     RecoveredTest() { fs::create_directory(m_home.path() / "TALV"); }

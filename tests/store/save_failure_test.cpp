@@ -17,8 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string notesName = "TALV VeluMora";
-
 class SaveFailureTest : public testing::Test {
 protected:
     fs::path folderPath() const { return m_home.path() / "TALV"; }

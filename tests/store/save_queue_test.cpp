@@ -21,9 +21,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string notesName = "TALV VeluMora";
-const std::string eventsName = "TALV Events";
-
 class SaveQueueTest : public testing::Test {
 protected:
     fs::path folderPath() const { return m_home.path() / "TALV"; }

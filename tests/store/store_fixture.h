@@ -15,9 +15,13 @@
 #include <vector>
 
 #include <stdlib.h>
+#include <sys/stat.h>
 
 /// The time of the store's tests: 2026-11-21 05:32:10.123 UTC, by Python's datetime.
 inline constexpr Date storeTime = dateFromUnixSeconds(1795239130.123);
+
+inline const std::string notesName = "TALV VeluMora";
+inline const std::string eventsName = "TALV Events";
 
 /// A new folder on the build's file system, removed at the end.
 class TestFolder {
@@ -53,6 +57,14 @@ inline std::string bytesOf(const std::filesystem::path& file)
 {
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// The permissions.
+inline mode_t modeOf(const std::filesystem::path& path)
+{
+    struct stat status {};
+    EXPECT_EQ(::stat(path.c_str(), &status), 0);
+    return status.st_mode & 07777;
 }
 
 /// What lies in `folder`, sorted.

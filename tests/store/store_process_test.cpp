@@ -11,7 +11,6 @@
 
 namespace {
 
-const std::string notesName = "TALV VeluMora";
 constexpr int noteCount = 200;   // as the other program has
 constexpr int patience = 60'000; // milliseconds
 

@@ -30,8 +30,6 @@ std::optional<Table> tableIn(const std::filesystem::path& file)
     return PropertyList::readTable(std::string(std::istreambuf_iterator(stream), {}));
 }
 
-constexpr int noteColumn = 1;
-
 } // namespace
 
 AppFixture::AppFixture()
@@ -173,8 +171,8 @@ QStringList AppFixture::shownRows()
 
 void AppFixture::typeNote(int row, const QString& text)
 {
-    ui->notesTableView->editColumn(noteColumn, row);
-    auto* editor = qobject_cast<CellEditor*>(ui->notesTableView->viewAt(noteColumn, row));
+    ui->notesTableView->editColumn(textColumn, row);
+    auto* editor = qobject_cast<CellEditor*>(ui->notesTableView->viewAt(textColumn, row));
     ASSERT_TRUE(editor) << "no edit began in row " << row;
     QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(editor, Qt::Key_Delete);

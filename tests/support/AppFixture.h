@@ -20,6 +20,11 @@
 /// 15 March 2024, 09:30 in Berlin (a Friday), English, and a home of its own.
 class AppFixture : public ::testing::Test {
 protected:
+    /// The columns of both lists.
+    static constexpr int dateColumn = 0;
+    static constexpr int textColumn = 1;
+    static constexpr int elapsedColumn = 2;
+
     AppFixture();
     ~AppFixture() override;
 
@@ -56,6 +61,8 @@ protected:
 
     /// The user clicks the notification that a reminder of `note` left.
     void clickReminder(const Value& note);
+
+    static QString text(const char* utf8) { return QString::fromUtf8(utf8); }
 
     /// Midnight of a day in the current calendar, and a note of it.
     static Date day(int year, int month, int dayOfMonth);

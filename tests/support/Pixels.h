@@ -21,6 +21,9 @@ template <typename Holds> QRect placeOf(const QImage& picture, Holds holds)
     return place;
 }
 
+/// The red of today in the light appearance.
+inline constexpr QColor todayRed(0xba, 0x00, 0x19);
+
 /// The red of today, also where a letter's edge mixes it with the ground.
 inline bool isRed(const QColor& color)
 {

@@ -27,8 +27,6 @@ void setClipboard(const QString& text)
 
 const QString everyNewline = u"a\rb\nc\r\nd\u000Be\u000Cf\u0085g\u2028h\u2029i\n"_qs;
 
-} // namespace
-
 TEST(CellEditor, ATextComesBackAsItWas)
 {
     for (const QString& text :
@@ -160,3 +158,5 @@ TEST(CellEditor, EscapeAsksForTheEndAndTabForTheNextCellAndTypeNothing)
     EXPECT_EQ(told, (QStringList{u"end"_qs, u"1"_qs, u"-1"_qs}));
     EXPECT_EQ(editor.text(), u"a"_qs);
 }
+
+} // namespace

@@ -8,10 +8,6 @@
 
 namespace {
 
-constexpr int noteColumn = 1;
-
-} // namespace
-
 class Composing : public TableTest {
 protected:
     Composing()
@@ -62,3 +58,5 @@ TEST_F(Composing, ADeadKeyIsNotFinishedElsewhere)
     EXPECT_EQ(table.editedRow(), -1);
     EXPECT_FALSE(inputMethod.deadKey);
 }
+
+} // namespace

@@ -18,7 +18,7 @@ QPalette palette(QColor base, QColor text)
     return result;
 }
 
-const QPalette light = palette(Qt::white, Qt::black);
+const QPalette lightColors = palette(Qt::white, Qt::black);
 
 QColor at(const QImage& image, int x, int y)
 {
@@ -42,11 +42,11 @@ TEST(TableRowView, TheSelectionFillsTheWholeRowWhateverPartIsDrawn)
     image.fill(Qt::white);
     QPainter painter(&image);
     TableRowView view;
-    view.setPalette(light);
+    view.setPalette(lightColors);
     view.setBounds(QRectF(5, 10, 30, 17));
     view.drawSelectionInRect(painter, QRectF(10, 12, 2, 2));
     painter.end();
-    const QColor selection = namedColor(u"TableRowSelectionColor", light);
+    const QColor selection = namedColor(u"TableRowSelectionColor", lightColors);
     EXPECT_EQ(at(image, 5, 10), selection);
     EXPECT_EQ(at(image, 34, 26), selection);
     EXPECT_EQ(at(image, 4, 10), QColor(Qt::white));

@@ -27,8 +27,6 @@ int slowRowAt(const std::vector<double>& heights, double y)
     return -1;
 }
 
-} // namespace
-
 TEST(RowHeights, WithoutRowsThereIsNothing)
 {
     const RowHeights none;
@@ -89,3 +87,5 @@ TEST(RowHeights, AgreesWithSlowSumsThroughManyChanges)
         ASSERT_EQ(rows.rowAt(y), slowRowAt(heights, y)) << y;
     }
 }
+
+} // namespace

@@ -15,8 +15,6 @@ protected:
     QAccessibleTableInterface* grid() { return root()->tableInterface(); }
 };
 
-} // namespace
-
 TEST_F(TableAccessibility, ItIsATableWithAllItsRows)
 {
     EXPECT_EQ(root()->role(), QAccessible::Table);
@@ -147,3 +145,5 @@ TEST_F(TableAccessibility, ATableOfALifetimeMakesOnlyTheCellsThatAreAskedFor)
     EXPECT_EQ(grid()->cellAt(36524, 1)->text(QAccessible::Name), u"Note: note 36524"_qs);
     EXPECT_EQ(delegate.rowsAskedForView, std::vector<int>{36524});
 }
+
+} // namespace

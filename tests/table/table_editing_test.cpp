@@ -10,11 +10,6 @@
 
 namespace {
 
-constexpr int dateColumn = 0;
-constexpr int noteColumn = 1;
-
-} // namespace
-
 TEST_F(TableTest, AClickOnATextSelectsItsRowAndEditsItWhereItWasClicked)
 {
     showRows({u"one"_qs, u"first line\nsecond line"_qs});
@@ -169,8 +164,6 @@ TEST_F(TableTest, AReloadEndsTheEditFirst)
     EXPECT_TRUE(delegate.told.contains(u"ended note 2"_qs));
 }
 
-namespace {
-
 class ReloadingDelegate : public FakeTableDelegate {
 public:
     void controlTextDidEndEditing(QWidget& field) override
@@ -180,8 +173,6 @@ public:
         table->reloadData();
     }
 };
-
-} // namespace
 
 TEST_F(TableTest, ADelegateMayReloadAtTheEndOfAnEdit)
 {
@@ -247,8 +238,6 @@ TEST_F(TableTest, TypedTextStandsWhereTheCellDrawsIt)
     EXPECT_EQ(firstDark(edited), firstDark(drawn));
 }
 
-namespace {
-
 /// A table whose dates are edited in a date picker.
 class DatePickerTable : public TableTest {
 protected:
@@ -268,8 +257,6 @@ protected:
     int refusedRow = 4;
     const int dayColumn = 2;
 };
-
-} // namespace
 
 TEST_F(DatePickerTable, TheControlStandsInItsCellWhileItIsEdited)
 {
@@ -335,3 +322,5 @@ TEST_F(DatePickerTable, TheEndOfAControlsEditIsNotATextsEnd)
     EXPECT_EQ(table.editedRow(), -1);
     EXPECT_TRUE(delegate.told.isEmpty());
 }
+
+} // namespace

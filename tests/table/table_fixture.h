@@ -32,6 +32,9 @@ public:
     TableView* table = nullptr; ///< whose row heights change while text is typed
 };
 
+inline constexpr int dateColumn = 0;
+inline constexpr int noteColumn = 1;
+
 /// A window of 400 x 300 points with a table in it (column "date" of 100 points, column "note" over the rest, editable)
 /// and a plain text field below it that can take the keys.
 class TableTest : public ::testing::Test {

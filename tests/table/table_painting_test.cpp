@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int noteColumn = 1;
-
 QImage picture(TableView& table)
 {
     return table.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
@@ -39,8 +37,6 @@ bool hasColor(const QImage& image, const QRect& part, const QColor& color)
     }
     return false;
 }
-
-} // namespace
 
 class TablePainting : public TableTest {
 protected:
@@ -136,3 +132,5 @@ TEST_F(TablePainting, AnEmptyTableShowsItsPlaceholderOrNothing)
     EXPECT_NEAR(text.center().x(), table.viewport()->rect().center().x(), 3);
     EXPECT_NEAR(text.center().y(), table.viewport()->rect().center().y(), 6);
 }
+
+} // namespace

@@ -13,9 +13,6 @@
 
 namespace {
 
-constexpr int dateColumn = 0;
-constexpr int noteColumn = 1;
-
 TableColumn column(double width, bool stretches)
 {
     TableColumn made;
@@ -24,8 +21,6 @@ TableColumn column(double width, bool stretches)
     made.minimumWidth = 40;
     return made;
 }
-
-} // namespace
 
 TEST(ColumnLayout, StretchingColumnsShareWhatTheFixedOnesLeave)
 {
@@ -259,8 +254,6 @@ TEST_F(TableTest, InARightToLeftLayoutTheFirstColumnStandsAtTheRight)
     EXPECT_EQ(table.columnAt({5, 5}), noteColumn);
 }
 
-namespace {
-
 /// Asks for the menu at `position` of the viewport and tells which row the table named while the menu was about to
 /// show.
 int clickedRowAtMenu(TableView& table, QPoint position, QContextMenuEvent::Reason reason)
@@ -275,8 +268,6 @@ int clickedRowAtMenu(TableView& table, QPoint position, QContextMenuEvent::Reaso
     menu.close();
     return row;
 }
-
-} // namespace
 
 TEST_F(TableTest, TheMenuKnowsTheClickedRowBeforeItShowsAndLeavesTheSelection)
 {
@@ -303,3 +294,5 @@ TEST_F(TableTest, ATableWithoutDelegateHasNoRows)
     EXPECT_EQ(table.numberOfRows(), 0);
     table.viewport()->grab();
 }
+
+} // namespace

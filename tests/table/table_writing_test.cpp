@@ -20,7 +20,6 @@
 
 namespace {
 
-constexpr int noteColumn = 1;
 constexpr int lineHeight = 17;
 constexpr int listLength = 60;
 
@@ -85,8 +84,6 @@ QPalette blackOnWhite()
     palette.setColor(QPalette::Text, Qt::black);
     return palette;
 }
-
-} // namespace
 
 /// The table of 33 lines' height, and another one of the same rows in which nothing is edited: what is written must
 /// stand where it will be read.
@@ -325,3 +322,5 @@ TEST_F(TableWriting, TheCaretIsPaintedWhereTheInputMethodIsTold)
     const QRect above = told.translated(0, -lineHeight).adjusted(0, 3, 1, -3);
     EXPECT_EQ(rowsWithInk(inkOf(picture(), above)), 0);
 }
+
+} // namespace

@@ -16,15 +16,13 @@ QStringList texts(const QString& text, int first, int limit)
     return lines;
 }
 
-struct Row {
-    std::string text;
-    std::size_t lines;
-};
-
 TEST(TextLines, SplitsAtEveryNewlineCharacterAndAtNothingElse)
 {
     // Counted by hand. U+0085 is C2 85, U+2028 and U+2029 are E2 80 A8 and E2 80 A9.
-    const Row rows[] = {
+    struct {
+        std::string text;
+        std::size_t lines;
+    } const rows[] = {
         {"", 1},
         {"one", 1},
         {"one\ntwo\nthree", 3},
@@ -46,7 +44,7 @@ TEST(TextLines, SplitsAtEveryNewlineCharacterAndAtNothingElse)
         {"\xC2", 1},                                             // cut short
         {"\xE2\x80", 1},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         EXPECT_EQ(countOfLines(row.text), row.lines) << testing::PrintToString(row.text);
     }
 }

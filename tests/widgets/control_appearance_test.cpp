@@ -44,8 +44,6 @@ void expectRule(const QImage& image, const QColor& line, const QColor& band)
     }
 }
 
-} // namespace
-
 TEST(ZTRSeparator, IsAWhiteBandOfTwoPointsUnderALineOfLightGrey)
 {
     expectRule(drawnSeparator(light, QRect(0, 0, 20, 10)), QColor(0xaa, 0xaa, 0xaa), Qt::white); // two thirds of white
@@ -172,3 +170,5 @@ TEST_F(HoverButton, IsNotHighlightedInAWindowThatIsNotActive)
     enter();
     EXPECT_FALSE(button.isHighlighted());
 }
+
+} // namespace

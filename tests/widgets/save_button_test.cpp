@@ -30,8 +30,6 @@ private:
     LocaleGuard m_locale{"en_US", {"en-US"}};
 };
 
-} // namespace
-
 TEST_F(SaveButtonTest, SaysAfterAFailureSinceWhenAndWhyAndCanBePressed)
 {
     button.showFailure(systemError(ENOSPC), noon);
@@ -86,3 +84,5 @@ TEST_F(SaveButtonTest, NamesEveryReasonInPlainWords)
         EXPECT_TRUE(button.toolTip().endsWith(QLatin1String(": ") + QLatin1String(row.reason))) << row.number;
     }
 }
+
+} // namespace

@@ -180,8 +180,6 @@ Catalogue catalogueOf(const std::string& language)
 
 class CatalogueTest : public ::testing::TestWithParam<std::string> {};
 
-} // namespace
-
 TEST(TextsInUse, AreFoundInTheCodeAndInTheLayouts)
 {
     const QSet<QString> texts = textsInUse();
@@ -230,3 +228,5 @@ TEST_P(CatalogueTest, KeepsPlaceholdersAndMenuKeys)
 
 INSTANTIATE_TEST_SUITE_P(Catalogues, CatalogueTest, ::testing::ValuesIn(languages()),
                          [](const auto& language) { return language.param; });
+
+} // namespace

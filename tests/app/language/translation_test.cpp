@@ -23,8 +23,6 @@ protected:
     TranslationGuard texts{{"de-DE"}};
 };
 
-} // namespace
-
 TEST(InstallTranslation, TakesTheFirstPreferredLanguageThatTheProgramSpeaks)
 {
     const QString english = QStringLiteral("Search notes");
@@ -147,3 +145,5 @@ TEST_F(TranslationTest, NoTwoEntriesOfAMenuShareAKeyInAnyLanguage)
         }
     }
 }
+
+} // namespace

@@ -192,8 +192,6 @@ private:
     FontGuard m_font;
 };
 
-} // namespace
-
 TEST_P(WindowFitTest, TheWindowIsAsSmallAsItsTextsAllowAndNoSmaller)
 {
     startShown();
@@ -375,3 +373,5 @@ INSTANTIATE_TEST_SUITE_P(
         Look{"germanLargeNotoSmallScreen", "de_DE", "de-DE", Qt::LeftToRight, onSmallScreen, largeText, "Noto Sans"},
         Look{"germanLargeCantarellUsual", "de_DE", "de-DE", Qt::LeftToRight, usual, largeText, "Cantarell"}),
     [](const auto& look) { return std::string(look.param.name); });
+
+} // namespace

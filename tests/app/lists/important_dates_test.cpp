@@ -11,10 +11,6 @@
 
 namespace {
 
-constexpr int dateColumn = 0;
-constexpr int nameColumn = 1;
-constexpr int elapsedColumn = 2;
-
 const std::string placeholder = "** put new date Description here **";
 
 class ImportantDatesTest : public AppFixture {
@@ -75,7 +71,7 @@ TEST_F(ImportantDatesTest, TheButtonLeadsThroughDateAndDescriptionByKeysAlone)
     EXPECT_EQ(picker->text(), QStringLiteral("3/15/2024"));
     QTest::keyClicks(picker, QStringLiteral("12/24/1965"));
     QTest::keyClick(picker, Qt::Key_Tab);
-    auto* description = qobject_cast<CellEditor*>(table().viewAt(nameColumn, 0));
+    auto* description = qobject_cast<CellEditor*>(table().viewAt(textColumn, 0));
     ASSERT_TRUE(description);
     QTest::keyClicks(description, QStringLiteral("Grandma born")); // in place of the selected placeholder
     QTest::keyClick(description, Qt::Key_Return);
@@ -96,7 +92,7 @@ TEST_F(ImportantDatesTest, BackTabGoesFromTheDescriptionToTheDate)
     table().setFocus();
     table().selectRow(0);
     QTest::keyClick(&table(), Qt::Key_Return);
-    QWidget* description = table().viewAt(nameColumn, 0);
+    QWidget* description = table().viewAt(textColumn, 0);
     ASSERT_TRUE(description) << "Return edits the description";
     QTest::keyClick(description, Qt::Key_Backtab);
     QWidget* picker = table().viewAt(dateColumn, 0);
@@ -163,8 +159,8 @@ TEST_F(ImportantDatesTest, QuittingSavesAnEditThatWasNotSaved)
     putEvents({event(1990, 5, 20, "Ann")});
     start();
     pick(0).chooseDay(QDate(1991, 5, 20));
-    table().editColumn(nameColumn, 0);
-    QTest::keyClicks(table().viewAt(nameColumn, 0), QStringLiteral("ie"));
+    table().editColumn(textColumn, 0);
+    QTest::keyClicks(table().viewAt(textColumn, 0), QStringLiteral("ie"));
     app->applicationWillTerminate();
     EXPECT_EQ(eventsOnDisk(), Table{event(1991, 5, 20, "Annie")});
 }
@@ -207,8 +203,8 @@ TEST_F(ImportantDatesTest, TheSelectedDateStaysSelectedWhenTheRowsAreSorted)
     putEvents({event(2001, 1, 1, "c"), event(2002, 1, 1, "a"), event(2003, 1, 1, "b")});
     start();
     table().selectRow(0);
-    table().sortByColumn(nameColumn);
-    EXPECT_EQ(shown(nameColumn, 0), QStringLiteral("a"));
+    table().sortByColumn(textColumn);
+    EXPECT_EQ(shown(textColumn, 0), QStringLiteral("a"));
     EXPECT_EQ(table().selectedRow(), 2);
     ui->deleteRowFromImpDateListBtn->click();
     answer(Alert::firstButtonReturn);

@@ -8,11 +8,6 @@
 
 namespace {
 
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
 class NoteDeletionTest : public AppFixture {
 protected:
     TableView& table() { return *ui->notesTableView; }

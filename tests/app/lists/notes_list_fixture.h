@@ -3,15 +3,6 @@
 
 #include "support/AppFixture.h"
 
-inline constexpr int dateColumn = 0;
-inline constexpr int noteColumn = 1;
-inline constexpr int elapsedColumn = 2;
-
-inline QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
 /// The clock of the fixture stands at 15 March 2024, 09:30. The list starts with all notes, unless a test says
 /// otherwise.
 class NotesListTest : public AppFixture {

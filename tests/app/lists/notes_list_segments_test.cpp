@@ -129,8 +129,8 @@ TEST_F(NotesListTest, TheCommandsOfTheMenuKeepWhatIsBeingTyped)
                                "currentYearNotesAction", "previousNotesAction"}) {
         putNotes({note(2024, 3, 5, "early"), note(2024, 3, 20, "late")});
         start();
-        ui->notesTableView->editColumn(noteColumn, 0);
-        QTest::keyClicks(ui->notesTableView->viewAt(noteColumn, 0), text(" bird"));
+        ui->notesTableView->editColumn(textColumn, 0);
+        QTest::keyClicks(ui->notesTableView->viewAt(textColumn, 0), text(" bird"));
         window->findChild<QAction*>(text(action))->trigger();
         EXPECT_EQ(notesOnDisk(), Table({note(2024, 3, 5, "early bird"), note(2024, 3, 20, "late")})) << action;
         EXPECT_EQ(ui->notesTableView->editedRow(), -1) << action;

@@ -39,7 +39,7 @@ TEST_F(NotesListTest, TheHeadersSortByDateAndByText)
     EXPECT_EQ(countLine(), text("Displaying 4 notes"));
     table.sortByColumn(dateColumn);
     EXPECT_EQ(shownTexts().first(), text("march late"));
-    table.sortByColumn(noteColumn);
+    table.sortByColumn(textColumn);
     EXPECT_EQ(shownTexts(),
               QStringList({text("february"), text("march early"), text("march late"), text("other year")}));
     EXPECT_EQ(app->allNotesTVData->at(0), note(2024, 3, 20, "march late")) << "the file keeps its order";
@@ -55,7 +55,7 @@ TEST_F(NotesListTest, TheHeadersOfTheImportantDatesSortThem)
     EXPECT_EQ(app->eventsTVData, Table({event(2023, 5, 1, "a"), event(2024, 5, 1, "b")}));
     table.sortByColumn(dateColumn);
     EXPECT_EQ(app->eventsTVData, Table({event(2024, 5, 1, "b"), event(2023, 5, 1, "a")}));
-    EXPECT_EQ(table.cellView(noteColumn, 0).text, text("b"));
+    EXPECT_EQ(table.cellView(textColumn, 0).text, text("b"));
     EXPECT_EQ(countLine(), count);
 }
 
@@ -124,7 +124,7 @@ TEST_F(NotesListTest, TodaysNoteHasARedDate)
     const TableView& table = *ui->notesTableView;
     EXPECT_EQ(table.cellView(dateColumn, 0).textColor, namedColor(u"SystemRedColor", window->palette()));
     EXPECT_FALSE(table.cellView(dateColumn, 1).textColor.isValid()); // the usual one
-    EXPECT_FALSE(table.cellView(noteColumn, 0).textColor.isValid());
+    EXPECT_FALSE(table.cellView(textColumn, 0).textColor.isValid());
     clock.advance(std::chrono::hours(24));
     EXPECT_FALSE(table.cellView(dateColumn, 0).textColor.isValid());
 }
@@ -160,7 +160,7 @@ TEST_F(NotesListTest, ImportantDatesShowDateDescriptionAndElapsedTime)
     for (int row = 0; row < table.numberOfRows(); ++row) {
         EXPECT_EQ(table.cellView(elapsedColumn, row).text, text(rows.at(static_cast<std::size_t>(row)).elapsed)) << row;
     }
-    EXPECT_EQ(table.cellView(noteColumn, 1).text, text("b"));
+    EXPECT_EQ(table.cellView(textColumn, 1).text, text("b"));
 }
 
 TEST_F(NotesListTest, ASelectedRowEnablesItsDeleteButton)

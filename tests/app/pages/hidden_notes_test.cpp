@@ -12,11 +12,6 @@
 
 namespace {
 
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
 /// The clock of the fixture stands at 15 March 2024, a Friday: the week is that of the 10th to the 16th.
 class HiddenNotesTest : public AppFixture {
 protected:

@@ -80,8 +80,6 @@ protected:
     QStringList filesLeft() { return QDir(home.path()).entryList(QDir::Files | QDir::Hidden); }
 };
 
-} // namespace
-
 TEST_F(MonthlyPrintTest, OpensOnePageThatHoldsTheMonth)
 {
     putNotes({note(2024, 3, 1, "Rent"), note(2024, 3, 12, "Dentist\nat <b>nine</b> & half"),
@@ -334,3 +332,5 @@ TEST_F(MonthlyPrintTest, WithoutATemporaryFolderNothingIsWrittenAnywhere)
     EXPECT_TRUE(host.workspace.opened.isEmpty());
     EXPECT_EQ(filesLeft(), QStringList());
 }
+
+} // namespace

@@ -5,6 +5,7 @@
 #include "calendar/NoteField.h"
 #include "store/Record.h"
 #include "support/AppFixture.h"
+#include "support/Pixels.h"
 #include "widgets/HiddenDatePicker.h"
 
 #include <QLabel>
@@ -12,8 +13,6 @@
 #include <QTest>
 
 namespace {
-
-constexpr QColor red(0xba, 0x00, 0x19); ///< in the light appearance
 
 /// The clock of the fixture stands at 15 March 2024, a Friday; weekdays are those of Python's calendar.
 class MonthlyViewTest : public AppFixture {
@@ -48,7 +47,7 @@ protected:
     {
         QStringList marked;
         for (int cell = 1; cell <= 37; ++cell) {
-            if (ui->monthlyGrid->dayNumber(cell).textColor() == red) {
+            if (ui->monthlyGrid->dayNumber(cell).textColor() == todayRed) {
                 marked.append(number(cell).text());
             }
         }
@@ -74,8 +73,6 @@ protected:
         open();
     }
 };
-
-} // namespace
 
 TEST_F(MonthlyViewTest, OpensOnTheMonthOfTheMiniCalendar)
 {
@@ -340,3 +337,5 @@ TEST_F(MonthlyViewTest, CountsDaysAsTheCalendarOfTheLocaleDoes)
     EXPECT_EQ(redDays(), QStringLiteral("25"));
     EXPECT_EQ(notes(), QStringLiteral("1 first|25 today's"));
 }
+
+} // namespace

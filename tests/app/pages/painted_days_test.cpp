@@ -87,8 +87,6 @@ protected:
     void openMonth() { ui->monthlyViewPageAction->trigger(); }
 };
 
-} // namespace
-
 TEST_F(PaintedDaysTest, TodayIsRedInTheMiniCalendarAndTheSameDayOfAnotherMonthIsNot)
 {
     putNotes({note(2024, 3, 14, "yesterday"), note(2024, 4, 15, "a month on")});
@@ -224,3 +222,5 @@ TEST_F(PaintedDaysTest, ThePaperHasCellsWithLinesBetweenThem)
     EXPECT_LT(darkest(place(3.5, 3), {0, 1}), 245);
     EXPECT_LT(darkest(place(7, 2.5), {1, 0}), 245);
 }
+
+} // namespace

@@ -55,8 +55,6 @@ protected:
 
 class PrintedWordsTest : public PrintedScriptTest, public ::testing::WithParamInterface<ScriptRow> {};
 
-} // namespace
-
 TEST_P(PrintedWordsTest, EachWordIsFound)
 {
     ASSERT_EQ(fonts->missing(), QStringList());
@@ -108,3 +106,5 @@ INSTANTIATE_TEST_SUITE_P(Scripts, PrintedWordsTest,
                                            ScriptRow{"Emoji", "🎂 👨‍👩‍👧 👍🏽 🇩🇪 ❤️"},
                                            ScriptRow{"EmojiAmongHebrew", "🎂 שלום"}),
                          [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace

@@ -4,6 +4,7 @@
 #include "calendar/NoteField.h"
 #include "calendar/WeeklyGrid.h"
 #include "support/AppFixture.h"
+#include "support/Pixels.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -12,8 +13,6 @@
 #include <QTest>
 
 namespace {
-
-constexpr QColor red(0xba, 0x00, 0x19); ///< in the light appearance
 
 /// The clock of the fixture stands at 15 March 2024, a Friday; weekdays are those of Python's calendar.
 class WeeklyViewTest : public AppFixture {
@@ -45,7 +44,7 @@ protected:
     {
         const QStringList marked = row(41, [this](int tag) {
             const QColor color = cell<DayNumber>(tag).textColor();
-            return color == red ? cell<QLabel>(tag).text() : QString();
+            return color == todayRed ? cell<QLabel>(tag).text() : QString();
         });
         return marked.join(QString());
     }
@@ -59,8 +58,6 @@ protected:
         open();
     }
 };
-
-} // namespace
 
 TEST_F(WeeklyViewTest, OpensOnTheWeekThatHoldsTodayWhenTheMiniCalendarShowsTheCurrentMonth)
 {
@@ -314,3 +311,5 @@ TEST_F(WeeklyViewTest, TwoHundredWeeksForwardAndBackEndWhereTheyBeganInEveryLoca
         }
     }
 }
+
+} // namespace

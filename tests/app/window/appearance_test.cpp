@@ -13,7 +13,7 @@
 
 namespace {
 
-const std::optional<QString> dark = QStringLiteral("Dark");
+const std::optional<QString> darkStyle = QStringLiteral("Dark");
 
 class AppearanceTest : public AppFixture {
 protected:
@@ -27,7 +27,7 @@ protected:
     void startIn(Appearance appearance, int page = 0)
     {
         QApplication::setPalette(calmPalette(appearance));
-        host.globalDefaults.interfaceStyle = appearance == Appearance::Dark ? dark : std::nullopt;
+        host.globalDefaults.interfaceStyle = appearance == Appearance::Dark ? darkStyle : std::nullopt;
         start();
         window->resize(1080, 760);
         ui->notesTableView->selectRow(0);
@@ -56,7 +56,7 @@ TEST_P(AppearanceOfAPage, ChangedWhileItShowsLooksAsIfStartedSo)
     const QImage startedLight = picture(*window);
     ASSERT_NE(startedLight, startedDark);
 
-    host.globalDefaults.setInterfaceStyle(dark);
+    host.globalDefaults.setInterfaceStyle(darkStyle);
     const QImage changedToDark = picture(*window);
     saveScreenshot(changedToDark, QStringLiteral("dark"));
     EXPECT_EQ(changedToDark, startedDark);
@@ -121,7 +121,7 @@ TEST_F(AppearanceTest, HighContrastIsFollowedWhileTheProgramRuns)
 {
     startIn(Appearance::Light);
     const QImage calm = picture(*window);
-    for (const std::optional<QString>& style : {std::optional<QString>(), dark}) {
+    for (const std::optional<QString>& style : {std::optional<QString>(), darkStyle}) {
         host.globalDefaults.setInterfaceStyle(style);
         host.globalDefaults.setHighContrast(true);
         const QImage strong = picture(*window);
@@ -173,7 +173,7 @@ TEST_F(AppearanceTest, AnOpenSheetChangesWithTheWindow)
     QWidget& sheet = openSheet(Appearance::Light);
     ASSERT_TRUE(sheet.isVisible());
     const QImage startedLight = picture(sheet);
-    host.globalDefaults.setInterfaceStyle(dark);
+    host.globalDefaults.setInterfaceStyle(darkStyle);
     EXPECT_EQ(picture(sheet), startedDark);
     saveScreenshot(picture(sheet));
     host.globalDefaults.setInterfaceStyle(std::nullopt);
@@ -192,7 +192,7 @@ TEST_F(AppearanceTest, TheOpenHolidaySheetChangesWithTheWindow)
     QWidget& sheet = openSheet(Appearance::Light);
     ASSERT_TRUE(sheet.isVisible());
     const QImage startedLight = picture(sheet);
-    host.globalDefaults.setInterfaceStyle(dark);
+    host.globalDefaults.setInterfaceStyle(darkStyle);
     EXPECT_EQ(picture(sheet), startedDark);
     host.globalDefaults.setInterfaceStyle(std::nullopt);
     EXPECT_EQ(picture(sheet), startedLight);
@@ -209,7 +209,7 @@ TEST_F(AppearanceTest, ADateThatIsBeingChosenChangesWithTheWindow)
     const QImage startedDark = picture(*window);
     editDate(Appearance::Light);
     const QImage startedLight = picture(*window);
-    host.globalDefaults.setInterfaceStyle(dark);
+    host.globalDefaults.setInterfaceStyle(darkStyle);
     EXPECT_EQ(picture(*window), startedDark);
     saveScreenshot(picture(*window));
     host.globalDefaults.setInterfaceStyle(std::nullopt);
@@ -227,7 +227,7 @@ TEST_F(AppearanceTest, AnOpenAlertChangesWithTheWindow)
     const QImage startedDark = picture(openAlert(Appearance::Dark));
     QWidget& sheet = openAlert(Appearance::Light);
     const QImage startedLight = picture(sheet);
-    host.globalDefaults.setInterfaceStyle(dark);
+    host.globalDefaults.setInterfaceStyle(darkStyle);
     EXPECT_EQ(picture(sheet), startedDark);
     saveScreenshot(picture(sheet));
     host.globalDefaults.setInterfaceStyle(std::nullopt);
@@ -274,7 +274,7 @@ TEST_F(AppearanceTest, AnEditGoesOnThroughTheChange)
 {
     startIn(Appearance::Light);
     ASSERT_EQ(ui->notesTableView->editedRow(), 2);
-    host.globalDefaults.setInterfaceStyle(dark);
+    host.globalDefaults.setInterfaceStyle(darkStyle);
     runQueued();
     EXPECT_EQ(ui->notesTableView->editedRow(), 2);
     EXPECT_EQ(ui->notesTableView->selectedRow(), 2);
@@ -287,7 +287,7 @@ TEST_F(AppearanceTest, TodayIsInTheRedOfTheAppearanceInCalendarAndList)
         const TableView& table = *ui->notesTableView;
         return app->viewForTableColumn(table, table.tableColumns().front(), 1).textColor;
     };
-    for (const std::optional<QString>& style : {dark, std::optional<QString>(), dark}) {
+    for (const std::optional<QString>& style : {darkStyle, std::optional<QString>(), darkStyle}) {
         host.globalDefaults.setInterfaceStyle(style);
         const QColor red = namedColor(u"SystemRedColor", calmPalette(style ? Appearance::Dark : Appearance::Light));
         EXPECT_EQ(dayButton(15).titleColor(), red);
@@ -298,7 +298,7 @@ TEST_F(AppearanceTest, TodayIsInTheRedOfTheAppearanceInCalendarAndList)
 TEST_F(AppearanceTest, AChangeBeforeTheWindowIsFilledIsHarmless)
 {
     make();
-    host.globalDefaults.setInterfaceStyle(dark);
+    host.globalDefaults.setInterfaceStyle(darkStyle);
     EXPECT_EQ(QApplication::palette(), calmPalette(Appearance::Dark));
 }
 

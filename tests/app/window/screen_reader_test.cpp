@@ -18,7 +18,6 @@ using ::testing::IsEmpty;
 
 constexpr int weekPage = 1;
 constexpr int monthPage = 2;
-constexpr int textColumn = 1;
 
 QAccessibleInterface& spoken(QObject& object)
 {

@@ -101,8 +101,8 @@ TEST_F(VersionCheckTest, TheReplyIsPlainTextWhateverItHolds)
     const QString reply = QStringLiteral("<b>9</b><img src='file:///etc/passwd'> %@ %1 &amp; &x");
     check(QStringLiteral("2.3"), reply);
     ASSERT_TRUE(alert());
-    const QString headline = QStringLiteral("A new version of Velumora (") + reply + QStringLiteral(") is available.");
-    EXPECT_EQ(alert()->findChild<ReadingText*>()->toPlainText(), headline);
+    const QString expected = QStringLiteral("A new version of Velumora (") + reply + QStringLiteral(") is available.");
+    EXPECT_EQ(alert()->findChild<ReadingText*>()->toPlainText(), expected);
 }
 
 TEST_F(VersionCheckTest, TheLongestReplyFitsIntoTheSheet)

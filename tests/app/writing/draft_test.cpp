@@ -13,10 +13,7 @@
 
 namespace {
 
-constexpr int textColumn = 1;
 constexpr int patience = 20'000; // milliseconds
-
-} // namespace
 
 /// The program with a state folder. A test stands for a crash by leaving the delegate without ending it: what is on the
 /// disk then is what the next start finds.
@@ -410,3 +407,5 @@ TEST_F(DraftTest, ADayWhoseRecordHasNoTextTakesIt)
     app->waitForSaves();
     EXPECT_EQ(notesOnDisk(), (Table{march.at(1), note(2024, 3, 2, "typed")}));
 }
+
+} // namespace

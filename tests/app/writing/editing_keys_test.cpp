@@ -13,9 +13,6 @@
 
 namespace {
 
-constexpr int dateColumn = 0;
-constexpr int textColumn = 1;
-
 /// The standard keys that speak to a window or a page and not to a text.
 const std::set<QKeySequence::StandardKey> keysOfWindows{
     QKeySequence::HelpContents,  QKeySequence::WhatsThis,  QKeySequence::Open,     QKeySequence::Close,

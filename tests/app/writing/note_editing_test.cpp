@@ -13,13 +13,6 @@
 
 namespace {
 
-constexpr int noteColumn = 1;
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
 const QString replacedLine = QStringLiteral("CTDEE replaced in 'all' array");
 
 class NoteEditingTest : public AppFixture {
@@ -28,8 +21,8 @@ protected:
 
     CellEditor& edit(TableView& tableView, int row)
     {
-        tableView.editColumn(noteColumn, row);
-        auto* editor = qobject_cast<CellEditor*>(tableView.viewAt(noteColumn, row));
+        tableView.editColumn(textColumn, row);
+        auto* editor = qobject_cast<CellEditor*>(tableView.viewAt(textColumn, row));
         if (!editor) {
             qFatal("no edit began in row %d", row);
         }
@@ -131,7 +124,7 @@ TEST_F(NoteEditingTest, AnEditWithoutAKeystrokeAddsNoEmptyNote)
     start();
     EXPECT_FALSE(writesNotes([this] {
         dayButton(3).click();
-        QTest::keyClick(table().viewAt(noteColumn, 1), Qt::Key_Escape);
+        QTest::keyClick(table().viewAt(textColumn, 1), Qt::Key_Escape);
     }));
     EXPECT_EQ(app->allNotesTVData, Table{note(2024, 3, 6, "b")});
     EXPECT_EQ(app->notesTVData->size(), 2) << "the row stays, ready to be edited";
@@ -157,7 +150,7 @@ TEST_F(NoteEditingTest, ARowThatCannotBeSavedCannotBeEdited)
         each->reloadData();
         const int last = each->numberOfRows() - 1;
         for (int row = 0; row <= last; ++row) {
-            each->editColumn(noteColumn, row);
+            each->editColumn(textColumn, row);
             EXPECT_EQ(each->editedRow(), row == last ? row : -1) << row;
         }
     }
@@ -280,7 +273,7 @@ TEST_F(NoteEditingTest, AnEditOutlivesTheMinuteTheMiniCalendarAndASave)
     ui->todayAction->trigger();
     app->waitForSaves();
     runQueued();
-    ASSERT_EQ(table().viewAt(noteColumn, 0), &editor);
+    ASSERT_EQ(table().viewAt(textColumn, 0), &editor);
     EXPECT_EQ(window->focusWidget(), &editor);
     QTest::keyClicks(&editor, text("d"));
     table().endEditing();
@@ -347,10 +340,10 @@ TEST_F(ListElementTest, WithoutANoteIsAnEmptyRowOfOneLineThatCannotBeEdited)
     showList({});
     EXPECT_EQ(shownRows(), QStringList{text(" | ")});
     EXPECT_EQ(table().rectOfRow(0).height(), 17);
-    table().editColumn(noteColumn, 0);
-    EXPECT_FALSE(table().viewAt(noteColumn, 0));
+    table().editColumn(textColumn, 0);
+    EXPECT_FALSE(table().viewAt(textColumn, 0));
     EXPECT_FALSE(
-        QAccessible::queryAccessibleInterface(&table())->tableInterface()->cellAt(0, noteColumn)->state().editable);
+        QAccessible::queryAccessibleInterface(&table())->tableInterface()->cellAt(0, textColumn)->state().editable);
     EXPECT_EQ(app->notesTVData, Table{Value(Array())});
     EXPECT_EQ(notesOnDisk(), notes);
     EXPECT_FALSE(alert());

@@ -16,10 +16,6 @@
 
 namespace {
 
-constexpr int textColumn = 1;
-
-} // namespace
-
 class SavingTest : public AppFixture {
 protected:
     SavingTest()
@@ -200,3 +196,5 @@ TEST_F(SavingTest, WhenTheProcessEndsFromWithinEditsAreCommittedAndBothTablesSav
     EXPECT_EQ(notesOnDisk(), later);
     EXPECT_EQ(eventsOnDisk().value_or(Table()).size(), 2);
 }
+
+} // namespace

@@ -13,8 +13,6 @@
 
 namespace {
 
-constexpr int textColumn = 1;
-
 void put(const std::filesystem::path& file, const std::string& bytes)
 {
     std::ofstream(file, std::ios::binary) << bytes;
@@ -36,8 +34,6 @@ std::vector<std::string> contentsOf(const std::filesystem::path& folder)
     }
     return contents;
 }
-
-} // namespace
 
 class StoreTest : public AppFixture {
 protected:
@@ -360,3 +356,5 @@ TEST_F(StoreTest, TheSaveCommandLeavesTheFocusWhereItIs)
     ui->saveAction->trigger();
     EXPECT_EQ(window->focusWidget(), ui->filterField);
 }
+
+} // namespace

@@ -23,8 +23,6 @@ namespace {
 
 using Source = Location::Source;
 
-constexpr int patience = 20'000;
-
 // Berlin by zone1970.tab: +5230+01322.
 const Location berlin{{52.5, 13 + 22 / 60.0}, Source::ZoneCity};
 const Location hamburg{{53.55, 9.99}, Source::LocationService};
@@ -77,7 +75,10 @@ protected:
         return *manager;
     }
 
-    static void waitFor(const std::function<bool()>& condition) { ASSERT_TRUE(QTest::qWaitFor(condition, patience)); }
+    static void waitFor(const std::function<bool()>& condition)
+    {
+        ASSERT_TRUE(QTest::qWaitFor(condition, PrivateBus::patience));
+    }
 
     void waitForCall(const QString& call)
     {

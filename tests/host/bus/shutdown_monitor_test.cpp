@@ -12,11 +12,12 @@
 
 namespace {
 
-constexpr int patience = 20'000;
-
 class ShutdownMonitorTest : public ::testing::Test {
 protected:
-    static void waitFor(const std::function<bool()>& condition) { ASSERT_TRUE(QTest::qWaitFor(condition, patience)); }
+    static void waitFor(const std::function<bool()>& condition)
+    {
+        ASSERT_TRUE(QTest::qWaitFor(condition, PrivateBus::patience));
+    }
 
     /// Until the lock has arrived, too: the call for it is a child of the monitor.
     void waitForLock()

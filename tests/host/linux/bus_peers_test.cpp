@@ -19,8 +19,6 @@
 
 namespace {
 
-constexpr int patience = 20'000; // milliseconds
-
 /// Once everything that was sent to `connection` so far has come.
 void takeIn(QDBusConnection connection)
 {
@@ -55,7 +53,7 @@ TEST(DesktopGlobalDefaults, AFloodOfChangesIsToldOfTwice)
     }
     takeIn(anybody);
     takeIn(own);
-    ASSERT_TRUE(QTest::qWaitFor([&told] { return told.count() >= 2; }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([&told] { return told.count() >= 2; }, PrivateBus::patience));
     QTest::qWait(3 * static_cast<int>(DesktopGlobalDefaults::pause.count()));
     ASSERT_EQ(told.count(), 2) << "the first at once, the others together";
     constexpr qint64 least = DesktopGlobalDefaults::pause.count() * 9 / 10; // timers come a little early
@@ -95,7 +93,7 @@ TEST(StartedService, OneThatComesAndGoesIsStartedAFewTimesOnly)
             }
             return answer.has_value();
         },
-        patience));
+        PrivateBus::patience));
     EXPECT_EQ(answer->type(), QDBusMessage::ErrorMessage);
     EXPECT_EQ(starts(), StartedService::mostStarts);
 }
@@ -113,7 +111,7 @@ TEST(BusNotificationCenter, ANoteThatIsTooLongForTheBusIsRefusedWithoutIt)
         error = told;
     });
     EXPECT_FALSE(isAnswered) << "before the call returned";
-    ASSERT_TRUE(QTest::qWaitFor([&isAnswered] { return isAnswered; }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([&isAnswered] { return isAnswered; }, PrivateBus::patience));
     EXPECT_EQ(error, QStringLiteral("The note is too long."));
 }
 

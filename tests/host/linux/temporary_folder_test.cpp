@@ -24,8 +24,6 @@ protected:
     const path cache = path(home.path().toStdString()) / "cache";
 };
 
-} // namespace
-
 TEST_F(TemporaryFolderTest, LiesInTheRuntimeDirectoryAndIsTheUsersAlone)
 {
     EXPECT_EQ(privateTemporaryFolder(runtime, cache), runtime / "velumora");
@@ -54,3 +52,5 @@ TEST_F(TemporaryFolderTest, AFileOrALinkInThePlaceIsNotUsed)
     std::filesystem::create_directory_symlink(runtime, cache / "velumora");
     EXPECT_EQ(privateTemporaryFolder(runtime, cache), std::nullopt);
 }
+
+} // namespace
