@@ -21,13 +21,15 @@ function(velumora_layouts target)
         AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/resources")
 endfunction()
 
-# velumora_room(SOURCES file... [LINKS library...] [PRIVATE library...]): the library velumora-FOLDER of the current
-# folder. LINKS are the libraries whose headers its own headers include.
+# velumora_room([AUTOMOC] SOURCES file... [LINKS library...] [PRIVATE library...]): the library velumora-FOLDER of the
+# current folder. LINKS are the libraries whose headers its own headers include. AUTOMOC is for a room with Q_OBJECT in
+# its sources; moc takes its time, so the others go without.
 function(velumora_room)
-    cmake_parse_arguments(PARSE_ARGV 0 room "" "" "SOURCES;LINKS;PRIVATE")
+    cmake_parse_arguments(PARSE_ARGV 0 room AUTOMOC "" "SOURCES;LINKS;PRIVATE")
     file(RELATIVE_PATH folder ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
     string(REPLACE "/" "-" name velumora-${folder})
     add_library(${name} STATIC ${room_SOURCES})
+    set_target_properties(${name} PROPERTIES AUTOMOC ${room_AUTOMOC})
     target_link_libraries(${name} PUBLIC velumora-compile Qt6::Core ${room_LINKS} PRIVATE ${room_PRIVATE})
     if("Qt6::Widgets" IN_LIST room_LINKS)
         velumora_share_precompiled(${name} velumora-app-headers)
