@@ -126,10 +126,14 @@ void TableView::showToolTip(QHelpEvent& event) const
 {
     const int row = rowAt(event.pos());
     const int column = columnAt(event.pos());
-    const QString text = row < 0 || column < 0 ? QString() : cellView(column, row).text;
+    if (row < 0 || column < 0) {
+        QToolTip::hideText();
+        return;
+    }
+    const QString text = cellView(column, row).text;
     const QFontMetricsF metrics(cellFont());
     const QRect cell = rectOfCell(column, row);
-    const int room = cell.width() - 2 * cellPadding;
+    const int room = std::max(cell.width() - 2 * cellPadding, 0);
     const int visible = static_cast<int>(viewport()->height() / m_lineHeight) + 1;
     const auto lines = linesOf(text, 0, visible);
     const bool shortened = std::any_of(lines.begin(), lines.end(), [&](QStringView line) {

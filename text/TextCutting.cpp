@@ -24,14 +24,16 @@ QStringView beginningOf(QStringView text, qsizetype maximum)
     if (text.size() <= maximum) {
         return text;
     }
+    if (maximum <= 0) {
+        return text.first(0);
+    }
     constexpr qsizetype longestCharacter =
         2; // in units; whether a sign ends at `maximum` depends on the code point after it
     const qsizetype end = signStart(text.first(std::min(maximum + longestCharacter, text.size())), maximum);
     if (end > 0) {
         return text.first(end);
     }
-    const bool splitsPair =
-        maximum > 0 && text[maximum - 1].isHighSurrogate(); // here a single sign is longer than `maximum`
+    const bool splitsPair = text[maximum - 1].isHighSurrogate(); // here a single sign is longer than `maximum`
     return text.first(splitsPair ? maximum - 1 : maximum);
 }
 

@@ -7,7 +7,7 @@
 /// characters. Only a sign that is longer than the limit by itself is split, and then not within a surrogate pair.
 /// Lengths are in UTF-16 units.
 
-/// The beginning of `text`, at most `maximum` units; a view into `text`.
+/// The beginning of `text`, at most `maximum` units, none when that is negative; a view into `text`.
 QStringView beginningOf(QStringView text, qsizetype maximum);
 
 /// `text`, cut to `maximum` units and an ellipsis when it is longer.

@@ -6,10 +6,12 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QMenu>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 namespace {
 
@@ -30,6 +32,33 @@ TEST(ColumnLayout, StretchingColumnsShareWhatTheFixedOnesLeave)
     EXPECT_EQ(layoutColumns(columns, 301, Qt::RightToLeft), (Spans{{201, 100}, {101, 100}, {0, 101}}));
     EXPECT_EQ(layoutColumns(columns, 50, Qt::LeftToRight), (Spans{{0, 100}, {100, 40}, {140, 40}}));
     EXPECT_TRUE(layoutColumns({}, 300, Qt::LeftToRight).empty());
+}
+
+/// The tool tip that resting the pointer at `position` brings up; empty when none comes.
+QString toolTipAt(const TableView& table, QPoint position)
+{
+    QToolTip::hideText();
+    QHelpEvent event(QEvent::ToolTip, position, table.viewport()->mapToGlobal(position));
+    QApplication::sendEvent(table.viewport(), &event);
+    const QString shown = QToolTip::isVisible() ? QToolTip::text() : QString();
+    QToolTip::hideText();
+    return shown;
+}
+
+TEST_F(TableTest, OnlyATextThatIsCutHasAToolTip)
+{
+    const QString cut = u"much longer than the column is wide "_qs.repeated(9);
+    showRows({u"short"_qs, cut});
+    EXPECT_EQ(toolTipAt(table, middleOf(noteColumn, 0)), QString());
+    EXPECT_TRUE(toolTipAt(table, middleOf(noteColumn, 1)).contains(cut.trimmed()));
+}
+
+TEST_F(TableTest, APointerOutsideTheRowsBringsUpNoToolTip)
+{
+    EXPECT_EQ(toolTipAt(table, {150, 100}), QString());
+    showRows({u"only row"_qs});
+    EXPECT_EQ(toolTipAt(table, {150, 100}), QString());
+    EXPECT_EQ(toolTipAt(table, {-1, -1}), QString());
 }
 
 TEST_F(TableTest, RowsStandBelowEachOtherAsHighAsTheDelegateSays)

@@ -12,6 +12,8 @@ TEST(TextCutting, KeepsWholeSignsAtTheBeginning)
     EXPECT_EQ(beginningOf(u"a\U0001F382b", 2), u"a");
     EXPECT_EQ(beginningOf(u"a\U0001F382b", 3), u"a\U0001F382");
     EXPECT_EQ(beginningOf(u"abc", 0), u"");
+    EXPECT_EQ(beginningOf(u"abc", -1), u"");
+    EXPECT_EQ(beginningOf(u"", -1), u"");
     EXPECT_EQ(beginningOf(u"cafe\u0301s", 4), u"caf") << "a letter without its accent is another one";
     EXPECT_EQ(beginningOf(u"cafe\u0301s", 5), u"cafe\u0301");
     EXPECT_EQ(beginningOf(u"a\U0001F44D\U0001F3FD", 3), u"a") << "a thumb without the colour of its skin";
