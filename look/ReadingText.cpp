@@ -15,6 +15,7 @@
 namespace {
 
 constexpr int preferredLetters = 28; ///< in a line
+constexpr int around = 1;            ///< points needed in addition to show all lines
 constexpr QTextOption::WrapMode wrapping = QTextOption::WrapAtWordBoundaryOrAnywhere;
 
 /// Appears as a label, because assistive technologies read out a dialog's labels when it opens.
@@ -83,7 +84,15 @@ void ReadingText::setText(const QString& text)
 {
     setPlainText(text);
     setVisible(!text.isEmpty());
+    showScrollBarIfNeeded();
     updateGeometry();
+}
+
+/// A scroll bar that came while there was less room would go on taking the width without which the text does not fit.
+void ReadingText::showScrollBarIfNeeded()
+{
+    const bool fits = textHeight(width(), height() + 1) + around <= height();
+    setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
 }
 
 bool ReadingText::isCut() const
@@ -91,15 +100,20 @@ bool ReadingText::isCut() const
     return verticalScrollBar()->maximum() > 0;
 }
 
-int ReadingText::heightForWidth(int width) const
+/// The height of the text in lines of `width` points, measured no further than `enough`.
+double ReadingText::textHeight(int width, double enough) const
 {
     ensurePolished(); // the font comes from the style rules
     double height = 0;
-    for (QTextBlock block = document()->begin(); block.isValid() && height < m_longest; block = block.next()) {
-        height += heightOf(block.text(), font(), width, m_longest - height);
+    for (QTextBlock block = document()->begin(); block.isValid() && height < enough; block = block.next()) {
+        height += heightOf(block.text(), font(), width, enough - height);
     }
-    constexpr int around = 1; // needed in addition to show all lines
-    return std::min(static_cast<int>(std::ceil(height)) + around, m_longest);
+    return height;
+}
+
+int ReadingText::heightForWidth(int width) const
+{
+    return std::min(static_cast<int>(std::ceil(textHeight(width, m_longest))) + around, m_longest);
 }
 
 QSize ReadingText::sizeHint() const
@@ -114,10 +128,17 @@ QSize ReadingText::minimumSizeHint() const
     return {fontMetrics().height(), fontMetrics().height()};
 }
 
+void ReadingText::resizeEvent(QResizeEvent* event)
+{
+    showScrollBarIfNeeded();
+    QPlainTextEdit::resizeEvent(event);
+}
+
 void ReadingText::changeEvent(QEvent* event)
 {
     QPlainTextEdit::changeEvent(event);
     if (event->type() == QEvent::FontChange) {
+        showScrollBarIfNeeded();
         updateGeometry();
     }
 }

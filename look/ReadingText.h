@@ -25,7 +25,11 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    double textHeight(int width, double enough) const;
+    void showScrollBarIfNeeded();
+
     int m_longest;
 };
