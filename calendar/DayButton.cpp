@@ -89,15 +89,18 @@ void DayButton::paintEvent(QPaintEvent*)
         painter.drawEllipse(circle);
     }
 
-    if (m_state == On) {
-        // The circle is too pale for everyone to notice; this mark is not.
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(palette().link());
-        painter.drawEllipse(QPointF(circle.center().x(), circle.bottom() - noteDot), noteDot / 2, noteDot / 2);
-    }
-
     QFont titleFont = font();
     titleFont.setBold(m_state == On || m_titleColor.isValid());
+    if (m_state == On) {
+        // The circle is too pale for everyone to notice; this mark is not. In a small circle it moves below the digits.
+        const QFontMetricsF metrics(titleFont);
+        const qreal belowDigits = circle.center().y() - metrics.height() / 2 + metrics.ascent() + 1 + noteDot / 2;
+        const qreal middle = std::min(std::max(circle.bottom() - noteDot, belowDigits), height() - noteDot / 2);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().link());
+        painter.drawEllipse(QPointF(circle.center().x(), middle), noteDot / 2, noteDot / 2);
+    }
+
     painter.setFont(titleFont);
     painter.setPen(m_titleColor.isValid() ? m_titleColor : palette().color(QPalette::Text));
     painter.drawText(rect(), Qt::AlignCenter, text());
