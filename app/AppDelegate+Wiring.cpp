@@ -17,10 +17,12 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QContextMenuEvent>
 #include <QMainWindow>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 
 #include <functional>
 #include <utility>
@@ -30,6 +32,16 @@ namespace {
 
 /// An entry of a menu, and whether it can do something now.
 using Entry = std::pair<QAction*, std::function<bool()>>;
+
+/// What the menu key does, for keyboards that have none.
+void askForContextMenu(QWidget* widget)
+{
+    if (widget) {
+        const QPoint place = widget->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, place, widget->mapToGlobal(place));
+        QCoreApplication::sendEvent(widget, &event);
+    }
+}
 
 /// Disables entries that can do nothing, but only while the menu is open: shortcuts work on enabled entries alone, and
 /// do what they can.
@@ -176,6 +188,8 @@ void AppDelegate::Wiring::wireContextMenus()
     m_ui.importantDatesTableView->setMenu(&datesMenu);
     connect(&datesMenu, &QMenu::aboutToShow, &m_app, [this, &datesMenu] { m_app.menuNeedsUpdate(datesMenu); });
     connect(&datesMenu, &DateNotesMenu::chosen, &m_app, &AppDelegate::importantDatesRespondToContextMenu);
+    const auto* menuKey = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), &m_app.m_window);
+    connect(menuKey, &QShortcut::activated, this, [this] { askForContextMenu(m_app.m_window.focusWidget()); });
 }
 
 /// What happens without the user.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/AppFixture.h"
 
+#include <QApplication>
+#include <QMenu>
 #include <QTest>
 
 namespace {
@@ -22,6 +24,20 @@ TEST_F(KeyboardTest, TheTabKeyFollowsThePage)
                            QStringLiteral("segment2"),       QStringLiteral("segment3"),
                            QStringLiteral("notesTableView"), QStringLiteral("noteEntryPrevNotesBtn")};
     EXPECT_EQ(reached.join(u' ').toStdString(), page.join(u' ').toStdString());
+}
+
+TEST_F(KeyboardTest, ShiftAndF10OpenTheMenuOfTheSelectedRow)
+{
+    putNotes({note(2024, 3, 15, "dentist")});
+    start();
+    ui->notesTableView->setFocus();
+    ui->notesTableView->selectRow(0);
+    QTest::keyClick(window.get(), Qt::Key_F10, Qt::ShiftModifier);
+    const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu->actions().size(), 1);
+    EXPECT_EQ(ui->notesTableView->clickedRow(), 0);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
 }
 
 } // namespace
