@@ -7,7 +7,7 @@ namespace {
 
 using namespace std::string_literals;
 
-std::string repeated(const std::string& text, int times)
+std::string copiesOf(const std::string& text, int times)
 {
     std::string result;
     for (int i = 0; i < times; ++i) {
@@ -18,11 +18,11 @@ std::string repeated(const std::string& text, int times)
 
 std::string nested(int arrays)
 {
-    return "<plist>" + repeated("<array>", arrays) + repeated("</array>", arrays) + "</plist>";
+    return "<plist>" + copiesOf("<array>", arrays) + copiesOf("</array>", arrays) + "</plist>";
 }
 
 /// A binary list of `objects`, each as its bytes; the first is the root. References and offsets have two bytes.
-std::string binaryList(const std::vector<std::string>& objects)
+std::string smallBinaryList(const std::vector<std::string>& objects)
 {
     const auto number = [](std::size_t value, int width) {
         std::string bytes;
@@ -38,7 +38,7 @@ std::string binaryList(const std::vector<std::string>& objects)
         list += object;
     }
     const std::size_t offsetTable = list.size();
-    return list + offsets + repeated("\0"s, 6) + "\2\2" + number(objects.size(), 8) + number(0, 8) +
+    return list + offsets + copiesOf("\0"s, 6) + "\2\2" + number(objects.size(), 8) + number(0, 8) +
            number(offsetTable, 8);
 }
 
@@ -80,7 +80,7 @@ const BadInput unreadable[] = {
     {"half a unit of UTF-16", "\xFF\xFE<\0a\0r\0r\0a\0y\0/\0>\0\n"s},
     {"nested 513 deep", nested(513)},
     {"nested 100,000 deep", nested(100'000)},
-    {"nested 100,000 deep and cut off", repeated("<array>", 100'000)},
+    {"nested 100,000 deep and cut off", copiesOf("<array>", 100'000)},
     {"integer without digits", xmlArray("<integer/>")},
     {"integer with letters", xmlArray("<integer>12a</integer>")},
     {"integer with two signs", xmlArray("<integer>+-1</integer>")},
@@ -103,18 +103,18 @@ const BadInput unreadable[] = {
     {"date with a sign in a field", xmlArray("<date>2024-01-01T-1:00:00Z</date>")},
     {"year beyond the calendar", xmlArray("<date>99999-01-01T00:00:00Z</date>")},
     {"binary: header only", "bplist00"},
-    {"binary: an array that holds itself", binaryList({"\xA1\0\0"s})},
-    {"binary: two that hold each other", binaryList({"\xA1\0\1"s, "\xA1\0\0"s})},
-    {"binary: a dictionary that holds itself", binaryList({"\xA1\0\1"s, "\xD1\0\2\0\1"s, "\x51k"s})},
-    {"binary: reference out of range", binaryList({"\xA1\0\7"s})},
-    {"binary: count beyond the file", binaryList({"\xAF\x12\x7F\xFF\xFF\xFF"s})},
-    {"binary: count of 2^64 - 1", binaryList({"\xAF\x13\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF"s})},
-    {"binary: text beyond the file", binaryList({"\xA1\0\1"s, "\x5F\x11\xFF\xFF"s})},
-    {"binary: key that is no text", binaryList({"\xA1\0\1"s, "\xD1\0\2\0\2"s, "\x10\1"s})},
-    {"binary: null, which XML does not have", binaryList({"\xA1\0\1"s, "\0"s})},
-    {"binary: text that is neither ASCII nor UTF-8", binaryList({"\xA1\0\1"s, "\x51\xFF"s})},
-    {"binary: integer of 65 bits", binaryList({"\xA1\0\1"s, "\x14\0\0\0\0\0\0\0\1\0\0\0\0\0\0\0\0"s})},
-    {"binary: date that is not a number", binaryList({"\xA1\0\1"s, "\x33\x7F\xF8\0\0\0\0\0\0"s})},
+    {"binary: an array that holds itself", smallBinaryList({"\xA1\0\0"s})},
+    {"binary: two that hold each other", smallBinaryList({"\xA1\0\1"s, "\xA1\0\0"s})},
+    {"binary: a dictionary that holds itself", smallBinaryList({"\xA1\0\1"s, "\xD1\0\2\0\1"s, "\x51k"s})},
+    {"binary: reference out of range", smallBinaryList({"\xA1\0\7"s})},
+    {"binary: count beyond the file", smallBinaryList({"\xAF\x12\x7F\xFF\xFF\xFF"s})},
+    {"binary: count of 2^64 - 1", smallBinaryList({"\xAF\x13\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF"s})},
+    {"binary: text beyond the file", smallBinaryList({"\xA1\0\1"s, "\x5F\x11\xFF\xFF"s})},
+    {"binary: key that is no text", smallBinaryList({"\xA1\0\1"s, "\xD1\0\2\0\2"s, "\x10\1"s})},
+    {"binary: null, which XML does not have", smallBinaryList({"\xA1\0\1"s, "\0"s})},
+    {"binary: text that is neither ASCII nor UTF-8", smallBinaryList({"\xA1\0\1"s, "\x51\xFF"s})},
+    {"binary: integer of 65 bits", smallBinaryList({"\xA1\0\1"s, "\x14\0\0\0\0\0\0\0\1\0\0\0\0\0\0\0\0"s})},
+    {"binary: date that is not a number", smallBinaryList({"\xA1\0\1"s, "\x33\x7F\xF8\0\0\0\0\0\0"s})},
 };
 
 TEST(PropertyListBadInput, GivesNoTable)
@@ -136,29 +136,29 @@ TEST(PropertyListBadInput, UnusualInputIsReadAllTheSame)
          "<!DOCTYPE plist [<!ENTITY a \"aa\"><!ENTITY b \"&a;&a;\">]><array><string>&b;</string></array>",
          {Value("&b;")}},
         {"binary: integers of 1, 2, 4, 8 and 16 bytes",
-         binaryList({"\xA5\0\1\0\2\0\3\0\4\0\5"s, "\x10\xFF"s, "\x11\xFF\xFF"s, "\x12\xFF\xFF\xFF\xFF"s,
-                     "\x13\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFE"s,
-                     "\x14\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFD"s}),
+         smallBinaryList({"\xA5\0\1\0\2\0\3\0\4\0\5"s, "\x10\xFF"s, "\x11\xFF\xFF"s, "\x12\xFF\xFF\xFF\xFF"s,
+                          "\x13\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFE"s,
+                          "\x14\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFD"s}),
          {integer(255), integer(65535), integer(4294967295), integer(-2), integer(-3)}},
-        {"binary: a real of four bytes", binaryList({"\xA1\0\1"s, "\x22\x3F\xC0\0\0"s}), {Value(1.5)}},
+        {"binary: a real of four bytes", smallBinaryList({"\xA1\0\1"s, "\x22\x3F\xC0\0\0"s}), {Value(1.5)}},
         {"binary: a date of 2 January 2001",
-         binaryList({"\xA1\0\1"s, "\x33\x40\xF5\x18\0\0\0\0\0"s}),
+         smallBinaryList({"\xA1\0\1"s, "\x33\x40\xF5\x18\0\0\0\0\0"s}),
          {dateAt(978307200 + 86400)}},
         {"binary: halves of surrogate pairs",
-         binaryList({"\xA1\0\1"s, "\x64\0a\xD8\0\0b\xDC\0"s}),
+         smallBinaryList({"\xA1\0\1"s, "\x64\0a\xD8\0\0b\xDC\0"s}),
          {Value("a\uFFFD"
                 "b\uFFFD")}},
-        {"binary: a surrogate pair", binaryList({"\xA1\0\1"s, "\x62\xD8\x3D\xDE\0"s}), {Value("😀")}},
+        {"binary: a surrogate pair", smallBinaryList({"\xA1\0\1"s, "\x62\xD8\x3D\xDE\0"s}), {Value("😀")}},
         {"binary: an identifier",
-         binaryList({"\xA1\0\1"s, "\x81\1\0"s}),
+         smallBinaryList({"\xA1\0\1"s, "\x81\1\0"s}),
          {Value(Dictionary{{"CF$UID", integer(256)}})}},
         {"binary: a set becomes an array",
-         binaryList({"\xA1\0\1"s, "\xC1\0\2"s, "\x09"s}),
+         smallBinaryList({"\xA1\0\1"s, "\xC1\0\2"s, "\x09"s}),
          {Value(Array{Value(true)})}},
         {"binary: a repeated key",
-         binaryList({"\xA1\0\1"s, "\xD2\0\2\0\2\0\3\0\4"s, "\x51k"s, "\x08"s, "\x09"s}),
+         smallBinaryList({"\xA1\0\1"s, "\xD2\0\2\0\2\0\3\0\4"s, "\x51k"s, "\x08"s, "\x09"s}),
          {Value(Dictionary{{"k", Value(true)}})}},
-        {"binary: one text in two places", binaryList({"\xA2\0\1\0\1"s, "\x51x"s}), {Value("x"), Value("x")}},
+        {"binary: one text in two places", smallBinaryList({"\xA2\0\1\0\1"s, "\x51x"s}), {Value("x"), Value("x")}},
     };
     for (const auto& row : rows) {
         EXPECT_TRUE(PropertyList::readTable(row.bytes) == row.table) << row.name;
@@ -176,7 +176,7 @@ TEST(PropertyListBadInput, SharingThatWouldFillTheMemoryWhenWrittenIsRefused)
             objects.push_back("\xA2" + next + next);
         }
         objects.emplace_back("\x51x");
-        return binaryList(objects);
+        return smallBinaryList(objects);
     };
     EXPECT_TRUE(PropertyList::readTable(doubled(8)));
     EXPECT_FALSE(PropertyList::readTable(doubled(100)));
@@ -196,7 +196,7 @@ TEST(PropertyListBadInput, DepthCountsThroughSharedObjects)
             objects.push_back(i == 1 ? "\xA0" : "\xA1" + reference(i - 1));
         }
         objects[0] = root;
-        return binaryList(objects);
+        return smallBinaryList(objects);
     };
     EXPECT_TRUE(PropertyList::readTable(chain(511)));
     EXPECT_FALSE(PropertyList::readTable(chain(512)));
@@ -207,11 +207,11 @@ TEST(PropertyListBadInput, OverlappingObjectsAreRefused)
 {
     // A thousand entries of the offset table lead to the same array of a thousand references.
     constexpr int count = 1000;
-    const std::string array = "\xAF\x11\x03\xE8"s + repeated("\0\1"s, count);
-    std::string list = binaryList(std::vector<std::string>{array});
+    const std::string array = "\xAF\x11\x03\xE8"s + copiesOf("\0\1"s, count);
+    std::string list = smallBinaryList(std::vector<std::string>{array});
     const std::size_t offsetTable = list.size() - 32 - 2;
     list.resize(offsetTable);
-    list += repeated("\0\x08"s, count) + repeated("\0"s, 6) + "\2\2" + "\0\0\0\0\0\0\x03\xE8"s + repeated("\0"s, 8) +
+    list += copiesOf("\0\x08"s, count) + copiesOf("\0"s, 6) + "\2\2" + "\0\0\0\0\0\0\x03\xE8"s + copiesOf("\0"s, 8) +
             "\0\0\0\0\0\0"s + static_cast<char>(offsetTable >> 8) + static_cast<char>(offsetTable & 0xFF);
     EXPECT_FALSE(PropertyList::readTable(list));
 }
