@@ -59,7 +59,7 @@ void AppDelegate::importantDatesRespondToContextMenu(const QAction& sender)
     if (!choice || !ownDay) {
         return;
     }
-    const std::string name = event.text() ? *event.text() : std::string();
+    const std::string name(event.text().value_or(""));
     const Date date = *choice == DateNotesMenu::Choice::OwnDay ? *ownDay : inCurrentYear(*ownDay);
 
     m_ui.notesTableView->endEditing(); // before its rows change

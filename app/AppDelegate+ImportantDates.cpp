@@ -26,8 +26,8 @@ constexpr qsizetype spokenLength = 80; ///< UTF-16 units of a description that t
 
 QString spokenNameOfPicker(const ListRow& event)
 {
-    const std::string* text = event.text();
-    const QString description = text ? QString::fromStdString(*text).simplified() : QString();
+    const std::string_view text = event.text().value_or("");
+    const QString description = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).simplified();
     return description.isEmpty() || description == newDescription()
                ? localized("Date")
                : filled(localized("Date of %@"), {beginningOf(description, spokenLength).toString()});

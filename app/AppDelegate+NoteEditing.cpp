@@ -152,7 +152,7 @@ void AppDelegate::deleteNoteAtRow(int row)
     if (date && allNotesTVData) {
         m_store.draftHasChanged();
         if (const std::optional<std::string> deleted = m_book.removeNote(*date)) {
-            m_store.saveNotesInsteadOf(*deleted, note.text() ? *note.text() : std::string());
+            m_store.saveNotesInsteadOf(*deleted, std::string(note.text().value_or("")));
             buttonEnableDisable(*m_ui.deleteRowFromListBtn, false);
         }
         const MonthGrid::YearMonth ofNote{.year = integerValue(DateUtilities::yearFromDate(*date)),

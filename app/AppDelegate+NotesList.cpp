@@ -34,8 +34,8 @@ QString monthAndYear(Date date)
 
 QString shownText(const ListRow& row)
 {
-    const std::string* text = row.text();
-    return text ? QString::fromStdString(*text) : QString();
+    const std::string_view text = row.text().value_or("");
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 } // namespace
@@ -268,7 +268,7 @@ double AppDelegate::heightOfRow(const TableView& tableView, int row)
         if (shown.isEmptyList()) {
             return list->lineHeight; // a reminder whose note is gone leaves an empty row
         }
-        if (const std::string* text = shown.text()) {
+        if (const std::optional<std::string_view> text = shown.text()) {
             return static_cast<double>(countOfLines(*text)) * list->lineHeight;
         }
     }

@@ -51,7 +51,7 @@ public:
     TableView* table = nullptr;
 
 private:
-    const std::string& text(int row) const { return *textOf(m_rows.at(row), NoteDataKey); }
+    std::string_view text(int row) const { return *textOf(m_rows.at(row), NoteDataKey); }
 
     Table m_rows;
     QString m_typed;

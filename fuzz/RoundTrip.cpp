@@ -9,7 +9,7 @@
 
 namespace {
 
-bool isCarriedByXml(const std::string& text)
+bool isCarriedByXml(std::string_view text)
 {
     const auto isControl = [](char c) {
         return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r';
@@ -25,15 +25,15 @@ bool isCarriedByXml(const Value& value)
     if (const Date* date = value.date()) {
         return unixSeconds(*date) == std::floor(unixSeconds(*date));
     }
-    if (const std::string* text = value.text()) {
+    if (const std::optional<std::string_view> text = value.text()) {
         return isCarriedByXml(*text);
     }
     if (const Array* array = value.array()) {
         return std::ranges::all_of(*array, [](const Value& element) { return isCarriedByXml(element); });
     }
-    if (const Dictionary* dictionary = value.dictionary()) {
-        return std::ranges::all_of(*dictionary, [](const Dictionary::Entry& entry) {
-            return isCarriedByXml(entry.first) && isCarriedByXml(entry.second);
+    if (const DictionaryView dictionary = value.dictionary()) {
+        return std::all_of(dictionary.begin(), dictionary.end(), [](const DictionaryView::Entry& entry) {
+            return isCarriedByXml(entry.key) && isCarriedByXml(entry.value);
         });
     }
     return true;

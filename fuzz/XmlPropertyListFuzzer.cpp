@@ -14,11 +14,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const std::string bytes(data, data + size);
     readWriteRead(bytes);
+    if (const std::optional<Array> records = PropertyList::readRecords(bytes)) {
+        std::string parsed = bytes;
+        if (PropertyList::readAnyXml(parsed) != Value(*records)) {
+            fail("read in one pass, the list is different");
+        }
+    }
     // A list in the plain form is read part by part; followed by a comment, it is read as a whole.
     if (PropertyList::outlineOf(bytes, 1, bytes.size()).parts) {
         std::string inParts = bytes;
         std::string whole = bytes + "<!-- -->";
-        if (PropertyList::readXml(inParts, 1) != PropertyList::readXml(whole)) {
+        if (PropertyList::readAnyXml(inParts, 1) != PropertyList::readAnyXml(whole)) {
             fail("read in parts, the list is different");
         }
     }

@@ -13,16 +13,16 @@ std::optional<Date> ListRow::date() const
     return m_record ? dateOf(*m_record, recordKeys(m_list).date) : std::nullopt;
 }
 
-const std::string* ListRow::text() const
+std::optional<std::string_view> ListRow::text() const
 {
-    return m_record ? textOf(*m_record, recordKeys(m_list).text) : nullptr;
+    return m_record ? textOf(*m_record, recordKeys(m_list).text) : std::nullopt;
 }
 
 std::optional<DatedText> ListRow::datedText() const
 {
     const std::optional<Date> day = date();
-    const std::string* words = text();
-    return day && words ? std::optional(DatedText{.date = *day, .text = *words}) : std::nullopt;
+    const std::optional<std::string_view> words = text();
+    return day && words ? std::optional(DatedText{.date = *day, .text = std::string(*words)}) : std::nullopt;
 }
 
 bool ListRow::isEmptyList() const

@@ -35,7 +35,7 @@ public:
     const Value* element() const { return m_element; } ///< null when there is no such row
     const Value* record() const { return m_record; }
     std::optional<Date> date() const;
-    const std::string* text() const;
+    std::optional<std::string_view> text() const;
     std::optional<DatedText> datedText() const; ///< nullopt unless both are there
 
     /// Whether it is an empty list, which a reminder whose note is gone leaves behind.

@@ -24,8 +24,7 @@ Value withEditedText(const Value& element, std::string_view key, const std::stri
 
 std::string noteText(const Value& element)
 {
-    const std::string* text = ListRow(element, ListKind::Notes).text();
-    return text ? *text : std::string();
+    return std::string(ListRow(element, ListKind::Notes).text().value_or(""));
 }
 
 Date dayOf(const Value& line)
@@ -33,9 +32,9 @@ Date dayOf(const Value& line)
     return *dateOf(line, NoteDateKey);
 }
 
-const std::string& wordsOf(const Value& line)
+std::string wordsOf(const Value& line)
 {
-    return *textOf(line, NoteDataKey);
+    return std::string(*textOf(line, NoteDataKey));
 }
 
 } // namespace

@@ -40,7 +40,7 @@ std::vector<const Value*> firstNotesOf(const Table& table, std::span<const Date>
     return found;
 }
 
-Value noteOf(const Value* date, const Value& text)
+Value noteOf(const std::optional<Value>& date, const Value& text)
 {
     Dictionary note;
     note.reserve(2);
@@ -68,10 +68,10 @@ const Value* NoteQueries::recordOf(const Value& element)
     return nullptr;
 }
 
-const Value* NoteQueries::valueOf(const Value& element, std::string_view key)
+std::optional<Value> NoteQueries::valueOf(const Value& element, std::string_view key)
 {
     const Value* record = recordOf(element);
-    return record ? record->dictionary()->find(key) : nullptr;
+    return record ? record->dictionary().find(key) : std::nullopt;
 }
 
 std::int64_t NoteQueries::doesTVDataHaveDate(const Table& table, Date date)
@@ -86,8 +86,8 @@ std::vector<std::string> NoteQueries::textsOfDates(const Table& table, std::span
     const std::vector<const Value*> found = firstNotesOf(table, dates);
     std::vector<std::string> texts(dates.size());
     std::ranges::transform(found, texts.begin(), [](const Value* element) {
-        const Value* text = element ? valueOf(*element, NoteDataKey) : nullptr;
-        return text && text->text() ? *text->text() : std::string();
+        const Value* record = element ? recordOf(*element) : nullptr;
+        return std::string(record ? textOf(*record, NoteDataKey).value_or("") : "");
     });
     return texts;
 }
@@ -181,9 +181,11 @@ Table NoteQueries::filterNotes(const Table& table, const TextSearch& search)
 {
     Table matches;
     for (const Value& element : table) {
-        const Value* text = valueOf(element, NoteDataKey);
-        if (text && text->text() && search.isContainedIn(*text->text())) {
-            matches.append(noteOf(valueOf(element, NoteDateKey), *text));
+        const Value* record = recordOf(element);
+        const std::optional<std::string_view> text = record ? textOf(*record, NoteDataKey) : std::nullopt;
+        if (text && search.isContainedIn(*text)) {
+            const std::optional<Value> note = record->datedText(NoteDateKey, NoteDataKey);
+            matches.append(note ? *note : noteOf(valueOf(element, NoteDateKey), *valueOf(element, NoteDataKey)));
         }
     }
     return matches;
@@ -195,8 +197,8 @@ std::optional<Value> NoteQueries::copyDictWithHolidayDateAndDesc(std::string_vie
                                                                  const Table& inFileArray)
 {
     const auto found = std::ranges::find_if(inFileArray, [&](const Value& element) {
-        const Value* name = valueOf(element, nameKey);
-        const Value* date = valueOf(element, dateKey);
+        const std::optional<Value> name = valueOf(element, nameKey);
+        const std::optional<Value> date = valueOf(element, dateKey);
         return name && date && name->text() && *name->text() == holidayName && date->date() &&
                *date->date() == holidayDate;
     });
@@ -210,8 +212,8 @@ void NoteQueries::addLineToNote(Table& table, Date date, const std::string& line
         table.append(makeNoteRecord(date, line));
         return;
     }
-    const Value* present = valueOf(table.at(index), NoteDataKey);
-    std::string text = present && present->text() ? *present->text() : std::string();
+    const Value* record = recordOf(table.at(index));
+    std::string text(record ? textOf(*record, NoteDataKey).value_or("") : "");
     if (text.find(line) == std::string::npos) {
         text += '\r';
         text += line;

@@ -26,7 +26,7 @@ namespace NoteQueries {
 const Value* recordOf(const Value& element);
 
 /// The value under `key` in the record of `element`; null when there is none.
-const Value* valueOf(const Value& element, std::string_view key);
+std::optional<Value> valueOf(const Value& element, std::string_view key);
 
 /// The index of the first note dated exactly `date`; `DateUtilities::NotFound` when there is none.
 std::int64_t doesTVDataHaveDate(const Table& table, Date date);

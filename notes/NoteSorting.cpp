@@ -47,17 +47,18 @@ std::uint64_t prefixOf(std::string_view text)
 
 SortKey sortKeyOf(const Value& element, const std::string& key)
 {
-    const Value* value = NoteQueries::valueOf(element, key);
-    if (!value) {
+    const Value* record = NoteQueries::recordOf(element);
+    if (!record) {
         return {};
     }
-    if (const Date* date = value->date()) {
+    const DictionaryView dictionary = record->dictionary();
+    if (const std::optional<Date> date = dictionary.date(key)) {
         return {Kind::DateKind, prefixOf(*date), {}};
     }
-    if (const std::string* text = value->text()) {
+    if (const std::optional<std::string_view> text = dictionary.text(key)) {
         return {Kind::TextKind, prefixOf(*text), *text};
     }
-    return {Kind::OtherKind, 0, {}};
+    return {dictionary.find(key) ? Kind::OtherKind : Kind::Missing, 0, {}};
 }
 
 std::strong_ordering compareTexts(std::string_view a, std::string_view b)

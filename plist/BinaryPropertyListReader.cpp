@@ -286,7 +286,7 @@ std::optional<Object> Reader::readDictionary(std::size_t position, std::size_t c
         result.height = std::max(result.height, value->height + 1);
         result.written += key->written + value->written;
         result.elements += key->elements + value->elements;
-        entries.emplace_back(*key->value.text(), value->value);
+        entries.emplace_back(std::string(*key->value.text()), value->value);
     }
     result.value = Value(Dictionary(std::move(entries)));
     return result;

@@ -22,7 +22,14 @@ constexpr std::size_t usualPartSize = std::size_t{256} << 10;
 
 /// The list in the XML text `bytes`; nullopt when it is broken. The text is parsed in place, if possible in parts of at
 /// least `partSize` bytes each.
-std::optional<Value> readXml(std::span<char> bytes, std::size_t partSize = usualPartSize);
+std::optional<Value> readAnyXml(std::span<char> bytes, std::size_t partSize = usualPartSize);
+
+/// The same, in one pass over the text if it has the usual form.
+std::optional<Value> readXml(std::span<char> bytes);
+
+/// The records of the XML text `xml` when it has exactly the form in which this program, like others, writes a list of
+/// dated texts; nullopt for every other text. What it reads, `readAnyXml` reads alike.
+std::optional<Array> readRecords(std::string_view xml);
 
 /// The list in the binary form `bytes`; nullopt when it is broken.
 std::optional<Value> readBinary(std::string_view bytes);

@@ -16,6 +16,52 @@ Value::Value(const char* utf8) : Value(std::string(utf8)) {}
 Value::Value(Array array) : m_value(std::make_shared<const Array>(std::move(array))) {}
 Value::Value(Dictionary dictionary) : m_value(std::make_shared<const Dictionary>(std::move(dictionary))) {}
 
+Value Value::ofRecord(SharedDatedTexts texts, std::uint32_t record, bool isDateFirst)
+{
+    Value value(false);
+    value.m_value = SharedRecord{.texts = std::move(texts), .record = record, .isDateFirst = isDateFirst};
+    return value;
+}
+
+Value Value::ofText(SharedDatedTexts texts, std::uint32_t record)
+{
+    Value value(false);
+    value.m_value = SharedText{.texts = std::move(texts), .record = record};
+    return value;
+}
+
+Value::Type Value::type() const
+{
+    if (std::holds_alternative<SharedText>(m_value)) {
+        return Type::TextType;
+    }
+    return std::holds_alternative<SharedRecord>(m_value) ? Type::DictionaryType : static_cast<Type>(m_value.index());
+}
+
+std::optional<std::string_view> Value::text() const
+{
+    if (const auto* held = std::get_if<SharedText>(&m_value)) {
+        return held->texts->text(held->record);
+    }
+    const auto* held = shared<std::string>();
+    return held ? std::optional<std::string_view>(*held) : std::nullopt;
+}
+
+DictionaryView Value::dictionary() const
+{
+    const auto* record = std::get_if<SharedRecord>(&m_value);
+    return record ? DictionaryView(record) : DictionaryView(shared<Dictionary>());
+}
+
+std::optional<Value> Value::datedText(std::string_view dateKey, std::string_view textKey) const
+{
+    const auto* held = std::get_if<SharedRecord>(&m_value);
+    if (!held || held->texts->dateKey != dateKey || held->texts->textKey != textKey) {
+        return std::nullopt;
+    }
+    return held->isDateFirst ? *this : ofRecord(held->texts, held->record, true);
+}
+
 bool operator==(const Value& a, const Value& b)
 {
     if (a.type() != b.type()) {
@@ -43,6 +89,68 @@ bool operator==(const Value& a, const Value& b)
 bool Value::isSameObject(const Value& other) const
 {
     return m_value == other.m_value; // shared pointers compare by address
+}
+
+std::optional<Value> DictionaryView::find(std::string_view key) const
+{
+    if (!m_record) {
+        const Value* found = m_dictionary->find(key);
+        return found ? std::optional(*found) : std::nullopt;
+    }
+    const SharedDatedTexts& texts = m_record->texts;
+    if (key == texts->dateKey) {
+        return Value(texts->records[m_record->record].date);
+    }
+    return key == texts->textKey ? std::optional(Value::ofText(texts, m_record->record)) : std::nullopt;
+}
+
+std::optional<Date> DictionaryView::date(std::string_view key) const
+{
+    if (m_record) {
+        const DatedTexts& texts = *m_record->texts;
+        return key == texts.dateKey ? std::optional(texts.records[m_record->record].date) : std::nullopt;
+    }
+    const Value* found = m_dictionary->find(key);
+    const Date* date = found ? found->date() : nullptr;
+    return date ? std::optional(*date) : std::nullopt;
+}
+
+std::optional<std::string_view> DictionaryView::text(std::string_view key) const
+{
+    if (m_record) {
+        const DatedTexts& texts = *m_record->texts;
+        return key == texts.textKey ? std::optional(texts.text(m_record->record)) : std::nullopt;
+    }
+    const Value* found = m_dictionary->find(key);
+    return found ? found->text() : std::nullopt;
+}
+
+DictionaryView::Entry DictionaryView::entry(std::size_t index) const
+{
+    if (!m_record) {
+        const auto& [key, value] = m_dictionary->at(index);
+        return {key, value};
+    }
+    const DatedTexts& texts = *m_record->texts;
+    const std::string& key = (index == 0) == m_record->isDateFirst ? texts.dateKey : texts.textKey;
+    return {key, *find(key)};
+}
+
+bool operator==(const DictionaryView& a, const DictionaryView& b)
+{
+    if (a.m_dictionary && b.m_dictionary) {
+        return *a.m_dictionary == *b.m_dictionary;
+    }
+    const auto isInB = [&b](const DictionaryView::Entry& entry) { return b.find(entry.key) == entry.value; };
+    return a.size() == b.size() && std::all_of(a.begin(), a.end(), isInB);
+}
+
+Dictionary::Dictionary(const DictionaryView& view)
+{
+    reserve(view.size());
+    for (const auto& [key, value] : view) {
+        m_entries.emplace_back(key, value);
+    }
 }
 
 Dictionary::Dictionary(std::initializer_list<Entry> entries) : Dictionary(std::vector<Entry>(entries)) {}

@@ -330,7 +330,7 @@ std::optional<Value> readParsed(std::span<char> bytes, pugi::xml_encoding encodi
 
 } // namespace
 
-std::optional<Value> readXml(std::span<char> bytes, std::size_t partSize)
+std::optional<Value> readAnyXml(std::span<char> bytes, std::size_t partSize)
 {
     const std::optional<ByteOrder> order = utf16Order({bytes.data(), bytes.size()});
     if (!order) {
@@ -341,6 +341,12 @@ std::optional<Value> readXml(std::span<char> bytes, std::size_t partSize)
     return converted.isWhole
                ? readParsed(converted.utf8, pugi::encoding_utf8, partSize, bytes.size(), converted.utf8.size())
                : std::nullopt;
+}
+
+std::optional<Value> readXml(std::span<char> bytes)
+{
+    std::optional<Array> records = readRecords({bytes.data(), bytes.size()});
+    return records ? std::optional(Value(std::move(*records))) : readAnyXml(bytes);
 }
 
 } // namespace PropertyList

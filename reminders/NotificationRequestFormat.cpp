@@ -44,21 +44,21 @@ Value integerValue(int integer)
 /// Reads the parts of a dictionary, and remembers whether all were there, of the right type and in range.
 class Parts {
 public:
-    explicit Parts(const Dictionary& dictionary) : m_dictionary(dictionary) {}
+    explicit Parts(const DictionaryView& dictionary) : m_dictionary(dictionary) {}
 
     bool allGood() const { return m_allGood; }
 
     QString text(std::string_view name)
     {
-        const Value* value = m_dictionary.find(name);
-        const std::string* text = value ? value->text() : nullptr;
+        const std::optional<Value> value = m_dictionary.find(name);
+        const std::optional<std::string_view> text = value ? value->text() : std::nullopt;
         m_allGood = m_allGood && text;
-        return text ? QString::fromStdString(*text) : QString();
+        return text ? QString::fromUtf8(text->data(), static_cast<qsizetype>(text->size())) : QString();
     }
 
     bool boolean(std::string_view name)
     {
-        const Value* value = m_dictionary.find(name);
+        const std::optional<Value> value = m_dictionary.find(name);
         const bool* boolean = value ? value->boolean() : nullptr;
         m_allGood = m_allGood && boolean;
         return boolean && *boolean;
@@ -66,7 +66,7 @@ public:
 
     int integer(std::string_view name, int from, int to)
     {
-        const Value* value = m_dictionary.find(name);
+        const std::optional<Value> value = m_dictionary.find(name);
         const Integer* integer = value ? value->integer() : nullptr;
         m_allGood = m_allGood && integer && !integer->negative && std::cmp_greater_equal(integer->magnitude, from) &&
                     std::cmp_less_equal(integer->magnitude, to);
@@ -75,14 +75,14 @@ public:
 
     Dictionary dictionary(std::string_view name)
     {
-        const Value* value = m_dictionary.find(name);
-        const Dictionary* dictionary = value ? value->dictionary() : nullptr;
+        const std::optional<Value> value = m_dictionary.find(name);
+        const DictionaryView dictionary = value ? value->dictionary() : DictionaryView();
         m_allGood = m_allGood && dictionary;
-        return dictionary ? *dictionary : Dictionary();
+        return dictionary ? Dictionary(dictionary) : Dictionary();
     }
 
 private:
-    const Dictionary& m_dictionary;
+    const DictionaryView m_dictionary;
     bool m_allGood = true;
 };
 

@@ -39,35 +39,36 @@ Value valueOf(const Reminder& reminder)
     return Value(dictionary);
 }
 
-StandingNotification notificationFrom(const Dictionary& dictionary)
+StandingNotification notificationFrom(const DictionaryView& dictionary)
 {
-    const Value* number = dictionary.find(notificationKey);
-    const Value* daemon = dictionary.find(daemonKey);
+    const std::optional<Value> number = dictionary.find(notificationKey);
+    const std::optional<Value> daemon = dictionary.find(daemonKey);
     const Integer* id = number ? number->integer() : nullptr;
-    const std::string* name = daemon ? daemon->text() : nullptr;
+    const std::optional<std::string_view> name = daemon ? daemon->text() : std::nullopt;
     if (!id || !name || id->negative || !std::in_range<uint>(id->magnitude)) {
         return {};
     }
-    return {.id = static_cast<uint>(id->magnitude), .daemon = QString::fromStdString(*name)};
+    return {.id = static_cast<uint>(id->magnitude),
+            .daemon = QString::fromUtf8(name->data(), static_cast<qsizetype>(name->size()))};
 }
 
-bool isTrue(const Dictionary& dictionary, std::string_view key)
+bool isTrue(const DictionaryView& dictionary, std::string_view key)
 {
-    const Value* value = dictionary.find(key);
+    const std::optional<Value> value = dictionary.find(key);
     return value && value->boolean() && *value->boolean();
 }
 
 std::optional<Reminder> reminderFrom(const Value& value)
 {
-    const Dictionary* dictionary = value.dictionary();
-    const Value* held = dictionary ? dictionary->find(requestKey) : nullptr;
+    const DictionaryView dictionary = value.dictionary();
+    const std::optional<Value> held = dictionary ? dictionary.find(requestKey) : std::nullopt;
     std::optional<NotificationRequest> request = held ? NotificationRequestFormat::requestFrom(*held) : std::nullopt;
     if (!request) {
         return std::nullopt;
     }
-    const bool delivered = isTrue(*dictionary, deliveredKey);
+    const bool delivered = isTrue(dictionary, deliveredKey);
     return Reminder{*std::move(request), delivered ? Reminder::State::Delivered : Reminder::State::Pending,
-                    isTrue(*dictionary, announcedKey), notificationFrom(*dictionary)};
+                    isTrue(dictionary, announcedKey), notificationFrom(dictionary)};
 }
 
 /// Renames a file that is not a list, so that no later one overwrites it.

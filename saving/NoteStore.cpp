@@ -48,7 +48,7 @@ Draft draftFrom(const DraftSource& source)
         putEditedNote(notes, *source.editedNote);
     }
     for (const Value& line : source.addedLines) { // after it: an edit need not have seen a line that waits
-        NoteQueries::addLineToNote(notes, *dateOf(line, NoteDateKey), *textOf(line, NoteDataKey));
+        NoteQueries::addLineToNote(notes, *dateOf(line, NoteDateKey), std::string(*textOf(line, NoteDataKey)));
     }
     Draft draft = source.left;
     std::ranges::move(Drafts::changedNotes(source.notesOnDisk, notes), std::back_inserter(draft));

@@ -35,8 +35,8 @@ const Keys& keysOf(DraftChange::Kind kind)
 std::optional<DatedText> datedTextUnder(const Value& record, std::string_view dateKey, std::string_view textKey)
 {
     const std::optional<Date> date = dateOf(record, dateKey);
-    const std::string* text = textOf(record, textKey);
-    return date && text ? std::optional(DatedText{*date, *text}) : std::nullopt;
+    const std::optional<std::string_view> text = textOf(record, textKey);
+    return date && text ? std::optional(DatedText{*date, std::string(*text)}) : std::nullopt;
 }
 
 /// The date as a file keeps it, in whole seconds.
@@ -126,7 +126,7 @@ Value recordFrom(const DraftChange& change)
 
 std::optional<DraftChange> changeFrom(const Value& record)
 {
-    const Dictionary* dictionary = record.dictionary();
+    const DictionaryView dictionary = record.dictionary();
     for (const DraftChange::Kind kind : {DraftChange::Kind::Note, DraftChange::Kind::Event}) {
         const Keys& keys = keysOf(kind);
         DraftChange change{kind, datedTextUnder(record, keys.savedDate, keys.savedText),
@@ -140,14 +140,14 @@ std::optional<DraftChange> changeFrom(const Value& record)
 }
 
 /// The text of a note for which the draft has another one.
-std::string mergedText(const std::string& current, const DraftChange& change)
+std::string mergedText(std::string_view current, const DraftChange& change)
 {
     const std::string& typed = change.unsaved->text;
     const bool isUntouched = change.saved && change.saved->text == current;
     if (isUntouched || typed.starts_with(current)) {
         return typed;
     }
-    return current.starts_with(typed) ? current : current + "\n\n" + typed;
+    return current.starts_with(typed) ? std::string(current) : std::string(current).append("\n\n").append(typed);
 }
 
 Table::iterator findEvent(Table& events, const DatedText& wanted)
@@ -190,8 +190,8 @@ private:
             m_notes.append(makeNoteRecord(typed.date, typed.text));
             return true;
         }
-        const std::string* current = textOf(m_notes.at(found->second), NoteDataKey);
-        std::string merged = mergedText(current ? *current : std::string(), change);
+        const std::optional<std::string_view> current = textOf(m_notes.at(found->second), NoteDataKey);
+        std::string merged = mergedText(current.value_or(""), change);
         if (current && merged == *current) {
             return false;
         }
@@ -202,8 +202,8 @@ private:
     bool remove(const DatedText& saved)
     {
         const auto found = m_indexes.find(saved.date);
-        const std::string* current =
-            found != m_indexes.end() ? textOf(m_notes.at(found->second), NoteDataKey) : nullptr;
+        const std::optional<std::string_view> current =
+            found != m_indexes.end() ? textOf(m_notes.at(found->second), NoteDataKey) : std::nullopt;
         if (!current || *current != saved.text) {
             return false;
         }
@@ -295,8 +295,8 @@ Table tableFromDraft(const Draft& draft)
 
 std::optional<Draft> draftFromTable(const Table& table)
 {
-    const Dictionary* head = table.isEmpty() ? nullptr : table.front().dictionary();
-    const Value* written = head ? head->find(versionKey) : nullptr;
+    const DictionaryView head = table.isEmpty() ? DictionaryView() : table.front().dictionary();
+    const std::optional<Value> written = head ? head.find(versionKey) : std::nullopt;
     const Integer* number = written ? written->integer() : nullptr;
     if (!number || *number != Integer{.magnitude = version}) {
         return std::nullopt;

@@ -10,7 +10,7 @@
 namespace {
 
 /// A quick test, since almost no text holds one of these bytes; U+FFFE and U+FFFF begin with the last.
-bool mayHoldForbidden(const std::string& utf8)
+bool mayHoldForbidden(std::string_view utf8)
 {
     return std::ranges::any_of(utf8, [](char character) {
         const auto byte = static_cast<unsigned char>(character);
@@ -20,9 +20,11 @@ bool mayHoldForbidden(const std::string& utf8)
 
 Value cleaned(const Value& value)
 {
-    if (const std::string* text = value.text()) {
+    if (const std::optional<std::string_view> text = value.text()) {
         return mayHoldForbidden(*text)
-                   ? Value(withoutForbiddenXmlCharacters(QString::fromStdString(*text)).toStdString())
+                   ? Value(withoutForbiddenXmlCharacters(
+                               QString::fromUtf8(text->data(), static_cast<qsizetype>(text->size())))
+                               .toStdString())
                    : value;
     }
     if (const Array* array = value.array()) {
@@ -31,13 +33,15 @@ Value cleaned(const Value& value)
         std::ranges::transform(*array, std::back_inserter(elements), cleaned);
         return Value(std::move(elements));
     }
-    if (const Dictionary* dictionary = value.dictionary()) {
+    if (const DictionaryView dictionary = value.dictionary()) {
         std::vector<Dictionary::Entry> entries;
-        entries.reserve(dictionary->size());
-        for (const auto& [key, entry] : *dictionary) {
+        entries.reserve(dictionary.size());
+        bool isClean = true;
+        for (const auto& [key, entry] : dictionary) {
             entries.emplace_back(key, cleaned(entry));
+            isClean = isClean && entries.back().second.isSameObject(entry);
         }
-        return Value(Dictionary(std::move(entries)));
+        return isClean ? value : Value(Dictionary(std::move(entries)));
     }
     return value;
 }

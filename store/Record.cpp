@@ -3,10 +3,10 @@
 
 namespace {
 
-const Value* find(const Value& record, std::string_view key)
+std::optional<Value> find(const Value& record, std::string_view key)
 {
-    const Dictionary* dictionary = record.dictionary();
-    return dictionary ? dictionary->find(key) : nullptr;
+    const DictionaryView dictionary = record.dictionary();
+    return dictionary ? dictionary.find(key) : std::nullopt;
 }
 
 Value withValue(const Value& record, std::string_view key, Value value)
@@ -14,7 +14,7 @@ Value withValue(const Value& record, std::string_view key, Value value)
     if (!record.dictionary()) {
         return record;
     }
-    Dictionary changed = *record.dictionary();
+    Dictionary changed(*record.dictionary());
     changed.set(key, std::move(value));
     return Value(std::move(changed));
 }
@@ -41,22 +41,21 @@ const Table& elementsOf(const std::optional<Table>& table)
 
 std::optional<Date> dateOf(const Value& record, std::string_view key)
 {
-    const Value* value = find(record, key);
-    const Date* date = value ? value->date() : nullptr;
-    return date ? std::optional(*date) : std::nullopt;
+    const DictionaryView dictionary = record.dictionary();
+    return dictionary ? dictionary.date(key) : std::nullopt;
 }
 
-const std::string* textOf(const Value& record, std::string_view key)
+std::optional<std::string_view> textOf(const Value& record, std::string_view key)
 {
-    const Value* value = find(record, key);
-    return value ? value->text() : nullptr;
+    const DictionaryView dictionary = record.dictionary();
+    return dictionary ? dictionary.text(key) : std::nullopt;
 }
 
 std::optional<DatedText> datedTextOf(const Value& record)
 {
     const std::optional<Date> date = dateOf(record, NoteDateKey);
-    const std::string* text = textOf(record, NoteDataKey);
-    return date && text ? std::optional(DatedText{.date = *date, .text = *text}) : std::nullopt;
+    const std::optional<std::string_view> text = textOf(record, NoteDataKey);
+    return date && text ? std::optional(DatedText{.date = *date, .text = std::string(*text)}) : std::nullopt;
 }
 
 Value withText(const Value& record, std::string_view key, std::string text)
@@ -74,8 +73,12 @@ Table cleanedNotes(const Table& notes)
     Table cleaned;
     cleaned.reserve(notes.size());
     for (const Value& note : notes) {
-        const Value* date = find(note, NoteDateKey);
-        const Value* text = find(note, NoteDataKey);
+        if (const std::optional<Value> clean = note.datedText(NoteDateKey, NoteDataKey)) {
+            cleaned.append(*clean);
+            continue;
+        }
+        const std::optional<Value> date = find(note, NoteDateKey);
+        const std::optional<Value> text = find(note, NoteDataKey);
         if (date && text) {
             cleaned.append(Value(Dictionary{{std::string(NoteDateKey), *date}, {std::string(NoteDataKey), *text}}));
         }

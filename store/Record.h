@@ -38,8 +38,8 @@ std::optional<Date> dateOf(const Value& record, std::string_view key);
 /// Date and text of a note; nullopt when `record` lacks one of them.
 std::optional<DatedText> datedTextOf(const Value& record);
 
-/// The text under `key`; null in the same cases. Valid as long as some copy of the record exists.
-const std::string* textOf(const Value& record, std::string_view key);
+/// The text under `key`; nullopt in the same cases. Valid as long as some copy of the record exists.
+std::optional<std::string_view> textOf(const Value& record, std::string_view key);
 
 /// A copy of `record` with `text` under `key` and every other key unchanged. A value that is not a dictionary is
 /// returned unchanged.

@@ -3,6 +3,7 @@
 #include "app/PreferenceKeys.h"
 #include "faults/FaultShim.h"
 #include "plist/PropertyList.h"
+#include "store/Record.h"
 #include "support/AppFixture.h"
 
 #include <algorithm>
@@ -47,8 +48,7 @@ protected:
             std::ifstream file(entry.path(), std::ios::binary);
             const std::string bytes(std::istreambuf_iterator<char>(file), {});
             for (const Value& note : PropertyList::readTable(bytes).value_or(Table())) {
-                const Value* text = note.dictionary() ? note.dictionary()->find("NoteDataKey") : nullptr;
-                texts.push_back(text && text->text() ? *text->text() : std::string());
+                texts.emplace_back(textOf(note, NoteDataKey).value_or(""));
             }
         }
         return texts;

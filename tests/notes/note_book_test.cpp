@@ -33,8 +33,7 @@ protected:
     {
         std::vector<std::string> found;
         for (const Value& element : table) {
-            const std::string* text = ListRow(element, list).text();
-            found.push_back(text ? *text : "-");
+            found.emplace_back(ListRow(element, list).text().value_or("-"));
         }
         return found;
     }

@@ -45,8 +45,8 @@ std::vector<std::string> textsOf(const Table& table)
 {
     std::vector<std::string> texts;
     for (const Value& element : table) {
-        const Value* text = NoteQueries::valueOf(element, "NoteDataKey");
-        texts.push_back(text && text->text() ? *text->text() : "-");
+        const std::optional<Value> text = NoteQueries::valueOf(element, "NoteDataKey");
+        texts.emplace_back(text ? text->text().value_or("-") : "-");
     }
     return texts;
 }
@@ -62,8 +62,8 @@ TEST_F(NoteQueriesTest, SeesThroughAListToTheNoteInside)
     EXPECT_EQ(NoteQueries::recordOf(emptyList), nullptr);
     EXPECT_EQ(NoteQueries::recordOf(Value("text")), nullptr);
     EXPECT_EQ(*NoteQueries::valueOf(Value(Array{inside}), "NoteDataKey"), Value("inside"));
-    EXPECT_EQ(NoteQueries::valueOf(inside, "EventNameKey"), nullptr);
-    EXPECT_EQ(NoteQueries::valueOf(emptyList, "NoteDataKey"), nullptr);
+    EXPECT_EQ(NoteQueries::valueOf(inside, "EventNameKey"), std::nullopt);
+    EXPECT_EQ(NoteQueries::valueOf(emptyList, "NoteDataKey"), std::nullopt);
 }
 
 TEST_F(NoteQueriesTest, FindsTheFirstNoteOfADate)

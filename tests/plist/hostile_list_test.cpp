@@ -366,7 +366,7 @@ TEST(HostileList, ManyKeysTakeNoLongerForBeingUnlike)
     }
     const std::optional<Table> table = PropertyList::readTable(plainArray("<dict>" + entries + "</dict>"));
     ASSERT_TRUE(table);
-    const Dictionary& read = *table->front().dictionary();
+    const Dictionary read = *table->front().dictionary();
     ASSERT_EQ(read.size(), 200'000U);
     EXPECT_EQ(read.begin()->first, "0");
     EXPECT_EQ(read.begin()->second, integer(200'000)); // the last value in the first one's place

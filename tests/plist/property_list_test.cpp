@@ -19,8 +19,8 @@ void expectSameAfterWriting(const Table& table)
 std::optional<std::string> textIn(const std::string& xml)
 {
     const std::optional<Table> table = PropertyList::readTable(xml);
-    const std::string* text = table && table->size() == 1 ? table->front().text() : nullptr;
-    return text ? std::optional(*text) : std::nullopt;
+    const auto text = table && table->size() == 1 ? table->front().text() : std::nullopt;
+    return text ? std::optional(std::string(*text)) : std::nullopt;
 }
 
 TEST(PropertyList, EveryTypeReadsFromTheXmlOfAnotherProgram)
@@ -44,9 +44,9 @@ TEST(PropertyList, TheOrderOfADictionaryIsKept)
 {
     const std::optional<Table> table = PropertyList::readTable(sampleFile("types.xml"));
     ASSERT_TRUE(table && table->size() > 1);
-    const Dictionary* dictionary = table->at(1).dictionary();
+    const DictionaryView dictionary = table->at(1).dictionary();
     ASSERT_TRUE(dictionary);
-    EXPECT_EQ(dictionary->begin()->first, "zebra");
+    EXPECT_EQ((*dictionary.begin()).key, "zebra");
     const std::string xml = PropertyList::writeXml(*table);
     EXPECT_LT(xml.find("<key>zebra"), xml.find("<key>apple"));
 }
@@ -188,7 +188,7 @@ TEST(PropertyList, OfARepeatedKeyTheLastValueCounts)
     const std::optional<Table> table = PropertyList::readTable(xmlArray("<dict>" + many + "</dict>"));
     ASSERT_TRUE(table && table->front().dictionary());
     EXPECT_EQ(table->front().dictionary()->size(), 20U);
-    EXPECT_EQ(table->front().dictionary()->begin()->first, "0");
+    EXPECT_EQ((*table->front().dictionary()->begin()).key, "0");
     EXPECT_EQ(*table->front().dictionary()->find("0")->integer(), (Integer{20, false}));
 }
 

@@ -64,8 +64,9 @@ TEST(NotificationRequestFormat, KeysOfALaterVersionDoNoHarm)
 TEST(NotificationRequestFormat, AMissingPartIsNoRequest)
 {
     const Value whole = valueOf(sampleRequest());
-    for (const Dictionary::Entry& left : *whole.dictionary()) {
-        std::vector<Dictionary::Entry> entries(whole.dictionary()->begin(), whole.dictionary()->end());
+    const Dictionary dictionary = *whole.dictionary();
+    for (const Dictionary::Entry& left : dictionary) {
+        std::vector<Dictionary::Entry> entries(dictionary.begin(), dictionary.end());
         std::erase(entries, left);
         EXPECT_EQ(requestFrom(Value(Dictionary(entries))), std::nullopt) << left.first;
     }

@@ -295,7 +295,7 @@ TEST(SaveQueue, WhileOneIsWrittenTheNewestWaitingWinsAndKeepsWhatTheOlderOneWoul
     std::vector<std::string> kept;
     for (const std::string& name : namesIn(recovered)) {
         fs::rename(recovered / name, home.path() / "TALV" / "copy");
-        kept.push_back(*textOf(folder.loadTable("copy")->front(), NoteDataKey));
+        kept.emplace_back(*textOf(folder.loadTable("copy")->front(), NoteDataKey));
     }
     EXPECT_EQ(kept, (std::vector<std::string>{"first", "second"}));
 }

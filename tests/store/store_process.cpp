@@ -48,7 +48,7 @@ void tell(const char* word)
 bool isWhole(const std::optional<Table>& table)
 {
     return table && table->size() == noteCount && std::ranges::all_of(*table, [&table](const Value& note) {
-               const std::string* text = textOf(note, NoteDataKey);
+               const std::optional<std::string_view> text = textOf(note, NoteDataKey);
                return text && *text == *textOf(table->front(), NoteDataKey);
            });
 }

@@ -52,7 +52,7 @@ TEST(StoreProcess, AProgramKilledWhileSavingLeavesAWholeListAndNothingBehindAfte
         const std::optional<Table> found = folder.loadTable(notesName);
         ASSERT_TRUE(found);
         ASSERT_EQ(found->size(), noteCount);
-        const std::string text = *textOf(found->front(), NoteDataKey);
+        const std::string text(*textOf(found->front(), NoteDataKey));
         EXPECT_TRUE(text == "old" || text == "new") << text;
         for (const Value& note : *found) {
             ASSERT_EQ(*textOf(note, NoteDataKey), text);

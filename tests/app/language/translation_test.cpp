@@ -106,9 +106,7 @@ TEST_F(GermanTest, ANewImportantDateAsksForItsDescriptionInGerman)
 {
     start();
     app->addRowToImportDates();
-    const std::string* description = textOf(app->eventsTVData->at(0), EventNameKey);
-    ASSERT_TRUE(description);
-    EXPECT_EQ(*description, "** Hier die Beschreibung eingeben **");
+    EXPECT_EQ(textOf(app->eventsTVData->at(0), EventNameKey), "** Hier die Beschreibung eingeben **");
 }
 
 TEST_F(GermanTest, HideAndShowAllStillTakeTurns)
