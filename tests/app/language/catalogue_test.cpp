@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The catalogues as they stand in the source tree against the texts that the source tree uses.
+#include "app/language/contents.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -31,13 +33,6 @@ QStringList filesIn(const QString& folder, const QStringList& patterns)
     }
     files.sort();
     return files;
-}
-
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
 }
 
 /// The text of the element that begins here. A control character stands as <byte value="xd"/> in it.
@@ -162,7 +157,7 @@ QStringList placeholders(const QString& text)
 }
 
 /// The languages whose folders hold a catalogue.
-std::vector<std::string> languages()
+std::vector<std::string> languagesWithCatalogue()
 {
     std::vector<std::string> found;
     for (const QString& file : filesIn(sourceTree + QStringLiteral("resources"), {QStringLiteral("*.ts")})) {
@@ -226,7 +221,7 @@ TEST_P(CatalogueTest, KeepsPlaceholdersAndMenuKeys)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Catalogues, CatalogueTest, ::testing::ValuesIn(languages()),
+INSTANTIATE_TEST_SUITE_P(Catalogues, CatalogueTest, ::testing::ValuesIn(languagesWithCatalogue()),
                          [](const auto& language) { return language.param; });
 
 } // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The help pages as they stand in the source tree: whole, in step with each other and with the program.
+#include "app/language/contents.h"
 #include "host/linux/InstalledBundle.h"
 #include "support/AppFixture.h"
 
@@ -59,13 +60,6 @@ struct Page {
     }
 };
 
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
-
 Page readPage(const QString& language)
 {
     Page page{.path = resources + language + QStringLiteral(".lproj/VelumoraHelp/VelumoraHelp.htm"),
@@ -98,7 +92,7 @@ Page readPage(const QString& language)
 }
 
 /// The languages that have a help folder.
-std::vector<std::string> languages()
+std::vector<std::string> languagesWithHelp()
 {
     std::vector<std::string> found;
     for (const QString& folder : QDir(resources).entryList({QStringLiteral("*.lproj")}, QDir::Dirs)) {
@@ -276,7 +270,7 @@ TEST_P(HelpPage, CanBeReadInBothAppearances)
     EXPECT_EQ(palettes, 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, HelpPage, ::testing::ValuesIn(languages()),
+INSTANTIATE_TEST_SUITE_P(Languages, HelpPage, ::testing::ValuesIn(languagesWithHelp()),
                          [](const auto& language) { return language.param; });
 
 class HelpOfTheProgram : public AppFixture {
