@@ -11,7 +11,7 @@
 namespace {
 
 const QString managerService = QStringLiteral("org.freedesktop.login1");
-const QString path = QStringLiteral("/org/freedesktop/login1");
+const QString logindPath = QStringLiteral("/org/freedesktop/login1");
 const QString manager = QStringLiteral("org.freedesktop.login1.Manager");
 
 } // namespace
@@ -24,7 +24,7 @@ void LogindShutdownMonitor::listen(const QDBusConnection& bus, const QString& re
     m_bus = bus;
     m_reason = reason;
     // From any sender, because looking up the owner of the name would block; senders other than the owner are ignored.
-    m_bus->connect(QString(), path, manager, QStringLiteral("PrepareForShutdown"), this,
+    m_bus->connect(QString(), logindPath, manager, QStringLiteral("PrepareForShutdown"), this,
                    SLOT(prepareForShutdown(bool)));
     auto* watcher = new QDBusServiceWatcher(managerService, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
@@ -52,7 +52,7 @@ void LogindShutdownMonitor::askForManager()
 
 void LogindShutdownMonitor::takeLock()
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(managerService, path, manager, QStringLiteral("Inhibit"));
+    QDBusMessage call = QDBusMessage::createMethodCall(managerService, logindPath, manager, QStringLiteral("Inhibit"));
     call << QStringLiteral("shutdown") << QCoreApplication::applicationName() << m_reason << QStringLiteral("delay");
     BusCall::send(*m_bus, call, *this, [this](const QDBusMessage& answer) {
         if (const QDBusReply<QDBusUnixFileDescriptor> lock(answer); lock.isValid()) {
